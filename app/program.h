@@ -1,0 +1,37 @@
+// Puts the program together: state, form models, handlers, ports. Both front ends make one of these.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/main_form.h"
+#include "search/directory_form.h"
+
+namespace corvane {
+
+class program {
+  public:
+    // `program_dir` ends in the separator. The ports outlive the program.
+    program(ports outside, std::string program_dir);
+
+    Tavrel& main_form() { return main_; }
+    directory_form& directory_window() { return directory_; }
+    // The main form for an empty name, else the window of that name; null when there is none.
+    form_model* find_form(std::string_view name);
+
+    // What the main form's load handler does, in its order. Shows the main form.
+    void start();
+    // What the unload handler does: asks running tasks to end, writes what must survive, closes every form.
+    void close();
+    // One second has passed: the running time in the title.
+    void tick();
+
+  private:
+    Tavrel main_;
+    directory_form directory_;
+    double run_start_ = 0;
+    bool closed_ = false;
+};
+
+}  // namespace corvane

@@ -1,0 +1,96 @@
+#include "core/main_form.h"
+
+#include "core/main_menu.h"
+#include "core/task_table.h"
+
+namespace corvane {
+
+Tavrel::Tavrel(ports given, std::string program_dir)
+    : form_model("Tavrel"),
+      outside(given),
+      Picture11(add<control>(control_kind::picture, "Picture11")),
+      StatusBar1(add<status_bar>("StatusBar1")),
+      ListView1(add<list_view>("ListView1")),
+      listleft(add<list_box>("listleft")),
+      List1(add<list_box>("List1")),
+      RichTextBox2(add<text_pane>("RichTextBox2")),
+      pic_gressbar1(add<colour_bar>("pic_gressbar1")),
+      Command28(add<control>(control_kind::button, "Command28")),
+      Label4(add<control>(control_kind::label, "Label4")),
+      Frame4(add<control>(control_kind::frame, "Frame4")),
+      Picture10(add<control>(control_kind::picture, "Picture10")),
+      samefile_disp1(add<control>(control_kind::text_box, "samefile_disp1")),
+      samefile_disp2(add<control>(control_kind::text_box, "samefile_disp2")) {
+    for (std::size_t number = 1; number < pictures.size(); ++number)
+        pictures[number] = &add<control>(control_kind::picture, "Picture" + std::to_string(number));
+    for (std::size_t index = 0; index < labels.size(); ++index)
+        labels[index] = &add<control>(control_kind::label, "Label3(" + std::to_string(index) + ")");
+    for (const menu_entry& entry : main_menu()) {
+        control& item = add<control>(control_kind::menu_item, entry.name);
+        item.caption = entry.caption;
+        item.visible = entry.visible;
+    }
+    for (const task_entry& task : task_table()) {
+        if (control* picture = find(task.picture)) picture->tooltip = task.tooltip;
+        if (task.label >= 0) labels[static_cast<std::size_t>(task.label)]->caption = task.caption;
+    }
+
+    caption = "Corvane";
+    help_context = 1001;
+    StatusBar1.tooltip = "点击最右端的当前任务,弹出相应的帮助条目.";
+    Command28.caption = "取消[查相同文件]";
+    Frame4.caption = "显示内容相同的文件名";
+    samefile_disp1.tooltip = samefile_disp2.tooltip = "CTRL+左键进入目录资源管理器";
+    List1.tooltip = "右键存为文件temp.txt";
+    for (control* hidden : {static_cast<control*>(&ListView1), static_cast<control*>(&pic_gressbar1), &Command28,
+                            &Label4, &Frame4, static_cast<control*>(&List1), static_cast<control*>(&listleft)})
+        hidden->visible = false;
+
+    state.program_dir = std::move(program_dir);
+    state.same_file_path = data_path("相同文件.txt");
+    state.history_path = data_path("run_history.txt");
+}
+
+void Tavrel::bind(std::string_view handler, std::function<void()> procedure) {
+    handlers_[folded_name(handler)] = std::move(procedure);
+}
+
+bool Tavrel::has_handler(std::string_view handler) const { return handlers_.count(folded_name(handler)) != 0; }
+
+bool Tavrel::run(std::string_view handler) {
+    const auto found = handlers_.find(folded_name(handler));
+    if (found == handlers_.end()) return false;
+    found->second();
+    return true;
+}
+
+void Tavrel::inform(const std::string& text, int context) {
+    message box;
+    box.title = "提示";
+    box.text = text;
+    box.icon = box_icon::information;
+    box.help_context = context;
+    outside.screen.show_message(box);
+}
+
+void Tavrel::complain(const std::string& text, int context, bool help_button) {
+    message box;
+    box.title = "提示";
+    box.text = text;
+    box.icon = box_icon::exclamation;
+    box.help_context = context;
+    box.help_button = help_button;
+    box.failure = true;
+    outside.screen.show_message(box);
+}
+
+bool Tavrel::confirm(const std::string& text) {
+    message box;
+    box.title = "提示";
+    box.text = text;
+    box.buttons = box_buttons::yes_no;
+    box.icon = box_icon::question;
+    return outside.screen.show_message(box) == box_answer::yes;
+}
+
+}  // namespace corvane

@@ -1,0 +1,69 @@
+// The main form: its controls, the run state, the ports and the table of handlers. Every task is a procedure
+// over this one object. A lower folder reaches a task of a higher one by its handler's name, never by an
+// include.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "core/form_model.h"
+#include "core/list_view.h"
+#include "core/run_state.h"
+#include "platform/ports.h"
+
+namespace corvane {
+
+// Value of mouse_pointer while a click opens a help topic in place of running the task.
+constexpr int help_pointer = 14;
+
+class Tavrel : public form_model {
+  public:
+    // `program_dir` ends in the separator. The ports outlive the form.
+    Tavrel(ports outside, std::string program_dir);
+
+    run_state state;
+    ports outside;
+    int mouse_pointer = 0;
+
+    // Pictures 1 to 8 are the task pictures; 0 is not used.
+    std::array<control*, 9> pictures{};
+    std::array<control*, 9> labels{};  // Label3(0) to Label3(8)
+    control& Picture11;
+    status_bar& StatusBar1;
+    list_view& ListView1;
+    list_box& listleft;
+    list_box& List1;
+    text_pane& RichTextBox2;
+    colour_bar& pic_gressbar1;
+    control& Command28;
+    control& Label4;
+    control& Frame4;
+    control& Picture10;
+    control& samefile_disp1;
+    control& samefile_disp2;
+
+    // Handlers are found by their stated names, without case in a-z.
+    void bind(std::string_view handler, std::function<void()> procedure);
+    bool has_handler(std::string_view handler) const;
+    // Runs a handler; false when no such handler is bound.
+    bool run(std::string_view handler);
+
+    std::string data_path(std::string_view file_name) const { return state.program_dir + std::string(file_name); }
+    void panel(int number, std::string text) { StatusBar1.panel(number) = std::move(text); }
+    void yield() { outside.screen.yield(); }
+
+    // Shows a box titled "提示". The short form is for what only informs.
+    void inform(const std::string& text, int help_context = 1000);
+    // For what could not be done; counts as a failure of the run.
+    void complain(const std::string& text, int help_context = 1000, bool help_button = false);
+    // Yes/No under the title "提示".
+    bool confirm(const std::string& text);
+
+  private:
+    std::unordered_map<std::string, std::function<void()>> handlers_;
+};
+
+}  // namespace corvane

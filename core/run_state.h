@@ -1,0 +1,122 @@
+// The run state: what the tasks share, under its stated names. One struct, owned by the main form and handed
+// to every task by reference. Columns are counted from 1. Flags are -1 true, 0 false, unless said otherwise.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "core/text_column.h"
+
+namespace corvane {
+
+// Limits of the lists. At a limit a task stops adding, says so once, and goes on with what it has.
+struct capacity_limits {
+    std::int32_t files = 4'000'000;
+    std::int32_t directories = 200'000;
+    std::int32_t selected_directories = 2'000;
+    std::int32_t result_rows = 1'000'000;
+};
+
+struct run_state {
+    std::string program_dir;  // ends in the separator; every data file is addressed from it
+    std::string base_title;
+    std::string last_used;
+
+    // File list.
+    text_column file_list;
+    std::int32_t walk_count = 0;
+    std::int32_t file_count = 0;
+    std::vector<std::string> dir_queue{std::string()};  // index 0 is not used
+    std::vector<std::string> selected_dirs{std::string()};
+    std::int16_t selected_dir_count = 0;
+    std::string current_path;
+    std::string first_root;
+    std::string archive_error_path;
+    std::int32_t archive_error_count = 0;
+    std::unordered_set<std::string> unhidden;  // paths whose attributes were set to 0 in this run
+
+    // Option lists, each entry upper-cased and closed by one blank.
+    std::string exclude_dir_text;
+    std::string exclude_type_text;
+    std::int32_t exclude_type_length = 0;
+    std::string only_type_text;
+    std::int32_t only_type_length = 0;
+    std::int16_t scan_archives = 0;       // 1: list the entries of archives
+    std::int16_t same_suffix_only = 0;    // 1: only files of one suffix are compared
+    std::int16_t show_run_filename = 0;   // 1: Label4 shows each file as it is read
+    std::int32_t error_trail_on = 0;      // -1: name each file in err_rec.txt before it is read
+
+    // Flags of the main form.
+    std::int16_t quit_requested = 0;
+    std::int16_t cancel_task = 0;
+    std::int16_t file_list_loaded = 0;
+    std::int16_t list_sorted_flag = 0;
+    std::int16_t chained_run_flag = 0;
+    std::int16_t same_fresh_flag = 0;
+    std::int16_t shutdown_after_task = 0;  // 1: armed
+    std::string shutdown_action_text;
+
+    // Comparison columns, index as file_list.
+    std::vector<std::int64_t> file_len{0};
+    std::vector<std::int32_t> file_date_hi{0};
+    std::vector<std::int32_t> file_date_lo{0};
+    std::vector<std::int32_t> file_crc{0};
+    std::vector<std::uint8_t> file_ok{0};
+    std::vector<std::uint8_t> file_bad{0};
+    std::vector<std::uint8_t> file_matched{0};
+    std::vector<std::uint8_t> file_has_twin{0};
+    std::vector<std::uint8_t> file_in_archive{0};
+    std::vector<std::int32_t> file_ext{0};  // number of the suffix text in suffix_texts; only while the option is on
+    std::vector<std::string> suffix_texts;
+
+    // Pairs: row 1 and row 2 of each column, columns from 1.
+    std::array<std::vector<std::int32_t>, 3> same_pair{std::vector<std::int32_t>{0}, std::vector<std::int32_t>{0},
+                                                       std::vector<std::int32_t>{0}};
+    std::int32_t result_count = 0;
+    double same_bytes = 0;
+    std::int32_t different_count = 0;
+    double total_bytes = 0;
+    std::string size_unit;
+
+    // Signatures of earlier runs, ordered by name.
+    text_column history_name;
+    std::vector<std::int64_t> history_len{0};
+    std::vector<std::int32_t> history_date_hi{0};
+    std::vector<std::int32_t> history_date_lo{0};
+    std::vector<std::int32_t> history_crc{0};
+    std::int32_t history_count = 0;
+    std::int32_t search_upper_bound = 0;  // where the last binary search stopped
+
+    // Error trail and run records.
+    text_column avoid_files;
+    std::int32_t avoid_count = 0;
+    text_column run_lines;
+    std::int16_t run_line_count = 0;
+    double run_rate = 0;  // seconds a file, by the records of earlier runs
+
+    // Same-file result as the view holds it. result_file1 are the slots of file_list.
+    std::int32_t same_count = 0;
+    std::vector<std::int64_t> result_length{0};
+    text_column& result_file1 = file_list;
+    text_column result_file2;
+    std::int64_t result_max_length = 0;
+    std::int16_t list_mode = 0;
+    std::string same_file_path;    // the same-file result
+    std::string history_path;      // the signature history
+
+    // Clocks, in seconds.
+    double task_start_time = 0;
+    double run_start_time = 0;
+    double base_time = 0;  // base of the elapsed times that the running task shows
+
+    capacity_limits limits;
+
+    run_state() = default;
+    run_state(const run_state&) = delete;
+    run_state& operator=(const run_state&) = delete;
+};
+
+}  // namespace corvane

@@ -1,0 +1,21 @@
+// The desktop's services through GIO: trash, documents by association, the file manager over the session bus.
+// Both front ends use it.
+#pragma once
+
+#include "platform/shell.h"
+
+namespace corvane {
+
+class desktop_shell : public shell {
+  public:
+    shell_result recycle(const std::string& path) override;
+    shell_result open_document(const std::string& path) override;
+    shell_result show_in_file_manager(const std::string& path) override;
+    shell_result show_properties(const std::string& path) override;
+    shell_result start_process(const std::vector<std::string>& arguments) override;
+    // Only a front end with windows owns a clipboard.
+    shell_result set_clipboard(const std::string& text) override;
+    shell_result open_help_topic(const std::string& help_file, const std::string& topic) override;
+};
+
+}  // namespace corvane

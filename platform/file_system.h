@@ -1,0 +1,122 @@
+// The disk as the program sees it: list, facts, read, write, remove. Everything above platform/ reaches the
+// disk through this interface alone; platform/linux implements it, tests script it and make it fail.
+//
+// Paths are the program's text: bytes as the system gave them, mapped so that no name holds a line break or
+// '*'. A directory is handed over with or without its closing separator.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+enum class entry_kind {
+    file,               // regular file: listed
+    directory,          // queued
+    link_to_directory,  // visited after everything else, if the walk has not seen its target
+    other               // links to files, FIFOs, sockets, devices: neither listed nor opened
+};
+
+// One physical file or directory; two paths of one thing compare equal.
+struct file_identity {
+    std::uint64_t device = 0;
+    std::uint64_t index = 0;
+    bool operator==(const file_identity&) const = default;
+};
+
+struct file_identity_hash {
+    std::size_t operator()(const file_identity& identity) const noexcept {
+        return static_cast<std::size_t>((identity.index * 0x9E3779B97F4A7C15u) ^ (identity.device << 17));
+    }
+};
+
+struct path_attributes {
+    bool exists = false;
+    bool directory = false;
+    bool hidden = false;
+    bool read_only = false;
+};
+
+// What the comparison needs of one regular file. The last-write time is in 100 ns units since 1601-01-01
+// UTC, split in two signed halves as the history file stores it.
+struct file_facts {
+    bool exists = false;  // false: gone, no regular file, or the question failed
+    std::int64_t length = 0;
+    std::int32_t date_high = 0;
+    std::int32_t date_low = 0;
+    std::uint64_t link_count = 1;
+    file_identity identity;
+};
+
+class directory_reader {
+  public:
+    virtual ~directory_reader() = default;
+    // The next entry except "." and "..", in the system's order; false at the end or after a read error.
+    // `name` is valid until the next call.
+    virtual bool next(std::string_view& name, entry_kind& kind) = 0;
+    virtual file_identity identity() const = 0;
+};
+
+class file_reader {
+  public:
+    virtual ~file_reader() = default;
+    // Reads up to buffer.size() bytes at `offset`. Returns the number read, less only at the end of the file,
+    // or -1 on an error.
+    virtual std::int64_t read_at(std::int64_t offset, std::span<std::byte> buffer) = 0;
+    // Tells the system that the file will be read from `offset` on, front to back.
+    virtual void will_read(std::int64_t offset) = 0;
+};
+
+class file_writer {
+  public:
+    virtual ~file_writer() = default;
+    // Appends; false on failure, with the system's words in error().
+    virtual bool write(std::string_view bytes) = 0;
+    // Overwrites bytes already written, at `offset` from the start.
+    virtual bool write_at(std::int64_t offset, std::string_view bytes) = 0;
+    // Makes the file durable and puts it in its place. A writer that is destroyed without a successful
+    // commit leaves the old file as it was.
+    virtual bool commit() = 0;
+    virtual const std::string& error() const = 0;
+};
+
+class file_system {
+  public:
+    virtual ~file_system() = default;
+
+    // '\\' on Windows, '/' elsewhere.
+    virtual char separator() const = 0;
+    // True where two paths that differ in case only name one file.
+    virtual bool ignores_case() const = 0;
+
+    // Null when the directory cannot be read, or lies on a pseudo file system; `error` then says why.
+    virtual std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) = 0;
+    virtual path_attributes attributes(const std::string& path) = 0;
+    virtual file_facts facts(std::string_view path) = 0;
+    // Where links in the path lead to; the path itself when there are none or it cannot be resolved.
+    virtual std::string resolve(const std::string& path) = 0;
+    // False when the path does not exist. Follows links.
+    virtual bool identity(const std::string& path, file_identity& identity) = 0;
+    // True for the recycle directories that a walk passes over.
+    virtual bool is_recycle_directory(const std::string& path) = 0;
+
+    // Opens, reads the first buffer.size() bytes, closes. Returns the number read, or -1.
+    virtual std::int64_t read_start(std::string_view path, std::span<std::byte> buffer) = 0;
+    // Opens a regular file for reading; null on failure, with the system's words in `error`. Never waits on
+    // a FIFO and never opens a device.
+    virtual std::unique_ptr<file_reader> open_file(std::string_view path, std::string& error) = 0;
+
+    // Writes beside the place and renames over it at commit.
+    virtual std::unique_ptr<file_writer> replace_file(const std::string& path, std::string& error) = 0;
+    // Truncates and writes in place, for files that must be seen while they grow.
+    virtual std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) = 0;
+    // Removes one of the program's own data files; a missing one is no failure.
+    virtual bool remove_data_file(const std::string& path, std::string& error) = 0;
+};
+
+}  // namespace corvane

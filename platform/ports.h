@@ -1,0 +1,19 @@
+// The four ports in one hand, as the program is given them at start. The owner of the ports outlives the
+// program.
+#pragma once
+
+#include "platform/file_system.h"
+#include "platform/power.h"
+#include "platform/shell.h"
+#include "platform/user_interface.h"
+
+namespace corvane {
+
+struct ports {
+    file_system& files;
+    shell& desktop;
+    power& machine;
+    user_interface& screen;
+};
+
+}  // namespace corvane

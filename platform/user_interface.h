@@ -1,0 +1,78 @@
+// What a task asks of the front end: boxes, the pointer, a turn of the event loop, the clock. The Qt front
+// end, the console and the tests' scripted double implement it.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace corvane {
+
+enum class box_buttons { ok, yes_no };
+enum class box_icon { none, information, exclamation, question };
+enum class box_answer { ok, yes, no };
+
+struct message {
+    std::string title;
+    std::string text;
+    box_buttons buttons = box_buttons::ok;
+    box_icon icon = box_icon::none;
+    int help_context = 1000;
+    bool help_button = false;
+    bool failure = false;  // the program reports that it could not do what was asked
+};
+
+struct local_time {
+    int year = 1899;
+    int month = 12;
+    int day = 30;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+};
+
+struct screen_point {
+    int x = 0;  // pixels
+    int y = 0;
+};
+
+struct screen_size {
+    int width = 0;  // twips
+    int height = 0;
+};
+
+class user_interface {
+  public:
+    virtual ~user_interface() = default;
+
+    virtual box_answer show_message(const message& message) = 0;
+    // Nothing when the user dismisses the box.
+    virtual std::optional<std::string> ask_text(const std::string& title, const std::string& prompt,
+                                                const std::string& initial) = 0;
+    virtual std::optional<std::string> choose_file(const std::string& title, const std::string& initial) = 0;
+    // Colours are 0xBBGGRR.
+    virtual std::optional<int> choose_colour(int initial) = 0;
+
+    // Lets waiting events run. Cheap enough to be called once a file.
+    virtual void yield() = 0;
+    // Yields until `seconds` have passed.
+    virtual void wait(double seconds) = 0;
+    // Copies the models to the screen now.
+    virtual void repaint() = 0;
+
+    // Seconds since an arbitrary start, never running backwards.
+    virtual double seconds() = 0;
+    virtual local_time now() = 0;
+
+    // Nothing where the display has no pointer that a program may read or place.
+    virtual std::optional<screen_point> pointer() = 0;
+    virtual void set_pointer(screen_point place) = 0;
+    // The centre of a control on the screen; nothing when it is not on one.
+    virtual std::optional<screen_point> centre_of(const std::string& form, const std::string& control) = 0;
+    virtual screen_size screen() = 0;
+
+    // Leaves the event loop: the main form has been unloaded.
+    virtual void end_program() = 0;
+};
+
+}  // namespace corvane
