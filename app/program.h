@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/main_form.h"
+#include "search/archive_readers.h"
 #include "search/directory_form.h"
 
 namespace corvane {
@@ -28,9 +29,11 @@ class program {
     void tick();
 
   private:
+    void bind_handlers();
+
     Tavrel main_;
     directory_form directory_;
-    double run_start_ = 0;
+    archive_readers readers_;
     bool closed_ = false;
 };
 

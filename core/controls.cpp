@@ -9,8 +9,8 @@ void list_box::clear() {
     ++revision_;
 }
 
-void list_box::add(std::string text) {
-    rows_.push_back({std::move(text), false, false});
+void list_box::add(std::string words) {
+    rows_.push_back({std::move(words), false, false});
     ++revision_;
 }
 

@@ -75,7 +75,7 @@ class list_box : public control {
     const std::vector<row>& rows() const { return rows_; }
     std::uint64_t revision() const { return revision_; }
     void clear();
-    void add(std::string text);
+    void add(std::string words);
     void remove(std::size_t index);
     void select(std::size_t index, bool selected);
 

@@ -3,8 +3,12 @@
 namespace corvane {
 
 namespace {
-std::size_t at(std::int32_t row) { return static_cast<std::size_t>(row - 1); }
-std::size_t index_of(int column) { return static_cast<std::size_t>(column); }
+std::size_t at(std::int32_t row) {
+    return static_cast<std::size_t>(row - 1);
+}
+std::size_t index_of(int column) {
+    return static_cast<std::size_t>(column);
+}
 }  // namespace
 
 void list_view::clear_columns() {
@@ -69,8 +73,8 @@ std::int32_t list_view::add_row() {
     return row_count_;
 }
 
-void list_view::set_text(std::int32_t row, int column, std::string_view text) {
-    cells_[index_of(column)].texts.set(row, text);
+void list_view::set_text(std::int32_t row, int column, std::string_view words) {
+    cells_[index_of(column)].texts.set(row, words);
     ++cell_revision_;
 }
 
@@ -86,7 +90,8 @@ void list_view::set_number(std::int32_t row, int column, std::int64_t number) {
 
 std::string list_view::cell(std::int32_t row, int column) const {
     if (column == 0) return {};
-    if (columns_[index_of(column)].content == cell_content::number) return std::to_string(number_cell(row, column));
+    if (columns_[index_of(column)].content == cell_content::number)
+        return std::to_string(number_cell(row, column));
     return std::string(text_cell(row, column));
 }
 

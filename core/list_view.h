@@ -53,7 +53,7 @@ class list_view : public control {
     void clear_rows();
     void reserve_rows(std::int32_t count);
     std::int32_t add_row();
-    void set_text(std::int32_t row, int column, std::string_view text);
+    void set_text(std::int32_t row, int column, std::string_view words);
     // `entry` belongs to the column that was handed to share_texts.
     void set_shared_text(std::int32_t row, int column, const char* entry);
     void set_number(std::int32_t row, int column, std::int64_t number);

@@ -42,8 +42,9 @@ Tavrel::Tavrel(ports given, std::string program_dir)
     Frame4.caption = "显示内容相同的文件名";
     samefile_disp1.tooltip = samefile_disp2.tooltip = "CTRL+左键进入目录资源管理器";
     List1.tooltip = "右键存为文件temp.txt";
-    for (control* hidden : {static_cast<control*>(&ListView1), static_cast<control*>(&pic_gressbar1), &Command28,
-                            &Label4, &Frame4, static_cast<control*>(&List1), static_cast<control*>(&listleft)})
+    for (control* hidden :
+         {static_cast<control*>(&ListView1), static_cast<control*>(&pic_gressbar1), &Command28, &Label4,
+          &Frame4, static_cast<control*>(&List1), static_cast<control*>(&listleft)})
         hidden->visible = false;
 
     state.program_dir = std::move(program_dir);
@@ -55,7 +56,9 @@ void Tavrel::bind(std::string_view handler, std::function<void()> procedure) {
     handlers_[folded_name(handler)] = std::move(procedure);
 }
 
-bool Tavrel::has_handler(std::string_view handler) const { return handlers_.count(folded_name(handler)) != 0; }
+bool Tavrel::has_handler(std::string_view handler) const {
+    return handlers_.count(folded_name(handler)) != 0;
+}
 
 bool Tavrel::run(std::string_view handler) {
     const auto found = handlers_.find(folded_name(handler));
@@ -64,19 +67,19 @@ bool Tavrel::run(std::string_view handler) {
     return true;
 }
 
-void Tavrel::inform(const std::string& text, int context) {
+void Tavrel::inform(const std::string& words, int context) {
     message box;
     box.title = "提示";
-    box.text = text;
+    box.text = words;
     box.icon = box_icon::information;
     box.help_context = context;
     outside.screen.show_message(box);
 }
 
-void Tavrel::complain(const std::string& text, int context, bool help_button) {
+void Tavrel::complain(const std::string& words, int context, bool help_button) {
     message box;
     box.title = "提示";
-    box.text = text;
+    box.text = words;
     box.icon = box_icon::exclamation;
     box.help_context = context;
     box.help_button = help_button;
@@ -84,10 +87,10 @@ void Tavrel::complain(const std::string& text, int context, bool help_button) {
     outside.screen.show_message(box);
 }
 
-bool Tavrel::confirm(const std::string& text) {
+bool Tavrel::confirm(const std::string& words) {
     message box;
     box.title = "提示";
-    box.text = text;
+    box.text = words;
     box.buttons = box_buttons::yes_no;
     box.icon = box_icon::question;
     return outside.screen.show_message(box) == box_answer::yes;

@@ -51,16 +51,18 @@ class Tavrel : public form_model {
     // Runs a handler; false when no such handler is bound.
     bool run(std::string_view handler);
 
-    std::string data_path(std::string_view file_name) const { return state.program_dir + std::string(file_name); }
-    void panel(int number, std::string text) { StatusBar1.panel(number) = std::move(text); }
+    std::string data_path(std::string_view file_name) const {
+        return state.program_dir + std::string(file_name);
+    }
+    void panel(int number, std::string words) { StatusBar1.panel(number) = std::move(words); }
     void yield() { outside.screen.yield(); }
 
     // Shows a box titled "提示". The short form is for what only informs.
-    void inform(const std::string& text, int help_context = 1000);
+    void inform(const std::string& words, int context = 1000);
     // For what could not be done; counts as a failure of the run.
-    void complain(const std::string& text, int help_context = 1000, bool help_button = false);
+    void complain(const std::string& words, int context = 1000, bool help_button = false);
     // Yes/No under the title "提示".
-    bool confirm(const std::string& text);
+    bool confirm(const std::string& words);
 
   private:
     std::unordered_map<std::string, std::function<void()>> handlers_;

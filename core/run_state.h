@@ -32,6 +32,7 @@ struct run_state {
     std::vector<std::string> dir_queue{std::string()};  // index 0 is not used
     std::vector<std::string> selected_dirs{std::string()};
     std::int16_t selected_dir_count = 0;
+    std::string current_dir;  // directory last shown in Dir_select
     std::string current_path;
     std::string first_root;
     std::string archive_error_path;
@@ -44,10 +45,10 @@ struct run_state {
     std::int32_t exclude_type_length = 0;
     std::string only_type_text;
     std::int32_t only_type_length = 0;
-    std::int16_t scan_archives = 0;       // 1: list the entries of archives
-    std::int16_t same_suffix_only = 0;    // 1: only files of one suffix are compared
-    std::int16_t show_run_filename = 0;   // 1: Label4 shows each file as it is read
-    std::int32_t error_trail_on = 0;      // -1: name each file in err_rec.txt before it is read
+    std::int16_t scan_archives = 0;      // 1: list the entries of archives
+    std::int16_t same_suffix_only = 0;   // 1: only files of one suffix are compared
+    std::int16_t show_run_filename = 0;  // 1: Label4 shows each file as it is read
+    std::int32_t error_trail_on = 0;     // -1: name each file in err_rec.txt before it is read
 
     // Flags of the main form.
     std::int16_t quit_requested = 0;
@@ -69,12 +70,15 @@ struct run_state {
     std::vector<std::uint8_t> file_matched{0};
     std::vector<std::uint8_t> file_has_twin{0};
     std::vector<std::uint8_t> file_in_archive{0};
-    std::vector<std::int32_t> file_ext{0};  // number of the suffix text in suffix_texts; only while the option is on
+    // Tells two paths of one physical file: equal numbers may be one file, 0 is no other path's file.
+    std::vector<std::uint64_t> file_place{0};
+    std::vector<std::int32_t> file_ext{
+        0};  // number of the suffix text in suffix_texts; only while the option is on
     std::vector<std::string> suffix_texts;
 
     // Pairs: row 1 and row 2 of each column, columns from 1.
-    std::array<std::vector<std::int32_t>, 3> same_pair{std::vector<std::int32_t>{0}, std::vector<std::int32_t>{0},
-                                                       std::vector<std::int32_t>{0}};
+    std::array<std::vector<std::int32_t>, 3> same_pair{
+        std::vector<std::int32_t>{0}, std::vector<std::int32_t>{0}, std::vector<std::int32_t>{0}};
     std::int32_t result_count = 0;
     double same_bytes = 0;
     std::int32_t different_count = 0;
@@ -104,8 +108,8 @@ struct run_state {
     text_column result_file2;
     std::int64_t result_max_length = 0;
     std::int16_t list_mode = 0;
-    std::string same_file_path;    // the same-file result
-    std::string history_path;      // the signature history
+    std::string same_file_path;  // the same-file result
+    std::string history_path;    // the signature history
 
     // Clocks, in seconds.
     double task_start_time = 0;

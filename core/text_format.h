@@ -32,6 +32,11 @@ std::int64_t parse_number(std::string_view text);
 // The same for numbers with a fraction.
 double parse_decimal(std::string_view text);
 
+// Line 1 of 相同文件.txt: the title, padded with blanks to 20 characters.
+constexpr std::string_view padded_same_file_title() {
+    return "内容相同文件清单            ";
+}
+
 // True when the text does not compare greater than a single blank.
 bool is_blank(std::string_view text);
 

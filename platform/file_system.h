@@ -105,8 +105,10 @@ class file_system {
     // True for the recycle directories that a walk passes over.
     virtual bool is_recycle_directory(const std::string& path) = 0;
 
-    // Opens, reads the first buffer.size() bytes, closes. Returns the number read, or -1.
-    virtual std::int64_t read_start(std::string_view path, std::span<std::byte> buffer) = 0;
+    // Opens, reads from the start until the buffer is full or the file ends, closes. Returns the number read,
+    // or -1. Once exactly `expected` bytes have come in one go, the end is not asked for again.
+    virtual std::int64_t read_start(std::string_view path, std::span<std::byte> buffer,
+                                    std::size_t expected) = 0;
     // Opens a regular file for reading; null on failure, with the system's words in `error`. Never waits on
     // a FIFO and never opens a device.
     virtual std::unique_ptr<file_reader> open_file(std::string_view path, std::string& error) = 0;
@@ -115,6 +117,7 @@ class file_system {
     virtual std::unique_ptr<file_writer> replace_file(const std::string& path, std::string& error) = 0;
     // Truncates and writes in place, for files that must be seen while they grow.
     virtual std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) = 0;
+    virtual bool can_write_into(const std::string& directory) = 0;
     // Removes one of the program's own data files; a missing one is no failure.
     virtual bool remove_data_file(const std::string& path, std::string& error) = 0;
 };

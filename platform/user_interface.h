@@ -2,7 +2,7 @@
 // end, the console and the tests' scripted double implement it.
 #pragma once
 
-#include <functional>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -63,6 +63,8 @@ class user_interface {
     // Seconds since an arbitrary start, never running backwards.
     virtual double seconds() = 0;
     virtual local_time now() = 0;
+    // A moment in seconds since 1970-01-01 UTC, in local time.
+    virtual local_time local_date(std::int64_t unix_seconds) = 0;
 
     // Nothing where the display has no pointer that a program may read or place.
     virtual std::optional<screen_point> pointer() = 0;

@@ -22,7 +22,8 @@ class directory_form : public form_model {
     control& cmd_dir_discard;
     control& direction_help;
 
-    // Fills the list from selected_dirs, keeps a copy for "放弃", and shows the window. The entry of the task.
+    // Fills the list from selected_dirs, keeps a copy for "放弃", and shows the window. The entry of the
+    // task.
     void open();
     // Picked paths join the list at its end; a path that is there already moves to the end.
     void add_paths(const std::vector<std::string>& paths);
@@ -39,6 +40,8 @@ class directory_form : public form_model {
     void Command34_Click();
     // "放弃": puts the list back as it was when the window opened. selected_dirs is left alone.
     void cmd_dir_discard_Click();
+    // The tree shows another directory.
+    void Dir_select_Change();
     // "选中": picks the tree's current directory.
     void Command_sele_Click();
 

@@ -1,0 +1,138 @@
+#include "core/state_table.h"
+
+#include <array>
+#include <charconv>
+#include <functional>
+#include <map>
+
+#include "core/run_state.h"
+#include "core/text_format.h"
+
+namespace corvane {
+
+namespace {
+
+using reader = std::function<std::optional<std::string>(const run_state&, std::int64_t index)>;
+
+std::string figure(double number) {
+    std::array<char, 64> text;
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed).ptr;
+    return std::string(text.data(), end);
+}
+
+std::string as_text(const std::string& value) {
+    return value;
+}
+std::string as_text(double value) {
+    return figure(value);
+}
+template <class Number>
+std::string as_text(Number value) {
+    return std::to_string(value);
+}
+
+template <class Value>
+reader scalar(Value run_state::*member) {
+    return [member](const run_state& state, std::int64_t) { return as_text(state.*member); };
+}
+
+template <class Value>
+reader column(std::vector<Value> run_state::*member) {
+    return [member](const run_state& state, std::int64_t index) -> std::optional<std::string> {
+        const std::vector<Value>& values = state.*member;
+        if (index < 1 || index >= static_cast<std::int64_t>(values.size())) return {};
+        return as_text(values[static_cast<std::size_t>(index)]);
+    };
+}
+
+reader texts(std::function<const text_column&(const run_state&)> pick) {
+    return [pick](const run_state& state, std::int64_t index) -> std::optional<std::string> {
+        const text_column& values = pick(state);
+        if (index < 1 || index > values.size()) return {};
+        return std::string(values[static_cast<std::int32_t>(index)]);
+    };
+}
+
+const std::map<std::string, reader, std::less<>>& table() {
+    static const std::map<std::string, reader, std::less<>> readers = {
+        {"program_dir", scalar(&run_state::program_dir)},
+        {"walk_count", scalar(&run_state::walk_count)},
+        {"file_count", scalar(&run_state::file_count)},
+        {"selected_dir_count", scalar(&run_state::selected_dir_count)},
+        {"current_dir", scalar(&run_state::current_dir)},
+        {"current_path", scalar(&run_state::current_path)},
+        {"first_root", scalar(&run_state::first_root)},
+        {"archive_error_path", scalar(&run_state::archive_error_path)},
+        {"archive_error_count", scalar(&run_state::archive_error_count)},
+        {"exclude_dir_text", scalar(&run_state::exclude_dir_text)},
+        {"exclude_type_text", scalar(&run_state::exclude_type_text)},
+        {"exclude_type_length", scalar(&run_state::exclude_type_length)},
+        {"only_type_text", scalar(&run_state::only_type_text)},
+        {"only_type_length", scalar(&run_state::only_type_length)},
+        {"scan_archives", scalar(&run_state::scan_archives)},
+        {"same_suffix_only", scalar(&run_state::same_suffix_only)},
+        {"show_run_filename", scalar(&run_state::show_run_filename)},
+        {"error_trail_on", scalar(&run_state::error_trail_on)},
+        {"quit_requested", scalar(&run_state::quit_requested)},
+        {"cancel_task", scalar(&run_state::cancel_task)},
+        {"file_list_loaded", scalar(&run_state::file_list_loaded)},
+        {"list_sorted_flag", scalar(&run_state::list_sorted_flag)},
+        {"chained_run_flag", scalar(&run_state::chained_run_flag)},
+        {"same_fresh_flag", scalar(&run_state::same_fresh_flag)},
+        {"shutdown_after_task", scalar(&run_state::shutdown_after_task)},
+        {"shutdown_action_text", scalar(&run_state::shutdown_action_text)},
+        {"result_count", scalar(&run_state::result_count)},
+        {"same_bytes", scalar(&run_state::same_bytes)},
+        {"different_count", scalar(&run_state::different_count)},
+        {"total_bytes", scalar(&run_state::total_bytes)},
+        {"size_unit", scalar(&run_state::size_unit)},
+        {"history_count", scalar(&run_state::history_count)},
+        {"avoid_count", scalar(&run_state::avoid_count)},
+        {"run_line_count", scalar(&run_state::run_line_count)},
+        {"run_rate", scalar(&run_state::run_rate)},
+        {"same_count", scalar(&run_state::same_count)},
+        {"result_max_length", scalar(&run_state::result_max_length)},
+        {"list_mode", scalar(&run_state::list_mode)},
+        {"dir_queue", column(&run_state::dir_queue)},
+        {"selected_dirs", column(&run_state::selected_dirs)},
+        {"file_len", column(&run_state::file_len)},
+        {"file_date_hi", column(&run_state::file_date_hi)},
+        {"file_date_lo", column(&run_state::file_date_lo)},
+        {"file_crc", column(&run_state::file_crc)},
+        {"file_ok", column(&run_state::file_ok)},
+        {"file_bad", column(&run_state::file_bad)},
+        {"file_matched", column(&run_state::file_matched)},
+        {"file_has_twin", column(&run_state::file_has_twin)},
+        {"file_in_archive", column(&run_state::file_in_archive)},
+        {"result_length", column(&run_state::result_length)},
+        {"history_len", column(&run_state::history_len)},
+        {"history_crc", column(&run_state::history_crc)},
+        {"file_list", texts([](const run_state& state) -> const text_column& { return state.file_list; })},
+        {"result_file1",
+         texts([](const run_state& state) -> const text_column& { return state.result_file1; })},
+        {"result_file2",
+         texts([](const run_state& state) -> const text_column& { return state.result_file2; })},
+        {"history_name",
+         texts([](const run_state& state) -> const text_column& { return state.history_name; })},
+        {"avoid_files",
+         texts([](const run_state& state) -> const text_column& { return state.avoid_files; })},
+    };
+    return readers;
+}
+
+}  // namespace
+
+std::optional<std::string> state_value(const run_state& state, std::string_view name) {
+    std::int64_t index = 0;
+    const std::size_t bracket = name.find('(');
+    if (bracket != std::string_view::npos) {
+        index = parse_number(name.substr(bracket + 1));
+        name = name.substr(0, bracket);
+    }
+    const auto found = table().find(name);
+    if (found == table().end()) return {};
+    return found->second(state, index);
+}
+
+}  // namespace corvane

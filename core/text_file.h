@@ -1,0 +1,74 @@
+// Line-oriented data files: a reader that takes CR LF and LF, a writer that ends lines with CR LF and puts
+// the file in its place only when it is whole.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace corvane {
+
+class line_reader {
+  public:
+    // Reads from byte `offset` on.
+    line_reader(file_system& files, const std::string& path, std::int64_t offset = 0);
+
+    // False: the file is missing or cannot be opened.
+    bool is_open() const { return file_ != nullptr; }
+    // The next line without its end; the text behind the last line end is a line unless it is empty. The view
+    // is valid until the next call. A read error ends the file.
+    bool next(std::string_view& line);
+    // Byte position behind the last line that next() gave.
+    std::int64_t position() const { return position_; }
+
+  private:
+    bool fill();
+
+    std::unique_ptr<file_reader> file_;
+    std::vector<char> buffer_;
+    std::size_t begin_ = 0;
+    std::size_t end_ = 0;
+    std::int64_t offset_ = 0;
+    std::int64_t position_ = 0;
+    bool at_end_ = false;
+};
+
+// Collects into blocks. After a failure every call does nothing and finish() tells it.
+class line_writer {
+  public:
+    explicit line_writer(std::unique_ptr<file_writer> file, std::string open_error = {});
+    // The usual form: the file at `path` is replaced at finish().
+    line_writer(file_system& files, const std::string& path);
+
+    void line(std::string_view text) {
+        add(text);
+        add("\r\n");
+    }
+    void number(std::int64_t number);
+    void add(std::string_view text) {
+        if (buffer_.size() + text.size() > block) flush();
+        buffer_ += text;
+    }
+    // Overwrites bytes that were written before, at `offset` from the start of the file.
+    void patch(std::int64_t offset, std::string_view text);
+    bool failed() const { return file_ == nullptr || failed_; }
+    // False: the old file is whole and error() says why.
+    bool finish();
+    const std::string& error() const { return error_; }
+
+  private:
+    static constexpr std::size_t block = 256 * 1024;
+    void flush();
+    void fail();
+
+    std::unique_ptr<file_writer> file_;
+    std::string buffer_;
+    std::string error_;
+    bool failed_ = false;
+};
+
+}  // namespace corvane

@@ -1,0 +1,290 @@
+#include "platform/linux/linux_file_system.h"
+
+#include <dirent.h>
+#include <errno.h>
+#include <fcntl.h>
+#include <linux/magic.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/sysmacros.h>
+#include <sys/vfs.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <iterator>
+#include <vector>
+
+#include "platform/linux/linux_files.h"
+#include "platform/linux/raw_path.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::uint64_t device_of(std::uint64_t major, std::uint64_t minor) {
+    return major << 32 | minor;
+}
+
+std::uint64_t device_of(const struct stat& facts) {
+    return device_of(major(facts.st_dev), minor(facts.st_dev));
+}
+
+// Last-write times count 100 ns since 1601-01-01; the Unix epoch is this many seconds later.
+constexpr std::int64_t seconds_1601_to_1970 = 11'644'473'600;
+
+class linux_directory_reader : public directory_reader {
+  public:
+    linux_directory_reader(int descriptor, file_identity identity)
+        : descriptor_(descriptor), identity_(identity), buffer_(buffer_size) {}
+    ~linux_directory_reader() override { close(descriptor_); }
+
+    bool next(std::string_view& name, entry_kind& kind) override {
+        for (;;) {
+            if (at_ >= filled_) {
+                const long count = syscall(SYS_getdents64, descriptor_, buffer_.data(), buffer_.size());
+                if (count <= 0) return false;
+                filled_ = static_cast<std::size_t>(count);
+                at_ = 0;
+            }
+            const char* record = buffer_.data() + at_;
+            std::uint16_t length;
+            std::memcpy(&length, record + offsetof(dirent64, d_reclen), sizeof length);
+            const auto type = static_cast<unsigned char>(record[offsetof(dirent64, d_type)]);
+            const char* raw = record + offsetof(dirent64, d_name);
+            at_ += length;
+            const std::string_view raw_name(raw);
+            if (raw_name == "." || raw_name == "..") continue;
+            kind = kind_of(type, raw);
+            if (needs_mapping(raw_name)) {
+                mapped_.clear();
+                append_text(mapped_, raw_name);
+                name = mapped_;
+            } else {
+                name = raw_name;
+            }
+            return true;
+        }
+    }
+
+    file_identity identity() const override { return identity_; }
+
+  private:
+    static constexpr std::size_t buffer_size = 32 * 1024;
+
+    entry_kind kind_of(unsigned char type, const char* raw) const {
+        struct stat facts;
+        if (type == DT_UNKNOWN) {
+            if (fstatat(descriptor_, raw, &facts, AT_SYMLINK_NOFOLLOW) != 0) return entry_kind::other;
+            type = S_ISREG(facts.st_mode)   ? DT_REG
+                   : S_ISDIR(facts.st_mode) ? DT_DIR
+                   : S_ISLNK(facts.st_mode) ? DT_LNK
+                                            : DT_FIFO;
+        }
+        if (type == DT_REG) return entry_kind::file;
+        if (type == DT_DIR) return entry_kind::directory;
+        if (type == DT_LNK && fstatat(descriptor_, raw, &facts, 0) == 0 && S_ISDIR(facts.st_mode))
+            return entry_kind::link_to_directory;
+        return entry_kind::other;
+    }
+
+    int descriptor_;
+    file_identity identity_;
+    std::vector<char> buffer_;
+    std::size_t at_ = 0;
+    std::size_t filled_ = 0;
+    std::string mapped_;
+};
+
+std::string real_path(const std::string& path) {
+    const raw_path raw(path);
+    char* resolved = realpath(raw.c_str(), nullptr);
+    if (resolved == nullptr) return path;
+    std::string text = to_text(resolved);
+    std::free(resolved);
+    return text;
+}
+
+std::string user_trash() {
+    const char* data_home = std::getenv("XDG_DATA_HOME");
+    std::string base = data_home != nullptr ? data_home : "";
+    if (base.empty() || base.front() != '/') {
+        const char* home = std::getenv("HOME");
+        if (home == nullptr || *home == '\0') {
+            const passwd* user = getpwuid(getuid());
+            home = user != nullptr ? user->pw_dir : "/";
+        }
+        base = std::string(home) + "/.local/share";
+    }
+    return to_text(base + "/Trash");
+}
+
+}  // namespace
+
+linux_file_system::linux_file_system()
+    : trash_directory_(user_trash()), recycle_name_(".Trash-" + std::to_string(getuid())) {}
+
+bool linux_file_system::is_pseudo_device(int descriptor, std::uint64_t device) {
+    const auto known = pseudo_devices_.find(device);
+    if (known != pseudo_devices_.end()) return known->second;
+    static constexpr std::uint32_t pseudo_types[] = {PROC_SUPER_MAGIC,
+                                                     SYSFS_MAGIC,
+                                                     CGROUP_SUPER_MAGIC,
+                                                     CGROUP2_SUPER_MAGIC,
+                                                     DEBUGFS_MAGIC,
+                                                     TRACEFS_MAGIC,
+                                                     SECURITYFS_MAGIC,
+                                                     SELINUX_MAGIC,
+                                                     DEVPTS_SUPER_MAGIC,
+                                                     PSTOREFS_MAGIC,
+                                                     BPF_FS_MAGIC,
+                                                     EFIVARFS_MAGIC,
+                                                     BINFMTFS_MAGIC,
+                                                     NSFS_MAGIC,
+                                                     SOCKFS_MAGIC,
+                                                     PIPEFS_MAGIC,
+                                                     AAFS_MAGIC,
+                                                     RDTGROUP_SUPER_MAGIC,
+                                                     0x62656570 /*configfs*/,
+                                                     0x65735543 /*fusectl*/,
+                                                     0x19800202 /*mqueue*/,
+                                                     0x67596969 /*rpc_pipefs*/};
+    struct statfs facts;
+    bool pseudo = false;
+    if (fstatfs(descriptor, &facts) == 0) {
+        const auto type = static_cast<std::uint32_t>(facts.f_type);
+        pseudo = std::find(std::begin(pseudo_types), std::end(pseudo_types), type) != std::end(pseudo_types);
+    }
+    return pseudo_devices_[device] = pseudo;
+}
+
+std::unique_ptr<directory_reader> linux_file_system::open_directory(const std::string& path,
+                                                                    std::string& error) {
+    const raw_path raw(path);
+    const int descriptor = open(raw.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    struct stat facts;
+    if (descriptor < 0 || fstat(descriptor, &facts) != 0) {
+        error = std::strerror(errno);
+        if (descriptor >= 0) close(descriptor);
+        return nullptr;
+    }
+    if (is_pseudo_device(descriptor, device_of(facts))) {
+        error = std::strerror(EACCES);
+        close(descriptor);
+        return nullptr;
+    }
+    return std::make_unique<linux_directory_reader>(descriptor,
+                                                    file_identity{device_of(facts), facts.st_ino});
+}
+
+path_attributes linux_file_system::attributes(const std::string& path) {
+    const raw_path raw(path);
+    struct stat facts;
+    path_attributes result;
+    if (lstat(raw.c_str(), &facts) != 0) return result;
+    result.exists = true;
+    if (S_ISLNK(facts.st_mode)) {
+        struct stat target;
+        result.directory = stat(raw.c_str(), &target) == 0 && S_ISDIR(target.st_mode);
+    } else {
+        result.directory = S_ISDIR(facts.st_mode);
+        result.read_only = (facts.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
+    }
+    std::string_view name(path);
+    while (name.size() > 1 && name.back() == '/') name.remove_suffix(1);
+    const std::size_t slash = name.rfind('/');
+    if (slash != std::string_view::npos) name.remove_prefix(slash + 1);
+    result.hidden = name.size() > 1 && name.front() == '.';
+    return result;
+}
+
+file_facts linux_file_system::facts(std::string_view path) {
+    const raw_path raw(path);
+    struct statx facts;
+    file_facts result;
+    constexpr unsigned wanted = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_INO | STATX_NLINK;
+    if (statx(AT_FDCWD, raw.c_str(), AT_SYMLINK_NOFOLLOW, wanted, &facts) != 0 || !S_ISREG(facts.stx_mode))
+        return result;
+    result.exists = true;
+    result.length = static_cast<std::int64_t>(facts.stx_size);
+    const auto time = static_cast<std::uint64_t>(
+        (facts.stx_mtime.tv_sec + seconds_1601_to_1970) * 10'000'000 + facts.stx_mtime.tv_nsec / 100);
+    result.date_high = static_cast<std::int32_t>(static_cast<std::uint32_t>(time >> 32));
+    result.date_low = static_cast<std::int32_t>(static_cast<std::uint32_t>(time));
+    result.link_count = facts.stx_nlink;
+    result.identity = {device_of(facts.stx_dev_major, facts.stx_dev_minor), facts.stx_ino};
+    return result;
+}
+
+std::string linux_file_system::resolve(const std::string& path) {
+    return real_path(path);
+}
+
+bool linux_file_system::identity(const std::string& path, file_identity& identity) {
+    const raw_path raw(path);
+    struct stat facts;
+    if (stat(raw.c_str(), &facts) != 0) return false;
+    identity = {device_of(facts), facts.st_ino};
+    return true;
+}
+
+bool linux_file_system::is_recycle_directory(const std::string& path) {
+    std::string_view text(path);
+    while (text.size() > 1 && text.back() == '/') text.remove_suffix(1);
+    const std::size_t slash = text.rfind('/');
+    const std::string_view name = slash == std::string_view::npos ? text : text.substr(slash + 1);
+    if (name == ".Trash" || name == recycle_name_) {
+        // Only at the top of a volume: the directory above lies on another device than the one above that.
+        const std::string parent(slash == 0 || slash == std::string_view::npos ? "/" : text.substr(0, slash));
+        file_identity here, above;
+        if (!identity(parent, here)) return false;
+        return !identity(parent + "/..", above) || here.device != above.device || here == above;
+    }
+    return name == "Trash" && (text == trash_directory_ || real_path(path) == real_path(trash_directory_));
+}
+
+std::int64_t linux_file_system::read_start(std::string_view path, std::span<std::byte> buffer,
+                                           std::size_t expected) {
+    const raw_path raw(path);
+    const int descriptor = open(raw.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
+    if (descriptor < 0) return -1;
+    std::size_t filled = 0;
+    bool failed = false;
+    while (filled < buffer.size() && filled != expected) {
+        const ssize_t count = read(descriptor, buffer.data() + filled, buffer.size() - filled);
+        if (count < 0 && errno == EINTR) continue;
+        if (count <= 0) {
+            failed = count < 0;
+            break;
+        }
+        filled += static_cast<std::size_t>(count);
+    }
+    close(descriptor);
+    return failed ? -1 : static_cast<std::int64_t>(filled);
+}
+
+std::unique_ptr<file_reader> linux_file_system::open_file(std::string_view path, std::string& error) {
+    return open_linux_reader(raw_path(path).c_str(), error);
+}
+
+std::unique_ptr<file_writer> linux_file_system::replace_file(const std::string& path, std::string& error) {
+    return open_replacing_writer(raw_path(path).c_str(), error);
+}
+
+std::unique_ptr<file_writer> linux_file_system::overwrite_file(const std::string& path, std::string& error) {
+    return open_overwriting_writer(raw_path(path).c_str(), error);
+}
+
+bool linux_file_system::can_write_into(const std::string& directory) {
+    return access(raw_path(directory).c_str(), W_OK | X_OK) == 0;
+}
+
+bool linux_file_system::remove_data_file(const std::string& path, std::string& error) {
+    if (unlink(raw_path(path).c_str()) == 0 || errno == ENOENT) return true;
+    error = std::strerror(errno);
+    return false;
+}
+
+}  // namespace corvane

@@ -1,0 +1,40 @@
+// The disk of a Linux machine. Names are mapped by name_mapping.h on the way in and out.
+#pragma once
+
+#include <string>
+#include <unordered_map>
+
+#include "platform/file_system.h"
+
+namespace corvane {
+
+class linux_file_system : public file_system {
+  public:
+    linux_file_system();
+
+    char separator() const override { return '/'; }
+    bool ignores_case() const override { return false; }
+    std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) override;
+    path_attributes attributes(const std::string& path) override;
+    file_facts facts(std::string_view path) override;
+    std::string resolve(const std::string& path) override;
+    bool identity(const std::string& path, file_identity& identity) override;
+    bool is_recycle_directory(const std::string& path) override;
+    std::int64_t read_start(std::string_view path, std::span<std::byte> buffer,
+                            std::size_t expected) override;
+    std::unique_ptr<file_reader> open_file(std::string_view path, std::string& error) override;
+    std::unique_ptr<file_writer> replace_file(const std::string& path, std::string& error) override;
+    std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) override;
+    bool can_write_into(const std::string& directory) override;
+    bool remove_data_file(const std::string& path, std::string& error) override;
+
+  private:
+    // True for proc, sysfs, cgroup and their like. Asked once a device.
+    bool is_pseudo_device(int descriptor, std::uint64_t device);
+
+    std::string trash_directory_;  // the user's trash, with a closing separator; text, resolved
+    std::string recycle_name_;     // ".Trash-<uid>"
+    std::unordered_map<std::uint64_t, bool> pseudo_devices_;
+};
+
+}  // namespace corvane
