@@ -1,0 +1,18 @@
+// The text form of a file inside an archive: <archive path>*<entry name>*<CRC>*<size>. A "*" never stands in
+// a name from the disk, so it tells an entry from a file.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+// The CRC as eight upper-case hexadecimal digits, the size as plain decimal.
+std::string archive_entry_text(std::string_view archive_path, std::string_view entry_name, std::uint32_t crc,
+                               std::uint64_t size);
+
+// The text before the first "*"; a plain path as it is.
+std::string_view archive_path_of(std::string_view entry);
+
+}  // namespace corvane

@@ -1,0 +1,18 @@
+// The file search and the road that chains it with the comparison.
+#pragma once
+
+namespace corvane {
+
+class Tavrel;
+struct archive_readers;
+
+// Walks the selected directories anew and writes 文件清单.txt.
+void picture2_Click(Tavrel& form, const archive_readers& readers);
+
+// The walk alone, without storing its list, then find same files.
+void Command19_Click(Tavrel& form, const archive_readers& readers);
+
+// Search, then find same files, without the user in between.
+void search_check_m_Click(Tavrel& form);
+
+}  // namespace corvane

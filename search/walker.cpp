@@ -1,0 +1,264 @@
+#include "search/walker.h"
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "core/directory_filter.h"
+#include "core/environment.h"
+#include "core/main_form.h"
+#include "core/progress.h"
+#include "core/text_case.h"
+#include "core/text_file.h"
+#include "core/text_format.h"
+#include "core/text_sort.h"
+#include "search/archive_readers.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::int32_t files_per_status = 561;  // panel 1 and the yield
+constexpr std::int32_t files_per_path = 100;    // the path in panel 2
+
+// Everything from the last dot to the end, upper-cased, closed by a blank; empty without a dot. The dot may
+// stand in a directory's name: such a text matches no type.
+std::string type_of(std::string_view path) {
+    const std::size_t dot = path.rfind('.');
+    if (dot == std::string_view::npos) return {};
+    std::string type;
+    append_upper_case(type, path.substr(dot));
+    return type += ' ';
+}
+
+bool rejects_type(const run_state& state, const std::string& type) {
+    if (state.only_type_length > 0)
+        return type.empty() || state.only_type_text.find(type) == std::string::npos;
+    return state.exclude_type_length > 0 && !type.empty() &&
+           state.exclude_type_text.find(type) != std::string::npos;
+}
+
+std::string_view trimmed(std::string_view text) {
+    return text.substr(std::min(text.find_first_not_of(' '), text.size()));
+}
+
+// The directory that the user looked at last must be readable. False: the reason has been shown.
+bool current_directory_answers(Tavrel& form) {
+    const std::string& directory = form.state.current_dir;
+    if (directory.empty() || !path_exists(form, directory)) return true;
+    message box;
+    if (form.outside.files.open_directory(directory, box.text)) return true;
+    box.title = "Deferred Error Test,请选择新的目录";
+    box.failure = true;
+    form.outside.screen.show_message(box);
+    return false;
+}
+
+// Makes room for the directory in the status bar, and takes it back.
+class wide_path_panel {
+  public:
+    explicit wide_path_panel(status_bar& bar) : bar_(bar) {
+        for (int number = 2; number <= 5; ++number) widths_[number - 2] = bar_.width(number);
+        bar_.width(2) *= 4;
+        for (int number = 3; number <= 5; ++number) bar_.width(number) = 1;
+    }
+    ~wide_path_panel() {
+        for (int number = 2; number <= 5; ++number) bar_.width(number) = widths_[number - 2];
+    }
+    wide_path_panel(const wide_path_panel&) = delete;
+    wide_path_panel& operator=(const wide_path_panel&) = delete;
+
+  private:
+    status_bar& bar_;
+    int widths_[4];
+};
+
+// One walk. Owns what lives as long as it: the places seen and the links that wait for the end.
+class directory_walk {
+  public:
+    directory_walk(Tavrel& form, const archive_readers& readers)
+        : form_(form), state_(form.state), files_(form.outside.files), readers_(readers) {}
+
+    void run() {
+        queue_roots();
+        std::size_t read_index = 1;
+        std::size_t next_link = 0;
+        for (;;) {
+            for (; read_index < state_.dir_queue.size(); ++read_index) list_one(read_index);
+            // Links come after everything that is reached without one.
+            if (next_link >= links_.size()) break;
+            follow(links_[next_link++]);
+        }
+        if (full_) report_limit();
+    }
+
+  private:
+    void queue_roots() {
+        for (std::int16_t i = 1; i <= state_.selected_dir_count; ++i) {
+            const std::string& selected = state_.selected_dirs[static_cast<std::size_t>(i)];
+            if (is_blank(trimmed(selected))) continue;
+            const std::string directory = with_separator(form_, selected);
+            if (skip_directory(form_, directory)) continue;
+            const std::string resolved = with_separator(form_, files_.resolve(directory));
+            if (resolved == directory)
+                enqueue(directory);
+            else
+                links_.push_back(directory);
+            note_ancestors(resolved);
+        }
+    }
+
+    // The directories above a root count as seen from below: a link to one would list the root again.
+    void note_ancestors(std::string directory) {
+        file_identity place;
+        for (;;) {
+            directory.pop_back();
+            const std::size_t cut = directory.rfind(files_.separator());
+            if (cut == std::string::npos) return;
+            directory.resize(cut + 1);
+            if (files_.identity(directory, place)) ancestors_.insert(place);
+        }
+    }
+
+    void enqueue(std::string directory) {
+        if (static_cast<std::int32_t>(state_.dir_queue.size()) > state_.limits.directories)
+            full_ = true;
+        else
+            state_.dir_queue.push_back(std::move(directory));
+    }
+
+    void follow(const std::string& link) {
+        file_identity place;
+        if (!files_.identity(link, place) || listed_.count(place) != 0 || ancestors_.count(place) != 0)
+            return;
+        note_ancestors(with_separator(form_, files_.resolve(link)));
+        enqueue(link);
+    }
+
+    void list_one(std::size_t read_index) {
+        // A copy: the queue grows while the directory is read.
+        const std::string directory = with_separator(form_, state_.dir_queue[read_index]);
+        if (state_.walk_count - last_shown_ > files_per_path) {
+            form_.panel(2, "正在搜索" + directory);
+            show_elapsed(form_);
+            last_shown_ = state_.walk_count;
+        }
+        if (skip_directory(form_, directory)) return;
+        std::string error;
+        const std::unique_ptr<directory_reader> reader = files_.open_directory(directory, error);
+        if (!reader) return;
+        listed_.insert(reader->identity());
+
+        std::string& path = state_.current_path;
+        std::string last_name;
+        std::string_view name;
+        entry_kind kind;
+        while (reader->next(name, kind)) {
+            if (name == last_name) break;  // a find that keeps giving one entry
+            last_name = name;
+            path.assign(directory).append(name);
+            if (kind == entry_kind::directory)
+                enqueue(path + files_.separator());
+            else if (kind == entry_kind::link_to_directory)
+                links_.push_back(path + files_.separator());
+            else if (kind == entry_kind::file)
+                take_file(path);
+        }
+    }
+
+    void take_file(const std::string& path) {
+        if (state_.scan_archives == 1 || state_.only_type_length > 0 || state_.exclude_type_length > 0) {
+            const std::string type = type_of(path);
+            if (state_.scan_archives == 1) {
+                if (type == ".RAR " && readers_.read_rar) readers_.read_rar(form_, path);
+                if (type == ".ZIP " && readers_.read_zip) readers_.read_zip(form_, path);
+            }
+            if (!rejects_type(state_, type)) append(path);
+        } else {
+            append(path);
+        }
+        if (state_.walk_count % files_per_status == 0) {
+            form_.panel(1, std::to_string(state_.walk_count));
+            form_.yield();
+        }
+    }
+
+    void append(const std::string& path) {
+        if (state_.walk_count >= state_.limits.files) {
+            full_ = true;
+            return;
+        }
+        ++state_.walk_count;
+        state_.file_list.push_back(path);
+    }
+
+    void report_limit() {
+        form_.complain("文件或目录太多，清单只含前 " + std::to_string(state_.walk_count) + " 个文件。");
+    }
+
+    Tavrel& form_;
+    run_state& state_;
+    file_system& files_;
+    const archive_readers& readers_;
+    std::vector<std::string> links_;
+    std::unordered_set<file_identity, file_identity_hash> listed_;
+    std::unordered_set<file_identity, file_identity_hash> ancestors_;
+    std::int32_t last_shown_ = 0;
+    bool full_ = false;
+};
+
+void write_advice(line_writer& report) {
+    for (const char* line : {"", "压缩包错误的验证方法", "1.选中所列的一个文件", "2.复制",
+                             "3.放在地址栏,或者贴到 <开始\\运行>,回车,即可运行."})
+        report.line(line);
+}
+
+}  // namespace
+
+bool is_filtered_out(const Tavrel& form, const std::string& path) {
+    return rejects_type(form.state, type_of(path));
+}
+
+bool walk_directories(Tavrel& form, const archive_readers& readers) {
+    run_state& state = form.state;
+    if (!current_directory_answers(form)) return true;
+    state.walk_count = 0;
+    state.file_list.clear();
+    state.dir_queue.assign(1, {});
+
+    state.archive_error_path = form.data_path("err.txt");
+    state.archive_error_count = 0;
+    std::string error;
+    line_writer report(form.outside.files.overwrite_file(state.archive_error_path, error), error);
+    if (state.scan_archives == 1) report.line("压缩包错误清单");
+    {
+        const wide_path_panel room(form.StatusBar1);
+        directory_walk(form, readers).run();
+    }
+    if (state.scan_archives == 1) form.panel(2, "");
+    if (state.archive_error_count > 0) write_advice(report);
+    if (!report.finish()) {
+        report_write_failure(form, state.archive_error_path, report.error());
+        return false;
+    }
+    if (state.archive_error_count > 0) form.outside.desktop.open_document(state.archive_error_path);
+    return true;
+}
+
+bool list_files(Tavrel& form, const archive_readers& readers) {
+    run_state& state = form.state;
+    写Tavrel环境文件(form);
+    if (!walk_directories(form, readers)) return false;
+    if (state.quit_requested) return true;
+    state.file_count = state.walk_count;
+    state.file_len.assign(static_cast<std::size_t>(state.file_count) + 1, 0);
+    state.first_root = state.dir_queue.size() > 1 ? state.dir_queue[1] : std::string();
+    sort_text_array(state.file_list, 1, state.file_count);
+    form.panel(1, "搜索出:" + std::to_string(state.file_count));
+    return true;
+}
+
+}  // namespace corvane

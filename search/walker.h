@@ -1,0 +1,22 @@
+// The directory walk: selected directories in, file_list out. Breadth-first through dir_queue; links to
+// directories come last, each place once.
+#pragma once
+
+#include <string>
+
+namespace corvane {
+
+class Tavrel;
+struct archive_readers;
+
+// Saves the selection, walks, sorts. After it file_count is valid, unless quit_requested was set: then it
+// stays 0. Returns false when a file could not be written; the failure has been reported.
+bool list_files(Tavrel& form, const archive_readers& readers);
+
+// The walk itself: fills dir_queue, file_list and walk_count, and writes the archive error report.
+bool walk_directories(Tavrel& form, const archive_readers& readers);
+
+// The type filter. `path` is a full path; true when it is to be left out of the list.
+bool is_filtered_out(const Tavrel& form, const std::string& path);
+
+}  // namespace corvane
