@@ -1,0 +1,146 @@
+#include "compare/content_classes.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <unordered_map>
+
+#include "core/checksum.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::int64_t edge_block = 65536;          // first and last bytes, read before what lies between
+constexpr std::int64_t largest_block = 256 * 1024;  // two of these stay in the processor's cache
+constexpr std::int64_t block_memory = 32 << 20;     // for the blocks of all classes of one step
+constexpr std::size_t open_file_limit = 200;        // more candidates are opened block by block
+
+class content_sorter {
+  public:
+    content_sorter(file_system& files, std::span<const content_candidate> candidates, std::int64_t length,
+                   const std::function<bool()>& keep_going)
+        : files_(files),
+          candidates_(candidates),
+          length_(length),
+          keep_going_(keep_going),
+          readers_(candidates.size()),
+          classes_(candidates.size(), unreadable_content) {}
+
+    std::vector<std::int32_t> run() {
+        std::vector<std::size_t> all(candidates_.size());
+        for (std::size_t i = 0; i < all.size(); ++i) all[i] = i;
+        // The start and the end tell files apart more often than what lies between.
+        const std::int64_t head = std::min(length_, edge_block);
+        const std::int64_t tail = std::max(head, length_ - edge_block);
+        for (auto& by_head : split(all, 0, head))
+            for (auto& by_tail : split(by_head, tail, length_))
+                for (auto& alike : split(by_tail, head, tail)) {
+                    for (const std::size_t i : alike) classes_[i] = next_class_;
+                    ++next_class_;
+                }
+        return std::move(classes_);
+    }
+
+  private:
+    using member_set = std::vector<std::size_t>;
+
+    // The members by equal bytes in the range from to end; what cannot be read drops out. A set of one is
+    // read only where that shows whether the file is still there, at the end of the road.
+    std::vector<member_set> split(const member_set& members, std::int64_t from, std::int64_t end) {
+        std::vector<member_set> done;
+        std::vector<std::pair<member_set, std::int64_t>> open;
+        open.emplace_back(members, from);
+        while (!open.empty()) {
+            auto [set, at] = std::move(open.back());
+            open.pop_back();
+            if (at >= end || set.size() < 2) {
+                for (const std::size_t i : set)
+                    if (set.size() < 2) readers_[i].reset();
+                done.push_back(std::move(set));
+                continue;
+            }
+            if (!keep_going_()) continue;
+            const std::int64_t block = block_size(set.size(), end - at);
+            for (member_set& part : split_block(set, at, block))
+                open.emplace_back(std::move(part), at + block);
+        }
+        return done;
+    }
+
+    std::int64_t block_size(std::size_t members, std::int64_t left) const {
+        const std::int64_t share =
+            std::max<std::int64_t>(block_memory / static_cast<std::int64_t>(members), 4096);
+        return std::min({left, largest_block, share});
+    }
+
+    std::vector<member_set> split_block(const member_set& set, std::int64_t at, std::int64_t block) {
+        const auto size = static_cast<std::size_t>(block);
+        std::vector<member_set> parts;
+        std::vector<std::vector<std::byte>> samples;
+        std::unordered_multimap<std::uint32_t, std::size_t> by_checksum;
+        for (const std::size_t i : set) {
+            const std::byte* bytes = block_of(i, at, size);
+            if (bytes == nullptr) {
+                readers_[i].reset();
+                continue;
+            }
+            // The first sample alone decides most blocks; sums are taken only once there is a second one.
+            if (!samples.empty() && std::memcmp(samples[0].data(), bytes, size) == 0) {
+                parts[0].push_back(i);
+                continue;
+            }
+            const std::uint32_t sum = samples.empty() ? 0 : checksum(std::span(bytes, size));
+            bool found = false;
+            const auto range = by_checksum.equal_range(sum);
+            for (auto match = range.first; match != range.second && !found; ++match) {
+                if (match->second == 0 || std::memcmp(samples[match->second].data(), bytes, size) != 0)
+                    continue;
+                parts[match->second].push_back(i);
+                found = true;
+            }
+            if (found) continue;
+            if (!samples.empty()) by_checksum.emplace(sum, samples.size());
+            samples.emplace_back(bytes, bytes + size);
+            parts.push_back({i});
+        }
+        return parts;
+    }
+
+    // Null when the block cannot be read whole, or the file goes on behind its length.
+    const std::byte* block_of(std::size_t i, std::int64_t at, std::size_t size) {
+        const content_candidate& candidate = candidates_[i];
+        if (static_cast<std::size_t>(at) + size <= candidate.head.size()) return candidate.head.data() + at;
+        if (!readers_[i]) {
+            std::string error;
+            readers_[i] = files_.open_file(candidate.path, error);
+            if (!readers_[i]) return nullptr;
+            readers_[i]->will_read(at);
+        }
+        // One byte more at the end: a file that has grown is not the one that was listed.
+        const bool last = at + static_cast<std::int64_t>(size) == length_;
+        buffer_.resize(std::max<std::size_t>(buffer_.size(), size + 1));
+        const std::int64_t count = readers_[i]->read_at(at, std::span(buffer_.data(), size + (last ? 1 : 0)));
+        if (candidates_.size() > open_file_limit) readers_[i].reset();
+        return count == static_cast<std::int64_t>(size) ? buffer_.data() : nullptr;
+    }
+
+    file_system& files_;
+    std::span<const content_candidate> candidates_;
+    std::int64_t length_;
+    const std::function<bool()>& keep_going_;
+    std::vector<std::unique_ptr<file_reader>> readers_;
+    std::vector<std::int32_t> classes_;
+    std::vector<std::byte> buffer_;
+    std::int32_t next_class_ = 0;
+};
+
+}  // namespace
+
+std::vector<std::int32_t> classify_contents(file_system& files, std::span<const content_candidate> candidates,
+                                            std::int64_t length, const std::function<bool()>& keep_going) {
+    return content_sorter(files, candidates, length, keep_going).run();
+}
+
+}  // namespace corvane

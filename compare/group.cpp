@@ -1,0 +1,233 @@
+#include "compare/group.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "compare/column_order.h"
+#include "compare/content_classes.h"
+#include "core/checksum.h"
+#include "core/error_trail.h"
+#include "core/main_form.h"
+#include "core/text_case.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::int64_t signature_block = 65536;
+constexpr std::int64_t direct_signature_length = 4;  // up to this length the bytes are the signature
+
+bool is_member(std::string_view name) {
+    return name.find('*') != std::string_view::npos;
+}
+
+}  // namespace
+
+void held_contents::clear() {
+    bytes_.clear();
+    extents_.clear();
+}
+
+bool held_contents::hold(std::int32_t place, std::span<const std::byte> bytes) {
+    if (bytes_.size() + bytes.size() > memory_bound) return false;
+    const auto index = static_cast<std::size_t>(place);
+    if (extents_.size() <= index) extents_.resize(index + 1);
+    extents_[index] = {bytes_.size(), bytes.size()};
+    bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
+    return true;
+}
+
+void held_contents::reorder(const std::vector<std::int32_t>& old_places) {
+    if (extents_.empty()) return;
+    extents_.resize(old_places.size());
+    std::vector<extent> moved(old_places.size());
+    for (std::size_t i = 0; i < moved.size(); ++i)
+        moved[i] = extents_[static_cast<std::size_t>(old_places[i])];
+    extents_ = std::move(moved);
+}
+
+std::span<const std::byte> held_contents::at(std::int32_t place) const {
+    const auto index = static_cast<std::size_t>(place);
+    if (index >= extents_.size()) return {};
+    return std::span(bytes_).subspan(extents_[index].offset, extents_[index].length);
+}
+
+file_group::file_group(Tavrel& form) : form_(form), state_(form.state) {}
+
+bool file_group::open(std::int32_t i) {
+    const auto first = static_cast<std::size_t>(i);
+    if (is_member(state_.file_list[i])) archive_flag_ = true;
+    signature_mode_ = false;
+    if (state_.file_len[first] != last_length_) {
+        first_ = i;
+        contents_.clear();
+        next_of_suffix_.clear();
+        find_end(i);
+        content_class_.assign(static_cast<std::size_t>(std::max(end_ - i, 0)) + 1, 0);
+        next_class_ = 1;
+    }
+    if ((i + 1 < end_ || (i + 1 == end_ && archive_flag_)) && !compute_signatures(i)) return false;
+    if (state_.same_suffix_only && end_ > i) chain_suffixes(i);
+    return true;
+}
+
+void file_group::find_end(std::int32_t i) {
+    last_length_ = state_.file_len[static_cast<std::size_t>(i)];
+    for (std::int32_t j = i + 1; j <= state_.file_count; ++j) {
+        // Before the length is looked at: a member of the next length counts for this group.
+        if (is_member(state_.file_list[j])) archive_flag_ = true;
+        if (state_.file_len[static_cast<std::size_t>(j)] != last_length_) {
+            end_ = j - 1;
+            return;
+        }
+        end_ = j;
+    }
+}
+
+bool file_group::compute_signatures(std::int32_t i) {
+    signature_mode_ = true;
+    std::vector<std::byte> buffer;
+    for (std::int32_t j = i; j <= end_; ++j) {
+        const std::string_view name = state_.file_list[j];
+        note_in_trail(form_, name);
+        form_.yield();
+        if (state_.quit_requested) return false;
+        if (state_.show_run_filename) form_.Label4.caption = name;
+        if (state_.file_crc[static_cast<std::size_t>(j)] != 0) continue;
+        read_signature(j, buffer);
+        form_.yield();
+    }
+    contents_.reorder(sort_group(state_, i, end_));
+    return true;
+}
+
+void file_group::read_signature(std::int32_t j, std::vector<std::byte>& buffer) {
+    if (last_length_ < 0 || is_member(state_.file_list[j])) return mark_bad(j);
+    const bool partial = last_length_ > signature_block;
+    if (partial && archive_flag_) return whole_file_signature(j, buffer);
+    const auto wanted = static_cast<std::size_t>(std::min(last_length_, signature_block));
+    // One byte more than the length: a file that has grown is not the one that was listed.
+    buffer.resize(wanted + 1);
+    const std::size_t asked = partial ? wanted : wanted + 1;
+    const std::int64_t count =
+        form_.outside.files.read_start(state_.file_list[j], std::span(buffer.data(), asked), wanted);
+    if (count != static_cast<std::int64_t>(wanted)) return mark_bad(j);
+    const std::span<const std::byte> bytes(buffer.data(), wanted);
+    contents_.hold(j - first_, bytes);
+    if (last_length_ <= direct_signature_length) {
+        std::uint32_t signature = 0;
+        for (std::size_t at = 0; at < wanted; ++at)
+            signature |= static_cast<std::uint32_t>(bytes[at]) << (8 * at);
+        state_.file_crc[static_cast<std::size_t>(j)] = static_cast<std::int32_t>(signature);
+    } else {
+        state_.file_crc[static_cast<std::size_t>(j)] = static_cast<std::int32_t>(checksum(bytes));
+    }
+}
+
+void file_group::whole_file_signature(std::int32_t j, std::vector<std::byte>& buffer) {
+    constexpr std::int64_t stream_block = 256 * 1024;
+    std::string error;
+    const std::unique_ptr<file_reader> reader = form_.outside.files.open_file(state_.file_list[j], error);
+    if (!reader) return mark_bad(j);
+    reader->will_read(0);
+    buffer.resize(stream_block);
+    checksum_stream sum;
+    std::int64_t at = 0;
+    while (at <= last_length_) {
+        const std::int64_t count = reader->read_at(at, buffer);
+        if (count < 0) return mark_bad(j);
+        sum.add(std::span(buffer.data(), static_cast<std::size_t>(count)));
+        at += count;
+        if (count < stream_block) break;
+        form_.yield();
+    }
+    if (at != last_length_) return mark_bad(j);
+    state_.file_crc[static_cast<std::size_t>(j)] = static_cast<std::int32_t>(sum.value());
+}
+
+void file_group::mark_bad(std::int32_t j) {
+    state_.file_bad[static_cast<std::size_t>(j)] = 1;
+    state_.file_ok[static_cast<std::size_t>(j)] = 0;
+}
+
+void file_group::chain_suffixes(std::int32_t i) {
+    // file_ext is not moved by the group's order: the chain follows the indexes.
+    next_of_suffix_.assign(static_cast<std::size_t>(end_ - first_) + 1, end_ + 1);
+    std::unordered_map<std::int32_t, std::int32_t> next;
+    for (std::int32_t j = end_; j >= i; --j) {
+        const auto found = next.try_emplace(state_.file_ext[static_cast<std::size_t>(j)], end_ + 1).first;
+        next_of_suffix_[place(j)] = found->second;
+        found->second = j;
+    }
+}
+
+std::int32_t file_group::next_candidate(std::int32_t i, std::int32_t j) const {
+    for (;;) {
+        j = next_of_suffix_.empty() ? j + 1 : next_of_suffix_[place(j)];
+        if (j > end_) return end_ + 1;
+        if (signatures_differ(i, j)) return end_ + 1;  // ordered by signature: no later file can match
+        const auto file = static_cast<std::size_t>(j);
+        if (!state_.file_matched[file] && state_.file_ok[file]) return j;
+    }
+}
+
+bool file_group::signatures_differ(std::int32_t i, std::int32_t j) const {
+    return signature_mode_ &&
+           state_.file_crc[static_cast<std::size_t>(i)] != state_.file_crc[static_cast<std::size_t>(j)];
+}
+
+bool file_group::same(std::int32_t i, std::int32_t j) {
+    if (signature_mode_) {
+        if (archive_flag_ || last_length_ <= direct_signature_length) return true;
+        if (accepted_unread(i, j)) return true;
+    }
+    return equal_contents(i, j);
+}
+
+// Same name, same time, same length and same checksum of the whole file: accepted without a byte comparison.
+bool file_group::accepted_unread(std::int32_t i, std::int32_t j) const {
+    const auto a = static_cast<std::size_t>(i);
+    const auto b = static_cast<std::size_t>(j);
+    if (last_length_ >= signature_block || state_.file_date_hi[a] != state_.file_date_hi[b] ||
+        state_.file_date_lo[a] != state_.file_date_lo[b])
+        return false;
+    const char separator = form_.outside.files.separator();
+    const std::string_view name_a = state_.file_list[i];
+    const std::string_view name_b = state_.file_list[j];
+    const std::size_t cut_a = name_a.rfind(separator);
+    const std::size_t cut_b = name_b.rfind(separator);
+    if (cut_a == std::string_view::npos || cut_b == std::string_view::npos)
+        return !state_.same_suffix_only || state_.file_ext[a] == state_.file_ext[b];
+    return upper_case(name_a.substr(cut_a + 1)) == upper_case(name_b.substr(cut_b + 1));
+}
+
+// The first question of i classifies i with every file that it may still be asked about, in one reading.
+bool file_group::equal_contents(std::int32_t i, std::int32_t j) {
+    if (content_class_[place(i)] == 0 || content_class_[place(j)] == 0) {
+        std::vector<std::int32_t> members{i};
+        std::vector<content_candidate> candidates;
+        // Nothing before j can be asked about again: it was the same as i, or it differs and has its class.
+        for (std::int32_t k = j; k <= end_; k = next_candidate(i, k))
+            if (k == j || !signature_mode_ || !accepted_unread(i, k)) members.push_back(k);
+        for (const std::int32_t k : members)
+            candidates.push_back({state_.file_list[k], contents_.at(k - first_)});
+        const auto keep_going = [this] {
+            form_.yield();
+            return state_.quit_requested == 0;
+        };
+        const std::vector<std::int32_t> classes =
+            classify_contents(form_.outside.files, candidates, last_length_, keep_going);
+        std::int32_t highest = 0;
+        for (std::size_t m = 0; m < members.size(); ++m) {
+            highest = std::max(highest, classes[m] + 1);
+            content_class_[place(members[m])] =
+                classes[m] < 0 ? unreadable_content : next_class_ + classes[m];
+        }
+        next_class_ += highest;
+    }
+    return content_class_[place(i)] > 0 && content_class_[place(i)] == content_class_[place(j)];
+}
+
+}  // namespace corvane
