@@ -1,0 +1,125 @@
+#include "app/program.h"
+
+#include <cmath>
+
+#include "browser/same_view.h"
+#include "compare/compare_task.h"
+#include "core/directory_filter.h"
+#include "core/environment.h"
+#include "core/error_trail.h"
+#include "core/help.h"
+#include "core/main_menu.h"
+#include "core/progress.h"
+#include "core/text_format.h"
+#include "search/file_list_store.h"
+#include "search/search_task.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr char version[] = "1.0.0";  // major, minor, revision
+
+// Drops selected directories that are gone; the others move up in order.
+void check_selected_directories(Tavrel& form) {
+    run_state& state = form.state;
+    std::vector<std::string> kept{std::string()};
+    for (std::int16_t i = 1; i <= state.selected_dir_count; ++i) {
+        const std::string& directory = state.selected_dirs[static_cast<std::size_t>(i)];
+        if (path_exists(form, directory)) kept.push_back(directory);
+    }
+    state.selected_dirs = std::move(kept);
+    state.selected_dir_count = static_cast<std::int16_t>(state.selected_dirs.size() - 1);
+}
+
+}  // namespace
+
+program::program(ports outside, std::string program_dir)
+    : main_(outside, std::move(program_dir)), directory_(main_) {
+    bind_handlers();
+    wire_tasks(main_);
+}
+
+void program::bind_handlers() {
+    Tavrel& form = main_;
+    form.bind("Picture1_Click", [this] { directory_.open(); });
+    form.bind("picture2_Click", [this] { picture2_Click(main_, readers_); });
+    form.bind("Picture3_Click", [this] { Picture3_Click(main_); });
+    form.bind("Picture4_Click", [this] { load_same_view(main_); });
+    form.bind("Command18_Click", [this] { Command18_Click(main_); });
+    form.bind("Command19_Click", [this] { Command19_Click(main_, readers_); });
+    form.bind("Command21_Click", [this] { Command21_Click(main_); });
+    form.bind("Command28_Click", [this] { Command28_Click(main_); });
+    form.bind("search_check_m_Click", [this] { search_check_m_Click(main_); });
+    form.bind("exit_sub", [this] { close(); });
+    form.bind("help_spirit",
+              [this] { main_.mouse_pointer = main_.mouse_pointer == help_pointer ? 0 : help_pointer; });
+    form.bind("帮助文件_M", [this] { open_topic(main_, 1); });
+    form.bind("prog_dir", [this] { main_.outside.desktop.open_document(main_.state.program_dir); });
+    form.bind("layout_list", [this] { layout_list(main_); });
+    form.bind("load_same_view", [this] { load_same_view(main_); });
+    form.bind("result_refresh", [this] {
+        if (main_.state.list_mode == 0) load_same_view(main_);
+    });
+    form.bind("rewrite_store", [this] { rewrite_store(main_); });
+    form.bind("show_row_panel", [this] { show_row_panel(main_, main_.ListView1.selected_row); });
+    form.bind("lock_tasks", [this] { lock_tasks(main_); });
+    form.bind("unlock_tasks", [this] { unlock_tasks(main_); });
+    form.bind("Frame4_Close", [this] { main_.Frame4.visible = false; });
+    form.bind("写Tavrel环境文件", [this] { 写Tavrel环境文件(main_); });
+
+    form.bind("目录选择.cmd_dir_firm_Click", [this] { directory_.cmd_dir_firm_Click(); });
+    form.bind("目录选择.Command34_Click", [this] { directory_.Command34_Click(); });
+    form.bind("目录选择.cmd_dir_discard_Click", [this] { directory_.cmd_dir_discard_Click(); });
+    form.bind("目录选择.Command_sele_Click", [this] { directory_.Command_sele_Click(); });
+    form.bind("目录选择.Dir_select_Change", [this] { directory_.Dir_select_Change(); });
+    form.bind("目录选择.direction_help_Click", [this] { open_topic(main_, 9); });
+    form.bind("目录选择.move_selected_dir", [this] { directory_.remove_selected(); });
+    form.bind("目录选择.清空列表M", [this] { directory_.clear_list(); });
+}
+
+form_model* program::find_form(std::string_view name) {
+    if (name.empty() || folded_name(name) == folded_name(main_.name())) return &main_;
+    if (folded_name(name) == folded_name(directory_.name())) return &directory_;
+    return nullptr;
+}
+
+void program::start() {
+    run_state& state = main_.state;
+    read_environment(main_);
+    state.base_title = main_.caption + " V" + version;
+    state.base_title +=
+        is_blank(state.last_used) ? "        欢迎您使用" : "        上次使用时间：" + state.last_used;
+    main_.caption = state.base_title;
+    state.run_start_time = std::floor(main_.outside.screen.seconds());
+    static constexpr const char* panels[] = {"全部文件数", "全部文件大小", "相同文件数", "相同文件大小",
+                                             "删除情况",   "运行时间",     "帮助"};
+    for (int number = 1; number <= status_bar::panel_count; ++number) main_.panel(number, panels[number - 1]);
+    state.file_list_loaded = 0;
+    main_.pic_gressbar1.set_colours(0xC0C0C0, 0x400040, 0xFF);
+    main_.pic_gressbar1.visible = false;
+    main_.visible = true;
+    if (!main_.outside.files.can_write_into(state.program_dir))
+        main_.complain(state.program_dir + "\r\n程序目录不能写入，清单和结果不能保存。");
+    check_selected_directories(main_);
+    read_avoid_list(main_);
+    if (state.selected_dir_count == 0) directory_.open();
+}
+
+void program::close() {
+    main_.state.quit_requested = -1;
+    if (closed_) return;
+    closed_ = true;
+    写Tavrel环境文件(main_);
+    directory_.visible = false;
+    main_.visible = false;
+    main_.outside.screen.end_program();
+}
+
+void program::tick() {
+    run_state& state = main_.state;
+    main_.caption = state.base_title + "    进入计时:" +
+                    format_elapsed(main_.outside.screen.seconds() - state.run_start_time, 1);
+}
+
+}  // namespace corvane

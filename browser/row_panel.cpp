@@ -1,0 +1,67 @@
+// The panel that shows the two paths of a row with their dates and lengths.
+#include <algorithm>
+#include <cstdint>
+#include <string>
+
+#include "browser/same_view.h"
+#include "core/main_form.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::int64_t seconds_1601_to_1970 = 11'644'473'600;
+constexpr int twips_per_unit = 110;  // about one character of the panel's font
+constexpr int panel_height = 1300;
+
+std::string date_text(Tavrel& form, const file_facts& facts) {
+    const std::uint64_t ticks = std::uint64_t{static_cast<std::uint32_t>(facts.date_high)} << 32 |
+                                static_cast<std::uint32_t>(facts.date_low);
+    const local_time time =
+        form.outside.screen.local_date(static_cast<std::int64_t>(ticks / 10'000'000) - seconds_1601_to_1970);
+    return std::to_string(time.year) + '-' + std::to_string(time.month) + '-' + std::to_string(time.day) +
+           ' ' + std::to_string(time.hour) + ':' + std::to_string(time.minute) + ':' +
+           std::to_string(time.second);
+}
+
+std::string panel_line(Tavrel& form, const std::string& path, const std::string& row_length,
+                       std::size_t width) {
+    std::string line = path;
+    line.resize(std::max(width, path.size()), ' ');
+    if (form.state.list_mode == 4) return line;
+    std::string date, length;
+    const file_facts facts = form.outside.files.facts(path);
+    if (facts.exists) {
+        date = date_text(form, facts);
+        length = std::to_string(facts.length);
+    } else if (path.find('*') != std::string::npos) {
+        length = row_length;
+    }
+    return line + date + '\t' + length;
+}
+
+}  // namespace
+
+void show_row_panel(Tavrel& form, std::int32_t row) {
+    list_view& list = form.ListView1;
+    if (row < 1 || row > list.row_count()) return;
+    const int first = form.state.list_mode == 4 ? 2 : 3;
+    if (first + 1 >= list.column_count()) return;
+    const std::string path1 = list.cell(row, first);
+    const std::string path2 = list.cell(row, first + 1);
+    const std::size_t width = std::max(path1.size(), path2.size()) + 4;
+    form.samefile_disp1.text = panel_line(form, path1, list.cell(row, 2), width);
+    form.samefile_disp2.text = panel_line(form, path2, list.cell(row, 2), width);
+    const auto longest =
+        static_cast<int>(std::max(form.samefile_disp1.text.size(), form.samefile_disp2.text.size()));
+    rectangle& place = form.Frame4.place;
+    place.width = longest * twips_per_unit;
+    place.height = panel_height;
+    if (form.place.width > 0) place.width = std::min(place.width, form.place.width);
+    place.left = std::clamp(place.left, 0, std::max(form.place.width - place.width, 0));
+    place.top = std::clamp(place.top, 0, std::max(form.place.height - place.height, 0));
+    form.Frame4.caption = "显示第 " + std::to_string(row) + " 条";
+    form.Frame4.visible = true;
+}
+
+}  // namespace corvane

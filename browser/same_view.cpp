@@ -1,0 +1,231 @@
+#include "browser/same_view.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/directory_filter.h"
+#include "core/help.h"
+#include "core/main_form.h"
+#include "core/progress.h"
+#include "core/text_file.h"
+#include "core/text_format.h"
+#include "core/text_sort.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::int32_t rows_per_read_status = 918;
+constexpr std::int32_t rows_per_fill_status = 1000;
+constexpr std::int32_t first_rows_shown = 100;
+
+constexpr char legend[] =
+    "显示最近一次[查相同文件]的结果,选择欲删除的文件。右键<显示选择>菜单.\r\n----------------\r\n"
+    "黑色:正常文件;\r\n紫色:压缩包内部文件;\r\n灰色:与上个文件为同一文件\r\n红色:欲删除的文件\r\n"
+    "蓝色:因属性原因删不掉的文件\r\n水红:查找到的文件 \r\n"
+    "空:该文件已删除 \r\n空:该文件已删除 \r\n空:该文件已删除 \r\n空:该文件已删除 ";
+
+bool is_member(std::string_view path) {
+    return path.find('*') != std::string_view::npos;
+}
+
+// What the store's rows are kept by: an archive member always, a file while it exists. A path that stands in
+// many rows is looked up once.
+class existence_filter {
+  public:
+    explicit existence_filter(Tavrel& form) : form_(form) {}
+
+    bool keeps(std::string_view path) {
+        if (is_blank(path)) return false;
+        if (is_member(path)) return true;
+        if (path != last_path_) {
+            last_path_ = path;
+            last_exists_ = path_exists(form_, last_path_);
+        }
+        return last_exists_;
+    }
+
+  private:
+    Tavrel& form_;
+    std::string last_path_;
+    bool last_exists_ = false;
+};
+
+void reject_load(Tavrel& form) {
+    form.inform("没有相同文件");
+}
+
+// The rows of the store, filtered unless it is fresh. False when the rows did not all fit.
+bool read_rows(Tavrel& form, line_reader& reader) {
+    run_state& state = form.state;
+    existence_filter first(form), second(form);
+    text_column& files1 = state.result_file1;
+    text_column& files2 = state.result_file2;
+    files1.clear();
+    files2.clear_and_share(files1);
+    state.result_length.assign(1, 0);
+    std::string_view line;
+    std::string length, path1;
+    std::int32_t i = 0;
+    while (reader.next(line)) {
+        length = line;
+        if (!reader.next(line)) break;
+        path1 = line;
+        if (!reader.next(line)) break;
+        if (state.same_fresh_flag || (first.keeps(path1) && second.keeps(line))) {
+            if (i == state.limits.result_rows) return false;
+            ++i;
+            state.result_length.push_back(parse_number(length));
+            files1.push_back(path1);
+            files2.push_back(line);
+        }
+        if (i % rows_per_read_status == 0) {
+            form.pic_gressbar1.draw(i);
+            form.panel(5, "读入:" + std::to_string(i));
+        }
+    }
+    state.same_count = i;
+    return true;
+}
+
+void set_headers(Tavrel& form) {
+    list_view& list = form.ListView1;
+    list.clear_columns();
+    const int path_width = (list.place.width - 2100) / 2;
+    list.add_column({"", 100, text_alignment::left, cell_content::text});
+    list.add_column({"序号", 700, text_alignment::right, cell_content::number});
+    list.add_column({"长度", 900, text_alignment::right, cell_content::number});
+    list.add_column({"重复文件1", path_width, text_alignment::left, cell_content::text});
+    list.add_column({"重复文件2", path_width, text_alignment::left, cell_content::text});
+}
+
+}  // namespace
+
+void load_same_view(Tavrel& form) {
+    if (help_mode_opens(form, 15)) return;
+    run_state& state = form.state;
+    form.labels[5]->caption = "删除选定的重复文件";
+    form.find("Picture4")->tooltip = legend;
+    form.ListView1.help_context = 1015;
+    form.ListView1.tooltip =
+        "双击鼠标，选中；Shift+鼠标，区域选择。双击序号栏，弹出相同文件名称[显示框].右键弹出菜单";
+    form.RichTextBox2.visible = false;
+    form.Frame4.visible = false;
+    form.Label4.visible = false;
+    state.task_start_time = tick_seconds(form);
+    state.base_time = form.outside.screen.seconds();
+    form.panel(7, "显示相同文件_读入数据");
+    form.ListView1.clear_rows();
+
+    line_reader reader(form.outside.files, state.same_file_path);
+    if (!reader.is_open()) return reject_load(form);
+    lock_tasks(form);
+    std::string_view line;
+    if (!reader.next(line)) {
+        reject_load(form);
+        return unlock_tasks(form);
+    }
+    state.same_count = 0;
+    if (reader.next(line))
+        state.same_count = static_cast<std::int32_t>(
+            std::clamp<std::int64_t>(parse_number(line), 0, state.limits.result_rows));
+    bar_colours(form, 11202800, 65280, 16402770);
+    bar_scale(form, state.same_count);
+    form.pic_gressbar1.visible = true;
+    state.file_list_loaded = 0;
+    const bool complete = read_rows(form, reader);
+    if (state.quit_requested) return;
+    if (!complete) state.same_count = state.limits.result_rows;
+    form.pic_gressbar1.draw(state.same_count);
+    if (state.same_count == 0) {
+        reject_load(form);
+        return unlock_tasks(form);
+    }
+    sort_result_rows(form, 1, state.same_count);
+    form.ListView1.visible = false;
+    state.list_mode = 0;
+    set_headers(form);
+    fill_same_rows(form);
+    form.panel(7, "显示相同文件");
+    form.ListView1.visible = true;
+    form.pic_gressbar1.visible = false;
+    unlock_tasks(form);
+    state.same_fresh_flag = 0;
+    if (!complete) form.complain("相同文件太多，只显示前 " + std::to_string(state.same_count) + " 条。");
+}
+
+void sort_result_rows(Tavrel& form, std::int32_t low, std::int32_t high) {
+    if (low >= high) return;
+    run_state& state = form.state;
+    std::vector<text_row> rows;
+    rows.reserve(static_cast<std::size_t>(high - low + 1));
+    for (std::int32_t i = low; i <= high; ++i) rows.push_back({state.result_file1.entry(i), i});
+    sort_rows_by_text(rows);
+    std::vector<const char*> files2(rows.size());
+    std::vector<std::int64_t> lengths(rows.size());
+    for (std::size_t n = 0; n < rows.size(); ++n) {
+        files2[n] = state.result_file2.entry(rows[n].row);
+        lengths[n] = state.result_length[static_cast<std::size_t>(rows[n].row)];
+    }
+    for (std::size_t n = 0; n < rows.size(); ++n) {
+        const std::int32_t i = low + static_cast<std::int32_t>(n);
+        state.result_file1.set_entry(i, rows[n].entry);
+        state.result_file2.set_entry(i, files2[n]);
+        state.result_length[static_cast<std::size_t>(i)] = lengths[n];
+    }
+}
+
+void fill_same_rows(Tavrel& form) {
+    run_state& state = form.state;
+    list_view& list = form.ListView1;
+    bar_colours(form, 11202800, 16777088, 8454143);
+    bar_scale(form, state.same_count);
+    form.pic_gressbar1.visible = true;
+    list.clear_rows();
+    list.share_texts(3, state.result_file1);
+    list.share_texts(4, state.result_file2);
+    list.reserve_rows(state.same_count);
+    state.result_max_length = 0;
+    state.total_bytes = 0;
+    std::string_view previous;
+    for (std::int32_t i = 1; i <= state.same_count; ++i) {
+        form.yield();
+        const std::int64_t length = state.result_length[static_cast<std::size_t>(i)];
+        const std::string_view path1 = state.result_file1[i];
+        const std::int32_t row = list.add_row();
+        list.set_number(row, 1, i);
+        list.set_number(row, 2, length);
+        list.set_shared_text(row, 3, state.result_file1.entry(i));
+        list.set_shared_text(row, 4, state.result_file2.entry(i));
+        if (is_member(path1)) list.set_colour(row, 3, cell_colour::colour_archive);
+        if (is_member(state.result_file2[i])) list.set_colour(row, 4, cell_colour::colour_archive);
+        state.total_bytes += static_cast<double>(length);
+        state.result_max_length = std::max(state.result_max_length, length);
+        if (previous == path1) list.set_colour(row, 3, cell_colour::colour_gray);
+        previous = path1;
+        if (i == first_rows_shown) form.outside.screen.repaint();
+        if (i % rows_per_fill_status == 0) {
+            form.pic_gressbar1.draw(i);
+            form.panel(3, "相同文件:" + std::to_string(i) + "个文件");
+            form.panel(5, "读取: " + std::to_string(std::int64_t{i} * 100 / state.same_count) + "%");
+            show_elapsed(form);
+        }
+    }
+    list.visible = true;
+    // The columns share their texts with the cells, so reading back is taking over the entries.
+    state.same_count = list.row_count();
+    for (std::int32_t row = 1; row <= state.same_count; ++row) {
+        state.result_length[static_cast<std::size_t>(row)] = list.number_cell(row, 2);
+        state.result_file1.set_entry(row, list.text_entry(row, 3));
+        state.result_file2.set_entry(row, list.text_entry(row, 4));
+    }
+    form.panel(3, "相同文件:" + std::to_string(state.same_count));
+    scale_size(state.total_bytes, state.size_unit);
+    form.panel(4, "相同文件长度:" + group_digits(state.total_bytes) + state.size_unit);
+    form.panel(5, "100%");
+    show_elapsed(form);
+}
+
+}  // namespace corvane
