@@ -1,0 +1,100 @@
+// The boxes of the Qt front end, with captions of the program's own.
+#include <QAbstractButton>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "forms/colours.h"
+#include "forms/path_names.h"
+#include "forms/qt_user_interface.h"
+#include "forms/screen_text.h"
+
+namespace corvane {
+
+namespace {
+
+QMessageBox::Icon icon_of(box_icon icon) {
+    switch (icon) {
+        case box_icon::information:
+            return QMessageBox::Information;
+        case box_icon::exclamation:
+            return QMessageBox::Warning;
+        case box_icon::question:
+            return QMessageBox::Question;
+        default:
+            return QMessageBox::NoIcon;
+    }
+}
+
+QString lines_of(const std::string& text) {
+    return screen_text(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+}
+
+}  // namespace
+
+box_answer qt_user_interface::show_message(const message& shown) {
+    const bool asks = shown.buttons == box_buttons::yes_no;
+    if (ended_) return asks ? box_answer::no : box_answer::ok;
+    sync();
+    QMessageBox box(window());
+    box.setWindowTitle(screen_line(shown.title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(lines_of(shown.text));
+    box.setIcon(icon_of(shown.icon));
+    const QAbstractButton* yes = nullptr;
+    if (asks) {
+        yes = box.addButton(QStringLiteral("是(&Y)"), QMessageBox::YesRole);
+        box.setEscapeButton(box.addButton(QStringLiteral("否(&N)"), QMessageBox::NoRole));
+    } else {
+        box.setEscapeButton(box.addButton(QStringLiteral("确定"), QMessageBox::AcceptRole));
+    }
+    if (shown.help_button) {
+        QAbstractButton* help = box.addButton(QStringLiteral("帮助"), QMessageBox::HelpRole);
+        // The box stays open while its help is read.
+        help->disconnect();
+        QObject::connect(help, &QAbstractButton::clicked, &box, [this, topic = shown.help_context % 100] {
+            if (open_topic_) open_topic_(topic);
+        });
+    }
+    box.exec();
+    if (!asks) return box_answer::ok;
+    return box.clickedButton() == yes ? box_answer::yes : box_answer::no;
+}
+
+std::optional<std::string> qt_user_interface::ask_text(const std::string& title, const std::string& prompt,
+                                                       const std::string& initial) {
+    if (ended_) return {};
+    sync();
+    QInputDialog dialog(window());
+    dialog.setWindowTitle(screen_line(title));
+    dialog.setLabelText(lines_of(prompt));
+    dialog.setTextValue(QString::fromStdString(initial));
+    dialog.setOkButtonText(QStringLiteral("确定"));
+    dialog.setCancelButtonText(QStringLiteral("取消"));
+    dialog.resize(420, dialog.sizeHint().height());
+    if (dialog.exec() != QDialog::Accepted) return {};
+    return dialog.textValue().toStdString();
+}
+
+std::optional<std::string> qt_user_interface::choose_file(const std::string& title,
+                                                          const std::string& initial) {
+    if (ended_) return {};
+    sync();
+    const QString chosen = QFileDialog::getOpenFileName(window(), screen_line(title), system_path(initial),
+                                                        QStringLiteral("全部文件 (*)"));
+    if (chosen.isEmpty()) return {};
+    return program_path(chosen);
+}
+
+std::optional<int> qt_user_interface::choose_colour(int initial) {
+    if (ended_) return {};
+    sync();
+    const QColor chosen =
+        QColorDialog::getColor(from_blue_green_red(initial), window(), QStringLiteral("颜色"));
+    if (!chosen.isValid()) return {};
+    return to_blue_green_red(chosen);
+}
+
+}  // namespace corvane

@@ -1,0 +1,36 @@
+#include "forms/fonts.h"
+
+#include <QFontDatabase>
+#include <QStringList>
+
+namespace corvane {
+
+namespace {
+
+QStringList with_chinese(QStringList families, std::initializer_list<const char*> chinese) {
+    const QStringList there = QFontDatabase::families(QFontDatabase::SimplifiedChinese);
+    for (const char* family : chinese) {
+        const QString name = QString::fromUtf8(family);
+        if (there.contains(name) && !families.contains(name)) families.append(name);
+    }
+    return families;
+}
+
+}  // namespace
+
+QFont interface_font(QFont desktop_font) {
+    desktop_font.setFamilies(with_chinese(
+        {desktop_font.family()}, {"Noto Sans CJK SC", "Noto Sans SC", "Source Han Sans SC", "Microsoft YaHei",
+                                  "WenQuanYi Micro Hei", "WenQuanYi Zen Hei"}));
+    return desktop_font;
+}
+
+QFont even_font() {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setFamilies(with_chinese({font.family()}, {"Noto Sans Mono CJK SC", "WenQuanYi Micro Hei Mono",
+                                                    "WenQuanYi Zen Hei Mono", "Noto Sans CJK SC"}));
+    font.setStyleHint(QFont::Monospace);
+    return font;
+}
+
+}  // namespace corvane

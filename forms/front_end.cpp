@@ -1,0 +1,67 @@
+#include "forms/front_end.h"
+
+#include "core/help.h"
+#include "forms/directory_window.h"
+#include "forms/main_window.h"
+#include "forms/qt_user_interface.h"
+
+namespace corvane {
+
+front_end::front_end(program& corvane, qt_user_interface& screen) : program_(corvane), screen_(screen) {
+    const auto run = [this](const std::string& handler) { act(handler); };
+    main_ = std::make_unique<main_window>(program_.main_form(), run, [this] { close(); });
+    directory_ = std::make_unique<directory_window>(program_.main_form(), program_.directory_window(), run,
+                                                    main_.get());
+    screen_.set_sync([this] { sync(); });
+    screen_.set_help([this](int topic) { open_topic(program_.main_form(), topic); });
+    screen_.set_window_finder([this](const std::string& form) -> QWidget* {
+        const form_model* model = program_.find_form(form);
+        if (model == &program_.main_form()) return main_.get();
+        if (model == &program_.directory_window()) return directory_.get();
+        return nullptr;
+    });
+    QObject::connect(&clock_, &QTimer::timeout, &clock_, [this] {
+        program_.tick();
+        sync();
+    });
+}
+
+front_end::~front_end() {
+    screen_.set_sync({});
+    screen_.set_help({});
+    screen_.set_window_finder({});
+}
+
+void front_end::act(const std::string& handler) {
+    program_.main_form().run(handler);
+    sync();
+}
+
+void front_end::sync() {
+    // Showing a window may run handlers that ask for a copy again; the copy under way is enough.
+    if (syncing_) return;
+    syncing_ = true;
+    const bool locked = tasks_locked();
+    main_->sync(locked);
+    directory_->sync(locked);
+    syncing_ = false;
+}
+
+void front_end::start() {
+    program_.start();
+    sync();
+    clock_.start(1000);
+}
+
+void front_end::close() {
+    clock_.stop();
+    program_.close();
+    sync();
+}
+
+bool front_end::tasks_locked() const {
+    const Tavrel& form = program_.main_form();
+    return form.has_handler("Picture1_Click") && !form.pictures[1]->enabled;
+}
+
+}  // namespace corvane

@@ -1,0 +1,46 @@
+// Ties the program's models to its windows: hands acts to handlers, copies what changed to the screen, ticks
+// the clock. Made by main and by the tests.
+#pragma once
+
+#include <QTimer>
+#include <memory>
+#include <string>
+
+#include "app/program.h"
+
+namespace corvane {
+
+class directory_window;
+class main_window;
+class qt_user_interface;
+
+class front_end {
+  public:
+    // Both outlive the front end.
+    front_end(program& corvane, qt_user_interface& screen);
+    ~front_end();
+
+    // Runs a handler of the main form by its name, then brings the screen up to date.
+    void act(const std::string& handler);
+    // Copies what changed in the models to the widgets.
+    void sync();
+    // Starts the program and its clock.
+    void start();
+    void close();
+
+    // True while a task keeps the task pictures disabled.
+    bool tasks_locked() const;
+
+    main_window& main() { return *main_; }
+    directory_window& directory() { return *directory_; }
+
+  private:
+    program& program_;
+    qt_user_interface& screen_;
+    QTimer clock_;
+    std::unique_ptr<main_window> main_;
+    std::unique_ptr<directory_window> directory_;
+    bool syncing_ = false;
+};
+
+}  // namespace corvane

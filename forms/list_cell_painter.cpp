@@ -1,0 +1,52 @@
+#include "forms/list_cell_painter.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include "forms/colours.h"
+#include "forms/list_model.h"
+
+namespace corvane {
+
+namespace {
+constexpr int margin = 4;
+}
+
+void list_cell_painter::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const {
+    const QPalette& palette = option.palette;
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
+    if (selected) {
+        // A tint in place of the full highlight: the mark colours must stay readable on it.
+        const double share = is_dark(palette) ? 0.34 : 0.2;
+        painter->fillRect(option.rect,
+                          blend(palette.color(QPalette::Base), palette.color(QPalette::Highlight), share));
+    } else if (index.row() % 2 == 1) {
+        painter->fillRect(option.rect,
+                          blend(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.03));
+    }
+    const QString words = cells_.text(index.row(), index.column());
+    if (words.isEmpty()) return;
+    const QVariant stated = cells_.headerData(index.column(), Qt::Horizontal, Qt::TextAlignmentRole);
+    const bool right = stated.value<Qt::Alignment>().testFlag(Qt::AlignRight);
+    const QRect place = option.rect.adjusted(margin, 0, -margin, 0);
+    QFont font = option.font;
+    font.setStrikeOut(cells_.data(index, list_model::struck_role).toBool());
+    painter->setFont(font);
+    painter->setPen(cell_text_colour(cells_.colour(index.row(), index.column()), palette));
+    painter->drawText(place, Qt::AlignVCenter | Qt::TextSingleLine | (right ? Qt::AlignRight : Qt::AlignLeft),
+                      option.fontMetrics.elidedText(words, Qt::ElideMiddle, place.width()));
+}
+
+bool list_cell_painter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                  const QStyleOptionViewItem& option, const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip) return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString words = cells_.text(index.row(), index.column());
+    const bool cut = option.fontMetrics.horizontalAdvance(words) > option.rect.width() - 2 * margin;
+    QToolTip::showText(event->globalPos(), cut ? words : view->toolTip(), view);
+    return true;
+}
+
+}  // namespace corvane

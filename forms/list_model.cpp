@@ -1,0 +1,76 @@
+#include "forms/list_model.h"
+
+#include "forms/screen_text.h"
+
+namespace corvane {
+
+void list_model::reset() {
+    beginResetModel();
+    columns_ = list_.columns();
+    shown_rows_ = list_.row_count();
+    endResetModel();
+}
+
+void list_model::grow() {
+    if (list_.row_count() <= shown_rows_) return;
+    beginInsertRows({}, shown_rows_, list_.row_count() - 1);
+    shown_rows_ = list_.row_count();
+    endInsertRows();
+}
+
+bool list_model::same_columns() const {
+    if (columns_.size() != list_.columns().size()) return false;
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        const list_column& shown = columns_[i];
+        const list_column& present = list_.columns()[i];
+        if (shown.header != present.header || shown.alignment != present.alignment ||
+            shown.content != present.content)
+            return false;
+    }
+    return true;
+}
+
+int list_model::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : shown_rows_;
+}
+
+int list_model::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+}
+
+QString list_model::text(int row, int column) const {
+    if (!has_cell(row, column)) return {};
+    if (list_.columns()[static_cast<std::size_t>(column)].content == cell_content::number)
+        return QString::number(list_.number_cell(row + 1, column));
+    return screen_line(list_.text_cell(row + 1, column));
+}
+
+std::uint32_t list_model::colour(int row, int column) const {
+    return has_cell(row, column) ? list_.colour(row + 1, column) : cell_colour::colour_text;
+}
+
+QVariant list_model::data(const QModelIndex& index, int role) const {
+    switch (role) {
+        case Qt::DisplayRole:
+        case Qt::ToolTipRole:
+            return text(index.row(), index.column());
+        case colour_role:
+            return colour(index.row(), index.column());
+        case struck_role:
+            return colour(index.row(), index.column()) == cell_colour::mark_red;
+        default:
+            return {};
+    }
+}
+
+QVariant list_model::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
+    const list_column& column = columns_[static_cast<std::size_t>(section)];
+    if (role == Qt::DisplayRole) return screen_line(column.header);
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(
+            Qt::AlignVCenter | (column.alignment == text_alignment::right ? Qt::AlignRight : Qt::AlignLeft));
+    return {};
+}
+
+}  // namespace corvane

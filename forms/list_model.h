@@ -1,0 +1,44 @@
+// ListView1 as Qt sees it: reads core/list_view.h directly, cell by cell, on demand. Used by list_table.
+#pragma once
+
+#include <QAbstractTableModel>
+
+#include "core/list_view.h"
+
+namespace corvane {
+
+class list_model : public QAbstractTableModel {
+  public:
+    enum cell_role { colour_role = Qt::UserRole, struck_role };
+
+    // `list` outlives the model.
+    list_model(const list_view& list, QObject* parent) : QAbstractTableModel(parent), list_(list) {}
+
+    // Takes over the present columns and rows.
+    void reset();
+    // Shows the rows that have come to stand behind those shown. Nothing else may have changed.
+    void grow();
+    // Rows that are shown; the list behind may have changed since.
+    std::int32_t shown_rows() const { return shown_rows_; }
+    bool same_columns() const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+    // What a cell shows; empty where the list has no such cell any more.
+    QString text(int row, int column) const;
+    std::uint32_t colour(int row, int column) const;
+
+  private:
+    bool has_cell(int row, int column) const {
+        return row >= 0 && row < list_.row_count() && column > 0 && column < list_.column_count();
+    }
+
+    const list_view& list_;
+    std::int32_t shown_rows_ = 0;
+    std::vector<list_column> columns_;
+};
+
+}  // namespace corvane

@@ -1,0 +1,87 @@
+// The desktop program `corvane`.
+#include <QApplication>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <string>
+
+#include "app/program.h"
+#include "forms/fonts.h"
+#include "forms/front_end.h"
+#include "forms/icons.h"
+#include "forms/qt_shell.h"
+#include "forms/qt_user_interface.h"
+#include "platform/desktop/desktop_power.h"
+#include "platform/linux/linux_file_system.h"
+#include "platform/linux/name_mapping.h"
+
+namespace {
+
+bool is_set(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value && *value;
+}
+
+bool asks_for_platform(int count, char** arguments) {
+    for (int i = 1; i < count; ++i)
+        if (!std::strcmp(arguments[i], "-platform") || !std::strcmp(arguments[i], "--platform")) return true;
+    return false;
+}
+
+// Empty: none was given. False on wrong usage.
+bool read_program_dir(int count, char** arguments, std::string& program_dir) {
+    for (int i = 1; i < count; ++i) {
+        if (std::strcmp(arguments[i], "--program-dir") || i + 1 == count) return false;
+        program_dir = arguments[++i];
+    }
+    return true;
+}
+
+std::string with_slash(std::string directory) {
+    if (!directory.ends_with('/')) directory += '/';
+    return directory;
+}
+
+std::string own_folder() {
+    std::error_code failed;
+    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", failed);
+    return failed ? std::filesystem::current_path().string() : self.parent_path().string();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (!is_set("DISPLAY") && !is_set("WAYLAND_DISPLAY") && !is_set("QT_QPA_PLATFORM") &&
+        !asks_for_platform(argc, argv)) {
+        std::fputs("corvane: 没有可用的显示 (DISPLAY 和 WAYLAND_DISPLAY 都未设置)\n", stderr);
+        return 2;
+    }
+    QApplication application(argc, argv);
+    std::string program_dir;
+    if (!read_program_dir(argc, argv, program_dir)) {
+        std::fputs("用法: corvane [--program-dir 目录]\n", stderr);
+        return 2;
+    }
+    QApplication::setApplicationName(QStringLiteral("Corvane"));
+    QApplication::setDesktopFileName(QStringLiteral("corvane"));
+    QApplication::setWindowIcon(corvane::application_icon());
+    QApplication::setFont(corvane::interface_font(QApplication::font()));
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    if (program_dir.empty())
+        program_dir = own_folder();
+    else
+        program_dir = std::filesystem::absolute(program_dir).string();
+
+    corvane::linux_file_system files;
+    corvane::qt_shell desktop;
+    corvane::desktop_power machine;
+    corvane::qt_user_interface screen;
+    corvane::program program({files, desktop, machine, screen}, corvane::to_text(with_slash(program_dir)));
+    corvane::front_end windows(program, screen);
+    // Inside the event loop, so that a program closed while it starts leaves the loop as well.
+    QTimer::singleShot(0, &application, [&windows] { windows.start(); });
+    return QApplication::exec();
+}

@@ -1,0 +1,192 @@
+#include "forms/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include "core/help.h"
+#include "forms/colour_bar_view.h"
+#include "forms/icons.h"
+#include "forms/list_box_view.h"
+#include "forms/list_table.h"
+#include "forms/menu_bar.h"
+#include "forms/panel_bar.h"
+#include "forms/row_panel.h"
+#include "forms/screen_text.h"
+#include "forms/start_page.h"
+#include "forms/task_column.h"
+#include "forms/text_view.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr int twips_per_pixel = 15;
+constexpr QSize first_size(1100, 700);
+
+void show_as(QWidget* widget, bool visible) {
+    if (widget->isHidden() == visible) widget->setVisible(visible);
+}
+
+}  // namespace
+
+main_window::main_window(Tavrel& form, std::function<void(const std::string&)> act,
+                         std::function<void()> close)
+    : form_(form), act_(std::move(act)), close_(std::move(close)) {
+    setObjectName(QString::fromStdString(form.name()));
+    setWindowIcon(application_icon());
+    menus_ = std::make_unique<menu_bar>(form_, *menuBar(), act_);
+    auto* central = new QWidget(this);
+    tasks_ = new task_column(form_, act_, central);
+    panels_ = new panel_bar([this] { act_("StatusBar1_PanelClick"); }, central);
+    panels_->setObjectName(QStringLiteral("StatusBar1"));
+
+    auto* right = new QVBoxLayout;
+    right->setSpacing(0);
+    right->addWidget(make_work_area(), 1);
+    right->addWidget(make_run_row());
+    auto* middle = new QHBoxLayout;
+    middle->setSpacing(0);
+    middle->addWidget(tasks_);
+    middle->addLayout(right, 1);
+    auto* all = new QVBoxLayout(central);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->setSpacing(0);
+    all->addLayout(middle, 1);
+    all->addWidget(panels_);
+    setCentralWidget(central);
+    panel_ = new row_panel(form_, act_, central);
+    resize(first_size);
+}
+
+main_window::~main_window() = default;
+
+QWidget* main_window::make_work_area() {
+    splitter_ = new QSplitter(Qt::Horizontal);
+    splitter_->setObjectName(QStringLiteral("Splitter"));
+    splitter_->setChildrenCollapsible(false);
+    splitter_->setHandleWidth(5);
+    left_ = new QWidget(splitter_);
+    left_->setMinimumWidth(160);
+    auto* stacked = new QVBoxLayout(left_);
+    stacked->setContentsMargins(0, 0, 0, 0);
+    stacked->setSpacing(0);
+    left_list_ = new list_box_view(form_.listleft, left_);
+    side_list_ = new list_box_view(form_.List1, left_);
+    text_ = new text_view(form_.outside.files, left_);
+    text_->setObjectName(QStringLiteral("RichTextBox2"));
+    start_ = new start_page(form_, left_);
+    for (QWidget* widget : {static_cast<QWidget*>(left_list_), static_cast<QWidget*>(text_),
+                            static_cast<QWidget*>(start_), static_cast<QWidget*>(side_list_)})
+        stacked->addWidget(widget);
+    list_ = new list_table(form_, act_, splitter_);
+    list_->setObjectName(QStringLiteral("ListView1"));
+    list_->hide();
+    splitter_->setStretchFactor(0, 1);
+    splitter_->setStretchFactor(1, 2);
+    return splitter_;
+}
+
+QWidget* main_window::make_run_row() {
+    run_row_ = new QWidget;
+    file_name_ = new QLabel(run_row_);
+    file_name_->setObjectName(QStringLiteral("Label4"));
+    file_name_->setTextFormat(Qt::PlainText);
+    file_name_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    bar_ = new colour_bar_view(run_row_);
+    bar_->setObjectName(QStringLiteral("pic_gressbar1"));
+    cancel_ = new QPushButton(run_row_);
+    cancel_->setObjectName(QStringLiteral("Command28"));
+    connect(cancel_, &QPushButton::clicked, this, [this] { act_("Command28_Click"); });
+    auto* line = new QHBoxLayout;
+    line->setSpacing(12);
+    line->addWidget(bar_, 1);
+    line->addWidget(cancel_);
+    auto* rows = new QVBoxLayout(run_row_);
+    rows->setContentsMargins(12, 8, 12, 8);
+    rows->setSpacing(6);
+    rows->addWidget(file_name_);
+    rows->addLayout(line);
+    run_row_->hide();
+    return run_row_;
+}
+
+void main_window::sync(bool tasks_locked) {
+    const QString title = screen_line(form_.caption);
+    if (windowTitle() != title) setWindowTitle(title);
+    menus_->sync(tasks_locked);
+    tasks_->sync();
+    panels_->sync(form_.StatusBar1);
+    sync_run_row();
+    sync_work_area(tasks_locked);
+    panel_->sync();
+    const Qt::CursorShape pointer =
+        form_.mouse_pointer == help_pointer ? Qt::WhatsThisCursor : Qt::ArrowCursor;
+    if (cursor().shape() != pointer) setCursor(pointer);
+    show_as(this, form_.visible);
+}
+
+void main_window::sync_work_area(bool tasks_locked) {
+    const bool list_shown = form_.ListView1.visible && form_.ListView1.column_count() > 0;
+    const bool text_shown = form_.RichTextBox2.visible && !form_.RichTextBox2.path().empty();
+    const bool left_list_shown = form_.listleft.visible;
+    const bool side_list_shown = form_.List1.visible;
+    const bool start_shown = !list_shown && !text_shown && !left_list_shown && !side_list_shown;
+    if (text_shown) text_->sync(form_.RichTextBox2);
+    if (left_list_shown) left_list_->sync();
+    if (side_list_shown) side_list_->sync();
+    if (start_shown) start_->sync();
+    show_as(text_, text_shown);
+    show_as(left_list_, left_list_shown);
+    show_as(side_list_, side_list_shown);
+    show_as(start_, start_shown);
+    show_as(left_, !list_shown || text_shown || left_list_shown || side_list_shown);
+    show_as(list_, list_shown);
+    const QString tip = screen_text(form_.ListView1.tooltip);
+    if (list_->toolTip() != tip) list_->setToolTip(tip);
+    if (list_shown) list_->sync(tasks_locked);
+}
+
+void main_window::sync_run_row() {
+    const bool name_shown = form_.Label4.visible;
+    const bool bar_shown = form_.pic_gressbar1.visible;
+    const bool cancel_shown = form_.Command28.visible;
+    if (name_shown) {
+        const QString name = screen_line(form_.Label4.caption);
+        const QString cut =
+            file_name_->fontMetrics().elidedText(name, Qt::ElideMiddle, run_row_->width() - 24);
+        if (file_name_->text() != cut) file_name_->setText(cut);
+    }
+    bar_->sync(form_.pic_gressbar1);
+    const QString words = screen_line(form_.Command28.caption);
+    if (cancel_->text() != words) cancel_->setText(words);
+    if (cancel_->isEnabled() != form_.Command28.enabled) cancel_->setEnabled(form_.Command28.enabled);
+    show_as(file_name_, name_shown);
+    show_as(bar_, bar_shown);
+    show_as(cancel_, cancel_shown);
+    show_as(run_row_, name_shown || bar_shown || cancel_shown);
+}
+
+void main_window::keep_place() {
+    form_.place = {x() * twips_per_pixel, y() * twips_per_pixel, width() * twips_per_pixel,
+                   height() * twips_per_pixel};
+}
+
+void main_window::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    keep_place();
+    if (panel_) panel_->keep_inside();
+}
+
+void main_window::closeEvent(QCloseEvent* event) {
+    // The program hides the window through its model; a task may still be running below this event.
+    event->ignore();
+    close_();
+}
+
+}  // namespace corvane

@@ -1,0 +1,71 @@
+// The main form on the screen. Copies the model to its widgets and turns the user's acts into handlers. Made
+// by front_end.
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "core/main_form.h"
+
+class QLabel;
+class QPushButton;
+class QSplitter;
+
+namespace corvane {
+
+class colour_bar_view;
+class list_box_view;
+class list_table;
+class menu_bar;
+class panel_bar;
+class row_panel;
+class start_page;
+class task_column;
+class text_view;
+
+class main_window : public QMainWindow {
+  public:
+    // `act` runs a handler of the form by its name and brings the screen up to date; `close` is called when
+    // the user closes the window.
+    main_window(Tavrel& form, std::function<void(const std::string&)> act, std::function<void()> close);
+    ~main_window() override;
+
+    void sync(bool tasks_locked);
+
+    menu_bar& menus() { return *menus_; }
+    list_table& list() { return *list_; }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    QWidget* make_work_area();
+    QWidget* make_run_row();
+    void sync_work_area(bool tasks_locked);
+    void sync_run_row();
+    void keep_place();
+
+    Tavrel& form_;
+    std::function<void(const std::string&)> act_;
+    std::function<void()> close_;
+    std::unique_ptr<menu_bar> menus_;
+    task_column* tasks_ = nullptr;
+    QSplitter* splitter_ = nullptr;
+    QWidget* left_ = nullptr;
+    list_box_view* left_list_ = nullptr;
+    list_box_view* side_list_ = nullptr;
+    text_view* text_ = nullptr;
+    start_page* start_ = nullptr;
+    list_table* list_ = nullptr;
+    QWidget* run_row_ = nullptr;
+    QLabel* file_name_ = nullptr;
+    colour_bar_view* bar_ = nullptr;
+    QPushButton* cancel_ = nullptr;
+    panel_bar* panels_ = nullptr;
+    row_panel* panel_ = nullptr;
+};
+
+}  // namespace corvane

@@ -1,0 +1,77 @@
+#include "forms/menu_bar.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <map>
+#include <string_view>
+
+#include "core/main_menu.h"
+#include "core/task_table.h"
+#include "forms/screen_text.h"
+
+namespace corvane {
+
+namespace {
+
+// Opening the directory selection touches nothing that a running task works on.
+bool starts_task(std::string_view menu) {
+    for (const task_entry& task : task_table())
+        if (menu == task.menu) return std::string_view(task.picture) != "Picture1";
+    return false;
+}
+
+}  // namespace
+
+menu_bar::menu_bar(Tavrel& form, QMenuBar& bar, std::function<void(const std::string&)> act) {
+    std::map<std::string_view, QMenu*> menus;
+    for (const menu_entry& line : main_menu()) {
+        control* model = form.find(line.name);
+        const std::string_view parent = line.parent;
+        if (parent.empty()) {
+            auto* menu = new QMenu(&bar);
+            menu->setToolTipsVisible(true);
+            menus[line.name] = menu;
+            if (line.visible)
+                bar.addMenu(menu);
+            else
+                popups_.emplace_back(line.name, menu);
+            menu->menuAction()->setObjectName(QString::fromUtf8(line.name));
+            entries_.push_back({model, menu->menuAction(), nullptr, false});
+            continue;
+        }
+        if (std::string_view(line.caption) == "-") {
+            menus.at(parent)->addSeparator();
+            continue;
+        }
+        QAction* action = menus.at(parent)->addAction(QString());
+        action->setObjectName(QString::fromUtf8(line.name));
+        action->setShortcut(QKeySequence(QString::fromLatin1(line.shortcut)));
+        QObject::connect(action, &QAction::triggered, &bar,
+                         [act, name = std::string(line.name)] { act(name); });
+        entries_.push_back({model, action, form.find(parent), starts_task(line.name)});
+    }
+}
+
+void menu_bar::sync(bool tasks_locked) {
+    for (const entry& line : entries_) {
+        QAction& action = *line.action;
+        const QString words = screen_line(line.model->caption);
+        if (action.text() != words) action.setText(words);
+        const bool enabled = line.model->enabled && (!line.parent || line.parent->enabled) &&
+                             !(tasks_locked && line.starts_task);
+        if (action.isEnabled() != enabled) action.setEnabled(enabled);
+        if (action.isVisible() != line.model->visible) action.setVisible(line.model->visible);
+        const bool checked = line.model->value != 0;
+        if (action.isCheckable() != checked) action.setCheckable(checked);
+        if (action.isChecked() != checked) action.setChecked(checked);
+    }
+}
+
+QMenu* menu_bar::popup(std::string_view name) const {
+    for (const auto& [known, menu] : popups_)
+        if (known == name) return menu;
+    return nullptr;
+}
+
+}  // namespace corvane

@@ -1,0 +1,20 @@
+// The desktop's services with the clipboard that only a program with windows has. Made by main.
+#pragma once
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QString>
+
+#include "platform/desktop/desktop_shell.h"
+
+namespace corvane {
+
+class qt_shell : public desktop_shell {
+  public:
+    shell_result set_clipboard(const std::string& text) override {
+        QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+        return shell_result::success();
+    }
+};
+
+}  // namespace corvane

@@ -1,0 +1,101 @@
+#include "forms/qt_user_interface.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QDateTime>
+#include <QEventLoop>
+#include <QScreen>
+#include <QTimer>
+
+namespace corvane {
+
+namespace {
+
+constexpr std::chrono::milliseconds turn_interval(15);
+constexpr int twips_per_pixel = 15;
+
+// Programs may read and place the pointer under X11, Windows and macOS; not under Wayland or without a
+// screen.
+bool has_pointer() {
+    const QString name = QGuiApplication::platformName();
+    return name == QLatin1String("xcb") || name == QLatin1String("windows") || name == QLatin1String("cocoa");
+}
+
+local_time parts_of(const QDateTime& moment) {
+    const QDate date = moment.date();
+    const QTime time = moment.time();
+    return {date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second()};
+}
+
+}  // namespace
+
+QWidget* qt_user_interface::window() const {
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    QWidget* main = find_window_ ? find_window_("") : nullptr;
+    return main && main->isVisible() ? main : nullptr;
+}
+
+void qt_user_interface::take_turn() {
+    sync();
+    QCoreApplication::processEvents();
+    next_turn_ = std::chrono::steady_clock::now() + turn_interval;
+}
+
+void qt_user_interface::wait(double seconds) {
+    sync();
+    if (ended_ || !(seconds > 0)) return take_turn();
+    QEventLoop turns;
+    QTimer::singleShot(static_cast<int>(seconds * 1000), Qt::PreciseTimer, &turns,
+                       [&turns] { turns.quit(); });
+    turns.exec();
+}
+
+void qt_user_interface::repaint() {
+    sync();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+double qt_user_interface::seconds() {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+local_time qt_user_interface::now() {
+    return parts_of(QDateTime::currentDateTime());
+}
+
+local_time qt_user_interface::local_date(std::int64_t unix_seconds) {
+    return parts_of(QDateTime::fromSecsSinceEpoch(unix_seconds));
+}
+
+std::optional<screen_point> qt_user_interface::pointer() {
+    if (!has_pointer()) return {};
+    return screen_point{QCursor::pos().x(), QCursor::pos().y()};
+}
+
+void qt_user_interface::set_pointer(screen_point place) {
+    if (has_pointer()) QCursor::setPos(place.x, place.y);
+}
+
+std::optional<screen_point> qt_user_interface::centre_of(const std::string& form,
+                                                         const std::string& control) {
+    QWidget* owner = find_window_ ? find_window_(form) : nullptr;
+    QWidget* widget = owner ? owner->findChild<QWidget*>(QString::fromStdString(control)) : nullptr;
+    if (!widget || !widget->isVisible()) return {};
+    const QPoint centre = widget->mapToGlobal(widget->rect().center());
+    return screen_point{centre.x(), centre.y()};
+}
+
+screen_size qt_user_interface::screen() {
+    const QScreen* primary = QGuiApplication::primaryScreen();
+    if (!primary) return {};
+    return {primary->geometry().width() * twips_per_pixel, primary->geometry().height() * twips_per_pixel};
+}
+
+void qt_user_interface::end_program() {
+    // Ends every event loop at once; a task that is still on the stack unwinds before the outermost one
+    // returns.
+    ended_ = true;
+    QCoreApplication::quit();
+}
+
+}  // namespace corvane

@@ -1,0 +1,100 @@
+#include "forms/task_button.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "forms/colours.h"
+#include "forms/icons.h"
+
+namespace corvane {
+
+namespace {
+constexpr int icon_size = 26;
+constexpr int side_margin = 12;
+constexpr int gap = 11;
+constexpr int row_height = 42;
+constexpr int corner = 6;
+}  // namespace
+
+task_button::task_button(const char* icon, QWidget* parent) : QAbstractButton(parent), icon_(icon) {
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+void task_button::set_next_step(bool next) {
+    if (next_ == next) return;
+    next_ = next;
+    update();
+}
+
+QSize task_button::sizeHint() const {
+    QFont bold = font();
+    bold.setBold(true);
+    const int text_width = QFontMetrics(bold).horizontalAdvance(text());
+    return {side_margin * 2 + icon_size + gap + text_width, qMax(row_height, fontMetrics().height() + 20)};
+}
+
+void task_button::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPalette colours = palette();
+    const QColor window = colours.color(QPalette::Window);
+    const QColor mark = accent(colours);
+    const QRectF frame = QRectF(rect()).adjusted(1, 1, -1, -1);
+
+    QColor ground = window;
+    if (isEnabled() && next_) ground = blend(window, mark, 0.12);
+    if (isEnabled() && underMouse()) ground = blend(window, mark, 0.2);
+    if (isEnabled() && isDown()) ground = blend(window, mark, 0.34);
+    if (ground != window) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(ground);
+        painter.drawRoundedRect(frame, corner, corner);
+    }
+    if (isEnabled() && next_) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(mark);
+        painter.drawRoundedRect(QRectF(1, frame.center().y() - 10, 3, 20), 1.5, 1.5);
+    }
+    if (hasFocus()) {
+        painter.setPen(QPen(mark, 1.5));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(frame, corner, corner);
+    }
+
+    QColor stroke = colours.color(QPalette::WindowText);
+    QColor second = mark;
+    if (!isEnabled()) stroke = second = blend(window, stroke, 0.4);
+    const double down = isDown() ? 1 : 0;
+    const QRectF place(side_margin + down, (height() - icon_size) / 2.0 + down, icon_size, icon_size);
+    paint_icon(painter, icon_, place, stroke, second);
+
+    QFont shown = font();
+    shown.setBold(next_ && isEnabled());
+    painter.setFont(shown);
+    painter.setPen(isEnabled() ? colours.color(QPalette::WindowText) : blend(window, stroke, 0.9));
+    const int left = side_margin + icon_size + gap;
+    const QRect text_place(left, 0, width() - left - 4, height());
+    const QString words = painter.fontMetrics().elidedText(text(), Qt::ElideRight, text_place.width());
+    painter.drawText(text_place.translated(static_cast<int>(down), static_cast<int>(down)),
+                     Qt::AlignVCenter | Qt::AlignLeft, words);
+}
+
+void task_button::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
+void task_button::enterEvent(QEnterEvent* event) {
+    QAbstractButton::enterEvent(event);
+    update();
+}
+
+void task_button::leaveEvent(QEvent* event) {
+    QAbstractButton::leaveEvent(event);
+    update();
+}
+
+}  // namespace corvane

@@ -1,0 +1,100 @@
+#include "forms/task_column.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+#include <string_view>
+
+#include "core/task_table.h"
+#include "forms/colours.h"
+#include "forms/screen_text.h"
+#include "forms/task_button.h"
+
+namespace corvane {
+
+namespace {
+
+struct task_drawing {
+    const char* picture;
+    const char* icon;
+    bool opens_group;
+};
+
+constexpr task_drawing drawings[] = {
+    {"Picture1", "choose_directories", false}, {"Picture2", "search_files", false},
+    {"Picture3", "compare_files", false},      {"Picture4", "show_same", true},
+    {"Picture11", "show_different", false},    {"Picture5", "delete_files", false},
+    {"Picture6", "search_empty", true},        {"Picture7", "show_empty", false},
+    {"Picture8", "delete_empty", false},
+};
+
+const task_drawing* drawing_of(std::string_view picture) {
+    for (const task_drawing& drawing : drawings)
+        if (picture == drawing.picture) return &drawing;
+    return nullptr;
+}
+
+}  // namespace
+
+task_column::task_column(Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent)
+    : QWidget(parent), form_(form) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(8, 10, 9, 10);
+    layout->setSpacing(3);
+    for (const task_entry& task : task_table()) {
+        const task_drawing* drawing = drawing_of(task.picture);
+        if (!drawing) continue;
+        if (drawing->opens_group) {
+            auto* separator = new QWidget(this);
+            separator->setFixedHeight(15);
+            layout->addWidget(separator);
+            separators_.push_back(separator);
+        }
+        auto* button = new task_button(drawing->icon, this);
+        button->setObjectName(QString::fromUtf8(task.picture));
+        layout->addWidget(button);
+        connect(button, &QAbstractButton::clicked, this,
+                [act, handler = std::string(task.picture) + "_Click"] { act(handler); });
+        control* label = task.label < 0 ? nullptr : form.labels[static_cast<std::size_t>(task.label)];
+        rows_.push_back({form.find(task.picture), label, button});
+    }
+    layout->addStretch(1);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+}
+
+void task_column::sync() {
+    const std::string next = next_step(form_);
+    for (const row& task : rows_) {
+        const QString words = task.label ? screen_line(task.label->caption) : QString();
+        if (task.button->text() != words) {
+            task.button->setText(words);
+            task.button->setAccessibleName(words);
+            task.button->updateGeometry();
+        }
+        const QString tip = screen_text(task.picture->tooltip);
+        if (task.button->toolTip() != tip) task.button->setToolTip(tip);
+        if (task.button->isEnabled() != task.picture->enabled) task.button->setEnabled(task.picture->enabled);
+        if (task.button->isHidden() == task.picture->visible) task.button->setVisible(task.picture->visible);
+        task.button->set_next_step(task.picture->name() == next);
+    }
+}
+
+void task_column::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setPen(separator_line(palette()));
+    for (const QWidget* separator : separators_) {
+        const int y = separator->geometry().center().y();
+        painter.drawLine(18, y, width() - 19, y);
+    }
+    painter.drawLine(width() - 1, 0, width() - 1, height());
+}
+
+std::string next_step(const Tavrel& form) {
+    const run_state& state = form.state;
+    if (form.ListView1.visible && form.ListView1.row_count() > 0) return "Picture5";
+    if (state.selected_dir_count == 0) return "Picture1";
+    if (state.file_count == 0 || state.file_list_loaded == 0)
+        return state.result_count > 0 ? "Picture4" : "Picture2";
+    return "Picture3";
+}
+
+}  // namespace corvane

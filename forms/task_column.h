@@ -1,0 +1,41 @@
+// The column of tasks at the left of the main window: a row for each picture of the task table. Used by
+// main_window.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/main_form.h"
+
+namespace corvane {
+
+class task_button;
+
+class task_column : public QWidget {
+  public:
+    // `act` runs a handler of the main form by its name.
+    task_column(Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent);
+
+    void sync();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    struct row {
+        control* picture;
+        control* label;
+        task_button* button;
+    };
+
+    Tavrel& form_;
+    std::vector<row> rows_;
+    std::vector<QWidget*> separators_;
+};
+
+// The picture of the step that comes next by itself, by what the run state holds already.
+std::string next_step(const Tavrel& form);
+
+}  // namespace corvane
