@@ -38,6 +38,7 @@ list_table::list_table(Tavrel& form, std::function<void(const std::string&)> act
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
     horizontalHeader()->setMinimumSectionSize(4);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setSectionsClickable(true);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) {
         list_act what;
@@ -89,7 +90,9 @@ void list_table::take_widths() {
 }
 
 void list_table::take_width_from_user(int column, int pixels) {
-    if (taking_over_ || column >= list_.column_count() || shown_layout_ != list_.layout_revision()) return;
+    // The last column also takes what the others leave; that is no width of its own.
+    if (taking_over_ || column + 1 >= list_.column_count() || shown_layout_ != list_.layout_revision())
+        return;
     list_.set_column_width(column, static_cast<int>(std::ceil(pixels * twips_per_pixel())));
     shown_layout_ = list_.layout_revision();
 }

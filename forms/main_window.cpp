@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -61,7 +62,10 @@ main_window::main_window(Tavrel& form, std::function<void(const std::string&)> a
     all->addWidget(panels_);
     setCentralWidget(central);
     panel_ = new row_panel(form_, act_, central);
-    resize(first_size);
+    // Placed here and not by the window manager, so that the windows beside it know where it stands.
+    const QRect free = screen()->availableGeometry();
+    resize(first_size.boundedTo(free.size() - QSize(0, 40)));
+    move(free.center() - rect().center());
 }
 
 main_window::~main_window() = default;
@@ -80,7 +84,7 @@ QWidget* main_window::make_work_area() {
     side_list_ = new list_box_view(form_.List1, left_);
     text_ = new text_view(form_.outside.files, left_);
     text_->setObjectName(QStringLiteral("RichTextBox2"));
-    start_ = new start_page(form_, left_);
+    start_ = new start_page(form_, act_, left_);
     for (QWidget* widget : {static_cast<QWidget*>(left_list_), static_cast<QWidget*>(text_),
                             static_cast<QWidget*>(start_), static_cast<QWidget*>(side_list_)})
         stacked->addWidget(widget);
@@ -134,8 +138,8 @@ void main_window::sync(bool tasks_locked) {
 void main_window::sync_work_area(bool tasks_locked) {
     const bool list_shown = form_.ListView1.visible && form_.ListView1.column_count() > 0;
     const bool text_shown = form_.RichTextBox2.visible && !form_.RichTextBox2.path().empty();
-    const bool left_list_shown = form_.listleft.visible;
-    const bool side_list_shown = form_.List1.visible;
+    const bool left_list_shown = form_.listleft.visible && !form_.listleft.rows().empty();
+    const bool side_list_shown = form_.List1.visible && !form_.List1.rows().empty();
     const bool start_shown = !list_shown && !text_shown && !left_list_shown && !side_list_shown;
     if (text_shown) text_->sync(form_.RichTextBox2);
     if (left_list_shown) left_list_->sync();

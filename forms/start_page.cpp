@@ -1,5 +1,6 @@
 #include "forms/start_page.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 
 #include "forms/colours.h"
@@ -11,20 +12,23 @@ namespace corvane {
 namespace {
 
 struct step_words {
+    const char* picture;
     const char* icon;
     const char* title;
     const char* text;
 };
 
 constexpr step_words words[] = {
-    {"choose_directories", "选择目录", "告诉程序到哪里去找。可以选一个目录，也可以选好几个。"},
-    {"search_files", "文件搜索", "把所选目录里的文件全部列出来。这一步只看，不改动任何文件。"},
-    {"compare_files", "查相同文件", "逐个核对内容，找出完全一样的文件，成对列在这里。"},
+    {"Picture1", "choose_directories", "选择目录", "告诉程序到哪里去找。可以选一个目录，也可以选好几个。"},
+    {"Picture2", "search_files", "文件搜索", "把所选目录里的文件全部列出来。这一步只看，不改动任何文件。"},
+    {"Picture3", "compare_files", "查相同文件", "逐个核对内容，找出完全一样的文件，成对列在这里。"},
 };
 
 constexpr char closing[] =
     "删除由您决定：在结果里双击要删的文件，它会变红并带删除线，再点“删除选定的重复文件”。";
-constexpr double content_width = 620;
+constexpr double content_width = 640;
+constexpr double card_gap = 10;
+constexpr double title_factor = 1.8;
 
 QFont larger(QFont font, double factor, bool bold) {
     font.setPointSizeF(font.pointSizeF() * factor);
@@ -34,10 +38,12 @@ QFont larger(QFont font, double factor, bool bold) {
 
 }  // namespace
 
-start_page::start_page(const Tavrel& form, QWidget* parent) : QWidget(parent), form_(form) {
+start_page::start_page(const Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent)
+    : QWidget(parent), form_(form), act_(std::move(act)) {
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
     setMinimumSize(320, 260);
+    setMouseTracking(true);
 }
 
 void start_page::sync() {
@@ -49,84 +55,115 @@ void start_page::sync() {
         steps[0] = {step_state::done, QStringLiteral("已选 %1 个目录").arg(state.selected_dir_count)};
         if (listed) steps[1] = {step_state::done, QStringLiteral("已列出 %1 个文件").arg(state.file_count)};
     }
-    constexpr const char* pictures[] = {"Picture1", "Picture2", "Picture3"};
     for (std::size_t i = 0; i < steps.size(); ++i)
-        if (next == pictures[i]) steps[i].state = step_state::next;
+        if (next == words[i].picture) steps[i].state = step_state::next;
     if (steps == steps_) return;
     steps_ = steps;
     update();
 }
 
+start_page::page_places start_page::places() const {
+    const double wide = qMin(content_width, width() - 48.0);
+    const double left = qMax(24.0, (width() - wide) / 2);
+    const double line = fontMetrics().height();
+    const double title_height = QFontMetricsF(larger(font(), title_factor, false)).height();
+    const double card_height = qMax(line * 3.6, 64.0);
+    const double all = title_height + line * 5.9 + 3 * (card_height + card_gap);
+    page_places found;
+    double top = qMax(16.0, (height() - all) * 0.42);
+    found.title = QRectF(left, top, wide, title_height);
+    top += title_height + line * 0.4;
+    found.subtitle = QRectF(left, top, wide, line * 1.4);
+    top += line * 2.5;
+    for (QRectF& card : found.cards) {
+        card = QRectF(left, top, wide, card_height);
+        top += card_height + card_gap;
+    }
+    found.closing = QRectF(left, top + line * 0.4, wide, line * 3);
+    return found;
+}
+
 void start_page::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QFont title_font = larger(font(), 1.9, false);
-    const double width_of_content = qMin(content_width, width() - 48.0);
-    const double left = qMax(24.0, (width() - width_of_content) / 2);
-    const double line = fontMetrics().height();
-    const double title_height = QFontMetricsF(title_font).height();
-    const double step_height = qMax(line * 4.4, 72.0);
-    const double all = title_height + line * 2.9 + 3 * step_height + line * 3;
-    double top = qMax(20.0, (height() - all) * 0.42);
-
-    painter.setFont(title_font);
+    const page_places where = places();
+    painter.setFont(larger(font(), title_factor, false));
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(QRectF(left, top, width_of_content, title_height), Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("三步找出重复文件"));
-    top += title_height + line * 0.4;
+    painter.drawText(where.title, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("三步找出重复文件"));
     painter.setFont(font());
     painter.setPen(quiet_text(palette()));
-    painter.drawText(QRectF(left, top, width_of_content, line * 1.4), Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("从左边的任务栏开始，依次点下面三项。"));
-    top += line * 2.5;
-    for (int number = 1; number <= 3; ++number) {
-        paint_step(painter, number, left, top, width_of_content, step_height - 10);
-        top += step_height;
-    }
+    painter.drawText(where.subtitle, Qt::AlignLeft | Qt::AlignVCenter,
+                     QStringLiteral("依次点下面三项，左边的任务栏里也有它们。"));
+    for (std::size_t at = 0; at < steps_.size(); ++at) paint_step(painter, at, where.cards[at]);
     painter.setFont(font());
     painter.setPen(quiet_text(palette()));
-    painter.drawText(QRectF(left, top + line * 0.4, width_of_content, line * 3),
-                     Qt::AlignLeft | Qt::TextWordWrap, QString::fromUtf8(closing));
+    painter.drawText(where.closing, Qt::AlignLeft | Qt::TextWordWrap, QString::fromUtf8(closing));
 }
 
-void start_page::paint_step(QPainter& painter, int number, double left, double top, double width_of_content,
-                            double height_of_step) const {
-    const auto at = static_cast<std::size_t>(number - 1);
+void start_page::paint_step(QPainter& painter, std::size_t at, const QRectF& card) const {
     const step& shown = steps_[at];
     const QColor ground = palette().color(QPalette::Base);
     const QColor ink = palette().color(QPalette::Text);
     const QColor mark = accent(palette());
     const bool next = shown.state == step_state::next;
-    const QRectF card(left, top, width_of_content, height_of_step);
+    const double tint = (next ? 0.07 : 0) + (hovered_ == static_cast<int>(at) ? 0.07 : 0);
     painter.setPen(QPen(next ? mark : blend(ground, ink, 0.16), next ? 1.5 : 1));
-    painter.setBrush(next ? blend(ground, mark, 0.07) : ground);
+    painter.setBrush(blend(ground, mark, tint));
     painter.drawRoundedRect(card, 8, 8);
 
     const double icon = 30;
-    paint_icon(painter, words[at].icon, QRectF(left + 20, card.center().y() - icon / 2, icon, icon), ink,
-               mark);
+    paint_icon(painter, words[at].icon, QRectF(card.left() + 20, card.center().y() - icon / 2, icon, icon),
+               ink, mark);
 
-    const double text_left = left + 20 + icon + 18;
-    const double text_width = card.right() - 16 - text_left;
+    const double left = card.left() + 20 + icon + 18;
+    const double wide = card.right() - 18 - left;
     const QFont title_font = larger(font(), 1.15, true);
     const double title_height = QFontMetricsF(title_font).height();
     const double line = fontMetrics().height();
-    double y = card.center().y() - (title_height + line + 4) / 2;
+    const double top = card.center().y() - (title_height + line + 4) / 2;
     painter.setFont(title_font);
     painter.setPen(ink);
-    painter.drawText(QRectF(text_left, y, text_width, title_height), Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("%1  %2").arg(number).arg(QString::fromUtf8(words[at].title)));
+    painter.drawText(QRectF(left, top, wide, title_height), Qt::AlignLeft | Qt::AlignVCenter,
+                     QStringLiteral("%1  %2").arg(at + 1).arg(QString::fromUtf8(words[at].title)));
     painter.setFont(font());
     if (!shown.note.isEmpty()) {
         painter.setPen(mark);
-        painter.drawText(QRectF(text_left, y, text_width, title_height), Qt::AlignRight | Qt::AlignVCenter,
+        painter.drawText(QRectF(left, top, wide, title_height), Qt::AlignRight | Qt::AlignVCenter,
                          QStringLiteral("✓ ") + shown.note);
     }
-    y += title_height + 4;
     painter.setPen(quiet_text(palette()));
-    painter.drawText(QRectF(text_left, y, text_width, line), Qt::AlignLeft | Qt::AlignVCenter,
-                     painter.fontMetrics().elidedText(QString::fromUtf8(words[at].text), Qt::ElideRight,
-                                                      static_cast<int>(text_width)));
+    const QString text = QString::fromUtf8(words[at].text);
+    painter.drawText(QRectF(left, top + title_height + 4, wide, line), Qt::AlignLeft | Qt::AlignVCenter,
+                     fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(wide)));
+}
+
+int start_page::step_at(QPointF point) const {
+    const page_places where = places();
+    for (std::size_t at = 0; at < where.cards.size(); ++at)
+        if (where.cards[at].contains(point))
+            return form_.find(words[at].picture)->enabled ? static_cast<int>(at) : -1;
+    return -1;
+}
+
+void start_page::set_hovered(int at) {
+    if (hovered_ == at) return;
+    hovered_ = at;
+    setCursor(at < 0 ? Qt::ArrowCursor : Qt::PointingHandCursor);
+    update();
+}
+
+void start_page::mouseMoveEvent(QMouseEvent* event) {
+    set_hovered(step_at(event->position()));
+}
+
+void start_page::leaveEvent(QEvent*) {
+    set_hovered(-1);
+}
+
+void start_page::mouseReleaseEvent(QMouseEvent* event) {
+    const int at = step_at(event->position());
+    if (event->button() == Qt::LeftButton && at >= 0)
+        act_(std::string(words[static_cast<std::size_t>(at)].picture) + "_Click");
 }
 
 }  // namespace corvane

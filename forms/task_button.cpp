@@ -56,15 +56,15 @@ void task_button::paintEvent(QPaintEvent*) {
         painter.setBrush(mark);
         painter.drawRoundedRect(QRectF(1, frame.center().y() - 10, 3, 20), 1.5, 1.5);
     }
-    if (hasFocus()) {
+    if (hasFocus() && by_keyboard_) {
         painter.setPen(QPen(mark, 1.5));
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(frame, corner, corner);
     }
 
-    QColor stroke = colours.color(QPalette::WindowText);
+    QColor stroke = colours.color(QPalette::Active, QPalette::WindowText);
     QColor second = mark;
-    if (!isEnabled()) stroke = second = blend(window, stroke, 0.4);
+    if (!isEnabled()) stroke = second = blend(window, stroke, 0.45);
     const double down = isDown() ? 1 : 0;
     const QRectF place(side_margin + down, (height() - icon_size) / 2.0 + down, icon_size, icon_size);
     paint_icon(painter, icon_, place, stroke, second);
@@ -72,7 +72,7 @@ void task_button::paintEvent(QPaintEvent*) {
     QFont shown = font();
     shown.setBold(next_ && isEnabled());
     painter.setFont(shown);
-    painter.setPen(isEnabled() ? colours.color(QPalette::WindowText) : blend(window, stroke, 0.9));
+    painter.setPen(stroke);
     const int left = side_margin + icon_size + gap;
     const QRect text_place(left, 0, width() - left - 4, height());
     const QString words = painter.fontMetrics().elidedText(text(), Qt::ElideRight, text_place.width());
@@ -80,7 +80,14 @@ void task_button::paintEvent(QPaintEvent*) {
                      Qt::AlignVCenter | Qt::AlignLeft, words);
 }
 
+void task_button::focusInEvent(QFocusEvent* event) {
+    by_keyboard_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
+                   event->reason() == Qt::ShortcutFocusReason;
+    QAbstractButton::focusInEvent(event);
+}
+
 void task_button::keyPressEvent(QKeyEvent* event) {
+    by_keyboard_ = true;
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         click();
     else

@@ -19,6 +19,7 @@ class task_button : public QAbstractButton {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
@@ -26,6 +27,7 @@ class task_button : public QAbstractButton {
   private:
     const char* icon_;
     bool next_ = false;
+    bool by_keyboard_ = false;  // the focus ring is for those who need it
 };
 
 }  // namespace corvane

@@ -1,0 +1,188 @@
+// The directory window: the tree, picking, removing, confirming.
+#include <gtest/gtest.h>
+
+#include <QDropEvent>
+#include <QMimeData>
+#include <QTest>
+#include <QUrl>
+
+#include "core/progress.h"
+#include "forms/directory_model.h"
+#include "forms/directory_window.h"
+#include "forms/selected_list.h"
+#include "tests/forms/forms_program.h"
+
+namespace corvane {
+namespace {
+
+struct open_window {
+    open_window() : window(shown.windows.directory()), model(shown.corvane.directory_window()) {
+        for (const char* path : {"/home/li/照片", "/home/li/文档", "/home/li/音乐/古典", "/home/li/.config"})
+            shown.files.add_directory(path);
+        shown.files.add_file("/home/li/note.txt", "x");
+        shown.form.run("Picture1_Click");
+        shown.windows.sync();
+        window.show_volume("/home/li/");
+        shown.settle();
+        tree = static_cast<pick_tree*>(shown.widget("Dir_select", &window));
+        list = static_cast<selected_list*>(shown.widget("list_selected_dir", &window));
+    }
+
+    QPoint place_of(const char* path) {
+        const QModelIndex row = window.directories().find(path);
+        tree->scrollTo(row);
+        return tree->visualRect(row).center();
+    }
+    std::vector<std::string> chosen() const {
+        std::vector<std::string> rows;
+        for (const list_box::row& row : model.list_selected_dir.rows()) rows.push_back(row.text);
+        return rows;
+    }
+    void click(const char* name) { QTest::mouseClick(shown.widget(name, &window), Qt::LeftButton); }
+
+    forms_program shown;
+    directory_window& window;
+    directory_form& model;
+    pick_tree* tree;
+    selected_list* list;
+};
+
+using paths = std::vector<std::string>;
+
+TEST(directory_window, lists_directories_in_reading_order_hidden_ones_last) {
+    open_window open;
+    directory_model& tree = open.window.directories();
+    const QModelIndex top = tree.index(0, 0);
+    tree.fetchMore(top);
+    ASSERT_EQ(tree.rowCount(top), 4);
+    EXPECT_EQ(tree.path(tree.index(3, 0, top)), "/home/li/.config");
+    EXPECT_TRUE(tree.find("/home/li/音乐/古典").isValid());
+    EXPECT_FALSE(tree.find("/home/li/note.txt").isValid());
+}
+
+TEST(directory_window, the_tree_tells_its_current_directory) {
+    open_window open;
+    QTest::mouseClick(open.tree->viewport(), Qt::LeftButton, {}, open.place_of("/home/li/文档"));
+    EXPECT_EQ(open.model.Dir_select.text, "/home/li/文档");
+    EXPECT_TRUE(open.chosen().empty());
+    open.click("Command_sele");
+    EXPECT_EQ(open.chosen(), paths{"/home/li/文档"});
+}
+
+TEST(directory_window, right_button_ctrl_double_click_and_enter_pick_one_row) {
+    open_window open;
+    QWidget* area = open.tree->viewport();
+    QTest::mouseClick(area, Qt::RightButton, {}, open.place_of("/home/li/文档"));
+    EXPECT_EQ(open.chosen(), paths{"/home/li/文档"});
+    QTest::mouseClick(area, Qt::LeftButton, Qt::ControlModifier, open.place_of("/home/li/照片"));
+    EXPECT_EQ(open.chosen(), (paths{"/home/li/文档", "/home/li/照片"}));
+    QTest::mouseDClick(area, Qt::LeftButton, {}, open.place_of("/home/li/文档"));
+    EXPECT_EQ(open.chosen(), (paths{"/home/li/照片", "/home/li/文档"}));
+    open.tree->setCurrentIndex(open.window.directories().find("/home/li/照片"));
+    QTest::keyClick(open.tree, Qt::Key_Return);
+    EXPECT_EQ(open.chosen(), (paths{"/home/li/文档", "/home/li/照片"}));
+}
+
+TEST(directory_window, shift_picks_the_range_between_two_presses) {
+    open_window open;
+    QWidget* area = open.tree->viewport();
+    directory_model& tree = open.window.directories();
+    const QModelIndex top = tree.index(0, 0);
+    const std::string first = tree.path(tree.index(0, 0, top));
+    const std::string last = tree.path(tree.index(2, 0, top));
+    QTest::mouseClick(area, Qt::LeftButton, {}, open.place_of(last.c_str()));
+    QTest::mouseClick(area, Qt::LeftButton, Qt::ShiftModifier, open.place_of(first.c_str()));
+    EXPECT_EQ(open.chosen().size(), 3u);
+    EXPECT_EQ(open.chosen().front(), first);
+    EXPECT_EQ(open.chosen().back(), last);
+}
+
+TEST(directory_window, double_click_and_delete_remove_rows) {
+    open_window open;
+    open.model.add_paths({"/a", "/b", "/c"});
+    open.shown.windows.sync();
+    open.shown.settle();
+    const auto place = [&](int row) {
+        return open.list->visualRect(open.list->model()->index(row, 0)).center();
+    };
+    QTest::mouseDClick(open.list->viewport(), Qt::LeftButton, {}, place(1));
+    EXPECT_EQ(open.chosen(), (paths{"/a", "/c"}));
+    open.shown.settle();
+    QTest::mouseClick(open.list->viewport(), Qt::LeftButton, {}, place(1));
+    QTest::keyClick(open.list, Qt::Key_Delete);
+    EXPECT_EQ(open.chosen(), paths{"/a"});
+}
+
+void drop(selected_list& list, const QList<QUrl>& places, Qt::KeyboardModifiers modifiers) {
+    QMimeData data;
+    data.setUrls(places);
+    QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, modifiers);
+    QApplication::sendEvent(list.viewport(), &event);
+}
+
+TEST(directory_window, dropped_directories_replace_the_list_or_with_ctrl_join_it) {
+    open_window open;
+    open.model.add_paths({"/a"});
+    drop(*open.list, {QUrl::fromLocalFile("/home/li/照片"), QUrl::fromLocalFile("/home/li/note.txt")},
+         Qt::ControlModifier);
+    EXPECT_EQ(open.chosen(), (paths{"/a", "/home/li/照片"}));
+    drop(*open.list, {QUrl::fromLocalFile("/home/li/文档/")}, Qt::NoModifier);
+    EXPECT_EQ(open.chosen(), paths{"/home/li/文档"});
+}
+
+TEST(directory_window, confirming_takes_the_list_over_and_closes) {
+    open_window open;
+    open.model.add_paths({"/home/li/照片"});
+    ASSERT_TRUE(open.window.isVisible());
+    open.click("Command34");
+    EXPECT_FALSE(open.window.isVisible());
+    EXPECT_EQ(open.shown.form.state.selected_dir_count, 1);
+    EXPECT_EQ(open.shown.form.state.selected_dirs[1], "/home/li/照片");
+}
+
+TEST(directory_window, run_confirms_and_searches) {
+    open_window open;
+    int& runs = open.shown.count_runs("search_check_m_Click");
+    open.model.add_paths({"/home/li/照片"});
+    open.click("cmd_dir_firm");
+    EXPECT_EQ(runs, 1);
+    EXPECT_FALSE(open.window.isVisible());
+}
+
+TEST(directory_window, discard_puts_the_list_back) {
+    open_window open;
+    open.model.add_paths({"/home/li/照片"});
+    open.click("cmd_dir_discard");
+    EXPECT_TRUE(open.chosen().empty());
+    EXPECT_TRUE(open.window.isVisible());
+}
+
+TEST(directory_window, closing_the_frame_hides_it_and_keeps_the_selection) {
+    open_window open;
+    open.model.add_paths({"/home/li/照片"});
+    open.window.close();
+    EXPECT_FALSE(open.model.visible);
+    EXPECT_FALSE(open.window.isVisible());
+    EXPECT_EQ(open.shown.form.state.selected_dir_count, 0);
+}
+
+TEST(directory_window, the_selection_cannot_change_under_a_running_task) {
+    open_window open;
+    lock_tasks(open.shown.form);
+    open.shown.windows.sync();
+    EXPECT_FALSE(open.shown.widget("Command34", &open.window)->isEnabled());
+    EXPECT_FALSE(open.shown.widget("cmd_dir_firm", &open.window)->isEnabled());
+    unlock_tasks(open.shown.form);
+    open.shown.windows.sync();
+    EXPECT_TRUE(open.shown.widget("Command34", &open.window)->isEnabled());
+}
+
+TEST(directory_window, the_help_key_opens_its_topic) {
+    open_window open;
+    QTest::keyClick(&open.window, Qt::Key_F1);
+    ASSERT_FALSE(open.shown.desktop.calls.empty());
+    EXPECT_EQ(open.shown.desktop.calls.back(), "help aux09_Corvane帮助_Link.htm");
+}
+
+}  // namespace
+}  // namespace corvane

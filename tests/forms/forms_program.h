@@ -1,0 +1,47 @@
+// A whole program with its windows over a disk in memory: what the tests of the windows stand on.
+#pragma once
+
+#include <QAction>
+#include <QWidget>
+#include <functional>
+#include <string>
+
+#include "app/program.h"
+#include "forms/front_end.h"
+#include "forms/qt_user_interface.h"
+#include "tests/support/memory_file_system.h"
+#include "tests/support/scripted_interface.h"
+
+namespace corvane {
+
+struct forms_program {
+    forms_program();
+    ~forms_program();
+
+    // A widget or menu entry of a window by its control's name.
+    QWidget* widget(const char* name, QWidget* owner = nullptr);
+    QAction* action(const char* name);
+    // Counts the runs of a handler in place of what it does.
+    int& count_runs(const std::string& handler);
+    // Lets all waiting events run.
+    void settle();
+    // Fills ListView1 with pairs of one directory and shows it.
+    void show_pairs(std::int32_t rows);
+    QImage picture(QWidget* window);
+
+    memory_file_system files;
+    recording_shell desktop;
+    qt_user_interface screen;
+    program corvane;
+    Tavrel& form;
+    front_end windows;
+
+  private:
+    std::map<std::string, int> runs_;
+};
+
+// Palettes of a light and a dark desktop.
+QPalette light_palette();
+QPalette dark_palette();
+
+}  // namespace corvane

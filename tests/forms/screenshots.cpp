@@ -1,0 +1,115 @@
+// Writes a picture of each window: corvane_screenshots FOLDER light|dark SCALE. The scale is set from
+// outside, by QT_SCALE_FACTOR, and only names the files.
+#include <QApplication>
+#include <QDir>
+#include <QImage>
+#include <cstdio>
+
+#include "core/progress.h"
+#include "forms/directory_window.h"
+#include "forms/fonts.h"
+#include "forms/main_window.h"
+#include "forms/row_panel.h"
+#include "tests/forms/forms_program.h"
+
+namespace {
+
+using corvane::forms_program;
+
+void fill_panels(forms_program& shown) {
+    const char* texts[] = {"文件数:12,480", "字节:18,204 M", "相同文件:1,326", "相同文件长度:3,871 M",
+                           "读入:100%",     "0:1:27",        "查相同文件"};
+    for (int number = 1; number <= 7; ++number) shown.form.panel(number, texts[number - 1]);
+}
+
+void show_marks(forms_program& shown) {
+    using namespace corvane::cell_colour;
+    shown.show_pairs(200);
+    corvane::list_view& list = shown.form.ListView1;
+    list.set_colour(2, 4, mark_red);
+    list.set_colour(3, 3, mark_red);
+    list.set_text(5, 3, "/home/li/归档/旧照片.zip*夏天/图片_5.jpg");
+    list.set_colour(5, 3, colour_archive);
+    list.set_colour(6, 3, colour_gray);
+    list.set_colour(7, 3, colour_gray);
+    list.set_colour(9, 4, mark_blue);
+    list.set_colour(11, 3, colour_found);
+    list.set_text(13, 4, "");
+    list.set_number(8, 2, 123'456'789'012);
+    list.selected_row = 3;
+    shown.windows.sync();
+}
+
+struct folder_of_pictures {
+    QString folder, suffix;
+    bool written = true;
+
+    void save(forms_program& shown, QWidget* window, const char* name) {
+        shown.windows.sync();
+        const QString path = folder + QLatin1Char('/') + QLatin1String(name) + suffix;
+        written &= shown.picture(window).save(path);
+    }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 4) return 2;
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setFont(corvane::interface_font(QApplication::font()));
+    const QString palette = QString::fromLocal8Bit(argv[2]);
+    QApplication::setPalette(palette == QLatin1String("dark") ? corvane::dark_palette()
+                                                              : corvane::light_palette());
+    folder_of_pictures pictures{QString::fromLocal8Bit(argv[1]),
+                                QStringLiteral("_%1_%2.png").arg(palette, QString::fromLocal8Bit(argv[3]))};
+    QDir().mkpath(pictures.folder);
+
+    forms_program shown;
+    QWidget* main = &shown.windows.main();
+    pictures.save(shown, main, "start");
+
+    for (const char* path : {"/home/li/照片/2023/夏天", "/home/li/文档/报告", "/home/li/音乐",
+                             "/home/li/下载", "/home/li/备份/旧电脑", "/home/li/.config"})
+        shown.files.add_directory(path);
+    shown.form.run("Picture1_Click");
+    shown.windows.sync();
+    corvane::directory_window& directories = shown.windows.directory();
+    directories.show_volume("/home/li/");
+    pictures.save(shown, &directories, "directories_empty");
+    shown.corvane.directory_window().add_paths({"/home/li/照片", "/home/li/备份/旧电脑"});
+    pictures.save(shown, &directories, "directories");
+    shown.corvane.directory_window().confirm_selection();
+    shown.corvane.directory_window().visible = false;
+
+    fill_panels(shown);
+    corvane::lock_tasks(shown.form);
+    shown.form.pic_gressbar1.set_colours(0xC0C0C0, 0x400040, 0xFF);
+    shown.form.pic_gressbar1.set_scale(100);
+    shown.form.pic_gressbar1.draw(62);
+    shown.form.Command28.visible = true;
+    shown.form.Label4.visible = true;
+    shown.form.Label4.caption = "/home/li/照片/2023/夏天/很长的名字_海边_第一天_上午_和朋友们在一起_原图.jpg";
+    pictures.save(shown, main, "running");
+    corvane::unlock_tasks(shown.form);
+    shown.form.pic_gressbar1.visible = shown.form.Command28.visible = shown.form.Label4.visible = false;
+
+    show_marks(shown);
+    pictures.save(shown, main, "list");
+    shown.form.Frame4.caption = "显示第 3 条";
+    shown.form.samefile_disp1.text = "/home/li/照片/2023/夏天/图片_3.jpg            2023-8-2 10:4:31\t23757";
+    shown.form.samefile_disp2.text =
+        "/home/li/备份/旧电脑/我的文档/图片_3 (副本).jpg    2023-8-2 10:4:31\t23757";
+    shown.form.Frame4.visible = true;
+    pictures.save(shown, main, "row_panel");
+    shown.form.Frame4.visible = false;
+
+    std::string lines;
+    for (int i = 1; i <= 400; ++i) lines += "/home/li/照片/2023/夏天/图片_" + std::to_string(i) + ".jpg\r\n";
+    shown.files.add_file("/prog/文件清单.txt", lines);
+    shown.form.RichTextBox2.load_file("/prog/文件清单.txt");
+    shown.form.RichTextBox2.visible = true;
+    pictures.save(shown, main, "text_and_list");
+    if (!pictures.written) std::fputs("a picture could not be written\n", stderr);
+    return pictures.written ? 0 : 1;
+}
