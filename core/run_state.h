@@ -51,6 +51,7 @@ struct run_state {
     std::int32_t error_trail_on = 0;     // -1: name each file in err_rec.txt before it is read
 
     // Flags of the main form.
+    bool tasks_locked = false;  // a task is running
     std::int16_t quit_requested = 0;
     std::int16_t cancel_task = 0;
     std::int16_t file_list_loaded = 0;
