@@ -74,8 +74,9 @@ void write_run_record(Tavrel& form, std::int32_t size, std::int32_t seconds) {
          ++i)
         writer.line(state.run_lines[i]);
     if (seconds > 0) {
-        std::string record = std::to_string(size);
-        writer.line(record.append(1, ',').append(std::to_string(seconds)));
+        writer.add(std::to_string(size));
+        writer.add(",");
+        writer.line(std::to_string(seconds));
     }
     if (!writer.finish()) form.complain(path + "\r\n" + writer.error());
 }
