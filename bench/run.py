@@ -157,7 +157,7 @@ def run_once(tool, options, directory, truth):
         with open(output_path, "wb") as output, open(os.path.join(place, "errors"), "wb") as errors:
             start = time.monotonic()
             process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=output, stderr=errors,
-                                       cwd=place, start_new_session=True)
+                                       cwd=place, process_group=0)
 
             def end_it():
                 timed_out.set()
