@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QSplitter>
 #include <QStorageInfo>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -22,9 +23,17 @@ namespace corvane {
 namespace {
 
 std::string text_of(const QString& path) {
-    std::string text = to_text(QFile::encodeName(QDir::cleanPath(path)).toStdString());
-    return text;
+    return to_text(QFile::encodeName(QDir::cleanPath(path)).toStdString());
 }
+
+// Rows with room above and below their text.
+class roomy_delegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 8);
+    }
+};
 
 QLabel* label_for(const QString& words, QWidget* buddy, QWidget* parent) {
     auto* label = new QLabel(words, parent);
@@ -40,7 +49,7 @@ directory_window::directory_window(program& corvane, std::function<void(const st
     setObjectName(QString::fromStdString(form_.name()));
     setWindowTitle(shown_text(form_.caption));
     setSizeGripEnabled(true);
-    resize(860, 520);
+    resize(900, 600);
 
     auto* sides = new QSplitter(Qt::Horizontal, this);
     sides->setChildrenCollapsible(false);
@@ -81,6 +90,7 @@ QPushButton* directory_window::button_for(const control& model, const char* capt
 QWidget* directory_window::build_tree_side() {
     auto* side = new QWidget(this);
     volumes_ = new QListWidget(side);
+    volumes_->setItemDelegate(new roomy_delegate(this));
     volumes_->setObjectName(QStringLiteral("List_disk_sele"));
     volumes_->setUniformItemSizes(true);
     connect(volumes_, &QListWidget::currentItemChanged, this, [this](QListWidgetItem* item) {
@@ -91,6 +101,7 @@ QWidget* directory_window::build_tree_side() {
     directories_->setFilter(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Drives);
     directories_->setRootPath(QStringLiteral("/"));
     tree_ = new QTreeView(side);
+    tree_->setItemDelegate(new roomy_delegate(this));
     tree_->setObjectName(QStringLiteral("Dir_select"));
     tree_->setModel(directories_);
     for (int column = 1; column < directories_->columnCount(); ++column) tree_->hideColumn(column);
@@ -128,6 +139,7 @@ QWidget* directory_window::build_tree_side() {
 QWidget* directory_window::build_chosen_side() {
     auto* side = new QWidget(this);
     chosen_ = new QListWidget(side);
+    chosen_->setItemDelegate(new roomy_delegate(this));
     chosen_->setObjectName(QString::fromStdString(form_.list_selected_dir.name()));
     chosen_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     chosen_->setTextElideMode(Qt::ElideMiddle);

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -136,7 +137,7 @@ void main_window::build_centre() {
     down->addWidget(progress_);
     down->addWidget(status_);
     setCentralWidget(centre);
-    row_panel_ = new row_panel_frame(form_, run, centre);
+    row_panel_ = new row_panel_frame(form_, run, splitter_, centre);
 }
 
 void main_window::act(const std::string& handler) {
@@ -183,7 +184,10 @@ void main_window::sync_centre() {
     if (list_->isHidden() == list_shown) list_->setVisible(list_shown);
     const bool start_shown = !list_shown && !text_shown;
     if (start_->isHidden() == start_shown) start_->setVisible(start_shown);
-    if (list_shown) list_->sync(tasks_locked(form_));
+    if (list_shown)
+        list_->sync(tasks_locked(form_));
+    else
+        list_->expect_width(splitter_->width() - list_->verticalScrollBar()->sizeHint().width());
 
     const bool bar_shown = form_.pic_gressbar1.visible;
     if (bar_->isHidden() == bar_shown) bar_->setVisible(bar_shown);

@@ -4,7 +4,10 @@
 #include <QFont>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QPainter>
 #include <QPalette>
+#include <QStyledItemDelegate>
+#include <algorithm>
 
 #include "forms/shown_text.h"
 
@@ -13,6 +16,35 @@ namespace corvane {
 namespace {
 constexpr qint64 reset_pause = 200;  // milliseconds
 }
+
+namespace {
+
+constexpr int cell_margin = 8;
+
+// Draws a cell with room on both sides; the toolkit's own leaves a number touching the path beside it.
+class cell_delegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyleOptionViewItem cell(option);
+        initStyleOption(&cell, index);
+        const QString text = cell.text;
+        cell.text.clear();
+        cell.widget->style()->drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
+        const bool selected = cell.state & QStyle::State_Selected;
+        painter->save();
+        painter->setFont(cell.font);
+        painter->setPen(cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+        const QRect place = cell.rect.adjusted(cell_margin, 0, -cell_margin, 0);
+        painter->drawText(place, static_cast<int>(cell.displayAlignment) | Qt::TextSingleLine,
+                          cell.fontMetrics.elidedText(text, cell.textElideMode, place.width()));
+        painter->restore();
+    }
+};
+
+}  // namespace
 
 result_model::result_model(const list_view& list, QObject* parent)
     : QAbstractTableModel(parent), list_(list) {}
@@ -73,6 +105,7 @@ result_list::result_list(list_view& list, QWidget* parent)
     : QTableView(parent), list_(list), model_(list, this) {
     setObjectName(QString::fromStdString(list.name()));
     setModel(&model_);
+    setItemDelegate(new cell_delegate(this));
     setFrameShape(QFrame::NoFrame);
     setShowGrid(false);
     setAlternatingRowColors(true);
@@ -85,7 +118,7 @@ result_list::result_list(list_view& list, QWidget* parent)
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setMinimumSectionSize(4);
     horizontalHeader()->setStretchLastSection(true);
@@ -109,7 +142,9 @@ void result_list::sync(bool task_running) {
         const int top = rowAt(0);
         model_.reset();
         for (int column = 0; column < list_.column_count(); ++column)
-            setColumnWidth(column, pixels(list_.columns()[static_cast<std::size_t>(column)].width));
+            setColumnWidth(column,
+                           static_cast<int>(pixels(list_.columns()[static_cast<std::size_t>(column)].width) *
+                                            width_scale()));
         if (top > 0 && top < list_.row_count())
             scrollTo(model_.index(top, 0), QAbstractItemView::PositionAtTop);
         if (list_.selected_row > 0) selectRow(list_.selected_row - 1);
@@ -119,9 +154,19 @@ void result_list::sync(bool task_running) {
     }
 }
 
+double result_list::width_scale() const {
+    constexpr double stated_length_pixels = 60;
+    const int ten_digits = fontMetrics().horizontalAdvance(QLatin1Char('0')) * 10 + 2 * cell_margin;
+    return std::max(1.0, ten_digits / stated_length_pixels);
+}
+
+void result_list::expect_width(int device_pixels) {
+    list_.place.width = static_cast<int>(twips(device_pixels) / width_scale());
+}
+
 void result_list::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
-    list_.place.width = twips(viewport()->width());
+    expect_width(viewport()->width());
     if (resized) resized();
 }
 

@@ -30,13 +30,16 @@ class result_model : public QAbstractTableModel {
 
 class result_list : public QTableView {
   public:
-    // The list outlives the widget. `acted` is called with a double click's row from 1 and column.
+    // The list outlives the widget.
     result_list(list_view& list, QWidget* parent);
 
     std::function<void()> clicked_row;
+    // Rows from 1, columns from 0.
     std::function<void(int row, int column)> double_clicked;
     std::function<void()> resized;
 
+    // Tells the model the width that the list will have once it is shown.
+    void expect_width(int device_pixels);
     // Copies what changed. While a task fills rows, at most every fifth of a second.
     void sync(bool task_running);
 
@@ -44,6 +47,9 @@ class result_list : public QTableView {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    // Screen pixels for one pixel of the stated widths, so that a length's ten digits fit whatever the font.
+    double width_scale() const;
+
     list_view& list_;
     result_model model_;
     std::uint64_t shown_layout_ = ~std::uint64_t{0};

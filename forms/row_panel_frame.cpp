@@ -14,8 +14,9 @@
 
 namespace corvane {
 
-row_panel_frame::row_panel_frame(Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent)
-    : QFrame(parent), form_(form) {
+row_panel_frame::row_panel_frame(Tavrel& form, std::function<void(const std::string&)> act,
+                                 const QWidget* area, QWidget* parent)
+    : QFrame(parent), form_(form), area_(area) {
     setObjectName(QString::fromStdString(form.Frame4.name()));
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
@@ -68,7 +69,8 @@ void row_panel_frame::sync() {
     const int width = std::clamp(longest + 60, 360, std::max(parentWidget()->width() - 32, 360));
     if (width != this->width() || height() != sizeHint().height()) resize(width, sizeHint().height());
     if (!placed_) {
-        move((parentWidget()->width() - width) / 2, parentWidget()->height() - height() - 24);
+        const QRect over(area_->mapTo(parentWidget(), QPoint(0, 0)), area_->size());
+        move(over.left() + (over.width() - width) / 2, over.bottom() - height() - 24);
         placed_ = true;
     }
     keep_inside();

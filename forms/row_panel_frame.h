@@ -14,7 +14,9 @@ class Tavrel;
 
 class row_panel_frame : public QFrame {
   public:
-    row_panel_frame(Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent);
+    // `area` is the part of the parent over which the panel first appears; it outlives the panel.
+    row_panel_frame(Tavrel& form, std::function<void(const std::string&)> act, const QWidget* area,
+                    QWidget* parent);
 
     void sync();
 
@@ -26,6 +28,7 @@ class row_panel_frame : public QFrame {
     void keep_inside();
 
     Tavrel& form_;
+    const QWidget* area_;
     QLabel* caption_;
     QLineEdit* first_;
     QLineEdit* second_;

@@ -35,7 +35,7 @@ QColor cell_text_colour(std::uint32_t colour, const QPalette& palette) {
     const QColor stated = colour_of(static_cast<std::int32_t>(colour));
     // The stated colours are made for white; on dark ground they are lifted until they read.
     if (dark)
-        return QColor::fromHsl(stated.hslHue(), stated.hslSaturation(), std::max(stated.lightness(), 185));
+        return QColor::fromHsl(stated.hslHue(), stated.hslSaturation(), std::max(stated.lightness(), 192));
     return stated;
 }
 

@@ -25,7 +25,7 @@ TEST(RunRecords, LinesWithoutSecondsDoNotCount) {
 TEST(RunRecords, TheFileStaysAtFiftyLines) {
     test_program p;
     std::string lines;
-    for (int i = 1; i <= 50; ++i) lines += std::to_string(i) + ",1\r\n";
+    for (int i = 1; i <= 50; ++i) lines.append(std::to_string(i)).append(",1\r\n");
     p.files.add_file("/prog/run_time_rem.txt", lines);
     read_run_records(p.form);
     write_run_record(p.form, 777, 3);
