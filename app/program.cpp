@@ -40,17 +40,23 @@ program::program(ports outside, std::string program_dir)
     wire_tasks(main_);
 }
 
+void program::bind_task(std::string_view handler, std::function<void()> procedure) {
+    main_.bind(handler, [this, procedure = std::move(procedure)] {
+        if (!tasks_locked(main_)) procedure();
+    });
+}
+
 void program::bind_handlers() {
     Tavrel& form = main_;
     form.bind("Picture1_Click", [this] { directory_.open(); });
-    form.bind("picture2_Click", [this] { picture2_Click(main_, readers_); });
-    form.bind("Picture3_Click", [this] { Picture3_Click(main_); });
-    form.bind("Picture4_Click", [this] { load_same_view(main_); });
-    form.bind("Command18_Click", [this] { Command18_Click(main_); });
-    form.bind("Command19_Click", [this] { Command19_Click(main_, readers_); });
-    form.bind("Command21_Click", [this] { Command21_Click(main_); });
+    bind_task("picture2_Click", [this] { picture2_Click(main_, readers_); });
+    bind_task("Picture3_Click", [this] { Picture3_Click(main_); });
+    bind_task("Picture4_Click", [this] { load_same_view(main_); });
+    bind_task("Command18_Click", [this] { Command18_Click(main_); });
+    bind_task("Command19_Click", [this] { Command19_Click(main_, readers_); });
+    bind_task("Command21_Click", [this] { Command21_Click(main_); });
+    bind_task("search_check_m_Click", [this] { search_check_m_Click(main_); });
     form.bind("Command28_Click", [this] { Command28_Click(main_); });
-    form.bind("search_check_m_Click", [this] { search_check_m_Click(main_); });
     form.bind("exit_sub", [this] { close(); });
     form.bind("help_spirit",
               [this] { main_.mouse_pointer = main_.mouse_pointer == help_pointer ? 0 : help_pointer; });
@@ -58,7 +64,7 @@ void program::bind_handlers() {
     form.bind("prog_dir", [this] { main_.outside.desktop.open_document(main_.state.program_dir); });
     form.bind("layout_list", [this] { layout_list(main_); });
     form.bind("load_same_view", [this] { load_same_view(main_); });
-    form.bind("result_refresh", [this] {
+    bind_task("result_refresh", [this] {
         if (main_.state.list_mode == 0) load_same_view(main_);
     });
     form.bind("rewrite_store", [this] { rewrite_store(main_); });

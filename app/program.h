@@ -1,7 +1,7 @@
 // Puts the program together: state, form models, handlers, ports. Both front ends make one of these.
 #pragma once
 
-#include <memory>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -30,6 +30,8 @@ class program {
 
   private:
     void bind_handlers();
+    // For a task: it does not start while another one runs, whichever way it is asked for.
+    void bind_task(std::string_view handler, std::function<void()> procedure);
 
     Tavrel main_;
     directory_form directory_;

@@ -125,7 +125,7 @@ void Picture3_Click(Tavrel& form) {
     const double elapsed = form.outside.screen.seconds() - state.base_time;
     const double base = state.base_time;
     show_elapsed(form);
-    form.run("Picture4_Click");
+    form.run("load_same_view");
     state.base_time = base;
     if (state.quit_requested) return;
     show_elapsed(form);

@@ -73,7 +73,11 @@ void write_run_record(Tavrel& form, std::int32_t size, std::int32_t seconds) {
     for (std::int32_t i = std::max(1, state.run_line_count - kept_records + 1); i <= state.run_line_count;
          ++i)
         writer.line(state.run_lines[i]);
-    if (seconds > 0) writer.line(std::to_string(size) + ',' + std::to_string(seconds));
+    if (seconds > 0) {
+        writer.add(std::to_string(size));
+        writer.add(",");
+        writer.line(std::to_string(seconds));
+    }
     if (!writer.finish()) form.complain(path + "\r\n" + writer.error());
 }
 

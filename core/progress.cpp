@@ -10,6 +10,7 @@ namespace corvane {
 namespace {
 
 void set_task_state(Tavrel& form, bool enabled) {
+    form.state.tasks_locked = !enabled;
     for (std::size_t number = 1; number < form.pictures.size(); ++number) {
         control& picture = *form.pictures[number];
         picture.enabled = enabled && form.has_handler(picture.name() + "_Click");
@@ -21,8 +22,16 @@ void set_task_state(Tavrel& form, bool enabled) {
 
 }  // namespace
 
-void lock_tasks(Tavrel& form) { set_task_state(form, false); }
-void unlock_tasks(Tavrel& form) { set_task_state(form, true); }
+void lock_tasks(Tavrel& form) {
+    set_task_state(form, false);
+}
+void unlock_tasks(Tavrel& form) {
+    set_task_state(form, true);
+}
+
+bool tasks_locked(const Tavrel& form) {
+    return form.state.tasks_locked;
+}
 
 std::int32_t tick_seconds(Tavrel& form) {
     return static_cast<std::int32_t>(std::nearbyint(form.outside.screen.seconds()));
@@ -32,7 +41,9 @@ void bar_colours(Tavrel& form, std::int32_t back, std::int32_t start, std::int32
     form.pic_gressbar1.set_colours(back, start, end);
 }
 
-void bar_scale(Tavrel& form, std::int32_t total) { form.pic_gressbar1.set_scale(total); }
+void bar_scale(Tavrel& form, std::int32_t total) {
+    form.pic_gressbar1.set_scale(total);
+}
 
 void bar_draw(Tavrel& form, std::int32_t position) {
     form.yield();

@@ -14,6 +14,9 @@ class Tavrel;
 void lock_tasks(Tavrel& form);
 void unlock_tasks(Tavrel& form);
 
+// True between the two: no other task may start then.
+bool tasks_locked(const Tavrel& form);
+
 // Whole seconds of the clock.
 std::int32_t tick_seconds(Tavrel& form);
 
@@ -26,7 +29,8 @@ void bar_draw(Tavrel& form, std::int32_t position);
 // Panel 6: the time since state.base_time, in format_elapsed mode 1.
 void show_elapsed(Tavrel& form);
 
-// Moves the pointer to the centre of a control in 40 steps of 0.01 seconds; nothing where there is no pointer.
+// Moves the pointer to the centre of a control in 40 steps of 0.01 seconds; nothing where there is no
+// pointer.
 void pointer_glide(Tavrel& form, const std::string& form_name, const std::string& control);
 
 // Ends a task because a file could not be written: the system's words, the file, and the tasks unlocked.

@@ -5,7 +5,6 @@
 #include <array>
 #include <cstdint>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 #include "core/text_column.h"
@@ -37,7 +36,6 @@ struct run_state {
     std::string first_root;
     std::string archive_error_path;
     std::int32_t archive_error_count = 0;
-    std::unordered_set<std::string> unhidden;  // paths whose attributes were set to 0 in this run
 
     // Option lists, each entry upper-cased and closed by one blank.
     std::string exclude_dir_text;
@@ -51,6 +49,7 @@ struct run_state {
     std::int32_t error_trail_on = 0;     // -1: name each file in err_rec.txt before it is read
 
     // Flags of the main form.
+    bool tasks_locked = false;  // a task is running
     std::int16_t quit_requested = 0;
     std::int16_t cancel_task = 0;
     std::int16_t file_list_loaded = 0;

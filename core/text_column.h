@@ -7,7 +7,6 @@
 #include <cstring>
 #include <memory>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace corvane {
@@ -45,10 +44,6 @@ class text_column {
         entries_[static_cast<std::size_t>(index)] = arena_->store(text);
     }
     void push_back(std::string_view text) { entries_.push_back(arena_->store(text)); }
-    void pop_back() { entries_.pop_back(); }
-    void swap(std::int32_t a, std::int32_t b) {
-        std::swap(entries_[static_cast<std::size_t>(a)], entries_[static_cast<std::size_t>(b)]);
-    }
 
     // Drops all entries and this column's hold on the arena.
     void clear();

@@ -10,11 +10,17 @@ std::string format_elapsed(double seconds, int mode) {
     if (seconds < 0) seconds += std::ceil(-seconds / 86400.0) * 86400.0;
     const double whole_seconds = std::floor(seconds);
     const auto total = static_cast<std::int64_t>(whole_seconds);
-    std::string text = std::to_string(total / 3600) + ":" + std::to_string(total / 60 % 60);
+    std::string text = std::to_string(total / 3600);
+    const auto add = [&text](char sign, std::int64_t number) {
+        text += sign;
+        text += std::to_string(number);
+    };
+    add(':', total / 60 % 60);
     if (mode == 2) return text;
-    text += ":" + std::to_string(total % 60);
+    add(':', total % 60);
     if (mode == 1) return text;
-    return text + "." + std::to_string(static_cast<int>((seconds - whole_seconds) * 100));
+    add('.', static_cast<std::int64_t>((seconds - whole_seconds) * 100));
+    return text;
 }
 
 std::string scale_size(double& bytes, std::string& size_unit) {

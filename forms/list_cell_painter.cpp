@@ -4,6 +4,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <algorithm>
 
 #include "forms/colours.h"
 #include "forms/list_model.h"
@@ -11,7 +12,7 @@
 namespace corvane {
 
 namespace {
-constexpr int margin = 4;
+constexpr int margin = 6;
 }
 
 void list_cell_painter::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -36,6 +37,14 @@ void list_cell_painter::paint(QPainter* painter, const QStyleOptionViewItem& opt
     font.setStrikeOut(cells_.data(index, list_model::struck_role).toBool());
     painter->setFont(font);
     painter->setPen(cell_text_colour(cells_.colour(index.row(), index.column()), palette));
+    const int wanted = option.fontMetrics.horizontalAdvance(words);
+    if (right && wanted > place.width()) {
+        // A number is never cut: its digits move together.
+        font.setStretch(std::max(place.width() * 96 / wanted, 30));
+        painter->setFont(font);
+        painter->drawText(place, Qt::AlignVCenter | Qt::TextSingleLine | Qt::AlignRight, words);
+        return;
+    }
     painter->drawText(place, Qt::AlignVCenter | Qt::TextSingleLine | (right ? Qt::AlignRight : Qt::AlignLeft),
                       option.fontMetrics.elidedText(words, Qt::ElideMiddle, place.width()));
 }

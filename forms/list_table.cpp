@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QProxyStyle>
 #include <QScrollBar>
 #include <cmath>
 
@@ -14,7 +15,15 @@ namespace corvane {
 
 namespace {
 constexpr int growth_interval = 200;  // milliseconds between two takeovers while a task fills the rows
-}
+
+// Headings that keep as far from each other as the cells below them.
+class heading_style : public QProxyStyle {
+  public:
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+        return metric == PM_HeaderMargin ? 6 : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+};
+}  // namespace
 
 list_table::list_table(Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent)
     : QTableView(parent),
@@ -36,6 +45,9 @@ list_table::list_table(Tavrel& form, std::function<void(const std::string&)> act
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    auto* spaced = new heading_style;
+    spaced->setParent(this);
+    horizontalHeader()->setStyle(spaced);
     horizontalHeader()->setMinimumSectionSize(4);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setStretchLastSection(true);
@@ -164,7 +176,10 @@ void list_table::mouseReleaseEvent(QMouseEvent* event) {
 
 void list_table::mouseDoubleClickEvent(QMouseEvent* event) {
     const list_act what = act_at(list_act::double_click, event);
-    if (what.button == 1 && what.row > 0) run(what, "ListView1_DblClick");
+    if (what.button != 1 || what.row < 1) return;
+    // The columns before the paths ask for the row's panel.
+    const bool asks_for_panel = what.column < 3 && !form_.has_handler("ListView1_DblClick");
+    run(what, asks_for_panel ? "show_row_panel" : "ListView1_DblClick");
 }
 
 void list_table::keyPressEvent(QKeyEvent* event) {

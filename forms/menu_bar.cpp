@@ -23,7 +23,7 @@ bool starts_task(std::string_view menu) {
 
 }  // namespace
 
-menu_bar::menu_bar(Tavrel& form, QMenuBar& bar, std::function<void(const std::string&)> act) {
+menu_bar::menu_bar(Tavrel& form, QMenuBar& bar, std::function<void(const std::string&)> act) : form_(form) {
     std::map<std::string_view, QMenu*> menus;
     for (const menu_entry& line : main_menu()) {
         control* model = form.find(line.name);
@@ -54,6 +54,8 @@ menu_bar::menu_bar(Tavrel& form, QMenuBar& bar, std::function<void(const std::st
 }
 
 void menu_bar::sync(bool tasks_locked) {
+    // A pointer that asks for a topic is a state that the menu shows.
+    const bool asks_for_help = form_.mouse_pointer == help_pointer;
     for (const entry& line : entries_) {
         QAction& action = *line.action;
         const QString words = screen_line(line.model->caption);
@@ -62,7 +64,7 @@ void menu_bar::sync(bool tasks_locked) {
                              !(tasks_locked && line.starts_task);
         if (action.isEnabled() != enabled) action.setEnabled(enabled);
         if (action.isVisible() != line.model->visible) action.setVisible(line.model->visible);
-        const bool checked = line.model->value != 0;
+        const bool checked = line.model->value != 0 || (asks_for_help && line.model->name() == "help_spirit");
         if (action.isCheckable() != checked) action.setCheckable(checked);
         if (action.isChecked() != checked) action.setChecked(checked);
     }

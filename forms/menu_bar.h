@@ -32,6 +32,7 @@ class menu_bar {
         bool starts_task;
     };
 
+    const Tavrel& form_;
     std::vector<entry> entries_;
     std::vector<std::pair<std::string, QMenu*>> popups_;
 };

@@ -37,9 +37,7 @@ bool text_lines::find_more() {
     const std::int64_t got =
         reader_->read_at(looked_through_, std::as_writable_bytes(std::span(slice.data(), slice.size())));
     if (got <= 0) {
-        complete_ = true;
-        // What follows the last line end is a line only if it is not empty.
-        if (!starts_.empty() && starts_.back() >= looked_through_) starts_.pop_back();
+        finish();
         return false;
     }
     if (looked_through_ == 0) {
@@ -56,7 +54,14 @@ bool text_lines::find_more() {
         starts_.push_back(looked_through_ + (at - begin));
     }
     looked_through_ += got;
-    return true;
+    if (got < static_cast<std::int64_t>(slice_size)) finish();
+    return !complete_;
+}
+
+void text_lines::finish() {
+    complete_ = true;
+    // What follows the last line end is a line only if it is not empty.
+    if (!starts_.empty() && starts_.back() >= looked_through_) starts_.pop_back();
 }
 
 QString text_lines::line(std::int64_t number) const {

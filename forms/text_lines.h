@@ -30,6 +30,8 @@ class text_lines {
     QString line(std::int64_t number) const;
 
   private:
+    void finish();
+
     file_system& files_;
     std::unique_ptr<file_reader> reader_;
     std::string reason_;

@@ -119,6 +119,7 @@ bool directory_form::confirm_and_close(bool compare_next) {
 }
 
 void directory_form::cmd_dir_firm_Click() {
+    if (tasks_locked(main_)) return;
     if (confirm_and_close(true)) main_.run("search_check_m_Click");
 }
 

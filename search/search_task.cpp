@@ -86,7 +86,7 @@ void search_check_m_Click(Tavrel& form) {
     form.panel(7, "搜索和比对");
     const double start = form.outside.screen.seconds();
     form.run("picture2_Click");
-    if (state.quit_requested || state.file_count <= 0) return;
+    if (state.quit_requested || state.file_count <= 0 || !state.file_list_loaded) return;
     form.run("Picture3_Click");
     if (state.quit_requested) return;
     form.panel(6, format_elapsed(form.outside.screen.seconds() - start, 1));

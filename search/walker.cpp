@@ -218,10 +218,6 @@ void write_advice(line_writer& report) {
 
 }  // namespace
 
-bool is_filtered_out(const Tavrel& form, const std::string& path) {
-    return rejects_type(form.state, type_of(path));
-}
-
 bool walk_directories(Tavrel& form, const archive_readers& readers) {
     run_state& state = form.state;
     if (!current_directory_answers(form)) return true;

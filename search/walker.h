@@ -2,8 +2,6 @@
 // directories come last, each place once.
 #pragma once
 
-#include <string>
-
 namespace corvane {
 
 class Tavrel;
@@ -15,8 +13,5 @@ bool list_files(Tavrel& form, const archive_readers& readers);
 
 // The walk itself: fills dir_queue, file_list and walk_count, and writes the archive error report.
 bool walk_directories(Tavrel& form, const archive_readers& readers);
-
-// The type filter. `path` is a full path; true when it is to be left out of the list.
-bool is_filtered_out(const Tavrel& form, const std::string& path);
 
 }  // namespace corvane

@@ -6,50 +6,47 @@ namespace corvane {
 
 namespace {
 
-constexpr char service[] = "org.freedesktop.login1";
-
-// `arguments` may be floating and is taken over. The line stands in front of the system's words on failure.
-shell_result ask_logind(const char* path, const char* interface, const char* method, GVariant* arguments,
-                        const std::string& line) {
-    g_variant_ref_sink(arguments);
+// One call to logind. A service that is missing is told in one line.
+shell_result ask_logind(const char* object, const char* interface, const char* method, GVariant* arguments) {
     GError* error = nullptr;
+    GDBusConnection* const bus = g_bus_get_sync(G_BUS_TYPE_SYSTEM, nullptr, &error);
     GVariant* answer = nullptr;
-    if (GDBusConnection* bus = g_bus_get_sync(G_BUS_TYPE_SYSTEM, nullptr, &error)) {
-        constexpr int patience = 25000;  // milliseconds
-        answer = g_dbus_connection_call_sync(bus, service, path, interface, method, arguments, nullptr,
-                                             G_DBUS_CALL_FLAGS_ALLOW_INTERACTIVE_AUTHORIZATION, patience,
-                                             nullptr, &error);
+    if (bus != nullptr) {
+        answer =
+            g_dbus_connection_call_sync(bus, "org.freedesktop.login1", object, interface, method, arguments,
+                                        nullptr, G_DBUS_CALL_FLAGS_NONE, 5000, nullptr, &error);
         g_object_unref(bus);
+    } else if (arguments != nullptr) {
+        g_variant_unref(g_variant_ref_sink(arguments));
     }
-    g_variant_unref(arguments);
-    if (answer) {
+    if (answer != nullptr) {
         g_variant_unref(answer);
         return shell_result::success();
     }
-    if (g_dbus_error_is_remote_error(error)) g_dbus_error_strip_remote_error(error);
-    std::string words = line + "\r\n" + error->message;
-    g_error_free(error);
-    return shell_result::failure(std::move(words));
+    std::string reason = "系统的电源服务没有回答。";
+    if (error != nullptr) {
+        reason += std::string("\r\n") + error->message;
+        g_error_free(error);
+    }
+    return shell_result::failure(std::move(reason));
 }
 
-shell_result ask_manager(const char* method, GVariant* arguments, const std::string& line) {
-    return ask_logind("/org/freedesktop/login1", "org.freedesktop.login1.Manager", method, arguments, line);
-}
+constexpr char manager_object[] = "/org/freedesktop/login1";
+constexpr char manager[] = "org.freedesktop.login1.Manager";
 
 }  // namespace
 
 shell_result desktop_power::log_off() {
-    // "auto" is the caller's own session, or the one on its user's display.
     return ask_logind("/org/freedesktop/login1/session/auto", "org.freedesktop.login1.Session", "Terminate",
-                      g_variant_new("()"), "不能注销");
+                      nullptr);
 }
 
 shell_result desktop_power::reboot() {
-    return ask_manager("Reboot", g_variant_new("(b)", FALSE), "不能重新启动计算机");
+    return ask_logind(manager_object, manager, "Reboot", g_variant_new("(b)", FALSE));
 }
 
 shell_result desktop_power::power_off() {
-    return ask_manager("PowerOff", g_variant_new("(b)", FALSE), "不能关闭计算机");
+    return ask_logind(manager_object, manager, "PowerOff", g_variant_new("(b)", FALSE));
 }
 
 }  // namespace corvane

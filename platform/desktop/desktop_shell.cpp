@@ -10,85 +10,80 @@ namespace corvane {
 
 namespace {
 
-struct free_object {
-    void operator()(gpointer object) const { g_object_unref(object); }
+struct object_release {
+    void operator()(void* object) const { g_object_unref(object); }
 };
-struct free_memory {
-    void operator()(gpointer memory) const { g_free(memory); }
-};
-struct free_variant {
-    void operator()(GVariant* variant) const { g_variant_unref(variant); }
+struct memory_release {
+    void operator()(void* memory) const { g_free(memory); }
 };
 template <class Object>
-using object_pointer = std::unique_ptr<Object, free_object>;
-using text_pointer = std::unique_ptr<char, free_memory>;
+using object_pointer = std::unique_ptr<Object, object_release>;
+using text_pointer = std::unique_ptr<char, memory_release>;
 
-// Takes over the error.
-std::string words_of(GError* error) {
-    if (!error) return {};
-    if (g_dbus_error_is_remote_error(error)) g_dbus_error_strip_remote_error(error);
-    std::string words = error->message;
-    g_error_free(error);
-    return words;
+// Turns a GLib error into a failure: our words, then the system's.
+shell_result failed(const char* what, GError* error) {
+    std::string reason = what;
+    if (error != nullptr) {
+        reason += std::string("\r\n") + error->message;
+        g_error_free(error);
+    }
+    return shell_result::failure(std::move(reason));
 }
 
-shell_result failure(const std::string& line, const std::string& words) {
-    return shell_result::failure(words.empty() ? line : line + "\r\n" + words);
-}
-
-object_pointer<GFile> file_of(const std::string& path) {
+object_pointer<GFile> file_at(const std::string& path) {
     return object_pointer<GFile>(g_file_new_for_path(to_raw(path).c_str()));
 }
 
-shell_result launch(GFile* file, const std::string& shown) {
-    const text_pointer address(g_file_get_uri(file));
-    GError* error = nullptr;
-    if (g_app_info_launch_default_for_uri(address.get(), nullptr, &error)) return shell_result::success();
-    return failure("无法打开 " + shown, words_of(error));
+text_pointer uri_of(const std::string& path) {
+    return text_pointer(g_file_get_uri(file_at(path).get()));
 }
 
-// Calls one of the methods of a file manager that take a list of addresses and a start-up id.
-shell_result ask_file_manager(GFile* file, const char* method) {
-    GError* error = nullptr;
-    const object_pointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, &error));
-    if (!bus) return failure("没有桌面会话", words_of(error));
-    const text_pointer address(g_file_get_uri(file));
-    const char* addresses[] = {address.get(), nullptr};
-    constexpr int patience = 5000;  // milliseconds
-    const std::unique_ptr<GVariant, free_variant> answer(g_dbus_connection_call_sync(
+// Asks the file manager over the session bus.
+bool ask_file_manager(const char* method, const std::string& path, GError** error) {
+    const object_pointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
+    if (!bus) return false;
+    const text_pointer uri = uri_of(path);
+    const char* uris[] = {uri.get(), nullptr};
+    GVariant* const answer = g_dbus_connection_call_sync(
         bus.get(), "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
-        "org.freedesktop.FileManager1", method, g_variant_new("(^ass)", addresses, ""), nullptr,
-        G_DBUS_CALL_FLAGS_NONE, patience, nullptr, &error));
-    return answer ? shell_result::success() : failure("没有文件管理器应答", words_of(error));
+        "org.freedesktop.FileManager1", method, g_variant_new("(^ass)", uris, ""), nullptr,
+        G_DBUS_CALL_FLAGS_NONE, 5000, nullptr, error);
+    if (answer == nullptr) return false;
+    g_variant_unref(answer);
+    return true;
 }
 
 }  // namespace
 
 shell_result desktop_shell::recycle(const std::string& path) {
     GError* error = nullptr;
-    if (g_file_trash(file_of(path).get(), nullptr, &error)) return shell_result::success();
-    return failure("不能移入回收站 " + path, words_of(error));
+    if (g_file_trash(file_at(path).get(), nullptr, &error)) return shell_result::success();
+    return failed("不能移到回收站。", error);
 }
 
 shell_result desktop_shell::open_document(const std::string& path) {
-    return launch(file_of(path).get(), path);
+    GError* error = nullptr;
+    if (g_app_info_launch_default_for_uri(uri_of(path).get(), nullptr, &error))
+        return shell_result::success();
+    return failed("没有可以打开它的程序。", error);
 }
 
 shell_result desktop_shell::show_in_file_manager(const std::string& path) {
-    const auto file = file_of(path);
-    if (ask_file_manager(file.get(), "ShowItems").done) return shell_result::success();
-    const object_pointer<GFile> parent(g_file_get_parent(file.get()));
-    return launch(parent ? parent.get() : file.get(), path);
+    GError* error = nullptr;
+    if (ask_file_manager("ShowItems", path, &error)) return shell_result::success();
+    g_clear_error(&error);
+    // No file manager on the bus: its folder is opened by association.
+    const std::size_t cut = path.rfind('/');
+    return open_document(cut == std::string::npos || cut == 0 ? "/" : path.substr(0, cut));
 }
 
 shell_result desktop_shell::show_properties(const std::string& path) {
-    shell_result result = ask_file_manager(file_of(path).get(), "ShowItemProperties");
-    if (!result.done) result.reason = "无法显示属性 " + path + "\r\n" + result.reason;
-    return result;
+    GError* error = nullptr;
+    if (ask_file_manager("ShowItemProperties", path, &error)) return shell_result::success();
+    return failed("没有文件管理器可以显示属性。", error);
 }
 
 shell_result desktop_shell::start_process(const std::vector<std::string>& arguments) {
-    if (arguments.empty()) return shell_result::failure("没有要启动的程序");
     std::vector<std::string> raw;
     for (const std::string& argument : arguments) raw.push_back(to_raw(argument));
     std::vector<char*> pointers;
@@ -98,18 +93,17 @@ shell_result desktop_shell::start_process(const std::vector<std::string>& argume
     if (g_spawn_async(nullptr, pointers.data(), nullptr, G_SPAWN_SEARCH_PATH, nullptr, nullptr, nullptr,
                       &error))
         return shell_result::success();
-    return failure("无法启动 " + arguments.front(), words_of(error));
+    return failed("程序不能启动。", error);
 }
 
 shell_result desktop_shell::set_clipboard(const std::string&) {
-    return shell_result::failure("没有剪贴板");
+    return shell_result::failure("没有剪贴板。");
 }
 
 shell_result desktop_shell::open_help_topic(const std::string& help_file, const std::string&) {
-    // The desktop's viewers take the file; none takes a page of it.
-    const auto file = file_of(help_file);
-    if (!g_file_query_exists(file.get(), nullptr)) return shell_result::failure(help_file + "  不存在");
-    return launch(file.get(), help_file);
+    if (!g_file_query_exists(file_at(help_file).get(), nullptr))
+        return shell_result::failure(help_file + "  不存在");
+    return open_document(help_file);
 }
 
 }  // namespace corvane

@@ -116,6 +116,9 @@ TEST(directory_window, double_click_and_delete_remove_rows) {
 void drop(selected_list& list, const QList<QUrl>& places, Qt::KeyboardModifiers modifiers) {
     QMimeData data;
     data.setUrls(places);
+    // Qt delivers a drop to the widget that the drag has entered.
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, modifiers);
+    QApplication::sendEvent(list.viewport(), &enter);
     QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, modifiers);
     QApplication::sendEvent(list.viewport(), &event);
 }

@@ -1,0 +1,27 @@
+# Shared by run and check: packages and configuration.
+# shellcheck shell=bash
+
+build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libqt6svg6-dev libglib2.0-dev libgtest-dev fonts-wqy-microhei"
+test_packages="googletest xvfb xauth p7zip-full zip python3 dbus coreutils"
+
+# Installs the packages of the list that are missing. Asks dpkg once; where all are there nothing else is done.
+install_packages() {
+    local missing="" package
+    for package in $1; do
+        dpkg-query -W -f='${Status}\n' "$package" 2>/dev/null | grep -q '^install ok installed' || missing="$missing $package"
+    done
+    [ -z "$missing" ] && return 0
+    local as_root=""
+    [ "$(id -u)" = 0 ] || as_root=sudo
+    $as_root apt-get -qq -o DPkg::Lock::Timeout=300 update
+    # shellcheck disable=SC2086
+    DEBIAN_FRONTEND=noninteractive $as_root apt-get -qq -y --no-install-recommends \
+        -o DPkg::Lock::Timeout=300 install $missing
+}
+
+# configure FOLDER [OPTIONS...]: only when the build folder has not been configured; CMake renews it by itself.
+configure() {
+    local folder=$1
+    shift
+    [ -f "$folder/build.ninja" ] || cmake -S . -B "$folder" -G Ninja -DCMAKE_BUILD_TYPE=Release "$@"
+}

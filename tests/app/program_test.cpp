@@ -1,0 +1,116 @@
+#include "app/program.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/test_program.h"
+
+namespace corvane {
+namespace {
+
+using texts = std::vector<std::string>;
+
+TEST(Start, DropsSelectedDirectoriesThatAreGoneAndKeepsTheOrder) {
+    test_program p;
+    p.files.add_directory("/b");
+    p.files.add_directory("/a");
+    p.files.add_file("/prog/比较文件_目录清单.txt", "/b\r\n/gone\r\n/a\r\n");
+    p.corvane.start();
+    EXPECT_EQ(p.state.selected_dirs, (texts{"", "/b", "/a"}));
+    EXPECT_EQ(p.state.selected_dir_count, 2);
+    EXPECT_FALSE(p.corvane.directory_window().visible);
+}
+
+TEST(Start, WithNoDirectoryLeftOpensTheSelection) {
+    test_program p;
+    p.files.add_file("/prog/比较文件_目录清单.txt", "/gone\r\n");
+    p.corvane.start();
+    EXPECT_TRUE(p.corvane.directory_window().visible);
+    EXPECT_TRUE(p.form.visible);
+}
+
+TEST(Start, FillsThePanelsAndTheTitleAndStartsNoTask) {
+    test_program q;
+    q.files.add_directory("/d");
+    q.files.add_file("/prog/比较文件_目录清单.txt", "/d\r\n");
+    q.corvane.start();
+    texts panels;
+    for (int number = 1; number <= 7; ++number) panels.push_back(q.form.StatusBar1.panel(number));
+    EXPECT_EQ(panels, (texts{"全部文件数", "全部文件大小", "相同文件数", "相同文件大小", "删除情况",
+                             "运行时间", "帮助"}));
+    EXPECT_EQ(q.form.caption, "Corvane V1.0.0        欢迎您使用");
+    EXPECT_EQ(q.state.file_count, 0);
+    EXPECT_TRUE(q.files.opened.size() <= 1);
+}
+
+TEST(Start, TheRunClockStandsInTheTitle) {
+    test_program p;
+    p.corvane.start();
+    p.screen.clock += 3725;
+    p.corvane.tick();
+    EXPECT_EQ(p.form.caption, "Corvane V1.0.0        欢迎您使用    进入计时:1:2:5");
+}
+
+TEST(Start, MoreThanTheLimitOfSelectedDirectoriesIsCutOff) {
+    test_program p;
+    p.files.add_directory("/d");
+    std::string lines;
+    for (int i = 0; i < 2500; ++i) lines += "/d\r\n";
+    p.files.add_file("/prog/比较文件_目录清单.txt", lines);
+    p.corvane.start();
+    EXPECT_EQ(p.state.selected_dir_count, 2000);
+}
+
+TEST(Close, WritesTheSelectionAndEndsOnce) {
+    test_program p;
+    p.select({"/d"});
+    p.form.run("exit_sub");
+    EXPECT_EQ(p.stored_lines("比较文件_目录清单.txt"), texts{"/d"});
+    EXPECT_TRUE(p.screen.ended);
+    EXPECT_EQ(p.state.quit_requested, -1);
+    p.files.erase("/prog/比较文件_目录清单.txt");
+    p.corvane.close();
+    EXPECT_FALSE(p.files.has("/prog/比较文件_目录清单.txt"));
+}
+
+TEST(Tasks, NoneStartsWhileAnotherRunsWhicheverWayItIsAskedFor) {
+    test_program p;
+    for (int i = 0; i < 60; ++i)
+        p.files.add_file("/d/" + std::to_string(100 + i), std::string(1 + i / 2, 'x'));
+    p.search({"/d"});
+    const std::int64_t start = p.screen.yields;
+    const char* const ways[] = {"picture2_Click",
+                                "Picture3_Click",
+                                "Picture4_Click",
+                                "Command21_Click",
+                                "Command18_Click",
+                                "search_check_m",
+                                "目录选择.cmd_dir_firm_Click"};
+    for (std::int64_t yield = 70; yield < 140; ++yield)
+        p.screen.acts[start + yield] = [&, yield] { p.form.run(ways[yield % 7]); };
+    p.form.run("Picture3_Click");
+    EXPECT_EQ(p.stored_pairs().size(), 30u);
+    EXPECT_EQ(p.screen.messages.size(), 1u);
+}
+
+TEST(HelpMode, TheMenuTogglesThePointer) {
+    test_program p;
+    p.form.run("help_spirit");
+    EXPECT_EQ(p.form.mouse_pointer, 14);
+    p.form.run("Picture1_Click");
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.desktop.calls, (texts{"help aux09_Corvane帮助_Link.htm", "help aux15_Corvane帮助_Link.htm"}));
+    EXPECT_FALSE(p.corvane.directory_window().visible);
+    p.form.run("help_spirit");
+    EXPECT_EQ(p.form.mouse_pointer, 0);
+}
+
+TEST(Forms, AreFoundByNameWithoutCase) {
+    test_program p;
+    EXPECT_EQ(p.corvane.find_form(""), &p.form);
+    EXPECT_EQ(p.corvane.find_form("tavrel"), &p.form);
+    EXPECT_EQ(p.corvane.find_form("目录选择"), &p.corvane.directory_window());
+    EXPECT_EQ(p.corvane.find_form("none"), nullptr);
+}
+
+}  // namespace
+}  // namespace corvane

@@ -1,0 +1,286 @@
+#include "browser/same_view.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/test_program.h"
+
+namespace corvane {
+namespace {
+
+using texts = std::vector<std::string>;
+
+struct stored_row {
+    std::int64_t length;
+    std::string path1;
+    std::string path2;
+};
+
+void store(test_program& p, const std::vector<stored_row>& rows) {
+    std::string text = "内容相同文件清单            \r\n " + std::to_string(rows.size()) + " \r\n";
+    for (const stored_row& row : rows)
+        text += " " + std::to_string(row.length) + " \r\n" + row.path1 + "\r\n" + row.path2 + "\r\n";
+    p.files.add_file("/prog/相同文件.txt", text);
+}
+
+TEST(SameView, AMissingOrEmptyStoreIsToldAndNothingElse) {
+    for (const bool missing : {true, false}) {
+        test_program p;
+        p.state.list_mode = 2;
+        if (!missing) p.files.add_file("/prog/相同文件.txt", "");
+        p.form.run("Picture4_Click");
+        EXPECT_EQ(p.last_message(), "没有相同文件");
+        EXPECT_EQ(p.screen.messages[0].title, "提示");
+        EXPECT_EQ(p.state.list_mode, 2);
+        EXPECT_TRUE(p.form.pictures[4]->enabled);
+    }
+}
+
+TEST(SameView, ARowWithAVanishedFileFallsOutUnlessTheStoreIsFresh) {
+    test_program p;
+    p.files.add_file("/d/a", "x");
+    store(p, {{1, "/d/a", "/d/gone"}});
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.last_message(), "没有相同文件");
+    EXPECT_EQ(p.form.ListView1.row_count(), 0);
+    p.state.same_fresh_flag = -1;
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.form.ListView1.row_count(), 1);
+    EXPECT_EQ(p.state.same_fresh_flag, 0);
+}
+
+TEST(SameView, AFailedLoadKeepsTheFreshFlag) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.state.same_fresh_flag, -1);
+}
+
+TEST(SameView, AnArchiveMemberIsNotTestedForExistence) {
+    test_program p;
+    p.files.add_file("/d/a", "x");
+    store(p, {{1, "/gone.zip*in", "/d/a"}});
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.form.ListView1.row_count(), 1);
+    EXPECT_EQ(p.form.ListView1.colour(1, 3), cell_colour::colour_archive);
+}
+
+TEST(SameView, RowsAreSortedByTheFirstPathAndNumbered) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    store(p, {{30, "/c", "/x"}, {10, "/a", "/y"}, {20, "/b", "/z"}});
+    p.form.run("Picture4_Click");
+    const list_view& list = p.form.ListView1;
+    for (std::int32_t row = 1; row <= 3; ++row) EXPECT_EQ(list.cell(row, 1), std::to_string(row));
+    EXPECT_EQ(list.cell(1, 3) + list.cell(2, 3) + list.cell(3, 3), "/a/b/c");
+    EXPECT_EQ(list.cell(1, 4), "/y");
+    EXPECT_EQ(list.cell(3, 2), "30");
+    EXPECT_EQ(p.state.result_file1[1], "/a");
+    EXPECT_EQ(p.state.result_file2[1], "/y");
+    EXPECT_EQ(p.state.result_length[1], 10);
+    EXPECT_EQ(p.state.result_max_length, 30);
+    EXPECT_EQ(p.state.list_mode, 0);
+}
+
+TEST(SameView, ARepeatedFirstPathTurnsGrayAndOnlyInItsColumn) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    store(p, {{1, "/a", "/x"},
+              {1, "/a", "/z.zip*y"},
+              {1, "/a", "/z"},
+              {1, "/m.zip*a", "/1"},
+              {1, "/m.zip*a", "/2"}});
+    p.form.run("Picture4_Click");
+    const list_view& list = p.form.ListView1;
+    EXPECT_EQ(list.colour(1, 3), cell_colour::colour_text);
+    EXPECT_EQ(list.colour(2, 3), cell_colour::colour_gray);
+    EXPECT_EQ(list.colour(3, 3), cell_colour::colour_gray);
+    EXPECT_EQ(list.colour(4, 3), cell_colour::colour_archive);
+    EXPECT_EQ(list.colour(5, 3), cell_colour::colour_gray);  // gray, not purple
+    for (std::int32_t row = 1; row <= 5; ++row) EXPECT_NE(list.colour(row, 4), cell_colour::colour_gray);
+}
+
+TEST(SameView, ColumnsHaveTheirHeadersAndWidths) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    p.form.ListView1.place.width = 12'100;
+    store(p, {{1, "/a", "/b"}});
+    p.form.run("Picture4_Click");
+    texts headers;
+    std::vector<int> widths;
+    for (const list_column& column : p.form.ListView1.columns()) {
+        headers.push_back(column.header);
+        widths.push_back(column.width);
+    }
+    EXPECT_EQ(headers, (texts{"", "序号", "长度", "重复文件1", "重复文件2"}));
+    EXPECT_EQ(widths, (std::vector<int>{100, 700, 900, 5000, 5000}));
+    p.form.ListView1.place.width = 22'100;
+    p.form.run("layout_list");
+    EXPECT_EQ(p.form.ListView1.columns()[3].width, 10'000);
+}
+
+TEST(SameView, TheTotalIsScaledWithItsUnit) {
+    struct total {
+        std::int64_t bytes;
+        const char* text;
+    };
+    for (const total& expected :
+         {total{999'999, "相同文件长度:999,999"}, total{1'000'000, "相同文件长度:976 K"},
+          total{1'000'000'000, "相同文件长度:953 M"}, total{1'000'000'000'000, "相同文件长度:931 G"}}) {
+        test_program p;
+        p.state.same_fresh_flag = -1;
+        store(p, {{expected.bytes, "/a", "/b"}});
+        p.form.run("Picture4_Click");
+        EXPECT_EQ(p.form.StatusBar1.panel(4), expected.text);
+        EXPECT_EQ(p.form.StatusBar1.panel(3), "相同文件:1");
+        EXPECT_EQ(p.form.StatusBar1.panel(5), "100%");
+        EXPECT_EQ(p.form.StatusBar1.panel(7), "显示相同文件");
+    }
+}
+
+TEST(SameView, TheLegendEndsInAFourfoldLine) {
+    test_program p;
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.form.find("Picture4")->tooltip,
+              "显示最近一次[查相同文件]的结果,选择欲删除的文件。右键<显示选择>菜单.\r\n----------------\r\n"
+              "黑色:正常文件;\r\n紫色:压缩包内部文件;\r\n灰色:与上个文件为同一文件\r\n红色:欲删除的文件\r\n"
+              "蓝色:因属性原因删不掉的文件\r\n水红:查找到的文件 \r\n空:该文件已删除 \r\n空:该文件已删除 \r\n"
+              "空:该文件已删除 \r\n空:该文件已删除 ");
+    EXPECT_EQ(p.form.ListView1.help_context, 1015);
+}
+
+TEST(SameView, RepaintsOnceAtRowOneHundredAndThinsTheFigures) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    std::vector<stored_row> rows;
+    for (int i = 0; i < 2500; ++i) rows.push_back({1, std::string("/").append(std::to_string(10'000 + i)), "/z"});
+    store(p, rows);
+    texts shown;
+    for (std::int64_t yield = 1; yield <= 2500; ++yield)
+        p.screen.acts[yield] = [&] {
+            const std::string& words = p.form.StatusBar1.panel(5);
+            if (shown.empty() || shown.back() != words) shown.push_back(words);
+        };
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.screen.repaints, 1);
+    EXPECT_EQ(shown, (texts{"读入:1836", "读取: 40%", "读取: 80%"}));
+}
+
+TEST(SameView, RowsBeyondTheLimitAreLeftOutAndSaidOnce) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    p.state.limits.result_rows = 2;
+    store(p, {{1, "/a", "/b"}, {1, "/c", "/d"}, {1, "/e", "/f"}});
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.form.ListView1.row_count(), 2);
+    EXPECT_EQ(p.screen.messages.size(), 1u);
+}
+
+TEST(SameView, ATruncatedStoreShowsItsWholeTriples) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    p.files.add_file("/prog/相同文件.txt", "title\r\n 9 \r\n 5 \r\n/a\r\n/b\r\n 6 \r\n/c");
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.form.ListView1.row_count(), 1);
+}
+
+TEST(SameView, ABinaryStoreIsSurvived) {
+    std::string noise;
+    std::uint32_t state = 12345;
+    for (int i = 0; i < 200'000; ++i)
+        noise += static_cast<char>((state = state * 1664525u + 1013904223u) >> 24);
+    for (const std::int16_t fresh : {std::int16_t{0}, std::int16_t{-1}}) {
+        test_program p;
+        p.state.same_fresh_flag = fresh;
+        p.files.add_file("/prog/相同文件.txt", noise);
+        p.form.run("Picture4_Click");
+        EXPECT_TRUE(p.form.pictures[4]->enabled);
+    }
+}
+
+TEST(SameView, ClosingStopsTheLoad) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    p.state.quit_requested = -1;
+    store(p, {{1, "/a", "/b"}});
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.form.ListView1.row_count(), 0);
+}
+
+TEST(RewriteStore, LeavesOutRowsWithABlankCellAndKeepsTheCount) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    store(p, {{10, "/a", "/b"}, {20, "/c", "/d"}, {30, "/e", "/f"}});
+    p.form.run("Picture4_Click");
+    p.form.ListView1.set_text(2, 4, "");
+    p.form.ListView1.set_text(3, 3, " ");
+    EXPECT_TRUE(rewrite_store(p.form));
+    EXPECT_EQ(p.files.content_of("/prog/相同文件.txt"),
+              "内容相同文件清单            \r\n 3 \r\n10\r\n/a\r\n/b\r\n");
+}
+
+TEST(RewriteStore, ReloadingNumbersAnewAndLosesMarks) {
+    test_program p;
+    for (const char* path : {"/a", "/b", "/c", "/d"}) p.files.add_file(path, "x");
+    store(p, {{1, "/a", "/b"}, {1, "/c", "/d"}});
+    p.form.run("Picture4_Click");
+    p.form.ListView1.set_text(1, 4, "");
+    p.form.ListView1.set_colour(2, 4, cell_colour::mark_red);
+    rewrite_store(p.form);
+    p.form.run("result_refresh");
+    ASSERT_EQ(p.form.ListView1.row_count(), 1);
+    EXPECT_EQ(p.form.ListView1.cell(1, 1), "1");
+    EXPECT_EQ(p.form.ListView1.cell(1, 3), "/c");
+    EXPECT_EQ(p.form.ListView1.colour(1, 4), cell_colour::colour_text);
+}
+
+TEST(RewriteStore, AFullDiskLeavesTheOldStore) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    store(p, {{10, "/a", "/b"}});
+    const std::string before = p.files.content_of("/prog/相同文件.txt");
+    p.form.run("Picture4_Click");
+    p.files.write_failure_path = "/prog/相同文件.txt";
+    EXPECT_FALSE(rewrite_store(p.form));
+    EXPECT_EQ(p.files.content_of("/prog/相同文件.txt"), before);
+}
+
+TEST(RowPanel, ShowsBothPathsWithDateAndLength) {
+    test_program p;
+    // 1970-01-01 01:02:03 UTC in 100 ns since 1601.
+    const std::uint64_t ticks = (11'644'473'600ull + 3723) * 10'000'000;
+    for (const char* path : {"/d/a", "/d/long"}) {
+        memory_file& file = p.files.add_file(path, "12345");
+        file.date_high = static_cast<std::int32_t>(ticks >> 32);
+        file.date_low = static_cast<std::int32_t>(static_cast<std::uint32_t>(ticks));
+    }
+    store(p, {{5, "/d/a", "/d/long"}});
+    p.form.run("Picture4_Click");
+    show_row_panel(p.form, 1);
+    EXPECT_TRUE(p.form.Frame4.visible);
+    EXPECT_EQ(p.form.Frame4.caption, "显示第 1 条");
+    EXPECT_EQ(p.form.samefile_disp1.text, "/d/a       1899-12-30 1:2:3\t5");
+    EXPECT_EQ(p.form.samefile_disp2.text, "/d/long    1899-12-30 1:2:3\t5");
+}
+
+TEST(RowPanel, AMemberTakesItsLengthFromTheRowAndHasNoDate) {
+    test_program p;
+    p.files.add_file("/d/a", "12345");
+    store(p, {{5, "/d/a", "/d/z.zip*m"}});
+    p.form.run("Picture4_Click");
+    show_row_panel(p.form, 1);
+    EXPECT_EQ(p.form.samefile_disp2.text, "/d/z.zip*m    \t5");
+}
+
+TEST(RowPanel, AVanishedFileShowsItsPathAlone) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    store(p, {{5, "/gone", "/gone2"}});
+    p.form.run("Picture4_Click");
+    show_row_panel(p.form, 1);
+    EXPECT_EQ(p.form.samefile_disp1.text, "/gone     \t");
+    show_row_panel(p.form, 2);  // no such row
+    EXPECT_EQ(p.form.Frame4.caption, "显示第 1 条");
+}
+
+}  // namespace
+}  // namespace corvane

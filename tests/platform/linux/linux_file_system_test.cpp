@@ -1,0 +1,241 @@
+// The Linux disk on a real temporary folder.
+#include "platform/linux/linux_file_system.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+
+#include "platform/linux/name_mapping.h"
+
+namespace corvane {
+namespace {
+
+namespace disk = std::filesystem;
+
+class LinuxFileSystem : public testing::Test {
+  protected:
+    LinuxFileSystem() {
+        char place[] = "/tmp/corvane_test_XXXXXX";
+        root = std::string(mkdtemp(place)) + "/";
+    }
+    ~LinuxFileSystem() override { disk::remove_all(root); }
+
+    std::string write(const std::string& name, const std::string& content) {
+        std::ofstream(root + name, std::ios::binary) << content;
+        return root + name;
+    }
+    std::string read(const std::string& name) {
+        std::ifstream file(root + name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    std::map<std::string, entry_kind> list() {
+        std::map<std::string, entry_kind> entries;
+        const auto reader = files.open_directory(root, error);
+        std::string_view name;
+        entry_kind kind;
+        while (reader && reader->next(name, kind)) entries.emplace(name, kind);
+        return entries;
+    }
+
+    std::string root;
+    std::string error;
+    linux_file_system files;
+};
+
+TEST_F(LinuxFileSystem, TellsFilesDirectoriesLinksAndTheRest) {
+    write("file", "x");
+    disk::create_directory(root + "directory");
+    disk::create_symlink(root + "file", root + "link_to_file");
+    disk::create_symlink(root + "directory", root + "link_to_directory");
+    disk::create_symlink(root + "gone", root + "dangling");
+    mkfifo((root + "fifo").c_str(), 0600);
+    const std::map<std::string, entry_kind> expected = {
+        {"file", entry_kind::file},          {"directory", entry_kind::directory},
+        {"link_to_file", entry_kind::other}, {"link_to_directory", entry_kind::link_to_directory},
+        {"dangling", entry_kind::other},     {"fifo", entry_kind::other}};
+    EXPECT_EQ(list(), expected);
+}
+
+TEST_F(LinuxFileSystem, NamesThatLinesCannotHoldAreMappedAndStillFound) {
+    for (const std::string name : {"line\nbreak", "star*", "\xFF\xFEno utf-8", "\xEF\x80\xAA"}) {
+        write(name, "content");
+        const std::string text = root + to_text(name);
+        EXPECT_EQ(text.find_first_of("\n*"), std::string::npos);
+        EXPECT_EQ(files.facts(text).length, 7);
+        std::byte buffer[16];
+        EXPECT_EQ(files.read_start(text, buffer, 16), 7);
+        EXPECT_EQ(list().count(to_text(name)), 1u);
+    }
+}
+
+TEST_F(LinuxFileSystem, ATextWithAStarNamesNoFile) {
+    // "*" marks an archive entry; the file of that raw name must not be opened in its place.
+    write("a.zip*in", "content");
+    EXPECT_FALSE(files.facts(root + "a.zip*in").exists);
+    EXPECT_EQ(files.open_file(root + "a.zip*in", error), nullptr);
+    EXPECT_FALSE(files.attributes(root + "a.zip*in").exists);
+}
+
+TEST_F(LinuxFileSystem, LongNamesAndLongPathsAreHandled) {
+    const std::string name(255, 'n');
+    write(name, "x");
+    EXPECT_TRUE(files.facts(root + name).exists);
+    EXPECT_EQ(list().count(name), 1u);
+    std::string deep = root;
+    while (deep.size() + 202 < 4095) {
+        deep += std::string(200, 'd') + "/";
+        ASSERT_TRUE(disk::create_directory(deep));
+    }
+    std::ofstream(deep + "f") << "x";
+    EXPECT_TRUE(files.facts(deep + "f").exists);
+    EXPECT_FALSE(files.facts(deep + std::string(5000, 'x')).exists);
+}
+
+TEST_F(LinuxFileSystem, FactsAreThoseOfARegularFileOnly) {
+    const std::string path = write("f", "12345");
+    const timespec times[2] = {{0, 0}, {1, 500}};
+    utimensat(AT_FDCWD, path.c_str(), times, 0);
+    const file_facts facts = files.facts(path);
+    EXPECT_TRUE(facts.exists);
+    EXPECT_EQ(facts.length, 5);
+    // 11,644,473,601 seconds after 1601 in units of 100 ns, and 500 ns more.
+    const std::uint64_t ticks = 116'444'736'010'000'005ull;
+    EXPECT_EQ(facts.date_high, static_cast<std::int32_t>(ticks >> 32));
+    EXPECT_EQ(facts.date_low, static_cast<std::int32_t>(static_cast<std::uint32_t>(ticks)));
+    EXPECT_EQ(facts.link_count, 1u);
+    disk::create_hard_link(path, root + "g");
+    EXPECT_EQ(files.facts(root + "g").link_count, 2u);
+    EXPECT_EQ(files.facts(root + "g").identity, facts.identity);
+    file_identity identity;
+    EXPECT_TRUE(files.identity(path, identity));
+    EXPECT_EQ(identity, facts.identity);
+    disk::create_symlink(path, root + "link");
+    mkfifo((root + "fifo").c_str(), 0600);
+    for (const char* other : {"link", "fifo", "", "gone"})
+        EXPECT_FALSE(files.facts(root + other).exists) << other;
+}
+
+TEST_F(LinuxFileSystem, LengthsBeyondTwoGibibytesAreExact) {
+    const std::string path = write("big", "");
+    ASSERT_EQ(truncate(path.c_str(), 5'000'000'001), 0);
+    EXPECT_EQ(files.facts(path).length, 5'000'000'001);
+    const auto reader = files.open_file(path, error);
+    std::byte buffer[4];
+    EXPECT_EQ(reader->read_at(5'000'000'000, buffer), 1);
+}
+
+TEST_F(LinuxFileSystem, AFifoOrADirectoryIsNeverOpenedAsAFile) {
+    mkfifo((root + "fifo").c_str(), 0600);
+    EXPECT_EQ(files.open_file(root + "fifo", error), nullptr);
+    EXPECT_EQ(files.open_file(root, error), nullptr);
+    EXPECT_EQ(files.overwrite_file(root + "fifo", error), nullptr);
+    EXPECT_EQ(files.replace_file(root, error), nullptr);
+    EXPECT_FALSE(error.empty());
+}
+
+TEST_F(LinuxFileSystem, PseudoFileSystemsAreUnreadable) {
+    for (const char* path : {"/proc", "/sys"})
+        if (disk::exists(path)) {
+            EXPECT_EQ(files.open_directory(path, error), nullptr);
+            EXPECT_FALSE(error.empty());
+        }
+    EXPECT_NE(files.open_directory("/", error), nullptr);
+}
+
+TEST_F(LinuxFileSystem, AttributesTellHiddenAndReadOnly) {
+    write(".hidden", "x");
+    chmod(write("locked", "x").c_str(), 0444);
+    EXPECT_TRUE(files.attributes(root + ".hidden").hidden);
+    EXPECT_FALSE(files.attributes(root + "locked").hidden);
+    EXPECT_TRUE(files.attributes(root + "locked").read_only);
+    EXPECT_FALSE(files.attributes(root + ".hidden").read_only);
+    EXPECT_TRUE(files.attributes(root).directory);
+    EXPECT_FALSE(files.attributes(root + "gone").exists);
+}
+
+TEST_F(LinuxFileSystem, TheUsersTrashIsARecycleDirectory) {
+    disk::create_directories(root + "data/Trash/files");
+    disk::create_directories(root + "other/Trash");
+    const char* const before = std::getenv("XDG_DATA_HOME");
+    const std::string kept = before ? before : "";
+    setenv("XDG_DATA_HOME", (root + "data").c_str(), 1);
+    linux_file_system with_home;
+    before ? setenv("XDG_DATA_HOME", kept.c_str(), 1) : unsetenv("XDG_DATA_HOME");
+    EXPECT_TRUE(with_home.is_recycle_directory(root + "data/Trash/"));
+    EXPECT_FALSE(with_home.is_recycle_directory(root + "other/Trash/"));
+    disk::create_directory(root + ".Trash");
+    EXPECT_FALSE(with_home.is_recycle_directory(root + ".Trash/"));  // not at the top of a volume
+    EXPECT_TRUE(with_home.is_recycle_directory("/.Trash-" + std::to_string(getuid()) + "/"));
+}
+
+TEST_F(LinuxFileSystem, ReplacingIsSeenOnlyAfterTheCommit) {
+    write("f", "old");
+    {
+        const auto writer = files.replace_file(root + "f", error);
+        ASSERT_NE(writer, nullptr);
+        EXPECT_TRUE(writer->write("new text"));
+        EXPECT_TRUE(writer->write_at(0, "NEW"));
+        EXPECT_EQ(read("f"), "old");
+        EXPECT_TRUE(writer->commit());
+    }
+    EXPECT_EQ(read("f"), "NEW text");
+    EXPECT_EQ(list().size(), 1u);
+}
+
+TEST_F(LinuxFileSystem, AWriterWithoutCommitLeavesNothing) {
+    write("f", "old");
+    { files.replace_file(root + "f", error)->write("half"); }
+    EXPECT_EQ(read("f"), "old");
+    EXPECT_EQ(list().size(), 1u);
+}
+
+TEST_F(LinuxFileSystem, AFullDiskFailsWithTheSystemsWordsAndTheOldFileStays) {
+    // A file size limit gives the same refusal as a full disk, without filling one.
+    write("f", "old");
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{4096, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    {
+        const auto writer = files.replace_file(root + "f", error);
+        EXPECT_FALSE(writer->write(std::string(10'000, 'x')));
+        EXPECT_FALSE(writer->error().empty());
+    }
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(read("f"), "old");
+    EXPECT_EQ(list().size(), 1u);
+}
+
+TEST_F(LinuxFileSystem, OverwritingIsSeenWhileItGrows) {
+    write("f", "old");
+    const auto writer = files.overwrite_file(root + "f", error);
+    EXPECT_TRUE(writer->write("new"));
+    EXPECT_EQ(read("f"), "new");
+}
+
+TEST_F(LinuxFileSystem, RemovingAMissingDataFileIsNoFailure) {
+    EXPECT_TRUE(files.remove_data_file(write("f", "x"), error));
+    EXPECT_TRUE(files.remove_data_file(root + "f", error));
+    EXPECT_FALSE(files.remove_data_file(root, error));
+}
+
+TEST_F(LinuxFileSystem, ReadStartStopsAtTheExpectedLength) {
+    const std::string path = write("f", "12345");
+    std::byte buffer[6];
+    EXPECT_EQ(files.read_start(path, buffer, 5), 5);
+    EXPECT_EQ(files.read_start(root + "gone", buffer, 5), -1);
+    EXPECT_EQ(files.read_start(root, buffer, 5), -1);
+}
+
+}  // namespace
+}  // namespace corvane

@@ -1,0 +1,88 @@
+"""Runs one story: makes its files in a temporary folder, runs its script, compares what the console prints.
+
+A story is a text of sections. "files" holds one file a line: path, a blank, its content (empty for none); a path
+that ends in "/" is a directory, "path -> target" a link. "script" is the console script, "output" what it prints,
+"status" its exit status (0 when left out), "file NAME" the content of a file beside the program afterwards.
+ROOT stands for the temporary folder. In the output "..." matches any run of characters.
+"""
+import os
+import re
+import subprocess
+import sys
+import tempfile
+
+
+def sections(path):
+    found, name = {}, None
+    with open(path, encoding="utf-8") as story:
+        for line in story:
+            head = re.fullmatch(r"== (.+) ==\n", line)
+            if head:
+                name = head.group(1)
+                found[name] = ""
+            elif name:
+                found[name] += line
+    return found
+
+
+def make_files(root, lines):
+    for line in lines.splitlines():
+        if not line:
+            continue
+        if " -> " in line:
+            place, target = line.split(" -> ")
+            os.symlink(os.path.join(root, target), os.path.join(root, place))
+            continue
+        path, _, content = line.partition(" ")
+        place = os.path.join(root, path)
+        if path.endswith("/"):
+            os.makedirs(place, exist_ok=True)
+            continue
+        os.makedirs(os.path.dirname(place), exist_ok=True)
+        with open(place, "wb") as file:
+            file.write(content.encode())
+
+
+def matches(pattern, line):
+    return re.fullmatch(".*?".join(re.escape(part) for part in pattern.split("...")), line) is not None
+
+
+def compare(what, expected, actual):
+    wanted, got = expected.splitlines(), actual.splitlines()
+    if len(wanted) == len(got) and all(map(matches, wanted, got)):
+        return True
+    print(f"--- {what}: expected\n{expected}--- {what}: found\n{actual}", end="")
+    return False
+
+
+def main():
+    console, story_path = sys.argv[1:]
+    story = sections(story_path)
+    with tempfile.TemporaryDirectory(prefix="corvane_story_") as root:
+        root = os.path.realpath(root)
+        program_dir = os.path.join(root, "program")
+        os.makedirs(program_dir)
+        make_files(root, story.get("files", ""))
+        environment = dict(os.environ, HOME=os.path.join(root, "home"), XDG_DATA_HOME=os.path.join(root, "home"))
+        run = subprocess.run([console, "--program-dir", program_dir, "--dry-shell", "--script", "-"],
+                             input=story["script"].replace("ROOT", root).encode(), capture_output=True,
+                             env=environment, timeout=120)
+        output = run.stdout.decode("utf-8", "replace").replace(root, "ROOT")
+        right = compare("output", story.get("output", ""), output)
+        wanted = int(story.get("status", "0").strip() or 0)
+        if run.returncode != wanted:
+            print(f"--- status {run.returncode}, expected {wanted}\n{run.stderr.decode('utf-8', 'replace')}")
+            right = False
+        for name, expected in story.items():
+            if name.startswith("file "):
+                with open(os.path.join(program_dir, name[5:]), "rb") as file:
+                    content = file.read().decode("utf-8", "replace").replace("\r\n", "\n").replace(root, "ROOT")
+                right = compare(name, expected, content) and right
+            if name.startswith("no file "):
+                if os.path.exists(os.path.join(program_dir, name[8:])):
+                    print(f"--- {name[8:]} should not be there")
+                    right = False
+        return 0 if right else 1
+
+
+sys.exit(main())

@@ -1,0 +1,232 @@
+#include "tests/support/memory_file_system.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace corvane {
+
+class memory_reader : public file_reader {
+  public:
+    memory_reader(memory_file_system& files, std::string path) : files_(files), path_(std::move(path)) {}
+
+    std::int64_t read_at(std::int64_t offset, std::span<std::byte> buffer) override {
+        const memory_file* file = files_.find(path_);
+        if (file == nullptr || file->unreadable) return -1;
+        const auto start = std::min(static_cast<std::size_t>(offset), file->content.size());
+        const std::size_t count = std::min(buffer.size(), file->content.size() - start);
+        if (count > 0) std::memcpy(buffer.data(), file->content.data() + start, count);
+        files_.bytes_read[path_] += static_cast<std::int64_t>(count);
+        return static_cast<std::int64_t>(count);
+    }
+    void will_read(std::int64_t) override {}
+
+  private:
+    memory_file_system& files_;
+    std::string path_;
+};
+
+class memory_writer : public file_writer {
+  public:
+    memory_writer(memory_file_system& files, std::string path, bool in_place)
+        : files_(files), path_(std::move(path)), in_place_(in_place) {
+        if (in_place_) files_.place(path_).content.clear();
+    }
+    bool write(std::string_view bytes) override {
+        if (path_ == files_.write_failure_path) {
+            error_ = files_.write_failure_words;
+            return false;
+        }
+        content_ += bytes;
+        if (in_place_) files_.place(path_).content = content_;
+        return true;
+    }
+    bool write_at(std::int64_t offset, std::string_view bytes) override {
+        content_.replace(static_cast<std::size_t>(offset), bytes.size(), bytes);
+        return true;
+    }
+    bool commit() override {
+        files_.place(path_).content = content_;
+        return true;
+    }
+    const std::string& error() const override { return error_; }
+
+  private:
+    memory_file_system& files_;
+    std::string path_;
+    std::string content_;
+    std::string error_;
+    bool in_place_;
+};
+
+namespace {
+
+class memory_directory_reader : public directory_reader {
+  public:
+    memory_directory_reader(std::vector<std::pair<std::string, entry_kind>> entries, file_identity identity)
+        : entries_(std::move(entries)), identity_(identity) {}
+    bool next(std::string_view& name, entry_kind& kind) override {
+        if (at_ >= entries_.size()) return false;
+        name = entries_[at_].first;
+        kind = entries_[at_++].second;
+        return true;
+    }
+    file_identity identity() const override { return identity_; }
+
+  private:
+    std::vector<std::pair<std::string, entry_kind>> entries_;
+    file_identity identity_;
+    std::size_t at_ = 0;
+};
+
+}  // namespace
+
+// Without a closing separator, doubled separators as one, links in the path followed.
+std::string memory_file_system::key(std::string_view path) const {
+    std::string plain;
+    for (const char unit : path)
+        if (unit != separator_ || plain.empty() || plain.back() != separator_) plain += unit;
+    if (plain.size() > 1 && plain.back() == separator_) plain.pop_back();
+    for (std::size_t end = 1; end <= plain.size(); ++end) {
+        if (end != plain.size() && plain[end] != separator_) continue;
+        const auto found = entries_.find(plain.substr(0, end));
+        if (found != entries_.end() && found->second.kind == entry_kind::link_to_directory &&
+            end != plain.size())
+            return key(found->second.link_target + plain.substr(end));
+    }
+    return plain;
+}
+
+memory_file* memory_file_system::find(std::string_view path) {
+    const auto found = entries_.find(key(path));
+    return found == entries_.end() ? nullptr : &found->second;
+}
+
+memory_file& memory_file_system::place(const std::string& path) {
+    memory_file& file = entries_[key(path)];
+    if (file.index == 0) file.index = next_index_++;
+    return file;
+}
+
+memory_file& memory_file_system::add_file(const std::string& path, std::string content) {
+    const std::size_t cut = path.rfind(separator_);
+    if (cut != std::string::npos && cut > 0) add_directory(path.substr(0, cut));
+    memory_file& file = place(path);
+    file.content = std::move(content);
+    return file;
+}
+
+memory_file& memory_file_system::add_directory(const std::string& path) {
+    const std::string plain = key(path);
+    const std::size_t cut = plain.rfind(separator_);
+    if (cut != std::string::npos && cut > 0) add_directory(plain.substr(0, cut));
+    memory_file& directory = place(plain);
+    directory.kind = entry_kind::directory;
+    return directory;
+}
+
+memory_file& memory_file_system::add_link(const std::string& path, const std::string& target_directory) {
+    memory_file& link = place(path);
+    link.kind = entry_kind::link_to_directory;
+    link.link_target = target_directory;
+    return link;
+}
+
+std::string memory_file_system::content_of(const std::string& path) const {
+    const auto found = entries_.find(key(path));
+    return found == entries_.end() ? std::string() : found->second.content;
+}
+
+std::int64_t memory_file_system::total_opened() const {
+    std::int64_t total = 0;
+    for (const auto& [path, count] : opened) total += count;
+    return total;
+}
+
+std::unique_ptr<directory_reader> memory_file_system::open_directory(const std::string& path,
+                                                                     std::string& error) {
+    const memory_file* directory = find(path);
+    std::string base = key(path);
+    if (directory != nullptr && directory->kind == entry_kind::link_to_directory) {
+        base = key(directory->link_target);
+        directory = find(base);
+    }
+    if (directory == nullptr || directory->kind != entry_kind::directory || directory->unreadable) {
+        error = directory == nullptr ? "no such directory" : "access denied";
+        return nullptr;
+    }
+    if (base.back() != separator_) base += separator_;
+    std::vector<std::pair<std::string, entry_kind>> entries;
+    for (const auto& [name, file] : entries_)
+        if (name.size() > base.size() && name.starts_with(base) &&
+            name.find(separator_, base.size()) == std::string::npos)
+            entries.emplace_back(name.substr(base.size()), file.kind);
+    return std::make_unique<memory_directory_reader>(std::move(entries), file_identity{1, directory->index});
+}
+
+path_attributes memory_file_system::attributes(const std::string& path) {
+    const memory_file* file = find(path);
+    path_attributes result;
+    if (file == nullptr) return result;
+    result.exists = true;
+    result.directory = file->kind == entry_kind::directory || file->kind == entry_kind::link_to_directory;
+    result.hidden = file->hidden;
+    return result;
+}
+
+file_facts memory_file_system::facts(std::string_view path) {
+    const memory_file* file = path.find('*') == std::string_view::npos ? find(path) : nullptr;
+    file_facts result;
+    if (file == nullptr || file->kind != entry_kind::file) return result;
+    result.exists = true;
+    result.length =
+        file->stated_length >= 0 ? file->stated_length : static_cast<std::int64_t>(file->content.size());
+    result.date_high = file->date_high;
+    result.date_low = file->date_low;
+    result.link_count = file->link_count;
+    result.identity = {1, file->index};
+    return result;
+}
+
+std::string memory_file_system::resolve(const std::string& path) {
+    const memory_file* file = find(path);
+    if (file != nullptr && file->kind == entry_kind::link_to_directory) return file->link_target;
+    return key(path);
+}
+
+bool memory_file_system::identity(const std::string& path, file_identity& identity) {
+    const memory_file* file = find(resolve(path));
+    if (file == nullptr) return false;
+    identity = {1, file->index};
+    return true;
+}
+
+std::int64_t memory_file_system::read_start(std::string_view path, std::span<std::byte> buffer, std::size_t) {
+    std::string error;
+    const std::unique_ptr<file_reader> reader = open_file(path, error);
+    return reader ? reader->read_at(0, buffer) : -1;
+}
+
+std::unique_ptr<file_reader> memory_file_system::open_file(std::string_view path, std::string& error) {
+    const memory_file* file = path.find('*') == std::string_view::npos ? find(path) : nullptr;
+    if (file == nullptr || file->kind != entry_kind::file || file->unreadable) {
+        error = file == nullptr ? "no such file" : "access denied";
+        return nullptr;
+    }
+    ++opened[std::string(path)];
+    return std::make_unique<memory_reader>(*this, std::string(path));
+}
+
+std::unique_ptr<file_writer> memory_file_system::replace_file(const std::string& path, std::string&) {
+    return std::make_unique<memory_writer>(*this, key(path), false);
+}
+
+std::unique_ptr<file_writer> memory_file_system::overwrite_file(const std::string& path, std::string&) {
+    return std::make_unique<memory_writer>(*this, key(path), true);
+}
+
+bool memory_file_system::remove_data_file(const std::string& path, std::string&) {
+    erase(path);
+    return true;
+}
+
+}  // namespace corvane

@@ -1,0 +1,75 @@
+// A disk in memory with scripted faults. Records what was opened, so that a test can say what was not read.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace corvane {
+
+struct memory_file {
+    entry_kind kind = entry_kind::file;
+    std::string content;
+    std::string link_target;
+    std::uint64_t link_count = 1;
+    std::uint64_t index = 0;
+    std::int32_t date_high = 30'000'000;
+    std::int32_t date_low = 0;
+    bool hidden = false;
+    bool unreadable = false;
+    std::int64_t stated_length = -1;  // when not -1, what facts() says in place of the content's length
+};
+
+class memory_file_system : public file_system {
+  public:
+    explicit memory_file_system(char separator = '/') : separator_(separator) {}
+
+    // Directories are made as needed. The references stay valid.
+    memory_file& add_file(const std::string& path, std::string content = {});
+    memory_file& add_directory(const std::string& path);
+    memory_file& add_link(const std::string& path, const std::string& target_directory);
+    std::string content_of(const std::string& path) const;
+    bool has(const std::string& path) const { return entries_.count(key(path)) != 0; }
+    void erase(const std::string& path) { entries_.erase(key(path)); }
+
+    std::map<std::string, int> opened;  // how often each file was opened for reading
+    std::map<std::string, std::int64_t> bytes_read;
+    std::set<std::string> recycle_directories;
+    std::string write_failure_path;  // writing this file fails, with the words below
+    std::string write_failure_words = "disk full";
+    std::int64_t total_opened() const;
+
+    char separator() const override { return separator_; }
+    bool ignores_case() const override { return separator_ == '\\'; }
+    std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) override;
+    path_attributes attributes(const std::string& path) override;
+    file_facts facts(std::string_view path) override;
+    std::string resolve(const std::string& path) override;
+    bool identity(const std::string& path, file_identity& identity) override;
+    bool is_recycle_directory(const std::string& path) override {
+        return recycle_directories.count(path) != 0;
+    }
+    std::int64_t read_start(std::string_view path, std::span<std::byte> buffer,
+                            std::size_t expected) override;
+    std::unique_ptr<file_reader> open_file(std::string_view path, std::string& error) override;
+    std::unique_ptr<file_writer> replace_file(const std::string& path, std::string& error) override;
+    std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) override;
+    bool can_write_into(const std::string&) override { return true; }
+    bool remove_data_file(const std::string& path, std::string& error) override;
+
+  private:
+    friend class memory_writer;
+    friend class memory_reader;
+    std::string key(std::string_view path) const;
+    memory_file* find(std::string_view path);
+    memory_file& place(const std::string& path);
+
+    char separator_;
+    std::map<std::string, memory_file> entries_;
+    std::uint64_t next_index_ = 1;
+};
+
+}  // namespace corvane

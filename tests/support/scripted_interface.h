@@ -1,0 +1,97 @@
+// A screen that shows nothing: records boxes, gives prepared answers, runs acts at chosen yields, and has a
+// clock that moves only when a test moves it.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/power.h"
+#include "platform/shell.h"
+#include "platform/user_interface.h"
+
+namespace corvane {
+
+class scripted_interface : public user_interface {
+  public:
+    std::vector<message> messages;
+    std::deque<box_answer> answers;
+    std::map<std::int64_t, std::function<void()>> acts;  // by number of the yield, from 1
+    std::int64_t yields = 0;
+    double clock = 1000;
+    double seconds_per_yield = 0;
+    local_time date{2026, 3, 4, 5, 6, 7};
+    std::optional<screen_point> pointer_place;
+    std::vector<screen_point> pointer_path;
+    double waited = 0;
+    int repaints = 0;
+    bool ended = false;
+
+    box_answer show_message(const message& shown) override {
+        messages.push_back(shown);
+        if (shown.buttons == box_buttons::ok) return box_answer::ok;
+        if (answers.empty()) return box_answer::no;
+        const box_answer answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+    std::optional<std::string> ask_text(const std::string&, const std::string&, const std::string&) override {
+        return {};
+    }
+    std::optional<std::string> choose_file(const std::string&, const std::string&) override { return {}; }
+    std::optional<int> choose_colour(int) override { return {}; }
+    void yield() override {
+        ++yields;
+        clock += seconds_per_yield;
+        const auto due = acts.find(yields);
+        if (due != acts.end()) due->second();
+    }
+    void wait(double seconds) override { waited += seconds; }
+    void repaint() override { ++repaints; }
+    double seconds() override { return clock; }
+    local_time now() override { return date; }
+    local_time local_date(std::int64_t unix_seconds) override {
+        local_time time;
+        time.second = static_cast<int>(unix_seconds % 60);
+        time.minute = static_cast<int>(unix_seconds / 60 % 60);
+        time.hour = static_cast<int>(unix_seconds / 3600 % 24);
+        return time;
+    }
+    std::optional<screen_point> pointer() override { return pointer_place; }
+    void set_pointer(screen_point place) override { pointer_path.push_back(place); }
+    std::optional<screen_point> centre_of(const std::string&, const std::string&) override {
+        return screen_point{400, 80};
+    }
+    screen_size screen() override { return {15360, 11520}; }
+    void end_program() override { ended = true; }
+};
+
+class recording_shell : public shell, public power {
+  public:
+    std::vector<std::string> calls;
+
+    shell_result recycle(const std::string& path) override { return note("recycle " + path); }
+    shell_result open_document(const std::string& path) override { return note("open " + path); }
+    shell_result show_in_file_manager(const std::string& path) override { return note("select " + path); }
+    shell_result show_properties(const std::string& path) override { return note("properties " + path); }
+    shell_result start_process(const std::vector<std::string>& arguments) override {
+        return note("start " + arguments.front());
+    }
+    shell_result set_clipboard(const std::string& text) override { return note("clipboard " + text); }
+    shell_result open_help_topic(const std::string&, const std::string& topic) override {
+        return note("help " + topic);
+    }
+    shell_result log_off() override { return note("log_off"); }
+    shell_result reboot() override { return note("reboot"); }
+    shell_result power_off() override { return note("power_off"); }
+
+  private:
+    shell_result note(std::string call) {
+        calls.push_back(std::move(call));
+        return shell_result::success();
+    }
+};
+
+}  // namespace corvane
