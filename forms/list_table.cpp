@@ -14,6 +14,7 @@
 namespace corvane {
 
 namespace {
+constexpr int smallest_path = 110;
 constexpr int growth_interval = 200;  // milliseconds between two takeovers while a task fills the rows
 
 // Headings that keep as far from each other as the cells below them.
@@ -96,7 +97,10 @@ void list_table::take_widths() {
     const double scale = twips_per_pixel();
     for (int column = 0; column < cells_->columnCount(); ++column) {
         const int twips = list_.columns()[static_cast<std::size_t>(column)].width;
-        const auto pixels = std::max(static_cast<int>(std::floor(twips / scale)), 4);
+        // In a narrow window a path column stays wide enough to be read and the list scrolls.
+        const bool path =
+            column > 0 && list_.columns()[static_cast<std::size_t>(column)].content == cell_content::text;
+        const auto pixels = std::max(static_cast<int>(std::floor(twips / scale)), path ? smallest_path : 4);
         if (columnWidth(column) != pixels) setColumnWidth(column, pixels);
     }
 }

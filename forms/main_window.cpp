@@ -187,6 +187,13 @@ void main_window::resizeEvent(QResizeEvent* event) {
     if (panel_) panel_->keep_inside();
 }
 
+void main_window::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && form_.Frame4.visible)
+        act_("Frame4_Close");
+    else
+        QMainWindow::keyPressEvent(event);
+}
+
 void main_window::closeEvent(QCloseEvent* event) {
     // The program hides the window through its model; a task may still be running below this event.
     event->ignore();

@@ -39,6 +39,8 @@ class main_window : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    // Escape closes the row panel wherever the focus is.
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:

@@ -16,6 +16,7 @@ forms_program::forms_program()
     files.add_directory("/prog/");
     form.caption = "Corvane";
     form.visible = true;
+    windows.main().resize(1100, 700);
     windows.sync();
     settle();
 }

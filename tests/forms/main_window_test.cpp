@@ -179,6 +179,10 @@ TEST(main_window, the_row_panel_shows_its_texts_and_closes) {
     QTest::mouseClick(shown.widget("Frame4_Close"), Qt::LeftButton);
     EXPECT_FALSE(shown.form.Frame4.visible);
     EXPECT_FALSE(panel->isVisible());
+    shown.form.Frame4.visible = true;
+    shown.windows.sync();
+    QTest::keyClick(&shown.windows.main(), Qt::Key_Escape);
+    EXPECT_FALSE(panel->isVisible());
 }
 
 TEST(main_window, a_text_that_both_areas_show_stands_left_of_the_list) {
