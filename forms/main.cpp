@@ -54,7 +54,7 @@ int main(int count, char** arguments) {
     corvane::qt_user_interface screen;
     corvane::program program({files, desktop, machine, screen}, program_dir);
     corvane::main_window window(program, screen);
-    program.start();
+    if (!program.start()) return 1;
     window.sync();
     if (screen.ended()) return 0;
     return QApplication::exec();

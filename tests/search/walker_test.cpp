@@ -143,6 +143,21 @@ TEST(Walk, ShowsTheCountAndYieldsAtEachMultipleOf561) {
     EXPECT_EQ(shown, (texts{"561", "1122"}));
 }
 
+TEST(Walk, DirectoriesThatVanishOrGrowMeanwhileAreSurvived) {
+    test_program p;
+    for (int i = 0; i < 600; ++i) p.files.add_file("/d/a/" + std::to_string(i));
+    p.files.add_file("/d/b/f");
+    p.files.add_file("/d/c/g");
+    p.select({"/d"});
+    p.screen.acts[1] = [&] {
+        p.files.erase("/d/b");
+        p.files.erase("/d/b/f");
+        p.files.add_file("/d/c/new");
+    };
+    walk_directories(p.form, {});
+    EXPECT_EQ(p.state.walk_count, 602);
+}
+
 TEST(Walk, ThePathInTheStatusBarChangesOnlyAfterMoreThan100NewFiles) {
     test_program p;
     for (int i = 0; i < 101; ++i) p.files.add_file("/d/a/" + std::to_string(1000 + i));
