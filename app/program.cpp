@@ -18,6 +18,7 @@ namespace corvane {
 
 namespace {
 
+constexpr char program_name[] = "Corvane";
 constexpr char version[] = "1.0.0";  // major, minor, revision
 
 // Drops selected directories that are gone; the others move up in order.
@@ -90,7 +91,7 @@ form_model* program::find_form(std::string_view name) {
     return nullptr;
 }
 
-void program::start() {
+bool program::start() {
     run_state& state = main_.state;
     read_environment(main_);
     state.base_title = main_.caption + " V" + version;
@@ -98,6 +99,15 @@ void program::start() {
         is_blank(state.last_used) ? "        欢迎您使用" : "        上次使用时间：" + state.last_used;
     main_.caption = state.base_title;
     state.run_start_time = std::floor(main_.outside.screen.seconds());
+    if (!main_.outside.files.claim_directory(state.program_dir)) {
+        message box;
+        box.title = program_name;
+        box.text = std::string(program_name) + " 程序已经运行，不能再次装载。";
+        box.icon = box_icon::exclamation;
+        box.failure = true;
+        main_.outside.screen.show_message(box);
+        return false;
+    }
     static constexpr const char* panels[] = {"全部文件数", "全部文件大小", "相同文件数", "相同文件大小",
                                              "删除情况",   "运行时间",     "帮助"};
     for (int number = 1; number <= status_bar::panel_count; ++number) main_.panel(number, panels[number - 1]);
@@ -110,6 +120,7 @@ void program::start() {
     check_selected_directories(main_);
     read_avoid_list(main_);
     if (state.selected_dir_count == 0) directory_.open();
+    return true;
 }
 
 void program::close() {

@@ -21,8 +21,9 @@ class program {
     // The main form for an empty name, else the window of that name; null when there is none.
     form_model* find_form(std::string_view name);
 
-    // What the main form's load handler does, in its order. Shows the main form.
-    void start();
+    // What the main form's load handler does, in its order. Shows the main form. False when the program runs
+    // already: the user has been told, no file has been written, and the process is to end.
+    bool start();
     // What the unload handler does: asks running tasks to end, writes what must survive, closes every form.
     void close();
     // One second has passed: the running time in the title.

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "browser/same_view.h"
+#include "core/archive_entry.h"
 #include "core/main_form.h"
 
 namespace corvane {
@@ -34,7 +35,7 @@ std::string panel_line(Tavrel& form, const std::string& path, const std::string&
     if (facts.exists) {
         date = date_text(form, facts);
         length = std::to_string(facts.length);
-    } else if (path.find('*') != std::string::npos) {
+    } else if (is_archive_member(path)) {
         length = row_length;
     }
     return line + date + '\t' + length;

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/archive_entry.h"
 #include "core/directory_filter.h"
 #include "core/help.h"
 #include "core/main_form.h"
@@ -27,10 +28,6 @@ constexpr char legend[] =
     "蓝色:因属性原因删不掉的文件\r\n水红:查找到的文件 \r\n"
     "空:该文件已删除 \r\n空:该文件已删除 \r\n空:该文件已删除 \r\n空:该文件已删除 ";
 
-bool is_member(std::string_view path) {
-    return path.find('*') != std::string_view::npos;
-}
-
 // What the store's rows are kept by: an archive member always, a file while it exists. A path that stands in
 // many rows is looked up once.
 class existence_filter {
@@ -39,7 +36,7 @@ class existence_filter {
 
     bool keeps(std::string_view path) {
         if (is_blank(path)) return false;
-        if (is_member(path)) return true;
+        if (is_archive_member(path)) return true;
         if (path != last_path_) {
             last_path_ = path;
             last_exists_ = path_exists(form_, last_path_);
@@ -199,8 +196,8 @@ void fill_same_rows(Tavrel& form) {
         list.set_number(row, 2, length);
         list.set_shared_text(row, 3, state.result_file1.entry(i));
         list.set_shared_text(row, 4, state.result_file2.entry(i));
-        if (is_member(path1)) list.set_colour(row, 3, cell_colour::colour_archive);
-        if (is_member(state.result_file2[i])) list.set_colour(row, 4, cell_colour::colour_archive);
+        if (is_archive_member(path1)) list.set_colour(row, 3, cell_colour::colour_archive);
+        if (is_archive_member(state.result_file2[i])) list.set_colour(row, 4, cell_colour::colour_archive);
         state.total_bytes += static_cast<double>(length);
         state.result_max_length = std::max(state.result_max_length, length);
         if (previous == path1) list.set_colour(row, 3, cell_colour::colour_gray);

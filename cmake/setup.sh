@@ -1,8 +1,8 @@
 # Shared by run and check: packages and configuration.
 # shellcheck shell=bash
 
-build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libqt6svg6-dev libglib2.0-dev libgtest-dev fonts-wqy-microhei"
-test_packages="googletest xvfb xauth p7zip-full zip python3 dbus coreutils"
+build_packages="g++ cmake ninja-build pkg-config python3 qt6-base-dev libqt6svg6 libglib2.0-dev libgtest-dev fonts-wqy-microhei"
+test_packages="coreutils findutils"
 
 # Installs the packages of the list that are missing. Asks dpkg once; where all are there nothing else is done.
 install_packages() {

@@ -7,6 +7,7 @@
 
 #include "compare/column_order.h"
 #include "compare/content_classes.h"
+#include "core/archive_entry.h"
 #include "core/checksum.h"
 #include "core/error_trail.h"
 #include "core/main_form.h"
@@ -18,10 +19,6 @@ namespace {
 
 constexpr std::int64_t signature_block = 65536;
 constexpr std::int64_t direct_signature_length = 4;  // up to this length the bytes are the signature
-
-bool is_member(std::string_view name) {
-    return name.find('*') != std::string_view::npos;
-}
 
 }  // namespace
 
@@ -58,7 +55,7 @@ file_group::file_group(Tavrel& form) : form_(form), state_(form.state) {}
 
 bool file_group::open(std::int32_t i) {
     const auto first = static_cast<std::size_t>(i);
-    if (is_member(state_.file_list[i])) archive_flag_ = true;
+    if (is_archive_member(state_.file_list[i])) archive_flag_ = true;
     signature_mode_ = false;
     if (state_.file_len[first] != last_length_) {
         first_ = i;
@@ -77,7 +74,7 @@ void file_group::find_end(std::int32_t i) {
     last_length_ = state_.file_len[static_cast<std::size_t>(i)];
     for (std::int32_t j = i + 1; j <= state_.file_count; ++j) {
         // Before the length is looked at: a member of the next length counts for this group.
-        if (is_member(state_.file_list[j])) archive_flag_ = true;
+        if (is_archive_member(state_.file_list[j])) archive_flag_ = true;
         if (state_.file_len[static_cast<std::size_t>(j)] != last_length_) {
             end_ = j - 1;
             return;
@@ -104,7 +101,7 @@ bool file_group::compute_signatures(std::int32_t i) {
 }
 
 void file_group::read_signature(std::int32_t j, std::vector<std::byte>& buffer) {
-    if (last_length_ < 0 || is_member(state_.file_list[j])) return mark_bad(j);
+    if (last_length_ < 0 || is_archive_member(state_.file_list[j])) return mark_bad(j);
     const bool partial = last_length_ > signature_block;
     if (partial && archive_flag_) return whole_file_signature(j, buffer);
     const auto wanted = static_cast<std::size_t>(std::min(last_length_, signature_block));

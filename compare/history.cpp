@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "compare/column_order.h"
+#include "core/archive_entry.h"
 #include "core/directory_filter.h"
 #include "core/main_form.h"
 #include "core/progress.h"
@@ -99,7 +100,7 @@ void reuse_history(Tavrel& form) {
     if (state.history_count < 1) return;
     for (std::int32_t i = 1; i <= state.file_count; ++i) {
         const std::string_view name = state.file_list[i];
-        if (name.find('*') != std::string_view::npos) continue;
+        if (is_archive_member(name)) continue;
         const search_result found = find_in_history(state, name, 1);
         if (found.index < 1) continue;
         const auto k = static_cast<std::size_t>(found.index);
@@ -188,8 +189,7 @@ bool merge_history(Tavrel& form) {
     std::int32_t next = 1;
     for (std::int32_t i = 1; i <= state.file_count; ++i) {
         const std::string_view name = state.file_list[i];
-        if (state.file_crc[static_cast<std::size_t>(i)] == 0 || name.find('*') != std::string_view::npos)
-            continue;
+        if (state.file_crc[static_cast<std::size_t>(i)] == 0 || is_archive_member(name)) continue;
         if (next <= state.history_count) {
             const search_result found = find_in_history(state, name, next);
             const std::int32_t last = found.index > 0 ? found.index - 1 : found.upper_bound;

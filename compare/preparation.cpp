@@ -4,6 +4,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "core/archive_entry.h"
 #include "core/main_form.h"
 #include "core/progress.h"
 #include "core/text_case.h"
@@ -92,7 +93,7 @@ bool refresh_attributes(Tavrel& form, bool& members_seen) {
         const std::string_view name = state.file_list[i];
         state.file_ok[file] = !name.empty();
         if (name.empty()) continue;
-        if (name.find('*') != std::string_view::npos) {
+        if (is_archive_member(name)) {
             state.file_len[file] = parse_number(cut_field(state.file_list, i));
             members_seen = true;
         } else {
@@ -116,7 +117,7 @@ bool refresh_attributes(Tavrel& form, bool& members_seen) {
 void take_member_signatures(Tavrel& form) {
     run_state& state = form.state;
     for (std::int32_t i = 1; i <= state.file_count; ++i) {
-        if (state.file_list[i].find('*') == std::string_view::npos) continue;
+        if (!is_archive_member(state.file_list[i])) continue;
         const auto file = static_cast<std::size_t>(i);
         state.file_crc[file] = parse_hexadecimal(cut_field(state.file_list, i));
         state.file_in_archive[file] = 1;

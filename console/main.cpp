@@ -135,7 +135,7 @@ int console_main(int count, char** arguments) {
     desktop_power machine;
     printing_shell shell(output, given.dry_shell ? nullptr : &desktop, given.dry_shell ? nullptr : &machine);
     program corvane({files, shell, shell, screen}, program_directory(given));
-    corvane.start();
+    if (!corvane.start()) return status_failed;
     if (!given.has_script) return compare_directories(corvane, screen, given.directories);
     script_runner runner(corvane, screen, output);
     return runner.run(given.script == "-" ? std::cin : script_file);

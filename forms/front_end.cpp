@@ -47,10 +47,11 @@ void front_end::sync() {
     syncing_ = false;
 }
 
-void front_end::start() {
-    program_.start();
+bool front_end::start() {
+    if (!program_.start()) return false;
     sync();
-    clock_.start(1000);
+    if (!screen_.ended()) clock_.start(1000);
+    return true;
 }
 
 void front_end::close() {

@@ -24,8 +24,8 @@ class front_end {
     void act(const std::string& handler);
     // Copies what changed in the models to the widgets.
     void sync();
-    // Starts the program and its clock.
-    void start();
+    // Starts the program and its clock. False when the program runs already and this process is to end.
+    bool start();
     void close();
 
     // True while a task keeps the task pictures disabled.

@@ -82,6 +82,8 @@ int main(int argc, char** argv) {
     corvane::program program({files, desktop, machine, screen}, corvane::to_text(with_slash(program_dir)));
     corvane::front_end windows(program, screen);
     // Inside the event loop, so that a program closed while it starts leaves the loop as well.
-    QTimer::singleShot(0, &application, [&windows] { windows.start(); });
+    QTimer::singleShot(0, &application, [&windows] {
+        if (!windows.start()) QApplication::exit(1);
+    });
     return QApplication::exec();
 }

@@ -118,6 +118,9 @@ class file_system {
     // Truncates and writes in place, for files that must be seen while they grow.
     virtual std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) = 0;
     virtual bool can_write_into(const std::string& directory) = 0;
+    // Claims the program's folder for this process until it ends, however it ends. False when another process
+    // has it; no file is touched. True where the disk knows no locks.
+    virtual bool claim_directory(const std::string& directory) = 0;
     // Removes one of the program's own data files; a missing one is no failure.
     virtual bool remove_data_file(const std::string& path, std::string& error) = 0;
 };

@@ -6,7 +6,7 @@
 #include "core/progress.h"
 #include "core/text_file.h"
 #include "core/text_format.h"
-#include "search/archive_entry.h"
+#include "core/archive_entry.h"
 
 namespace corvane {
 

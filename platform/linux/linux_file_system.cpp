@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <linux/magic.h>
 #include <pwd.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/sysmacros.h>
@@ -125,6 +126,10 @@ std::string user_trash() {
 
 linux_file_system::linux_file_system()
     : trash_directory_(user_trash()), recycle_name_(".Trash-" + std::to_string(getuid())) {}
+
+linux_file_system::~linux_file_system() {
+    if (claim_ >= 0) close(claim_);
+}
 
 bool linux_file_system::is_pseudo_device(int descriptor, std::uint64_t device) {
     const auto known = pseudo_devices_.find(device);
@@ -285,6 +290,18 @@ bool linux_file_system::can_write_into(const std::string& directory) {
     if (descriptor < 0) return false;
     close(descriptor);
     unlink(trial.c_str());
+    return true;
+}
+
+bool linux_file_system::claim_directory(const std::string& directory) {
+    const int descriptor = open(raw_path(directory).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) return true;
+    if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+        close(descriptor);
+        return false;
+    }
+    if (claim_ >= 0) close(claim_);
+    claim_ = descriptor;
     return true;
 }
 

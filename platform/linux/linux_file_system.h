@@ -11,6 +11,7 @@ namespace corvane {
 class linux_file_system : public file_system {
   public:
     linux_file_system();
+    ~linux_file_system() override;
 
     char separator() const override { return '/'; }
     bool ignores_case() const override { return false; }
@@ -26,6 +27,7 @@ class linux_file_system : public file_system {
     std::unique_ptr<file_writer> replace_file(const std::string& path, std::string& error) override;
     std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) override;
     bool can_write_into(const std::string& directory) override;
+    bool claim_directory(const std::string& directory) override;
     bool remove_data_file(const std::string& path, std::string& error) override;
 
   private:
@@ -35,6 +37,7 @@ class linux_file_system : public file_system {
     std::string trash_directory_;  // the user's trash, with a closing separator; text, resolved
     std::string recycle_name_;     // ".Trash-<uid>"
     std::unordered_map<std::uint64_t, bool> pseudo_devices_;
+    int claim_ = -1;  // descriptor of the claimed directory
 };
 
 }  // namespace corvane

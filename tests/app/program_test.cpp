@@ -50,6 +50,18 @@ TEST(Start, TheRunClockStandsInTheTitle) {
     EXPECT_EQ(p.form.caption, "Corvane V1.0.0        欢迎您使用    进入计时:1:2:5");
 }
 
+TEST(Start, ASecondInstanceIsToldAndTouchesNoFile) {
+    test_program p;
+    p.files.add_file("/prog/比较文件_目录清单.txt", "/gone\r\n");
+    p.files.claimed_by_another = true;
+    EXPECT_FALSE(p.corvane.start());
+    EXPECT_EQ(p.last_message(), "Corvane 程序已经运行，不能再次装载。");
+    EXPECT_EQ(p.screen.messages[0].icon, box_icon::exclamation);
+    EXPECT_FALSE(p.form.visible);
+    EXPECT_EQ(p.files.content_of("/prog/比较文件_目录清单.txt"), "/gone\r\n");
+    EXPECT_FALSE(p.files.has("/prog/err.txt"));
+}
+
 TEST(Start, MoreThanTheLimitOfSelectedDirectoriesIsCutOff) {
     test_program p;
     p.files.add_directory("/d");

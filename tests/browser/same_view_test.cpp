@@ -152,7 +152,8 @@ TEST(SameView, RepaintsOnceAtRowOneHundredAndThinsTheFigures) {
     test_program p;
     p.state.same_fresh_flag = -1;
     std::vector<stored_row> rows;
-    for (int i = 0; i < 2500; ++i) rows.push_back({1, std::string("/").append(std::to_string(10'000 + i)), "/z"});
+    for (int i = 0; i < 2500; ++i)
+        rows.push_back({1, std::string("/").append(std::to_string(10'000 + i)), "/z"});
     store(p, rows);
     texts shown;
     for (std::int64_t yield = 1; yield <= 2500; ++yield)

@@ -59,4 +59,23 @@ with tempfile.TemporaryDirectory() as root:
     expect("goes on", unwritable.stdout.count(b"file_count\t0"), 1)
     expect("status", unwritable.returncode, 0)
 
+    # A second instance is told and ends; the first goes on, and killing it frees the folder.
+    first = subprocess.Popen([console, "--program-dir", program_dir, "--script", "-"], stdin=subprocess.PIPE,
+                             stdout=subprocess.PIPE)
+    first.stdin.write(b"show file_count\n")
+    first.stdin.flush()
+    while not first.stdout.readline().startswith(b"file_count"):
+        pass
+    second = run("--program-dir", program_dir, os.fsdecode(data))
+    expect("second instance", (second.returncode, second.stdout), (1, b""))
+    expect("second instance is told", "程序已经运行，不能再次装载。".encode() in second.stderr, True)
+    first.stdin.write(b"show file_count\n")
+    first.stdin.flush()
+    expect("first instance goes on", first.stdout.readline(), b"file_count\t0\n")
+    first.kill()
+    first.wait()
+    first.stdin.close()
+    first.stdout.close()
+    expect("freed by the kill", run("--program-dir", program_dir, os.fsdecode(data)).returncode, 0)
+
 sys.exit(1 if failures else 0)

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/help.h"
-#include "search/archive_entry.h"
+#include "core/archive_entry.h"
 #include "tests/support/test_program.h"
 
 namespace corvane {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/directory_filter.h"
-#include "search/archive_entry.h"
+#include "core/archive_entry.h"
 #include "search/archive_readers.h"
 #include "search/search_task.h"
 #include "tests/support/test_program.h"
@@ -141,6 +141,21 @@ TEST(Walk, ShowsTheCountAndYieldsAtEachMultipleOf561) {
         p.screen.acts[yield] = [&] { shown.push_back(p.form.StatusBar1.panel(1)); };
     walk_directories(p.form, {});
     EXPECT_EQ(shown, (texts{"561", "1122"}));
+}
+
+TEST(Walk, DirectoriesThatVanishOrGrowMeanwhileAreSurvived) {
+    test_program p;
+    for (int i = 0; i < 600; ++i) p.files.add_file("/d/a/" + std::to_string(i));
+    p.files.add_file("/d/b/f");
+    p.files.add_file("/d/c/g");
+    p.select({"/d"});
+    p.screen.acts[1] = [&] {
+        p.files.erase("/d/b");
+        p.files.erase("/d/b/f");
+        p.files.add_file("/d/c/new");
+    };
+    walk_directories(p.form, {});
+    EXPECT_EQ(p.state.walk_count, 602);
 }
 
 TEST(Walk, ThePathInTheStatusBarChangesOnlyAfterMoreThan100NewFiles) {

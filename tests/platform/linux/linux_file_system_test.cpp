@@ -223,6 +223,16 @@ TEST_F(LinuxFileSystem, OverwritingIsSeenWhileItGrows) {
     EXPECT_EQ(read("f"), "new");
 }
 
+TEST_F(LinuxFileSystem, AClaimedDirectoryIsFreeAgainWhenItsHolderIsGone) {
+    {
+        linux_file_system holder;
+        EXPECT_TRUE(holder.claim_directory(root));
+        EXPECT_FALSE(files.claim_directory(root));
+        EXPECT_TRUE(list().empty());
+    }
+    EXPECT_TRUE(files.claim_directory(root));
+}
+
 TEST_F(LinuxFileSystem, RemovingAMissingDataFileIsNoFailure) {
     EXPECT_TRUE(files.remove_data_file(write("f", "x"), error));
     EXPECT_TRUE(files.remove_data_file(root + "f", error));

@@ -1,4 +1,4 @@
-#include "search/archive_entry.h"
+#include "core/archive_entry.h"
 
 namespace corvane {
 
