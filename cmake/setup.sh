@@ -1,7 +1,7 @@
 # Shared by run and check: packages and configuration.
 # shellcheck shell=bash
 
-build_packages="g++ cmake ninja-build pkg-config python3 qt6-base-dev libqt6svg6 libglib2.0-dev libgtest-dev fonts-wqy-microhei"
+build_packages="g++ cmake ninja-build pkg-config python3 qt6-base-dev qt6-svg-dev libglib2.0-dev libgtest-dev fonts-wqy-microhei"
 test_packages="coreutils findutils"
 
 # Installs the packages of the list that are missing. Asks dpkg once; where all are there nothing else is done.

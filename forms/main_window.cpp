@@ -138,7 +138,9 @@ void main_window::sync(bool tasks_locked) {
 void main_window::sync_work_area(bool tasks_locked) {
     const bool list_shown = form_.ListView1.visible && form_.ListView1.column_count() > 0;
     const bool text_shown = form_.RichTextBox2.visible && !form_.RichTextBox2.path().empty();
-    const bool left_list_shown = form_.listleft.visible && !form_.listleft.rows().empty();
+    // The text pane lies over listleft, and a result takes its room.
+    const bool left_list_shown =
+        form_.listleft.visible && !form_.listleft.rows().empty() && !text_shown && !list_shown;
     const bool side_list_shown = form_.List1.visible && !form_.List1.rows().empty();
     const bool start_shown = !list_shown && !text_shown && !left_list_shown && !side_list_shown;
     if (text_shown) text_->sync(form_.RichTextBox2);

@@ -24,7 +24,7 @@ constexpr step_words words[] = {
     {"Picture3", "compare_files", "查相同文件", "逐个核对内容，找出完全一样的文件，成对列在这里。"},
 };
 
-constexpr char closing[] = "删除由您决定：双击要删的文件，它会变红并带删除线；其余的一个也不动。";
+constexpr char closing[] = "搜索和比对只读取文件，不会改动或删除任何一个。";
 constexpr double content_width = 640;
 constexpr double card_gap = 10;
 constexpr double title_factor = 1.8;
