@@ -1,6 +1,7 @@
 #include "forms/front_end.h"
 
 #include "core/help.h"
+#include "core/progress.h"
 #include "forms/directory_window.h"
 #include "forms/main_window.h"
 #include "forms/qt_user_interface.h"
@@ -41,7 +42,7 @@ void front_end::sync() {
     // Showing a window may run handlers that ask for a copy again; the copy under way is enough.
     if (syncing_) return;
     syncing_ = true;
-    const bool locked = tasks_locked();
+    const bool locked = tasks_locked(program_.main_form());
     main_->sync(locked);
     directory_->sync(locked);
     syncing_ = false;
@@ -58,11 +59,6 @@ void front_end::close() {
     clock_.stop();
     program_.close();
     sync();
-}
-
-bool front_end::tasks_locked() const {
-    const Tavrel& form = program_.main_form();
-    return form.has_handler("Picture1_Click") && !form.pictures[1]->enabled;
 }
 
 }  // namespace corvane

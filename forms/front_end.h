@@ -28,9 +28,6 @@ class front_end {
     bool start();
     void close();
 
-    // True while a task keeps the task pictures disabled.
-    bool tasks_locked() const;
-
     main_window& main() { return *main_; }
     directory_window& directory() { return *directory_; }
 

@@ -111,7 +111,7 @@ TEST(main_window, locked_tasks_are_dim_and_cannot_be_started_from_menus) {
     forms_program shown;
     lock_tasks(shown.form);
     shown.windows.sync();
-    EXPECT_TRUE(shown.windows.tasks_locked());
+    EXPECT_TRUE(tasks_locked(shown.form));
     for (const char* picture : {"Picture1", "Picture2", "Picture3", "Picture4"})
         EXPECT_FALSE(shown.widget(picture)->isEnabled()) << picture;
     EXPECT_FALSE(shown.action("目录搜索_M")->isEnabled());
