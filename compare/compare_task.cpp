@@ -147,7 +147,13 @@ void Command28_Click(Tavrel& form) {
 }
 
 void Command18_Click(Tavrel& form) {
-    sort_by_length_and_name(form.state);
+    // A view lays its rows over file_list, and before a comparison there are no columns: nothing to order
+    // then.
+    const run_state& state = form.state;
+    const std::size_t size = static_cast<std::size_t>(state.file_count) + 1;
+    if (state.file_list.size() == state.file_count && state.file_date_hi.size() == size &&
+        state.file_len.size() == size)
+        sort_by_length_and_name(form.state);
 }
 
 }  // namespace corvane

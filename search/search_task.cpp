@@ -69,6 +69,9 @@ void picture2_Click(Tavrel& form, const archive_readers& readers) {
 }
 
 void Command19_Click(Tavrel& form, const archive_readers& readers) {
+    // A walk that is refused leaves walk_count as it was; an old count does not fit a list since used up.
+    form.state.walk_count = 0;
+    form.state.file_count = 0;
     if (!list_files(form, readers) || form.state.quit_requested) return;
     form.state.file_list_loaded = -1;
     form.state.list_sorted_flag = 0;

@@ -23,6 +23,34 @@ TEST(CompareTask, WithoutAnyListTellsSoAndOpensTheSelection) {
     EXPECT_EQ(p.screen.messages.size(), 1u);
 }
 
+TEST(CompareTask, TheQuickSortLeavesAListAloneThatAViewHasUsedUp) {
+    test_program p;
+    p.files.add_file("/d/a", "same");
+    p.files.add_file("/d/b", "same");
+    for (int i = 0; i < 30; ++i)
+        p.files.add_file("/d/x" + std::to_string(i), std::string(10 + static_cast<std::size_t>(i), 'x'));
+    p.search({"/d"});
+    p.form.run("Command18_Click");
+    EXPECT_EQ(p.state.file_list[1], "/d/a");
+    p.form.run("Picture3_Click");
+    p.form.run("Command18_Click");
+    EXPECT_EQ(p.state.result_file1[1], "/d/a");
+    EXPECT_EQ(p.state.file_list.size(), 1);
+}
+
+TEST(CompareTask, ARefusedWalkBeforeAComparisonLeavesNoOldCount) {
+    test_program p;
+    p.files.add_file("/d/a", "same");
+    p.files.add_file("/d/b", "same");
+    p.files.add_file("/d/c", "other");
+    p.files.add_directory("/locked").unreadable = true;
+    p.compare({"/d"});
+    p.state.current_dir = "/locked/";
+    p.form.run("Command19_Click");
+    EXPECT_EQ(p.state.file_count, 0);
+    EXPECT_EQ(p.last_message(), "没有文件，请重新选择目录");
+}
+
 TEST(CompareTask, InHelpModeOpensItsTopic) {
     test_program p;
     p.form.mouse_pointer = help_pointer;
