@@ -9,6 +9,7 @@
 #include "core/error_trail.h"
 #include "core/help.h"
 #include "core/main_menu.h"
+#include "core/option_lists.h"
 #include "core/progress.h"
 #include "core/text_format.h"
 #include "search/file_list_store.h"
@@ -37,6 +38,7 @@ void check_selected_directories(Tavrel& form) {
 
 program::program(ports outside, std::string program_dir)
     : main_(outside, std::move(program_dir)), directory_(main_) {
+    main_.add_child(directory_);
     bind_handlers();
     wire_tasks(main_);
 }
@@ -62,7 +64,14 @@ void program::bind_handlers() {
     form.bind("help_spirit",
               [this] { main_.mouse_pointer = main_.mouse_pointer == help_pointer ? 0 : help_pointer; });
     form.bind("帮助文件_M", [this] { open_topic(main_, 1); });
-    form.bind("prog_dir", [this] { main_.outside.desktop.open_document(main_.state.program_dir); });
+    form.bind("prog_dir", [this] { open_beside_program(main_, ""); });
+    form.bind("notes_m", [this] { open_notes(main_); });
+    form.bind("programm_m", [this] { open_manual(main_); });
+    form.bind("debug_err", [this] { debug_err_Click(main_); });
+    form.bind("debug_err_anly", [this] { debug_err_anly_Click(main_); });
+    form.bind("Command46_Click", [this] { Command46_Click(main_); });
+    form.bind("Command47_Click", [this] { Command47_Click(main_); });
+    form.bind("Timer2_Timer", [this] { Timer2_Timer(main_); });
     form.bind("layout_list", [this] { layout_list(main_); });
     form.bind("load_same_view", [this] { load_same_view(main_); });
     bind_task("result_refresh", [this] {
@@ -74,6 +83,9 @@ void program::bind_handlers() {
     form.bind("unlock_tasks", [this] { unlock_tasks(main_); });
     form.bind("Frame4_Close", [this] { main_.Frame4.visible = false; });
     form.bind("写Tavrel环境文件", [this] { 写Tavrel环境文件(main_); });
+    form.bind("读不参加搜索的目录", [this] { 读不参加搜索的目录(main_); });
+    form.bind("读不参加比较的文件类型", [this] { 读不参加比较的文件类型(main_); });
+    form.bind("读仅搜索的文件类型", [this] { 读仅搜索的文件类型(main_); });
 
     form.bind("目录选择.cmd_dir_firm_Click", [this] { directory_.cmd_dir_firm_Click(); });
     form.bind("目录选择.Command34_Click", [this] { directory_.Command34_Click(); });
@@ -87,19 +99,26 @@ void program::bind_handlers() {
 
 form_model* program::find_form(std::string_view name) {
     if (name.empty() || folded_name(name) == folded_name(main_.name())) return &main_;
-    if (folded_name(name) == folded_name(directory_.name())) return &directory_;
-    return nullptr;
+    return main_.child(name);
 }
 
 bool program::start() {
     run_state& state = main_.state;
-    read_environment(main_);
+    // Claimed before anything is read: reading mends and writes, and another instance's files are not ours.
+    const bool is_first = main_.outside.files.claim_directory(state.program_dir);
+    if (is_first) {
+        if (!main_.outside.files.can_write_into(state.program_dir)) {
+            main_.complain(state.program_dir + "\r\n程序目录不能写入，设置、清单和结果不能保存。");
+            state.program_dir_locked = true;
+        }
+        read_environment(main_);
+    }
     state.base_title = main_.caption + " V" + version;
     state.base_title +=
         is_blank(state.last_used) ? "        欢迎您使用" : "        上次使用时间：" + state.last_used;
     main_.caption = state.base_title;
     state.run_start_time = std::floor(main_.outside.screen.seconds());
-    if (!main_.outside.files.claim_directory(state.program_dir)) {
+    if (!is_first) {
         message box;
         box.title = program_name;
         box.text = std::string(program_name) + " 程序已经运行，不能再次装载。";
@@ -108,6 +127,10 @@ bool program::start() {
         main_.outside.screen.show_message(box);
         return false;
     }
+    读不参加搜索的目录(main_);
+    读不参加比较的文件类型(main_);
+    读仅搜索的文件类型(main_);
+    lay_out_halves(main_);
     static constexpr const char* panels[] = {"全部文件数", "全部文件大小", "相同文件数", "相同文件大小",
                                              "删除情况",   "运行时间",     "帮助"};
     for (int number = 1; number <= status_bar::panel_count; ++number) main_.panel(number, panels[number - 1]);
@@ -115,11 +138,15 @@ bool program::start() {
     main_.pic_gressbar1.set_colours(0xC0C0C0, 0x400040, 0xFF);
     main_.pic_gressbar1.visible = false;
     main_.visible = true;
-    if (!main_.outside.files.can_write_into(state.program_dir))
-        main_.complain(state.program_dir + "\r\n程序目录不能写入，清单和结果不能保存。");
     check_selected_directories(main_);
-    read_avoid_list(main_);
     if (state.selected_dir_count == 0) directory_.open();
+    // Still on: the last comparison did not come to its end.
+    if (state.error_trail_on == -1) {
+        debug_err_anly_Click(main_);
+        state.error_trail_on = 0;
+        main_.debug_err.value = 0;
+    }
+    read_avoid_list(main_);
     return true;
 }
 
@@ -127,6 +154,7 @@ void program::close() {
     main_.state.quit_requested = -1;
     if (closed_) return;
     closed_ = true;
+    store_followers(main_);
     写Tavrel环境文件(main_);
     directory_.visible = false;
     main_.visible = false;

@@ -20,11 +20,13 @@ constexpr std::size_t open_file_limit = 200;        // more candidates are opene
 class content_sorter {
   public:
     content_sorter(file_system& files, std::span<const content_candidate> candidates, std::int64_t length,
-                   const std::function<bool()>& keep_going)
+                   const std::function<bool()>& keep_going,
+                   const std::function<void(std::string_view)>& before_read)
         : files_(files),
           candidates_(candidates),
           length_(length),
           keep_going_(keep_going),
+          before_read_(before_read),
           readers_(candidates.size()),
           classes_(candidates.size(), unreadable_content) {}
 
@@ -112,6 +114,8 @@ class content_sorter {
     const std::byte* block_of(std::size_t i, std::int64_t at, std::size_t size) {
         const content_candidate& candidate = candidates_[i];
         if (static_cast<std::size_t>(at) + size <= candidate.head.size()) return candidate.head.data() + at;
+        if (before_read_ && last_read_ != i) before_read_(candidate.path);
+        last_read_ = i;
         if (!readers_[i]) {
             std::string error;
             readers_[i] = files_.open_file(candidate.path, error);
@@ -130,6 +134,8 @@ class content_sorter {
     std::span<const content_candidate> candidates_;
     std::int64_t length_;
     const std::function<bool()>& keep_going_;
+    const std::function<void(std::string_view)>& before_read_;
+    std::size_t last_read_ = static_cast<std::size_t>(-1);
     std::vector<std::unique_ptr<file_reader>> readers_;
     std::vector<std::int32_t> classes_;
     std::vector<std::byte> buffer_;
@@ -139,8 +145,9 @@ class content_sorter {
 }  // namespace
 
 std::vector<std::int32_t> classify_contents(file_system& files, std::span<const content_candidate> candidates,
-                                            std::int64_t length, const std::function<bool()>& keep_going) {
-    return content_sorter(files, candidates, length, keep_going).run();
+                                            std::int64_t length, const std::function<bool()>& keep_going,
+                                            const std::function<void(std::string_view)>& before_read) {
+    return content_sorter(files, candidates, length, keep_going, before_read).run();
 }
 
 }  // namespace corvane

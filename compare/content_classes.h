@@ -23,8 +23,10 @@ constexpr std::int32_t unreadable_content = -1;
 
 // One number a candidate: equal numbers are equal contents. unreadable_content for a file that cannot be read
 // or is no longer `length` bytes long; it equals nothing. `keep_going` is asked between blocks; when it
-// answers false the rest counts as unreadable. `length` is above 0.
+// answers false the rest counts as unreadable. `before_read`, unless empty, is told the path of a file before
+// it is opened or read on after another one. `length` is above 0.
 std::vector<std::int32_t> classify_contents(file_system& files, std::span<const content_candidate> candidates,
-                                            std::int64_t length, const std::function<bool()>& keep_going);
+                                            std::int64_t length, const std::function<bool()>& keep_going,
+                                            const std::function<void(std::string_view)>& before_read = {});
 
 }  // namespace corvane

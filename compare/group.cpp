@@ -214,8 +214,11 @@ bool file_group::equal_contents(std::int32_t i, std::int32_t j) {
             form_.yield();
             return state_.quit_requested == 0;
         };
+        std::function<void(std::string_view)> before_read;
+        if (state_.error_trail_on == -1)
+            before_read = [this](std::string_view path) { note_in_trail(form_, path); };
         const std::vector<std::int32_t> classes =
-            classify_contents(form_.outside.files, candidates, last_length_, keep_going);
+            classify_contents(form_.outside.files, candidates, last_length_, keep_going, before_read);
         std::int32_t highest = 0;
         for (std::size_t m = 0; m < members.size(); ++m) {
             highest = std::max(highest, classes[m] + 1);

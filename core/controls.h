@@ -26,7 +26,8 @@ enum class control_kind {
     status_bar,
     text_pane,
     colour_bar,
-    splitter
+    splitter,
+    timer
 };
 
 // In twips, as the stored settings are. A front end scales.
@@ -35,7 +36,11 @@ struct rectangle {
     int top = 0;
     int width = 0;
     int height = 0;
+    bool operator==(const rectangle&) const = default;
 };
+
+// The system's button face in place of a colour.
+constexpr std::int32_t button_face = static_cast<std::int32_t>(0x8000000F);
 
 class control {
   public:
@@ -55,6 +60,7 @@ class control {
     bool enabled = true;
     int value = 0;  // check mark: 0 or 1; of a menu item 0 or -1
     int help_context = 0;
+    std::int32_t back_colour = button_face;
     rectangle place;
 
   private:
@@ -117,6 +123,16 @@ class text_pane : public control {
   private:
     std::string path_;
     std::uint64_t revision_ = 0;
+};
+
+// While enabled, its handler runs each `interval` milliseconds.
+class timer_control : public control {
+  public:
+    timer_control(std::string name, int milliseconds)
+        : control(control_kind::timer, std::move(name)), interval(milliseconds) {
+        enabled = false;
+    }
+    int interval;
 };
 
 struct colour_parts {

@@ -1,33 +1,138 @@
 #include "core/environment.h"
 
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <string>
+#include <string_view>
+
+#include "core/date_text.h"
+#include "core/environment_table.h"
 #include "core/main_form.h"
 #include "core/text_file.h"
+#include "core/text_format.h"
 
 namespace corvane {
 
 namespace {
+
+constexpr char environment_name[] = "Tavrel环境.txt";
 constexpr char directory_list_name[] = "比较文件_目录清单.txt";
+constexpr std::int16_t smallest_font = 9;
+constexpr std::int16_t largest_font = 50;
+
+// A place beyond the type of its line is kept at the type's limit.
+std::int16_t stored_place(int twips) {
+    return static_cast<std::int16_t>(std::clamp<int>(twips, std::numeric_limits<std::int16_t>::min(),
+                                                     std::numeric_limits<std::int16_t>::max()));
 }
 
-bool 写Tavrel环境文件(Tavrel& form) {
+bool finish(Tavrel& form, line_writer& writer, const std::string& path) {
+    if (writer.finish()) return true;
+    if (!form.state.program_dir_locked) form.complain(path + "\r\n" + writer.error());
+    return false;
+}
+
+bool write_settings(Tavrel& form) {
+    const std::string path = form.data_path(environment_name);
+    line_writer writer(form.outside.files, path);
+    for (int line = 1; line <= environment_lines; ++line) writer.line(environment_text(form.state, line));
+    return finish(form, writer, path);
+}
+
+bool write_selected_directories(Tavrel& form) {
     const std::string path = form.data_path(directory_list_name);
     line_writer writer(form.outside.files, path);
     for (std::int16_t i = 1; i <= form.state.selected_dir_count; ++i)
         writer.line(form.state.selected_dirs[static_cast<std::size_t>(i)]);
-    if (writer.finish()) return true;
-    form.complain(path + "\r\n" + writer.error());
-    return false;
+    return finish(form, writer, path);
+}
+
+bool read_lines(Tavrel& form, const std::string& path) {
+    line_reader reader(form.outside.files, path);
+    std::string_view text;
+    for (int line = 1; line <= environment_lines; ++line)
+        if (!reader.next(text) || !take_environment_line(form.state, line, text)) return false;
+    return true;
+}
+
+void set_action_text(run_state& state) {
+    static constexpr std::array<const char*, 4> actions = {"关闭程序.", "关闭所有程序,重启windows.",
+                                                           "重新启动计算机.", "关闭计算机."};
+    if (state.shut_action == 0) state.shut_action = 1;
+    if (state.shut_action >= 1 && state.shut_action <= static_cast<int>(actions.size()))
+        state.shutdown_action_text = actions[static_cast<std::size_t>(state.shut_action - 1)];
+}
+
+void read_selected_directories(Tavrel& form) {
+    run_state& state = form.state;
+    state.selected_dirs.assign(1, {});
+    state.selected_dir_count = 0;
+    const std::string path = form.data_path(directory_list_name);
+    if (!form.outside.files.attributes(path).exists) return form.inform(path + "  不存在");
+    line_reader reader(form.outside.files, path);
+    if (!reader.is_open()) return form.complain(path + "\r\n" + reader.error());
+    std::string_view line;
+    bool full = false;
+    while (!full && reader.next(line)) {
+        full = static_cast<std::int32_t>(state.selected_dirs.size()) > state.limits.selected_directories;
+        if (!full) state.selected_dirs.emplace_back(line);
+    }
+    state.selected_dir_count = static_cast<std::int16_t>(state.selected_dirs.size() - 1);
+    if (full) form.complain(path + "\r\n只取前 " + std::to_string(state.selected_dir_count) + " 行。");
+}
+
+}  // namespace
+
+void collect_environment(Tavrel& form) {
+    run_state& state = form.state;
+    if (form.window == window_state::normal) {
+        state.main_left = stored_place(form.place.left);
+        state.main_top = stored_place(form.place.top);
+        state.main_width = stored_place(form.place.width);
+        state.main_height = stored_place(form.place.height);
+    }
+    const local_time now = form.outside.screen.now();
+    state.last_used = date_text(now) + "  " + time_text(now);
+    state.export_levels = whole_number(form.Text3.text);
+    state.export_skip_types = form.Text4.text;
+    const form_model* options = form.child("Form_no_dire");
+    if (options != nullptr && options->window == window_state::normal) {
+        state.optform_left = stored_place(options->place.left);
+        state.optform_top = stored_place(options->place.top);
+        state.optform_width = stored_place(options->place.width);
+        state.optform_height = stored_place(options->place.height);
+    }
+    state.error_trail_on = form.debug_err.value;
+}
+
+bool 写Tavrel环境文件(Tavrel& form) {
+    collect_environment(form);
+    const bool settings_written = write_settings(form);
+    return write_selected_directories(form) && settings_written;
 }
 
 void read_environment(Tavrel& form) {
     run_state& state = form.state;
-    state.selected_dirs.assign(1, {});
-    line_reader reader(form.outside.files, form.data_path(directory_list_name));
-    std::string_view line;
-    while (static_cast<std::int32_t>(state.selected_dirs.size()) <= state.limits.selected_directories &&
-           reader.next(line))
-        state.selected_dirs.emplace_back(line);
-    state.selected_dir_count = static_cast<std::int16_t>(state.selected_dirs.size() - 1);
+    const std::string path = form.data_path(environment_name);
+    const path_attributes found = form.outside.files.attributes(path);
+    if (!found.exists || found.directory) {
+        if (写Tavrel环境文件(form)) form.inform(path + "  第一次运行，已自动建立环境文件");
+        return;
+    }
+    if (read_lines(form, path)) {
+        form.place = {state.main_left, state.main_top, state.main_width, state.main_height};
+        if (state.tree_levels < 1) state.tree_levels = 4;
+    } else {
+        std::string error;
+        form.outside.files.remove_data_file(path, error);
+    }
+    form.Text3.text = std::to_string(state.export_levels);
+    form.Text4.text = state.export_skip_types;
+    set_action_text(state);
+    state.list_font_size = std::clamp<std::int32_t>(state.list_font_size, smallest_font, largest_font);
+    form.debug_err.value = state.error_trail_on != 0 ? -1 : 0;
+    read_selected_directories(form);
 }
 
 }  // namespace corvane

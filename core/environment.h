@@ -1,16 +1,20 @@
-// What survives a restart: the settings and the selected directories.
+// What survives a restart: the settings in 'Tavrel环境.txt' and the selected directories in
+// '比较文件_目录清单.txt', both beside the program.
 #pragma once
-
-#include <string>
 
 namespace corvane {
 
 class Tavrel;
 
-// Writes 比较文件_目录清单.txt: one selected directory a line. False, after one message, when it cannot.
+// Collects what lives in windows, then writes both files whole. False, after one message, when it cannot;
+// says nothing more in a program folder of which start-up has said that it cannot be written.
 bool 写Tavrel环境文件(Tavrel& form);
 
-// Reads the selected directories, up to their limit; a missing file gives none.
+// Copies into the settings what lives in windows: places, the time of this write, boxes and check marks.
+void collect_environment(Tavrel& form);
+
+// Reads both files and mends what needs it. A missing settings file is written and announced. One that cannot
+// be read to its end is deleted without a word; what was read up to there stays in force.
 void read_environment(Tavrel& form);
 
 }  // namespace corvane

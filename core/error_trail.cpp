@@ -27,6 +27,44 @@ run_record record_of(std::string_view line) {
 }
 }  // namespace
 
+void debug_err_Click(Tavrel& form) {
+    form.debug_err.value = form.debug_err.value != 0 ? 0 : -1;
+    form.state.error_trail_on = form.debug_err.value;
+}
+
+void debug_err_anly_Click(Tavrel& form) {
+    line_reader reader(form.outside.files, form.data_path(trail_name));
+    if (!reader.is_open()) return;
+    std::string_view path;
+    reader.next(path);
+    form.txt_disp_err_file.text = path;
+    form.Check1.value = 1;
+    form.Frame_err.visible = true;
+}
+
+void Command46_Click(Tavrel& form) {
+    const shell_result result = form.outside.desktop.show_in_file_manager(form.txt_disp_err_file.text);
+    if (!result.done) form.complain(result.reason);
+}
+
+void Command47_Click(Tavrel& form) {
+    form.Frame_err.visible = false;
+    if (form.Check1.value == 0) return;
+    run_state& state = form.state;
+    state.avoid_files.clear();
+    state.avoid_count = 0;
+    read_avoid_list(form);
+    const std::string& path = form.txt_disp_err_file.text;
+    for (std::int32_t i = 1; i <= state.avoid_count; ++i)
+        if (state.avoid_files[i] == path) return;
+    state.avoid_files.push_back(path);
+    state.avoid_count = state.avoid_files.size();
+    const std::string list = form.data_path(avoid_name);
+    line_writer writer(form.outside.files, list);
+    for (std::int32_t i = 1; i <= state.avoid_count; ++i) writer.line(state.avoid_files[i]);
+    if (!writer.finish()) form.complain(list + "\r\n" + writer.error());
+}
+
 void read_avoid_list(Tavrel& form) {
     line_reader reader(form.outside.files, form.data_path(avoid_name));
     if (!reader.is_open()) return;

@@ -8,6 +8,15 @@ namespace corvane {
 
 class Tavrel;
 
+// "追错": turns the trail on or off for the next comparison.
+void debug_err_Click(Tavrel& form);
+// "追错分析": shows the file that err_rec.txt names, if there is such a record.
+void debug_err_anly_Click(Tavrel& form);
+// "打开目录": shows that file in the file manager.
+void Command46_Click(Tavrel& form);
+// "确定": puts the file on the avoid list if the box is checked, and closes the frame.
+void Command47_Click(Tavrel& form);
+
 // Reads avoid.txt into avoid_files; a missing file leaves the list as it is.
 void read_avoid_list(Tavrel& form);
 

@@ -13,9 +13,13 @@
 
 namespace corvane {
 
+enum class window_state { normal, minimised, maximised };
+
 class form_model : public control {
   public:
     explicit form_model(std::string name) : control(control_kind::form, std::move(name)) { visible = false; }
+
+    window_state window = window_state::normal;
 
     const std::vector<std::unique_ptr<control>>& controls() const { return controls_; }
     // Null when the form has no such control. Names of the letters a-z match in either case.

@@ -3,8 +3,28 @@
 #include <string>
 
 #include "core/main_form.h"
+#include "core/text_file.h"
 
 namespace corvane {
+
+void open_beside_program(Tavrel& form, const std::string& name) {
+    const shell_result result = form.outside.desktop.open_document(form.data_path(name));
+    if (!result.done) form.complain(result.reason);
+}
+
+void open_notes(Tavrel& form) {
+    static constexpr char notes[] = "备记录.txt";
+    const std::string path = form.data_path(notes);
+    if (!form.outside.files.attributes(path).exists) {
+        line_writer writer(form.outside.files, path);
+        if (!writer.finish()) return form.complain(path + "\r\n" + writer.error());
+    }
+    open_beside_program(form, notes);
+}
+
+void open_manual(Tavrel& form) {
+    open_beside_program(form, std::string("帮助") + form.outside.files.separator() + "Corvane帮助.htm");
+}
 
 void open_topic(Tavrel& form, int topic) {
     std::string digits = std::to_string(topic);

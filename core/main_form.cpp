@@ -1,5 +1,6 @@
 #include "core/main_form.h"
 
+#include "core/environment_table.h"
 #include "core/main_menu.h"
 #include "core/task_table.h"
 
@@ -20,13 +21,25 @@ Tavrel::Tavrel(ports given, std::string program_dir)
       Frame4(add<control>(control_kind::frame, "Frame4")),
       Picture10(add<control>(control_kind::picture, "Picture10")),
       samefile_disp1(add<control>(control_kind::text_box, "samefile_disp1")),
-      samefile_disp2(add<control>(control_kind::text_box, "samefile_disp2")) {
+      samefile_disp2(add<control>(control_kind::text_box, "samefile_disp2")),
+      Text3(add<control>(control_kind::text_box, "Text3")),
+      Text4(add<control>(control_kind::text_box, "Text4")),
+      Frame_err(add<control>(control_kind::frame, "Frame_err")),
+      txt_disp_err_file(add<control>(control_kind::text_box, "txt_disp_err_file")),
+      Check1(add<control>(control_kind::check_box, "Check1")),
+      Command46(add<control>(control_kind::button, "Command46")),
+      Command47(add<control>(control_kind::button, "Command47")),
+      Splitter(add<control>(control_kind::splitter, "Splitter")),
+      tiptext(add<control>(control_kind::text_box, "tiptext")),
+      Timer2(add<timer_control>("Timer2", 10)),
+      debug_err(add<control>(control_kind::menu_item, "debug_err")) {
     for (std::size_t number = 1; number < pictures.size(); ++number)
         pictures[number] = &add<control>(control_kind::picture, "Picture" + std::to_string(number));
     for (std::size_t index = 0; index < labels.size(); ++index)
         labels[index] = &add<control>(control_kind::label, "Label3(" + std::to_string(index) + ")");
     for (const menu_entry& entry : main_menu()) {
-        control& item = add<control>(control_kind::menu_item, entry.name);
+        control* known = find(entry.name);
+        control& item = known ? *known : add<control>(control_kind::menu_item, entry.name);
         item.caption = entry.caption;
         item.visible = entry.visible;
     }
@@ -42,14 +55,27 @@ Tavrel::Tavrel(ports given, std::string program_dir)
     Frame4.caption = "显示内容相同的文件名";
     samefile_disp1.tooltip = samefile_disp2.tooltip = "CTRL+左键进入目录资源管理器";
     List1.tooltip = "右键存为文件temp.txt";
+    Frame_err.caption = "上次运行时,出错的文件";
+    Check1.caption = "比对时避开该文件";
+    Command46.caption = "打开目录";
+    Command47.caption = "确定";
+    Splitter.back_colour = 0x808080;
+    Splitter.place.width = 5;
     for (control* hidden :
          {static_cast<control*>(&ListView1), static_cast<control*>(&pic_gressbar1), &Command28, &Label4,
-          &Frame4, static_cast<control*>(&List1), static_cast<control*>(&listleft)})
+          &Frame4, static_cast<control*>(&List1), static_cast<control*>(&listleft), &Frame_err, &tiptext})
         hidden->visible = false;
 
+    set_defaults(state);
     state.program_dir = std::move(program_dir);
     state.same_file_path = data_path("相同文件.txt");
     state.history_path = data_path("run_history.txt");
+}
+
+form_model* Tavrel::child(std::string_view name) const {
+    for (form_model* each : children_)
+        if (folded_name(each->name()) == folded_name(name)) return each;
+    return nullptr;
 }
 
 void Tavrel::bind(std::string_view handler, std::function<void()> procedure) {

@@ -8,10 +8,14 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "core/form_model.h"
 #include "core/list_view.h"
+#include "core/main_layout.h"
 #include "core/run_state.h"
+#include "core/task_hover.h"
+#include "core/window_follow.h"
 #include "platform/ports.h"
 
 namespace corvane {
@@ -44,6 +48,26 @@ class Tavrel : public form_model {
     control& Picture10;
     control& samefile_disp1;
     control& samefile_disp2;
+    control& Text3;  // "目录层数" of the export frame
+    control& Text4;  // "不导出的后缀类型" of the export frame
+    control& Frame_err;
+    control& txt_disp_err_file;
+    control& Check1;  // "比对时避开该文件"
+    control& Command46;
+    control& Command47;
+    control& Splitter;
+    control& tiptext;
+    timer_control& Timer2;
+    control& debug_err;  // menu check "追错"
+
+    // The other windows of the program, in the order in which they were announced. Not owned.
+    void add_child(form_model& child) { children_.push_back(&child); }
+    const std::vector<form_model*>& children() const { return children_; }
+    form_model* child(std::string_view name) const;
+
+    main_layout layout;
+    hover_state hover;
+    follow_state follow;
 
     // Handlers are found by their stated names, without case in a-z.
     void bind(std::string_view handler, std::function<void()> procedure);
@@ -66,6 +90,7 @@ class Tavrel : public form_model {
 
   private:
     std::unordered_map<std::string, std::function<void()>> handlers_;
+    std::vector<form_model*> children_;
 };
 
 }  // namespace corvane

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/settings.h"
 #include "core/text_column.h"
 
 namespace corvane {
@@ -17,12 +18,14 @@ struct capacity_limits {
     std::int32_t directories = 200'000;
     std::int32_t selected_directories = 2'000;
     std::int32_t result_rows = 1'000'000;
+    std::int32_t excluded_directories = 100;
+    std::int32_t file_types = 200;  // of each of the two lists
 };
 
-struct run_state {
-    std::string program_dir;  // ends in the separator; every data file is addressed from it
+struct run_state : settings {
+    std::string program_dir;          // ends in the separator; every data file is addressed from it
+    bool program_dir_locked = false;  // start-up found that program_dir cannot be written, and has said so
     std::string base_title;
-    std::string last_used;
 
     // File list.
     text_column file_list;
@@ -31,22 +34,25 @@ struct run_state {
     std::vector<std::string> dir_queue{std::string()};  // index 0 is not used
     std::vector<std::string> selected_dirs{std::string()};
     std::int16_t selected_dir_count = 0;
-    std::string current_dir;  // directory last shown in Dir_select
     std::string current_path;
     std::string first_root;
     std::string archive_error_path;
     std::int32_t archive_error_count = 0;
 
-    // Option lists, each entry upper-cased and closed by one blank.
+    // Option lists with their flags, from index 1; the texts hold the entries in force, upper-cased and each
+    // closed by one blank.
+    std::vector<std::string> no_dirs{std::string()};
+    std::vector<std::string> no_types{std::string()};
+    std::vector<std::string> only_types{std::string()};
+    std::int16_t no_dir_count = 0;
+    std::int16_t no_type_count = 0;
+    std::int16_t only_type_count = 0;
     std::string exclude_dir_text;
+    std::int16_t exclude_dir_length = 0;
     std::string exclude_type_text;
     std::int32_t exclude_type_length = 0;
     std::string only_type_text;
     std::int32_t only_type_length = 0;
-    std::int16_t scan_archives = 0;      // 1: list the entries of archives
-    std::int16_t same_suffix_only = 0;   // 1: only files of one suffix are compared
-    std::int16_t show_run_filename = 0;  // 1: Label4 shows each file as it is read
-    std::int32_t error_trail_on = 0;     // -1: name each file in err_rec.txt before it is read
 
     // Flags of the main form.
     bool tasks_locked = false;  // a task is running
@@ -56,7 +62,6 @@ struct run_state {
     std::int16_t list_sorted_flag = 0;
     std::int16_t chained_run_flag = 0;
     std::int16_t same_fresh_flag = 0;
-    std::int16_t shutdown_after_task = 0;  // 1: armed
     std::string shutdown_action_text;
 
     // Comparison columns, index as file_list.

@@ -1,10 +1,12 @@
 #include "core/state_table.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <functional>
 #include <map>
 
+#include "core/environment_table.h"
 #include "core/run_state.h"
 #include "core/text_format.h"
 
@@ -60,27 +62,28 @@ const std::map<std::string, reader, std::less<>>& table() {
         {"walk_count", scalar(&run_state::walk_count)},
         {"file_count", scalar(&run_state::file_count)},
         {"selected_dir_count", scalar(&run_state::selected_dir_count)},
-        {"current_dir", scalar(&run_state::current_dir)},
         {"current_path", scalar(&run_state::current_path)},
         {"first_root", scalar(&run_state::first_root)},
         {"archive_error_path", scalar(&run_state::archive_error_path)},
         {"archive_error_count", scalar(&run_state::archive_error_count)},
+        {"no_dirs", column(&run_state::no_dirs)},
+        {"no_types", column(&run_state::no_types)},
+        {"only_types", column(&run_state::only_types)},
+        {"no_dir_count", scalar(&run_state::no_dir_count)},
+        {"no_type_count", scalar(&run_state::no_type_count)},
+        {"only_type_count", scalar(&run_state::only_type_count)},
         {"exclude_dir_text", scalar(&run_state::exclude_dir_text)},
+        {"exclude_dir_length", scalar(&run_state::exclude_dir_length)},
         {"exclude_type_text", scalar(&run_state::exclude_type_text)},
         {"exclude_type_length", scalar(&run_state::exclude_type_length)},
         {"only_type_text", scalar(&run_state::only_type_text)},
         {"only_type_length", scalar(&run_state::only_type_length)},
-        {"scan_archives", scalar(&run_state::scan_archives)},
-        {"same_suffix_only", scalar(&run_state::same_suffix_only)},
-        {"show_run_filename", scalar(&run_state::show_run_filename)},
-        {"error_trail_on", scalar(&run_state::error_trail_on)},
         {"quit_requested", scalar(&run_state::quit_requested)},
         {"cancel_task", scalar(&run_state::cancel_task)},
         {"file_list_loaded", scalar(&run_state::file_list_loaded)},
         {"list_sorted_flag", scalar(&run_state::list_sorted_flag)},
         {"chained_run_flag", scalar(&run_state::chained_run_flag)},
         {"same_fresh_flag", scalar(&run_state::same_fresh_flag)},
-        {"shutdown_after_task", scalar(&run_state::shutdown_after_task)},
         {"shutdown_action_text", scalar(&run_state::shutdown_action_text)},
         {"result_count", scalar(&run_state::result_count)},
         {"same_bytes", scalar(&run_state::same_bytes)},
@@ -121,6 +124,21 @@ const std::map<std::string, reader, std::less<>>& table() {
     return readers;
 }
 
+// A setting as its line in the settings file has it; `index` counts an array from 1.
+std::optional<std::string> setting_value(const settings& values, std::string_view name, std::int64_t index) {
+    const auto entries = environment_table();
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        if (name != entries[i].name) continue;
+        const int next = i + 1 < entries.size() ? entries[i + 1].line : environment_lines + 1;
+        const std::int64_t line = entries[i].line + std::max<std::int64_t>(0, index - 1);
+        if (line >= next) return {};
+        const std::string text = environment_text(values, static_cast<int>(line));
+        if (std::holds_alternative<std::string settings::*>(entries[i].member)) return text;
+        return std::string(trimmed(text));
+    }
+    return {};
+}
+
 }  // namespace
 
 std::optional<std::string> state_value(const run_state& state, std::string_view name) {
@@ -131,7 +149,7 @@ std::optional<std::string> state_value(const run_state& state, std::string_view 
         name = name.substr(0, bracket);
     }
     const auto found = table().find(name);
-    if (found == table().end()) return {};
+    if (found == table().end()) return setting_value(state, name, index);
     return found->second(state, index);
 }
 

@@ -12,8 +12,7 @@ constexpr std::size_t read_block = 256 * 1024;
 
 line_reader::line_reader(file_system& files, const std::string& path, std::int64_t offset)
     : offset_(offset), position_(offset) {
-    std::string error;
-    file_ = files.open_file(path, error);
+    file_ = files.open_file(path, error_);
 }
 
 bool line_reader::fill() {
@@ -51,6 +50,11 @@ bool line_reader::next(std::string_view& line) {
                 return true;
             }
             searched = held;
+        }
+        if (held > longest_line + 1) {
+            begin_ = end_;
+            at_end_ = true;
+            return false;
         }
         if (!fill()) break;
     }

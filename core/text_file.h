@@ -14,13 +14,18 @@ namespace corvane {
 
 class line_reader {
   public:
+    static constexpr std::size_t longest_line = 1024 * 1024;
+
     // Reads from byte `offset` on.
     line_reader(file_system& files, const std::string& path, std::int64_t offset = 0);
 
     // False: the file is missing or cannot be opened.
     bool is_open() const { return file_ != nullptr; }
+    // Why is_open() is false, in the system's words.
+    const std::string& error() const { return error_; }
     // The next line without its end; the text behind the last line end is a line unless it is empty. The view
-    // is valid until the next call. A read error ends the file.
+    // is valid until the next call. A read error ends the file, and so does a line above longest_line bytes,
+    // which no file of the program has.
     bool next(std::string_view& line);
     // Byte position behind the last line that next() gave.
     std::int64_t position() const { return position_; }
@@ -29,6 +34,7 @@ class line_reader {
     bool fill();
 
     std::unique_ptr<file_reader> file_;
+    std::string error_;
     std::vector<char> buffer_;
     std::size_t begin_ = 0;
     std::size_t end_ = 0;

@@ -101,10 +101,47 @@ double parse_decimal(std::string_view text) {
     if (text.size() <= first) return 0;
     const char lead = text[first];
     if ((lead < '0' || lead > '9') && lead != '.') return 0;
-    std::from_chars(text.data(), text.data() + text.size(), number);
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (read.ec == std::errc::result_out_of_range) {
+        // Too large, unless a negative exponent made it too small.
+        if (std::string_view(text.data(), static_cast<std::size_t>(read.ptr - text.data())).find("e-") !=
+            std::string_view::npos)
+            return 0;
+        return first == 1 ? -std::numeric_limits<double>::infinity()
+                          : std::numeric_limits<double>::infinity();
+    }
     return number;
 }
 
-bool is_blank(std::string_view text) { return text.compare(" ") <= 0; }
+std::int32_t whole_number(std::string_view text) {
+    constexpr std::numeric_limits<std::int32_t> range;
+    const double number = std::nearbyint(parse_decimal(text));
+    if (number <= range.min()) return range.min();
+    if (number >= range.max()) return range.max();
+    return static_cast<std::int32_t>(number);
+}
+
+int code_page_length(std::string_view text) {
+    constexpr std::string_view euro = "€";
+    int length = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const auto unit = static_cast<unsigned char>(text[at]);
+        if (unit < 0x80)
+            ++length;
+        else if (unit >= 0xC0)
+            length += text.substr(at, euro.size()) == euro ? 1 : 2;
+    }
+    return length;
+}
+
+std::string_view trimmed(std::string_view text) {
+    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+    return text;
+}
+
+bool is_blank(std::string_view text) {
+    return text.compare(" ") <= 0;
+}
 
 }  // namespace corvane

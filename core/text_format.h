@@ -32,6 +32,15 @@ std::int64_t parse_number(std::string_view text);
 // The same for numbers with a fraction.
 double parse_decimal(std::string_view text);
 
+// The number rounded to a whole one, halves to the even neighbour, cut to the type's range.
+std::int32_t whole_number(std::string_view text);
+
+// Length in bytes of code page 936: one for ASCII and the euro sign, two for every other character.
+int code_page_length(std::string_view text);
+
+// The text without blanks at both ends.
+std::string_view trimmed(std::string_view text);
+
 // Line 1 of 相同文件.txt: the title, padded with blanks to 20 characters.
 constexpr std::string_view padded_same_file_title() {
     return "内容相同文件清单            ";

@@ -41,6 +41,7 @@ void directory_form::open() {
     list_selected_dir.clear();
     selected_dir_backup_.assign(state.selected_dirs.begin() + 1, state.selected_dirs.end());
     for (const std::string& directory : selected_dir_backup_) list_selected_dir.add(directory);
+    open_following(main_, *this);
     visible = true;
 }
 

@@ -41,10 +41,6 @@ bool rejects_type(const run_state& state, const std::string& type) {
            state.exclude_type_text.find(type) != std::string::npos;
 }
 
-std::string_view trimmed(std::string_view text) {
-    return text.substr(std::min(text.find_first_not_of(' '), text.size()));
-}
-
 // The directory that the user looked at last must be readable. False: the reason has been shown.
 bool current_directory_answers(Tavrel& form) {
     const std::string& directory = form.state.current_dir;

@@ -14,6 +14,7 @@ TEST(Start, DropsSelectedDirectoriesThatAreGoneAndKeepsTheOrder) {
     p.files.add_directory("/b");
     p.files.add_directory("/a");
     p.files.add_file("/prog/比较文件_目录清单.txt", "/b\r\n/gone\r\n/a\r\n");
+    p.add_used_folder();
     p.corvane.start();
     EXPECT_EQ(p.state.selected_dirs, (texts{"", "/b", "/a"}));
     EXPECT_EQ(p.state.selected_dir_count, 2);
@@ -32,6 +33,7 @@ TEST(Start, FillsThePanelsAndTheTitleAndStartsNoTask) {
     test_program q;
     q.files.add_directory("/d");
     q.files.add_file("/prog/比较文件_目录清单.txt", "/d\r\n");
+    q.add_used_folder();
     q.corvane.start();
     texts panels;
     for (int number = 1; number <= 7; ++number) panels.push_back(q.form.StatusBar1.panel(number));
@@ -39,11 +41,12 @@ TEST(Start, FillsThePanelsAndTheTitleAndStartsNoTask) {
                              "运行时间", "帮助"}));
     EXPECT_EQ(q.form.caption, "Corvane V1.0.0        欢迎您使用");
     EXPECT_EQ(q.state.file_count, 0);
-    EXPECT_TRUE(q.files.opened.size() <= 1);
+    EXPECT_EQ(q.state.result_count, 0);
 }
 
 TEST(Start, TheRunClockStandsInTheTitle) {
     test_program p;
+    p.add_used_folder();
     p.corvane.start();
     p.screen.clock += 3725;
     p.corvane.tick();
@@ -68,6 +71,7 @@ TEST(Start, MoreThanTheLimitOfSelectedDirectoriesIsCutOff) {
     std::string lines;
     for (int i = 0; i < 2500; ++i) lines += "/d\r\n";
     p.files.add_file("/prog/比较文件_目录清单.txt", lines);
+    p.add_used_folder();
     p.corvane.start();
     EXPECT_EQ(p.state.selected_dir_count, 2000);
 }

@@ -299,10 +299,27 @@ TEST(Estimate, TheRunIsRecordedWithFilesAndSeconds) {
 TEST(ErrorTrail, NamesEachFileBeforeItIsReadAndEndsWithTheRun) {
     test_program p;
     for (const char* path : {"/d/a", "/d/b", "/d/c"}) p.files.add_file(path, "equal");
-    p.state.error_trail_on = -1;
+    p.form.run("debug_err");
     p.compare({"/d"});
     EXPECT_EQ(p.files.content_of("/prog/err_rec.txt"), "/d/c\r\n");
     EXPECT_EQ(p.state.error_trail_on, 0);
+}
+
+TEST(ErrorTrail, NamesBothFilesOfAPairThatIsComparedWithoutSignatures) {
+    test_program p;
+    for (const char* path : {"/d/a", "/d/b"}) p.files.add_file(path, std::string(300'000, 'x'));
+    p.search({"/d"});
+    p.form.run("debug_err");
+    std::set<std::string> named;
+    for (std::int64_t yield = 1; yield < 30; ++yield)
+        p.screen.acts[p.screen.yields + yield] = [&] {
+            named.insert(p.files.content_of("/prog/err_rec.txt"));
+        };
+    p.form.run("Picture3_Click");
+    EXPECT_EQ(p.files.content_of("/prog/err_rec.txt"), "/d/b\r\n");
+    EXPECT_EQ(p.stored_pairs().size(), 1u);
+    EXPECT_TRUE(named.count("/d/b\r\n"));
+    EXPECT_EQ(p.files.opened["/d/a"], 1);
 }
 
 TEST(CompareTask, ShowsTheFileNamesWhileTheOptionIsOn) {

@@ -2,7 +2,8 @@
 
 A story is a text of sections. "files" holds one file a line: path, a blank, its content (empty for none); a path
 that ends in "/" is a directory, "path -> target" a link. "script" is the console script, "output" what it prints,
-"status" its exit status (0 when left out), "file NAME" the content of a file beside the program afterwards.
+"status" its exit status (0 when left out), "file NAME" the content of a file beside the program afterwards. The
+program folder is one that has been used before, unless "program" says "bare".
 ROOT stands for the temporary folder. In the output "..." matches any run of characters.
 """
 import os
@@ -23,6 +24,17 @@ def sections(path):
             elif name:
                 found[name] += line
     return found
+
+
+def use_program_dir(program_dir):
+    """Settings as a fresh file has them, no selected directory, empty option lists."""
+    texts = {1, 13, 14, 15, 19, 20, 21, 22, 38, 39, 56, *range(94, 123)}
+    lines = ["" if line in texts else "0:00:00" if line in (34, 35) else " 0 " for line in range(1, 123)]
+    contents = {"Tavrel环境.txt": "".join(line + "\r\n" for line in lines), "比较文件_目录清单.txt": "",
+                "不参加搜索的目录.txt": "", "不参加比较的文件类型.txt": "", "仅搜索的文件类型.txt": ""}
+    for name, content in contents.items():
+        with open(os.path.join(program_dir, name), "wb") as file:
+            file.write(content.encode())
 
 
 def make_files(root, lines):
@@ -62,6 +74,8 @@ def main():
         root = os.path.realpath(root)
         program_dir = os.path.join(root, "program")
         os.makedirs(program_dir)
+        if story.get("program", "").strip() != "bare":
+            use_program_dir(program_dir)
         make_files(root, story.get("files", ""))
         environment = dict(os.environ, HOME=os.path.join(root, "home"), XDG_DATA_HOME=os.path.join(root, "home"))
         run = subprocess.run([console, "--program-dir", program_dir, "--dry-shell", "--script", "-"],

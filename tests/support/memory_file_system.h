@@ -41,6 +41,7 @@ class memory_file_system : public file_system {
     std::string write_failure_path;  // writing this file fails, with the words below
     std::string write_failure_words = "disk full";
     bool claimed_by_another = false;
+    bool folder_locked = false;  // can_write_into says no
     std::int64_t total_opened() const;
 
     char separator() const override { return separator_; }
@@ -58,7 +59,7 @@ class memory_file_system : public file_system {
     std::unique_ptr<file_reader> open_file(std::string_view path, std::string& error) override;
     std::unique_ptr<file_writer> replace_file(const std::string& path, std::string& error) override;
     std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) override;
-    bool can_write_into(const std::string&) override { return true; }
+    bool can_write_into(const std::string&) override { return !folder_locked; }
     bool claim_directory(const std::string&) override { return !claimed_by_another; }
     bool remove_data_file(const std::string& path, std::string& error) override;
 

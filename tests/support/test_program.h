@@ -8,6 +8,7 @@
 #include "app/program.h"
 #include "tests/support/memory_file_system.h"
 #include "tests/support/scripted_interface.h"
+#include "tests/support/settings_file.h"
 
 namespace corvane {
 
@@ -21,6 +22,13 @@ struct test_program {
         files.add_directory(program_dir);
     }
 
+    // A program folder that has been used before: settings, selected directories and empty option lists.
+    void add_used_folder(const std::vector<std::string>& settings_lines = fresh_settings_lines()) {
+        files.add_file(program_dir + "Tavrel环境.txt", with_line_ends(settings_lines));
+        for (const char* list : {"比较文件_目录清单.txt", "不参加搜索的目录.txt", "不参加比较的文件类型.txt",
+                                 "仅搜索的文件类型.txt"})
+            if (!files.has(program_dir + list)) files.add_file(program_dir + list);
+    }
     void select(const std::vector<std::string>& directories) {
         state.selected_dirs.assign(1, {});
         state.selected_dirs.insert(state.selected_dirs.end(), directories.begin(), directories.end());
