@@ -1,15 +1,13 @@
 #include "forms/directory_window.h"
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QSplitter>
 #include <QVBoxLayout>
 
 #include "forms/directory_model.h"
-#include "forms/icons.h"
 #include "forms/path_names.h"
 #include "forms/screen_text.h"
 #include "forms/selected_list.h"
@@ -39,13 +37,9 @@ QVBoxLayout* column_layout(QWidget* owner) {
 
 directory_window::directory_window(Tavrel& main, directory_form& form,
                                    std::function<void(const std::string&)> act, QWidget* parent)
-    : QDialog(parent),
-      main_(main),
+    : child_window(main, form, std::move(act), parent),
       form_(form),
-      act_(std::move(act)),
       directories_(new directory_model(main.outside.files, this)) {
-    setObjectName(QString::fromStdString(form.name()));
-    setWindowIcon(application_icon());
     auto* sides = new QSplitter(Qt::Horizontal, this);
     sides->setChildrenCollapsible(false);
     sides->setHandleWidth(12);
@@ -130,6 +124,7 @@ QWidget* directory_window::make_buttons() {
         bound.button->setMinimumWidth(84);
         connect(bound.button, &QPushButton::clicked, this,
                 [this, name] { act_("目录选择." + name + "_Click"); });
+        watch_button(bound.button, *bound.model);
         if (bound.model == &form_.cmd_dir_firm) layout->addStretch(1);
         layout->addWidget(bound.button);
     }
@@ -165,8 +160,6 @@ void directory_window::pick(const std::vector<std::string>& paths) {
 }
 
 void directory_window::sync(bool tasks_locked) {
-    const QString title = screen_line(form_.caption);
-    if (windowTitle() != title) setWindowTitle(title);
     selected_->sync();
     const QString list_tip = screen_text(form_.list_selected_dir.tooltip);
     if (selected_->toolTip() != list_tip) selected_->setToolTip(list_tip);
@@ -176,26 +169,11 @@ void directory_window::sync(bool tasks_locked) {
         const QString tip = screen_text(bound.model->tooltip);
         if (bound.button->toolTip() != tip) bound.button->setToolTip(tip);
     }
-    if (form_.visible && isHidden()) open_beside_main();
-    if (!form_.visible && !isHidden()) hide();
+    sync_window();
 }
 
-void directory_window::open_beside_main() {
+void directory_window::before_open() {
     if (volumes_.empty()) fill_volumes();
-    const QWidget* owner = parentWidget();
-    if (owner && owner->isVisible()) {
-        const QRect free = owner->screen()->availableGeometry();
-        const QRect beside = owner->frameGeometry();
-        // Beside the main form where there is room, else over its work area, clear of the task column.
-        int left = beside.right() + 8;
-        if (left + width() > free.right()) left = beside.right() - width() - 40;
-        const int top = beside.top() + 72;
-        move(std::clamp(left, free.left(), std::max(free.left(), free.right() - width())),
-             std::clamp(top, free.top(), std::max(free.top(), free.bottom() - height())));
-    }
-    show();
-    raise();
-    activateWindow();
     tree_->setFocus();
 }
 
@@ -203,17 +181,7 @@ void directory_window::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_F1)
         act_("目录选择.direction_help_Click");
     else
-        QDialog::keyPressEvent(event);
-}
-
-void directory_window::closeEvent(QCloseEvent* event) {
-    event->ignore();
-    reject();
-}
-
-void directory_window::reject() {
-    form_.visible = false;
-    hide();
+        child_window::keyPressEvent(event);
 }
 
 }  // namespace corvane

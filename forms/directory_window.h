@@ -2,12 +2,12 @@
 // them. Made by front_end.
 #pragma once
 
-#include <QDialog>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "core/main_form.h"
+#include "forms/child_window.h"
 #include "forms/pick_views.h"
 #include "forms/volumes.h"
 #include "search/directory_form.h"
@@ -19,7 +19,7 @@ namespace corvane {
 class directory_model;
 class selected_list;
 
-class directory_window : public QDialog {
+class directory_window : public child_window {
   public:
     // `act` runs a handler of the main form by its name and brings the screen up to date.
     directory_window(Tavrel& main, directory_form& form, std::function<void(const std::string&)> act,
@@ -33,8 +33,7 @@ class directory_window : public QDialog {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
-    void reject() override;
+    void before_open() override;
 
   private:
     struct bound_button {
@@ -50,11 +49,8 @@ class directory_window : public QDialog {
     void fill_volumes();
     void take_current(const QModelIndex& current);
     void pick(const std::vector<std::string>& paths);
-    void open_beside_main();
 
-    Tavrel& main_;
     directory_form& form_;
-    std::function<void(const std::string&)> act_;
     std::vector<volume> volumes_;
     directory_model* directories_;
     pick_list* volume_list_ = nullptr;

@@ -25,6 +25,11 @@ front_end::front_end(program& corvane, qt_user_interface& screen) : program_(cor
         program_.tick();
         sync();
     });
+    QObject::connect(&follow_timer_, &QTimer::timeout, &follow_timer_, [this] {
+        program_.main_form().run("Timer2_Timer");
+        directory_->sync_place();
+        follow();
+    });
 }
 
 front_end::~front_end() {
@@ -45,7 +50,16 @@ void front_end::sync() {
     const bool locked = tasks_locked(program_.main_form());
     main_->sync(locked);
     directory_->sync(locked);
+    follow();
     syncing_ = false;
+}
+
+void front_end::follow() {
+    const timer_control& timer = program_.main_form().Timer2;
+    if (!timer.enabled || screen_.ended())
+        follow_timer_.stop();
+    else if (!follow_timer_.isActive() || follow_timer_.interval() != timer.interval)
+        follow_timer_.start(timer.interval);
 }
 
 bool front_end::start() {
@@ -57,6 +71,7 @@ bool front_end::start() {
 
 void front_end::close() {
     clock_.stop();
+    follow_timer_.stop();
     program_.close();
     sync();
 }

@@ -34,7 +34,10 @@ class front_end {
   private:
     program& program_;
     qt_user_interface& screen_;
+    void follow();
+
     QTimer clock_;
+    QTimer follow_timer_;
     std::unique_ptr<main_window> main_;
     std::unique_ptr<directory_window> directory_;
     bool syncing_ = false;

@@ -3,8 +3,10 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
@@ -12,6 +14,7 @@
 
 #include "core/help.h"
 #include "forms/colour_bar_view.h"
+#include "forms/error_frame.h"
 #include "forms/icons.h"
 #include "forms/list_box_view.h"
 #include "forms/list_table.h"
@@ -22,13 +25,20 @@
 #include "forms/start_page.h"
 #include "forms/task_column.h"
 #include "forms/text_view.h"
+#include "forms/tip_box.h"
 
 namespace corvane {
 
 namespace {
 
-constexpr int twips_per_pixel = 15;
 constexpr QSize first_size(1100, 700);
+constexpr int splitter_width = 5;
+
+rectangle place_in_window(const QWidget& widget) {
+    const QPoint corner = widget.mapTo(widget.window(), QPoint(0, 0));
+    return {corner.x() * twips_per_pixel, corner.y() * twips_per_pixel, widget.width() * twips_per_pixel,
+            widget.height() * twips_per_pixel};
+}
 
 void show_as(QWidget* widget, bool visible) {
     if (widget->isHidden() == visible) widget->setVisible(visible);
@@ -38,12 +48,13 @@ void show_as(QWidget* widget, bool visible) {
 
 main_window::main_window(Tavrel& form, std::function<void(const std::string&)> act,
                          std::function<void()> close)
-    : form_(form), act_(std::move(act)), close_(std::move(close)) {
+    : form_(form), act_(std::move(act)), close_(std::move(close)), place_(*this, form) {
     setObjectName(QString::fromStdString(form.name()));
     setWindowIcon(application_icon());
     menus_ = std::make_unique<menu_bar>(form_, *menuBar(), act_);
     auto* central = new QWidget(this);
-    tasks_ = new task_column(form_, act_, central);
+    tasks_ = new task_column(
+        form_, act_, [this] { tip_->sync(); }, central);
     panels_ = new panel_bar([this] { act_("StatusBar1_PanelClick"); }, central);
     panels_->setObjectName(QStringLiteral("StatusBar1"));
 
@@ -62,10 +73,15 @@ main_window::main_window(Tavrel& form, std::function<void(const std::string&)> a
     all->addWidget(panels_);
     setCentralWidget(central);
     panel_ = new row_panel(form_, act_, central);
+    failure_ = new error_frame(form_, act_, central);
+    tip_ = new tip_box(form_, this);
     // Placed here and not by the window manager, so that the windows beside it know where it stands.
     const QRect free = screen()->availableGeometry();
     resize(first_size.boundedTo(free.size() - QSize(0, 40)));
     move(free.center() - rect().center());
+    place_.keep();
+    form_.layout.design_width = form_.place.width;
+    form_.layout.design_height = form_.place.height;
 }
 
 main_window::~main_window() = default;
@@ -74,7 +90,7 @@ QWidget* main_window::make_work_area() {
     splitter_ = new QSplitter(Qt::Horizontal);
     splitter_->setObjectName(QStringLiteral("Splitter"));
     splitter_->setChildrenCollapsible(false);
-    splitter_->setHandleWidth(5);
+    splitter_->setHandleWidth(splitter_width);
     left_ = new QWidget(splitter_);
     left_->setMinimumWidth(160);
     auto* stacked = new QVBoxLayout(left_);
@@ -91,6 +107,7 @@ QWidget* main_window::make_work_area() {
     list_ = new list_table(form_, act_, splitter_);
     list_->setObjectName(QStringLiteral("ListView1"));
     list_->hide();
+    splitter_->handle(1)->installEventFilter(this);
     splitter_->setStretchFactor(0, 1);
     splitter_->setStretchFactor(1, 2);
     return splitter_;
@@ -129,6 +146,9 @@ void main_window::sync(bool tasks_locked) {
     sync_run_row();
     sync_work_area(tasks_locked);
     panel_->sync();
+    failure_->sync();
+    tip_->sync();
+    place_.apply();
     const Qt::CursorShape pointer =
         form_.mouse_pointer == help_pointer ? Qt::WhatsThisCursor : Qt::ArrowCursor;
     if (cursor().shape() != pointer) setCursor(pointer);
@@ -178,15 +198,56 @@ void main_window::sync_run_row() {
     show_as(run_row_, name_shown || bar_shown || cancel_shown);
 }
 
-void main_window::keep_place() {
-    form_.place = {x() * twips_per_pixel, y() * twips_per_pixel, width() * twips_per_pixel,
-                   height() * twips_per_pixel};
+void main_window::lay_out() {
+    form_.layout.inner_width = width() * twips_per_pixel;
+    form_.layout.inner_height = height() * twips_per_pixel;
+    form_.StatusBar1.place = place_in_window(*panels_);
+    form_.listleft.place = place_in_window(*left_);
+    form_.pic_gressbar1.place.height = bar_->height() * twips_per_pixel;
+    form_.Command28.place = {0, 0, cancel_->width() * twips_per_pixel, cancel_->height() * twips_per_pixel};
+    Form_Resize(form_);
+    tasks_->take_places();
+    place_.apply();
 }
 
 void main_window::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
-    keep_place();
-    if (panel_) panel_->keep_inside();
+    place_.keep();
+    if (!tip_) return;
+    lay_out();
+    panel_->keep_inside();
+    failure_->centre();
+}
+
+void main_window::moveEvent(QMoveEvent* event) {
+    QMainWindow::moveEvent(event);
+    place_.keep();
+}
+
+void main_window::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange) place_.keep();
+}
+
+bool main_window::eventFilter(QObject* watched, QEvent* event) {
+    const auto pointer_x = [&] {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        return mapFromGlobal(mouse->globalPosition().toPoint()).x() * twips_per_pixel;
+    };
+    if (watched == splitter_->handle(1)) {
+        if (event->type() == QEvent::MouseButtonPress) {
+            form_.listleft.place = place_in_window(*left_);
+            lay_out_halves(form_);
+            Splitter_MouseDown(form_, pointer_x());
+        } else if (event->type() == QEvent::MouseMove) {
+            Splitter_MouseMove(form_, pointer_x());
+        } else if (event->type() == QEvent::MouseButtonRelease) {
+            // A half has a least width: the border is where the drag has really brought it.
+            form_.Splitter.place.left = place_in_window(*left_).left + left_->width() * twips_per_pixel;
+            Splitter_MouseUp(form_);
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void main_window::keyPressEvent(QKeyEvent* event) {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "core/main_form.h"
+#include "forms/window_place.h"
 
 class QLabel;
 class QPushButton;
@@ -16,6 +17,7 @@ class QSplitter;
 namespace corvane {
 
 class colour_bar_view;
+class error_frame;
 class list_box_view;
 class list_table;
 class menu_bar;
@@ -24,6 +26,7 @@ class row_panel;
 class start_page;
 class task_column;
 class text_view;
+class tip_box;
 
 class main_window : public QMainWindow {
   public:
@@ -42,13 +45,18 @@ class main_window : public QMainWindow {
     // Escape closes the row panel wherever the focus is.
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    // The splitter's handle tells the model of its drags.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     QWidget* make_work_area();
     QWidget* make_run_row();
     void sync_work_area(bool tasks_locked);
     void sync_run_row();
-    void keep_place();
+    // Tells the model how large its parts are and runs its resize handler.
+    void lay_out();
 
     Tavrel& form_;
     std::function<void(const std::string&)> act_;
@@ -68,6 +76,9 @@ class main_window : public QMainWindow {
     QPushButton* cancel_ = nullptr;
     panel_bar* panels_ = nullptr;
     row_panel* panel_ = nullptr;
+    error_frame* failure_ = nullptr;
+    tip_box* tip_ = nullptr;
+    window_place place_;
 };
 
 }  // namespace corvane

@@ -1,6 +1,7 @@
 #include "forms/task_button.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 #include "forms/colours.h"
@@ -19,6 +20,13 @@ constexpr int corner = 6;
 task_button::task_button(const char* icon, QWidget* parent) : QAbstractButton(parent), icon_(icon) {
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setMouseTracking(true);
+}
+
+void task_button::set_shift(double shift) {
+    if (shift_ == shift) return;
+    shift_ = shift;
+    update();
 }
 
 void task_button::set_next_step(bool next) {
@@ -65,8 +73,7 @@ void task_button::paintEvent(QPaintEvent*) {
     QColor stroke = colours.color(QPalette::Active, QPalette::WindowText);
     QColor second = mark;
     if (!isEnabled()) stroke = second = blend(window, stroke, 0.45);
-    const double down = isDown() ? 1 : 0;
-    const QRectF place(side_margin + down, (height() - icon_size) / 2.0 + down, icon_size, icon_size);
+    const QRectF place(side_margin + shift_, (height() - icon_size) / 2.0 + shift_, icon_size, icon_size);
     paint_icon(painter, icon_, place, stroke, second);
 
     QFont shown = font();
@@ -76,8 +83,7 @@ void task_button::paintEvent(QPaintEvent*) {
     const int left = side_margin + icon_size + gap;
     const QRect text_place(left, 0, width() - left - 4, height());
     const QString words = painter.fontMetrics().elidedText(text(), Qt::ElideRight, text_place.width());
-    painter.drawText(text_place.translated(static_cast<int>(down), static_cast<int>(down)),
-                     Qt::AlignVCenter | Qt::AlignLeft, words);
+    painter.drawText(QRectF(text_place).translated(shift_, shift_), Qt::AlignVCenter | Qt::AlignLeft, words);
 }
 
 void task_button::focusInEvent(QFocusEvent* event) {
@@ -96,12 +102,30 @@ void task_button::keyPressEvent(QKeyEvent* event) {
 
 void task_button::enterEvent(QEnterEvent* event) {
     QAbstractButton::enterEvent(event);
+    if (pointer_moved && isEnabled()) pointer_moved(event->position().toPoint());
     update();
 }
 
 void task_button::leaveEvent(QEvent* event) {
     QAbstractButton::leaveEvent(event);
+    if (pointer_moved) pointer_moved(QPoint(-1, -1));
     update();
+}
+
+void task_button::mouseMoveEvent(QMouseEvent* event) {
+    QAbstractButton::mouseMoveEvent(event);
+    if (pointer_moved) pointer_moved(event->position().toPoint());
+}
+
+void task_button::mousePressEvent(QMouseEvent* event) {
+    if (pointer_pressed && event->button() == Qt::LeftButton) pointer_pressed();
+    QAbstractButton::mousePressEvent(event);
+}
+
+void task_button::mouseReleaseEvent(QMouseEvent* event) {
+    // Before the click, which may run a long task.
+    if (pointer_released && event->button() == Qt::LeftButton) pointer_released();
+    QAbstractButton::mouseReleaseEvent(event);
 }
 
 }  // namespace corvane

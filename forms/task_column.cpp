@@ -2,12 +2,14 @@
 
 #include <QPainter>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <string_view>
 
 #include "core/task_table.h"
 #include "forms/colours.h"
 #include "forms/screen_text.h"
 #include "forms/task_button.h"
+#include "forms/window_place.h"
 
 namespace corvane {
 
@@ -35,8 +37,9 @@ const task_drawing* drawing_of(std::string_view picture) {
 
 }  // namespace
 
-task_column::task_column(Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent)
-    : QWidget(parent), form_(form) {
+task_column::task_column(Tavrel& form, std::function<void(const std::string&)> act,
+                         std::function<void()> hovered, QWidget* parent)
+    : QWidget(parent), form_(form), hovered_(std::move(hovered)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 10, 9, 10);
     layout->setSpacing(3);
@@ -55,10 +58,51 @@ task_column::task_column(Tavrel& form, std::function<void(const std::string&)> a
         connect(button, &QAbstractButton::clicked, this,
                 [act, handler = std::string(task.picture) + "_Click"] { act(handler); });
         control* label = task.label < 0 ? nullptr : form.labels[static_cast<std::size_t>(task.label)];
-        rows_.push_back({form.find(task.picture), label, button});
+        control* picture = form.find(task.picture);
+        const auto known = std::find(form.pictures.begin() + 1, form.pictures.end(), picture);
+        const int number = known == form.pictures.end() ? 0 : static_cast<int>(known - form.pictures.begin());
+        rows_.push_back({picture, label, button, number});
+        if (number > 0) watch_pointer(rows_.back());
     }
     layout->addStretch(1);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+}
+
+void task_column::watch_pointer(const row& task) {
+    const auto then_show = [this] {
+        show_shifts();
+        hovered_();
+    };
+    task.button->pointer_moved = [this, number = task.number, then_show](QPoint place) {
+        picture_moved(form_, number, place.x() * twips_per_pixel, place.y() * twips_per_pixel);
+        then_show();
+    };
+    task.button->pointer_pressed = [this, number = task.number, then_show] {
+        picture_pressed(form_, number);
+        then_show();
+    };
+    task.button->pointer_released = [this, number = task.number, then_show] {
+        picture_released(form_, number);
+        then_show();
+    };
+}
+
+void task_column::take_places() {
+    for (const row& task : rows_) {
+        const QPoint corner = task.button->mapTo(window(), QPoint(0, 0));
+        task.picture->place = {corner.x() * twips_per_pixel, corner.y() * twips_per_pixel,
+                               task.button->width() * twips_per_pixel,
+                               task.button->height() * twips_per_pixel};
+    }
+    keep_resting_places(form_);
+}
+
+void task_column::show_shifts() {
+    for (const row& task : rows_) {
+        if (task.number == 0) continue;
+        const int resting = form_.hover.pic_left[static_cast<std::size_t>(task.number)];
+        task.button->set_shift(static_cast<double>(task.picture->place.left - resting) / twips_per_pixel);
+    }
 }
 
 void task_column::sync() {
@@ -70,12 +114,16 @@ void task_column::sync() {
             task.button->setAccessibleName(words);
             task.button->updateGeometry();
         }
-        const QString tip = screen_text(task.picture->tooltip);
+        // A picture that is locked under the pointer gets no more moves of it.
+        if (!task.picture->enabled && task.number > 0 && form_.hover.captured == task.picture->name())
+            picture_moved(form_, task.number, -1, -1);
+        const QString tip = task.number > 0 ? QString() : screen_text(task.picture->tooltip);
         if (task.button->toolTip() != tip) task.button->setToolTip(tip);
         if (task.button->isEnabled() != task.picture->enabled) task.button->setEnabled(task.picture->enabled);
         if (task.button->isHidden() == task.picture->visible) task.button->setVisible(task.picture->visible);
         task.button->set_next_step(task.picture->name() == next);
     }
+    show_shifts();
 }
 
 void task_column::paintEvent(QPaintEvent*) {

@@ -15,10 +15,13 @@ class task_button;
 
 class task_column : public QWidget {
   public:
-    // `act` runs a handler of the main form by its name.
-    task_column(Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent);
+    // `act` runs a handler of the main form by its name; `hovered` brings the tip up to date.
+    task_column(Tavrel& form, std::function<void(const std::string&)> act, std::function<void()> hovered,
+                QWidget* parent);
 
     void sync();
+    // The pictures' places on the screen become their resting places in the model.
+    void take_places();
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -28,9 +31,14 @@ class task_column : public QWidget {
         control* picture;
         control* label;
         task_button* button;
+        int number;  // of Picture1 to Picture8; 0: the pointer does nothing to it
     };
 
+    void watch_pointer(const row& task);
+    void show_shifts();
+
     Tavrel& form_;
+    std::function<void()> hovered_;
     std::vector<row> rows_;
     std::vector<QWidget*> separators_;
 };

@@ -1,0 +1,109 @@
+#include "forms/child_window.h"
+
+#include <QCloseEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <algorithm>
+
+#include "forms/colours.h"
+#include "forms/icons.h"
+#include "forms/screen_text.h"
+
+namespace corvane {
+
+child_window::child_window(Tavrel& main, form_model& form, std::function<void(const std::string&)> act,
+                           QWidget* parent)
+    : QDialog(parent), main_(main), act_(std::move(act)), form_(form), place_(*this, form) {
+    setObjectName(QString::fromStdString(form.name()));
+    setWindowIcon(application_icon());
+}
+
+void child_window::sync_window() {
+    const QString title = screen_line(form_.caption);
+    if (windowTitle() != title) setWindowTitle(title);
+    if (form_.visible && isHidden()) open();
+    if (!form_.visible && !isHidden()) hide();
+    sync_place();
+}
+
+void child_window::sync_place() {
+    if (isVisible()) place_.apply();
+}
+
+void child_window::open() {
+    before_open();
+    if (place_.is_set())
+        place_.apply();
+    else
+        place_beside_main();
+    show();
+    raise();
+    activateWindow();
+    place_.keep();
+}
+
+void child_window::place_beside_main() {
+    const QWidget* owner = parentWidget();
+    if (!owner || !owner->isVisible()) return;
+    const QRect free = owner->screen()->availableGeometry();
+    const QRect beside = owner->frameGeometry();
+    // Beside the main form where there is room, else over its work area, clear of the task column.
+    int left = beside.right() + 8;
+    if (left + width() > free.right()) left = beside.right() - width() - 40;
+    const int top = beside.top() + 72;
+    move(std::clamp(left, free.left(), std::max(free.left(), free.right() - width())),
+         std::clamp(top, free.top(), std::max(free.top(), free.bottom() - height())));
+}
+
+void child_window::moveEvent(QMoveEvent* event) {
+    QDialog::moveEvent(event);
+    if (isVisible()) place_.keep();
+}
+
+void child_window::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    if (isVisible()) place_.keep();
+}
+
+void child_window::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange && isVisible()) place_.keep();
+}
+
+void child_window::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    reject();
+}
+
+void child_window::reject() {
+    form_.visible = false;
+    // Its own close handler, where the window has one.
+    act_(form_.name() + ".Form_Unload");
+    hide();
+}
+
+void child_window::watch_button(QPushButton* button, control& model) {
+    button->setAttribute(Qt::WA_Hover);
+    button->installEventFilter(this);
+    button->setProperty("model", QVariant::fromValue(static_cast<void*>(&model)));
+}
+
+bool child_window::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) {
+        auto* button = qobject_cast<QPushButton*>(watched);
+        auto* model = button ? static_cast<control*>(button->property("model").value<void*>()) : nullptr;
+        if (model) {
+            button_moved(main_, *model, event->type() == QEvent::HoverEnter && button->isEnabled());
+            QPalette colours = palette();
+            if (model->back_colour != button_face) {
+                colours.setColor(QPalette::Button, from_blue_green_red(model->back_colour));
+                // The colour is light; its text is dark in every palette.
+                colours.setColor(QPalette::ButtonText, Qt::black);
+            }
+            button->setPalette(colours);
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+}  // namespace corvane

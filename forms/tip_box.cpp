@@ -1,0 +1,58 @@
+#include "forms/tip_box.h"
+
+#include <QEvent>
+#include <QToolTip>
+#include <cmath>
+
+#include "forms/screen_text.h"
+#include "forms/window_place.h"
+
+namespace corvane {
+
+namespace {
+// Of several lines each takes 0.7 of the height of one, so one alone has room above and below.
+constexpr double line_share = 0.7;
+constexpr int frame = 2;  // pixels around the text
+}  // namespace
+
+tip_box::tip_box(Tavrel& form, QWidget* parent) : QLabel(parent), form_(form) {
+    setObjectName(QString::fromStdString(form.tiptext.name()));
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    setAlignment(Qt::AlignCenter);
+    setFrameShape(QFrame::Box);
+    setAutoFillBackground(true);
+    setForegroundRole(QPalette::ToolTipText);
+    setBackgroundRole(QPalette::ToolTipBase);
+    // The pointer stays with the picture below.
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    measure();
+    hide();
+}
+
+void tip_box::measure() {
+    const QFontMetrics metrics = fontMetrics();
+    // A Chinese character is two bytes; a wide Latin letter is one and must fit as well.
+    const int half =
+        std::max((metrics.horizontalAdvance(QStringLiteral("中")) + 1) / 2, metrics.averageCharWidth());
+    form_.hover.tip_char_width = static_cast<std::int16_t>((half + 1) * twips_per_pixel);
+    form_.hover.tip_line_height =
+        static_cast<std::int16_t>(std::ceil((metrics.lineSpacing() + frame) / line_share) * twips_per_pixel);
+}
+
+void tip_box::sync() {
+    const control& model = form_.tiptext;
+    if (!model.visible) return hide();
+    setText(screen_text(model.text));
+    setGeometry(model.place.left / twips_per_pixel, model.place.top / twips_per_pixel,
+                model.place.width / twips_per_pixel + 2 * frame, model.place.height / twips_per_pixel);
+    show();
+    raise();
+}
+
+void tip_box::changeEvent(QEvent* event) {
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange) measure();
+}
+
+}  // namespace corvane
