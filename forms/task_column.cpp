@@ -74,10 +74,12 @@ void task_column::watch_pointer(const row& task) {
         hovered_();
     };
     task.button->pointer_moved = [this, number = task.number, then_show](QPoint place) {
+        if (form_.hover.captured.empty() && form_.hover.pic_pressed == 0) take_places();
         picture_moved(form_, number, place.x() * twips_per_pixel, place.y() * twips_per_pixel);
         then_show();
     };
     task.button->pointer_pressed = [this, number = task.number, then_show] {
+        if (form_.hover.captured.empty()) take_places();
         picture_pressed(form_, number);
         then_show();
     };
@@ -106,6 +108,7 @@ void task_column::show_shifts() {
 }
 
 void task_column::sync() {
+    if (form_.hover.captured.empty() && form_.hover.pic_pressed == 0) take_places();
     const std::string next = next_step(form_);
     for (const row& task : rows_) {
         const QString words = task.label ? screen_line(task.label->caption) : QString();
