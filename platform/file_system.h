@@ -117,6 +117,10 @@ class file_system {
     virtual std::unique_ptr<file_writer> replace_file(const std::string& path, std::string& error) = 0;
     // Truncates and writes in place, for files that must be seen while they grow.
     virtual std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) = 0;
+    // Writes a small file in place, first over its start and then cut to length: a process that dies
+    // meanwhile leaves the old or the new text at its start. No flush; what is written survives the process,
+    // not the machine.
+    virtual bool put_text(const std::string& path, std::string_view text, std::string& error) = 0;
     virtual bool can_write_into(const std::string& directory) = 0;
     // Claims the program's folder for this process until it ends, however it ends. False when another process
     // has it; no file is touched. True where the disk knows no locks.

@@ -358,6 +358,37 @@ TEST(Environment, ADirectoryInTheFilesPlaceIsToldAndLeftAlone) {
     EXPECT_TRUE(p.files.attributes(settings_path).directory);
 }
 
+TEST(Environment, AFileThatCannotBeReadIsDeletedSilently) {
+    test_program p;
+    p.add_used_folder();
+    p.files.add_file(settings_path).unreadable = true;
+    p.corvane.start();
+    EXPECT_TRUE(p.screen.messages.empty());
+    EXPECT_FALSE(p.files.has(settings_path));
+    EXPECT_TRUE(p.files.has("/prog/仅搜索的文件类型.txt"));
+}
+
+TEST(DirectoryList, OneThatCannotBeReadIsToldAndStays) {
+    test_program p;
+    p.add_used_folder();
+    p.files.erase("/prog/比较文件_目录清单.txt");
+    p.files.add_directory("/prog/比较文件_目录清单.txt");
+    p.corvane.start();
+    ASSERT_EQ(p.screen.messages.size(), 1u);
+    EXPECT_TRUE(p.last_message().starts_with("/prog/比较文件_目录清单.txt\r\n"));
+    EXPECT_EQ(p.state.selected_dir_count, 0);
+}
+
+TEST(Environment, ALineBeyondEveryMeasureEndsTheRead) {
+    test_program p;
+    texts lines = fresh_settings_lines();
+    lines[14] = std::string(3'000'000, 'x');
+    p.add_used_folder(lines);
+    p.corvane.start();
+    EXPECT_FALSE(p.files.has(settings_path));
+    EXPECT_EQ(p.state.similar_main_file, "");
+}
+
 TEST(Environment, AnUnwritableFolderIsToldOnceAndNotAgainAtTheEnd) {
     test_program p;
     p.add_used_folder();

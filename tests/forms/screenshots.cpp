@@ -69,6 +69,16 @@ int main(int argc, char** argv) {
     QWidget* main = &shown.windows.main();
     pictures.save(shown, main, "start");
 
+    shown.files.add_file("/prog/err_rec.txt", "/home/li/照片/2023/夏天/读不出来的图片_0417.jpg\r\n");
+    shown.form.run("debug_err_anly");
+    pictures.save(shown, main, "error_frame");
+    shown.form.Frame_err.visible = false;
+    shown.form.state.tip_help_on = 1;
+    corvane::tip_show(shown.form, "显示最近一次[查相同文件]的结果，再显示一遍也可以，很长的提示分成两行。",
+                      shown.form.pictures[4]->place);
+    pictures.save(shown, main, "tip");
+    shown.form.tiptext.visible = false;
+
     for (const char* path : {"/home/li/照片/2023/夏天", "/home/li/文档/报告", "/home/li/音乐",
                              "/home/li/下载", "/home/li/备份/旧电脑", "/home/li/.config"})
         shown.files.add_directory(path);

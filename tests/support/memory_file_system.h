@@ -59,6 +59,7 @@ class memory_file_system : public file_system {
     std::unique_ptr<file_reader> open_file(std::string_view path, std::string& error) override;
     std::unique_ptr<file_writer> replace_file(const std::string& path, std::string& error) override;
     std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) override;
+    bool put_text(const std::string& path, std::string_view text, std::string& error) override;
     bool can_write_into(const std::string&) override { return !folder_locked; }
     bool claim_directory(const std::string&) override { return !claimed_by_another; }
     bool remove_data_file(const std::string& path, std::string& error) override;
