@@ -9,8 +9,8 @@ void list_box::clear() {
     ++revision_;
 }
 
-void list_box::add(std::string words) {
-    rows_.push_back({std::move(words), false, false});
+void list_box::add(std::string words, std::string tip) {
+    rows_.push_back({std::move(words), false, false, std::move(tip)});
     ++revision_;
 }
 
@@ -21,6 +21,11 @@ void list_box::remove(std::size_t index) {
 
 void list_box::select(std::size_t index, bool selected) {
     rows_[index].selected = selected;
+    ++revision_;
+}
+
+void list_box::select_only(std::size_t index) {
+    for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i].selected = i == index;
     ++revision_;
 }
 

@@ -76,14 +76,17 @@ class list_box : public control {
         std::string text;
         bool selected = false;
         bool checked = false;
+        std::string tooltip;
     };
 
     const std::vector<row>& rows() const { return rows_; }
     std::uint64_t revision() const { return revision_; }
     void clear();
-    void add(std::string words);
+    void add(std::string words, std::string tip = {});
     void remove(std::size_t index);
     void select(std::size_t index, bool selected);
+    // Selects this row and no other.
+    void select_only(std::size_t index);
 
   private:
     std::vector<row> rows_;

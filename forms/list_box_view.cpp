@@ -19,7 +19,10 @@ class list_box_rows : public QAbstractListModel {
     QVariant data(const QModelIndex& index, int role) const override {
         const auto row = static_cast<std::size_t>(index.row());
         if ((role != Qt::DisplayRole && role != Qt::ToolTipRole) || row >= box_.rows().size()) return {};
-        return screen_line(box_.rows()[row].text);
+        const list_box::row& shown = box_.rows()[row];
+        if (role == Qt::ToolTipRole && !shown.tooltip.empty())
+            return screen_text(shown.tooltip).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+        return screen_line(shown.text);
     }
 
   private:

@@ -15,6 +15,7 @@ class linux_file_system : public file_system {
 
     char separator() const override { return '/'; }
     bool ignores_case() const override { return false; }
+    std::vector<volume> volumes() override;
     std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) override;
     path_attributes attributes(const std::string& path) override;
     file_facts facts(std::string_view path) override;

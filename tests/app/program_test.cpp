@@ -80,8 +80,9 @@ TEST(Start, ReadsTheSettingsThenTheListsThenChecksTheDirectories) {
     p.corvane.start();
     texts told;
     for (const message& box : p.screen.messages) told.push_back(box.text);
-    EXPECT_EQ(told, (texts{"/prog/Tavrel环境.txt  第一次运行，已自动建立环境文件", "/prog/不参加搜索的目录.txt  不存在",
-                           "/prog/不参加比较的文件类型.txt  不存在", "/prog/仅搜索的文件类型.txt  不存在"}));
+    EXPECT_EQ(told, (texts{"/prog/Tavrel环境.txt  第一次运行，已自动建立环境文件",
+                           "/prog/不参加搜索的目录.txt  不存在", "/prog/不参加比较的文件类型.txt  不存在",
+                           "/prog/仅搜索的文件类型.txt  不存在"}));
     EXPECT_TRUE(p.corvane.directory_window().visible);
 
     test_program q;

@@ -41,11 +41,16 @@ class memory_file_system : public file_system {
     std::string write_failure_path;  // writing this file fails, with the words below
     std::string write_failure_words = "disk full";
     bool claimed_by_another = false;
+    std::vector<volume> mounted;
     bool folder_locked = false;  // can_write_into says no
     std::int64_t total_opened() const;
 
     char separator() const override { return separator_; }
     bool ignores_case() const override { return separator_ == '\\'; }
+    std::vector<volume> volumes() override {
+        if (!mounted.empty()) return mounted;
+        return {{separator_ == '/' ? "/" : "C:\\", "", volume_kind::root, 1'000'000'000, 2'000'000'000}};
+    }
     std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) override;
     path_attributes attributes(const std::string& path) override;
     file_facts facts(std::string_view path) override;
