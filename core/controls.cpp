@@ -9,8 +9,8 @@ void list_box::clear() {
     ++revision_;
 }
 
-void list_box::add(std::string words) {
-    rows_.push_back({std::move(words), false, false});
+void list_box::add(std::string words, bool checked) {
+    rows_.push_back({std::move(words), false, checked});
     ++revision_;
 }
 
@@ -21,6 +21,11 @@ void list_box::remove(std::size_t index) {
 
 void list_box::select(std::size_t index, bool selected) {
     rows_[index].selected = selected;
+    ++revision_;
+}
+
+void list_box::check(std::size_t index, bool checked) {
+    rows_[index].checked = checked;
     ++revision_;
 }
 

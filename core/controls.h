@@ -81,9 +81,15 @@ class list_box : public control {
     const std::vector<row>& rows() const { return rows_; }
     std::uint64_t revision() const { return revision_; }
     void clear();
-    void add(std::string words);
+    void add(std::string words, bool checked = false);
     void remove(std::size_t index);
     void select(std::size_t index, bool selected);
+    // The check mark of a row; whether the rows show one is the front end's choice.
+    void check(std::size_t index, bool checked);
+    std::int32_t row_count() const { return static_cast<std::int32_t>(rows_.size()); }
+
+    int font_size = 0;                       // points; 0: the front end's own
+    std::int32_t fore_colour = button_face;  // of the text; button_face: the front end's own
 
   private:
     std::vector<row> rows_;

@@ -120,6 +120,18 @@ void append_ascii_upper_case(std::string& out, std::string_view ascii) {
     }
 }
 
+// Where two small letters share one upper case (the final sigma, the micro sign), the one that stands among
+// its alphabet.
+char32_t small_letter(char32_t upper) {
+    const letter_range* home = nullptr;
+    for (const letter_range& range : letter_ranges) {
+        const std::int64_t small = static_cast<std::int64_t>(upper) - range.delta;
+        if (small < range.first || small > range.last || (small - range.first) % range.stride != 0) continue;
+        if (home == nullptr || range.last - range.first > home->last - home->first) home = &range;
+    }
+    return home ? static_cast<char32_t>(static_cast<std::int64_t>(upper) - home->delta) : upper;
+}
+
 }  // namespace
 
 char32_t upper_case(char32_t letter) {
@@ -150,6 +162,21 @@ void append_upper_case(std::string& out, std::string_view utf8) {
         }
         utf8.remove_prefix(length);
     }
+}
+
+std::string lower_case(std::string_view utf8) {
+    std::string lower;
+    while (!utf8.empty()) {
+        const decoded_letter decoded = decode(utf8);
+        const std::size_t length = std::max<std::size_t>(1, decoded.length);
+        const char32_t small = decoded.length == 0 ? decoded.letter : small_letter(decoded.letter);
+        if (small == decoded.letter)
+            lower += utf8.substr(0, length);
+        else
+            append_letter(lower, small);
+        utf8.remove_prefix(length);
+    }
+    return lower;
 }
 
 std::string upper_case(std::string_view utf8) {

@@ -14,6 +14,8 @@ char32_t upper_case(char32_t letter);
 // The same for each letter of a text. Bytes that are no valid UTF-8 stay. The result may be longer or shorter
 // than the text.
 std::string upper_case(std::string_view utf8);
+// The other way: each letter that is the upper case of a small one becomes that one.
+std::string lower_case(std::string_view utf8);
 // Appends upper_case(utf8) to `out`; `utf8` must not lie in `out`.
 void append_upper_case(std::string& out, std::string_view utf8);
 

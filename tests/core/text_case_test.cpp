@@ -109,6 +109,30 @@ TEST(text_case, ascii_around_other_letters_changes_at_every_place) {
     }
 }
 
+TEST(text_case, small_letters_of_a_text_and_what_has_none) {
+    EXPECT_EQ(lower_case(".XLS ab1"), ".xls ab1");
+    EXPECT_EQ(lower_case("\u00C9\u0416\u039C\u03A3 \u76EE\u5F55"), "\u00E9\u0436\u03BC\u03C3 \u76EE\u5F55");
+    EXPECT_EQ(lower_case("A\xFF\xC3Z"), "a\xFF\xC3z") << "bytes that are no letters stay";
+    EXPECT_EQ(lower_case(""), "");
+}
+
+TEST(text_case, a_small_letter_and_its_upper_case_have_one_upper_case) {
+    for (char32_t letter = 0; letter < 0x3000; ++letter) {
+        std::string text;
+        if (letter < 0x80) {
+            text += static_cast<char>(letter);
+        } else if (letter < 0x800) {
+            text += static_cast<char>(0xC0 | (letter >> 6));
+            text += static_cast<char>(0x80 | (letter & 0x3F));
+        } else {
+            text += static_cast<char>(0xE0 | (letter >> 12));
+            text += static_cast<char>(0x80 | ((letter >> 6) & 0x3F));
+            text += static_cast<char>(0x80 | (letter & 0x3F));
+        }
+        EXPECT_EQ(upper_case(lower_case(text)), upper_case(text)) << static_cast<unsigned>(letter);
+    }
+}
+
 TEST(text_case, upper_case_is_appended_to_what_is_there) {
     std::string text = "start ";
     append_upper_case(text, "end \u00E9");

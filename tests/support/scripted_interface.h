@@ -18,6 +18,9 @@ class scripted_interface : public user_interface {
   public:
     std::vector<message> messages;
     std::deque<box_answer> answers;
+    std::deque<std::optional<std::string>> texts;  // answers of input boxes; without one they are dismissed
+    std::deque<std::optional<int>> colours;        // the same of colour dialogs
+    std::vector<std::string> prompts;              // "title|prompt" of each of the two
     std::map<std::int64_t, std::function<void()>> acts;  // by number of the yield, from 1
     std::int64_t yields = 0;
     double clock = 1000;
@@ -37,11 +40,16 @@ class scripted_interface : public user_interface {
         answers.pop_front();
         return answer;
     }
-    std::optional<std::string> ask_text(const std::string&, const std::string&, const std::string&) override {
-        return {};
+    std::optional<std::string> ask_text(const std::string& title, const std::string& prompt,
+                                        const std::string&) override {
+        prompts.push_back(title + "|" + prompt);
+        return next(texts);
     }
     std::optional<std::string> choose_file(const std::string&, const std::string&) override { return {}; }
-    std::optional<int> choose_colour(int) override { return {}; }
+    std::optional<int> choose_colour(const std::string& title, int initial) override {
+        prompts.push_back(title + "|" + std::to_string(initial));
+        return next(colours);
+    }
     void yield() override {
         ++yields;
         clock += seconds_per_yield;
@@ -66,6 +74,15 @@ class scripted_interface : public user_interface {
     }
     screen_size screen() override { return {15360, 11520}; }
     void end_program() override { ended = true; }
+
+  private:
+    template <class Value>
+    static std::optional<Value> next(std::deque<std::optional<Value>>& queue) {
+        if (queue.empty()) return {};
+        const std::optional<Value> value = queue.front();
+        queue.pop_front();
+        return value;
+    }
 };
 
 class recording_shell : public shell, public power {
