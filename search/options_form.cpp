@@ -94,10 +94,15 @@ options_form::options_form(Tavrel& main)
 }
 
 void options_form::restore_place() {
+    const run_state& state = main_.state;
+    if (state.optform_width > smallest_stored_width)
+        place = {state.optform_left, state.optform_top, state.optform_width, state.optform_height};
+}
+
+// The place that the window itself stored is never older than that of the main form's last close.
+void options_form::prefer_own_place() {
     run_state& state = main_.state;
     if (state.optform_width <= smallest_stored_width) return;
-    place = {state.optform_left, state.optform_top, state.optform_width, state.optform_height};
-    // The place that the window itself stored is never older than that of the main form's last close.
     if (stored_place(state.optpos_left) != state.optform_left) state.optpos_left = state.optform_left;
     if (stored_place(state.optpos_top) != state.optform_top) state.optpos_top = state.optform_top;
 }
@@ -111,6 +116,7 @@ void options_form::open() {
 
 void options_form::load() {
     restore_place();
+    prefer_own_place();
     directories_.fill();
     left_out_types_.fill();
     only_types_.fill();

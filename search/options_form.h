@@ -52,6 +52,7 @@ class options_form : public form_model {
 
   private:
     void load();
+    void prefer_own_place();
     void mend_settings();
     void apply_look();
     void store_check(std::size_t number);
