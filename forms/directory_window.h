@@ -26,7 +26,7 @@ class directory_window : public child_window {
                      QWidget* parent);
 
     // With `tasks_locked`, the buttons that change what a task works on are disabled.
-    void sync(bool tasks_locked);
+    void sync(bool tasks_locked) override;
 
     void show_volume(const std::string& root);
     directory_model& directories() { return *directories_; }
