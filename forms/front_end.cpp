@@ -21,9 +21,9 @@ front_end::front_end(program& corvane, qt_user_interface& screen) : program_(cor
     screen_.set_help([this](int topic) { open_topic(program_.main_form(), topic); });
     screen_.set_window_finder([this](const std::string& form) -> QWidget* {
         const form_model* model = program_.find_form(form);
-        if (model == nullptr || model == &program_.main_form()) return model ? main_.get() : nullptr;
+        if (model == &program_.main_form()) return main_.get();
         for (child_window* window : windows_)
-            if (window->objectName().toStdString() == model->name()) return window;
+            if (model && window->objectName().toStdString() == model->name()) return window;
         return nullptr;
     });
     QObject::connect(&clock_, &QTimer::timeout, &clock_, [this] {
