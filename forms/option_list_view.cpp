@@ -41,7 +41,10 @@ option_list_view::option_list_view(list_box& box, bool with_check_marks, QWidget
 
 void option_list_view::sync_list() {
     take_look();
+    const int before = model()->rowCount();
     sync();
+    // What has just been added stands at the end.
+    if (isVisible() && model()->rowCount() > before) scrollToBottom();
 }
 
 void option_list_view::take_look() {

@@ -235,6 +235,19 @@ TEST(options_window, text_dropped_on_a_list_of_types_gives_checked_rows) {
     }
 }
 
+TEST(options_window, what_was_added_comes_into_view) {
+    std::string many;
+    for (int i = 0; i < 150; ++i) many.append(".t").append(std::to_string(i)).append("\r\n");
+    open_options open(many);
+    option_list_view* list = open.list("List2");
+    EXPECT_TRUE(list->viewport()->rect().contains(open.row(list, 0)));
+    open.model.drop_types(open.model.List2, ".last");
+    open.shown.windows.sync();
+    EXPECT_TRUE(list->viewport()->rect().contains(open.row(list, 150)));
+    open.choose("no_search_all_select");
+    EXPECT_TRUE(list->viewport()->rect().contains(open.row(list, 150))) << "and the view stays there";
+}
+
 TEST(options_window, common_types_are_dragged_as_lines_of_text_in_their_order) {
     open_options open;
     option_list_view* common = open.list("List4");
