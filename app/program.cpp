@@ -93,6 +93,8 @@ void program::bind_handlers() {
     form.bind("目录选择.cmd_dir_firm_Click", [this] { directory_.cmd_dir_firm_Click(); });
     form.bind("目录选择.Command34_Click", [this] { directory_.Command34_Click(); });
     form.bind("目录选择.cmd_dir_discard_Click", [this] { directory_.cmd_dir_discard_Click(); });
+    form.bind("目录选择.Form_Unload", [this] { directory_.Form_Unload(); });
+    form.bind("目录选择.Timer1_Timer", [this] { directory_.Timer1_Timer(); });
     form.bind("目录选择.Command_sele_Click", [this] { directory_.Command_sele_Click(); });
     form.bind("目录选择.Dir_select_Change", [this] { directory_.Dir_select_Change(); });
     form.bind("目录选择.direction_help_Click", [this] { open_topic(main_, 9); });
@@ -159,9 +161,11 @@ void program::close() {
     if (closed_) return;
     closed_ = true;
     store_followers(main_);
-    options_.Form_Unload();
+    for (form_model* window : main_.children()) {
+        if (window->visible) main_.run(window->name() + ".Form_Unload");
+        window->visible = false;
+    }
     写Tavrel环境文件(main_);
-    directory_.visible = false;
     main_.visible = false;
     main_.outside.screen.end_program();
 }

@@ -112,11 +112,10 @@ bool script_runner::mouse(std::string_view arguments) {
     const std::int64_t row = parse_number(take_word(arguments));
     if (!click || row < 1 || row > list.row_count()) return false;
     const auto index = static_cast<std::size_t>(row - 1);
-    if (arguments.ends_with("ctrl")) {
+    if (arguments.ends_with("ctrl"))
         list.select(index, !list.rows()[index].selected);
-    } else {
-        for (std::size_t each = 0; each < list.rows().size(); ++each) list.select(each, each == index);
-    }
+    else
+        list.select_only(index);
     return true;
 }
 

@@ -12,7 +12,9 @@ namespace corvane {
 std::string archive_entry_text(std::string_view archive_path, std::string_view entry_name, std::uint32_t crc,
                                std::uint64_t size);
 
-inline bool is_archive_member(std::string_view entry) { return entry.find('*') != std::string_view::npos; }
+inline bool is_archive_member(std::string_view entry) {
+    return entry.find('*') != std::string_view::npos;
+}
 
 // The text before the first "*"; a plain path as it is.
 std::string_view archive_path_of(std::string_view entry);

@@ -9,8 +9,13 @@ void list_box::clear() {
     ++revision_;
 }
 
-void list_box::add(std::string words, bool checked) {
-    rows_.push_back({std::move(words), false, checked});
+void list_box::add(std::string words, std::string tip) {
+    rows_.push_back({std::move(words), false, false, std::move(tip)});
+    ++revision_;
+}
+
+void list_box::add_checked(std::string words, bool checked) {
+    rows_.push_back({std::move(words), false, checked, {}});
     ++revision_;
 }
 
@@ -26,6 +31,11 @@ void list_box::select(std::size_t index, bool selected) {
 
 void list_box::check(std::size_t index, bool checked) {
     rows_[index].checked = checked;
+    ++revision_;
+}
+
+void list_box::select_only(std::size_t index) {
+    for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i].selected = i == index;
     ++revision_;
 }
 

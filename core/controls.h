@@ -76,16 +76,20 @@ class list_box : public control {
         std::string text;
         bool selected = false;
         bool checked = false;
+        std::string tooltip;
     };
 
     const std::vector<row>& rows() const { return rows_; }
     std::uint64_t revision() const { return revision_; }
     void clear();
-    void add(std::string words, bool checked = false);
+    void add(std::string words, std::string tip = {});
     void remove(std::size_t index);
     void select(std::size_t index, bool selected);
+    // Selects this row and no other.
+    void select_only(std::size_t index);
     // The check mark of a row; whether the rows show one is the front end's choice.
     void check(std::size_t index, bool checked);
+    void add_checked(std::string words, bool checked);
     std::int32_t row_count() const { return static_cast<std::int32_t>(rows_.size()); }
 
     int font_size = 0;                       // points; 0: the front end's own

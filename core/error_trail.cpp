@@ -77,9 +77,7 @@ void read_avoid_list(Tavrel& form) {
 void note_in_trail(Tavrel& form, std::string_view path) {
     if (form.state.error_trail_on != -1) return;
     std::string error;
-    line_writer writer(form.outside.files.overwrite_file(form.data_path(trail_name), error), error);
-    writer.line(path);
-    writer.finish();
+    form.outside.files.put_text(form.data_path(trail_name), std::string(path) + "\r\n", error);
 }
 
 void read_run_records(Tavrel& form) {

@@ -97,7 +97,8 @@ void wire_tasks(Tavrel& form) {
         const auto run_task = [&form, handler = std::string(task.handler)] { form.run(handler); };
         if (control* picture = form.find(task.picture)) {
             picture->enabled = there;
-            if (there && !form.has_handler(picture->name() + "_Click")) form.bind(picture->name() + "_Click", run_task);
+            if (there && !form.has_handler(picture->name() + "_Click"))
+                form.bind(picture->name() + "_Click", run_task);
         }
         if (task.label >= 0) {
             control& label = *form.labels[static_cast<std::size_t>(task.label)];

@@ -34,6 +34,8 @@ struct run_state : settings {
     std::vector<std::string> dir_queue{std::string()};  // index 0 is not used
     std::vector<std::string> selected_dirs{std::string()};
     std::int16_t selected_dir_count = 0;
+    std::vector<std::string> selected_dir_backup{std::string()};  // as the directory window found them
+    std::int16_t selected_dir_backup_count = 0;
     std::string current_path;
     std::string first_root;
     std::string archive_error_path;

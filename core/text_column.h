@@ -55,7 +55,9 @@ class text_column {
 
     // The entry itself, to be moved within this column or into a column that shares its arena.
     const char* entry(std::int32_t index) const { return entries_[static_cast<std::size_t>(index)]; }
-    void set_entry(std::int32_t index, const char* entry) { entries_[static_cast<std::size_t>(index)] = entry; }
+    void set_entry(std::int32_t index, const char* entry) {
+        entries_[static_cast<std::size_t>(index)] = entry;
+    }
     void push_entry(const char* entry) { entries_.push_back(entry); }
     // Direct access for sorting: element 0 of the vector is not used.
     std::vector<const char*>& entries() { return entries_; }

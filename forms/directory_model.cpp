@@ -21,11 +21,17 @@ directory_model::directory_model(file_system& files, QObject* parent)
 
 directory_model::~directory_model() = default;
 
-void directory_model::set_root(const std::string& path) {
+void directory_model::set_root(std::string path) {
     beginResetModel();
     root_ = std::make_unique<node>();
-    root_->name = path;
+    root_->name = std::move(path);
     endResetModel();
+}
+
+void directory_model::show_hidden(bool shown) {
+    if (shown == hidden_shown_) return;
+    hidden_shown_ = shown;
+    if (root_) set_root(root_->name);
 }
 
 directory_model::node* directory_model::node_of(const QModelIndex& index) const {
@@ -104,7 +110,8 @@ void directory_model::fetchMore(const QModelIndex& parent) {
     std::string_view name;
     entry_kind kind;
     while (reader->next(name, kind))
-        if (kind == entry_kind::directory || kind == entry_kind::link_to_directory) names.emplace_back(name);
+        if (kind == entry_kind::directory || kind == entry_kind::link_to_directory)
+            if (hidden_shown_ || !is_hidden(std::string(name))) names.emplace_back(name);
     if (names.empty()) return;
     QCollator order;
     order.setNumericMode(true);

@@ -17,10 +17,14 @@ class directory_model : public QAbstractItemModel {
     ~directory_model() override;
 
     // `path` ends in the separator. The root itself is the one row at the top.
-    void set_root(const std::string& path);
+    void set_root(std::string path);
+    // Starts anew with or without the directories that are hidden.
+    void show_hidden(bool shown);
+    bool hidden_shown() const { return hidden_shown_; }
     // The path of a row, as the program writes paths, without a closing separator except for a root.
     std::string path(const QModelIndex& index) const;
-    // The row of a path that lies below the root, listing what is on the way; invalid when it is not there.
+    // The row of a path that lies below the root, listing what is on the way; invalid when it is not there,
+    // or hidden while hidden ones are not shown.
     QModelIndex find(const std::string& path);
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
@@ -46,6 +50,7 @@ class directory_model : public QAbstractItemModel {
 
     file_system& files_;
     std::unique_ptr<node> root_;
+    bool hidden_shown_ = false;
 };
 
 }  // namespace corvane

@@ -1,5 +1,6 @@
 #include "forms/directory_window.h"
 
+#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -8,7 +9,6 @@
 #include <QVBoxLayout>
 
 #include "forms/directory_model.h"
-#include "forms/path_names.h"
 #include "forms/screen_text.h"
 #include "forms/selected_list.h"
 
@@ -16,8 +16,6 @@ namespace corvane {
 
 namespace {
 
-constexpr char hint[] = "右键选中;Ctrl+鼠标:多选;shift 鼠标:区域选.";
-constexpr char pick_tip[] = "右键选中,Ctrl+鼠标:多重选;shift 鼠标:区域选.";
 constexpr QSize first_size(760, 520);
 
 QLabel* heading(const char* words, QWidget* buddy) {
@@ -52,54 +50,88 @@ directory_window::directory_window(Tavrel& main, directory_form& form,
     layout->setSpacing(12);
     layout->addWidget(sides, 1);
     layout->addWidget(make_buttons());
+    flight_ = new QLabel(this);
+    flight_->setObjectName(QString::fromStdString(form_.Text_animal.name()));
+    flight_->setTextFormat(Qt::PlainText);
+    flight_->setFrameShape(QFrame::Box);
+    flight_->setAutoFillBackground(true);
+    flight_->setForegroundRole(QPalette::ToolTipText);
+    flight_->setBackgroundRole(QPalette::ToolTipBase);
+    flight_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    flight_->hide();
     resize(first_size);
 }
 
 QWidget* directory_window::make_pick_side() {
     auto* side = new QWidget(this);
-    volume_list_ = new pick_list(side);
-    volume_list_->setObjectName(QStringLiteral("List_disk_sele"));
-    volume_list_->setToolTip(QString::fromUtf8(pick_tip));
+    volume_list_ = new pick_list(form_.List_disk_sele, side);
     volume_list_->setMaximumHeight(4 * (fontMetrics().height() + 8));
-    volume_list_->setTextElideMode(Qt::ElideMiddle);
     tree_ = new pick_tree(side);
-    tree_->setObjectName(QStringLiteral("Dir_select"));
+    tree_->setObjectName(QString::fromStdString(form_.Dir_select.name()));
     tree_->setModel(directories_);
     tree_->setHeaderHidden(true);
     tree_->setUniformRowHeights(true);
     tree_->setExpandsOnDoubleClick(false);
-    volume_list_->pick = [this](const QModelIndexList& rows) {
-        std::vector<std::string> paths;
-        for (const QModelIndex& row : rows)
-            paths.push_back(volumes_[static_cast<std::size_t>(row.row())].path);
-        pick(paths);
-    };
-    tree_->pick = [this](const QModelIndexList& rows) {
-        std::vector<std::string> paths;
-        for (const QModelIndex& row : rows) paths.push_back(directories_->path(row));
-        pick(paths);
-    };
-    connect(volume_list_, &QListWidget::currentRowChanged, this, [this](int row) {
-        if (row >= 0) show_volume(volumes_[static_cast<std::size_t>(row)].path);
+    hidden_ = new QCheckBox(side);
+    hidden_->setObjectName(QString::fromStdString(form_.Check_hidden.name()));
+    hidden_->setText(screen_line(form_.Check_hidden.caption) + QStringLiteral("(&D)"));
+    connect(hidden_, &QCheckBox::toggled, this, [this](bool shown) {
+        form_.Check_hidden.value = shown ? 1 : 0;
+        show_directory();
     });
-    connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& current) { take_current(current); });
-    auto* note = new QLabel(QString::fromUtf8(hint), side);
-    note->setObjectName(QStringLiteral("Label1"));
-    note->setWordWrap(true);
+    note_ = new QLabel(screen_line(form_.Label1.caption), side);
+    note_->setObjectName(QString::fromStdString(form_.Label1.name()));
+    note_->setWordWrap(true);
     auto* layout = column_layout(side);
     layout->addWidget(heading("驱动器(&V)", volume_list_));
     layout->addWidget(volume_list_);
     layout->addSpacing(4);
     layout->addWidget(heading("文件目录(&T)", tree_));
     layout->addWidget(tree_, 1);
-    layout->addWidget(note);
+    layout->addWidget(hidden_);
+    layout->addWidget(note_);
+    connect_picks();
     return side;
+}
+
+void directory_window::connect_picks() {
+    form_.tree.paths = [this](int first, int last) {
+        std::vector<std::string> paths;
+        for (const QModelIndex& row : tree_->rows(first, last)) paths.push_back(directories_->path(row));
+        return paths;
+    };
+    const auto in_window = [this](const QAbstractScrollArea& view, QPoint place) {
+        return view.viewport()->mapTo(this, place) * twips_per_pixel;
+    };
+    tree_->pressed = [this, in_window](mouse_button button, int shift, int row, QPoint place) {
+        const QPoint at = in_window(*tree_, place);
+        tell_places();
+        form_.Dir_select_MouseDown(button, shift, row, at.x(), at.y());
+        show_flight();
+    };
+    volume_list_->pressed = [this, in_window](mouse_button button, int shift, int row, QPoint place) {
+        const QPoint at = in_window(*volume_list_, place);
+        tell_places();
+        form_.List_disk_sele_MouseDown(button, shift, row, at.x(), at.y());
+        show_flight();
+    };
+    connect(volume_list_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& current) {
+                if (!current.isValid() || showing_) return;
+                form_.List_disk_sele_Click(current.row());
+                show_directory();
+            });
+    connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& current) { take_current(current); });
+    connect(&flight_clock_, &QTimer::timeout, this, [this] {
+        form_.Timer1_Timer();
+        show_flight();
+    });
 }
 
 QWidget* directory_window::make_selected_side() {
     auto* side = new QWidget(this);
-    selected_ = new selected_list(main_.outside.files, form_, act_, side);
+    selected_ = new selected_list(form_, act_, side);
     auto* layout = column_layout(side);
     layout->addWidget(heading("选中目录(&L)", selected_));
     layout->addWidget(selected_, 1);
@@ -112,7 +144,7 @@ QWidget* directory_window::make_buttons() {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
     buttons_ = {{nullptr, &form_.Command_sele, "选中(&S)", false},
-                {nullptr, &form_.direction_help, "帮助F1", false},
+                {nullptr, &form_.direction_help, "帮助F1(&H)", false},
                 {nullptr, &form_.cmd_dir_firm, "执行(&R)", true},
                 {nullptr, &form_.Command34, "确定(&O)", true},
                 {nullptr, &form_.cmd_dir_discard, "放弃(&C)", false}};
@@ -131,38 +163,79 @@ QWidget* directory_window::make_buttons() {
     return row;
 }
 
-void directory_window::fill_volumes() {
-    volumes_ = volumes();
-    const QSignalBlocker silent(volume_list_);
-    volume_list_->clear();
-    for (const volume& place : volumes_) volume_list_->addItem(place.label);
-    volume_list_->setCurrentRow(0);
-    show_volume(volumes_.front().path);
+// Where the lists stand: the caption flies between them.
+void directory_window::tell_places() {
+    const auto told = [this](const QWidget* view, control& model) {
+        const QPoint corner = view->mapTo(this, QPoint(0, 0)) * twips_per_pixel;
+        model.place = {corner.x(), corner.y(), view->width() * twips_per_pixel,
+                       view->height() * twips_per_pixel};
+    };
+    told(selected_, form_.list_selected_dir);
+    told(tree_, form_.Dir_select);
+    form_.row_height = std::max(255, selected_->sizeHintForRow(0) * twips_per_pixel);
 }
 
-void directory_window::show_volume(const std::string& root) {
-    directories_->set_root(root);
-    const QModelIndex top = directories_->index(0, 0);
-    tree_->expand(top);
-    tree_->setCurrentIndex(top);
-}
-
-void directory_window::take_current(const QModelIndex& current) {
-    if (!current.isValid()) return;
-    form_.Dir_select.text = directories_->path(current);
-    main_.run("目录选择.Dir_select_Change");
-}
-
-void directory_window::pick(const std::vector<std::string>& paths) {
-    form_.add_paths(paths);
+void directory_window::show_flight() {
+    const control& caption = form_.Text_animal;
+    if (caption.visible) {
+        flight_->setText(screen_text(caption.text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+        const int height = caption.place.height / twips_per_pixel + 2 * flight_->frameWidth();
+        flight_->setGeometry(caption.place.left / twips_per_pixel, caption.place.top / twips_per_pixel,
+                             std::min(flight_->sizeHint().width(), width() / 2),
+                             std::min(height, this->height()));
+        flight_->raise();
+    }
+    flight_->setVisible(caption.visible);
+    const bool runs = form_.Timer1.enabled;
+    if (runs && !flight_clock_.isActive()) flight_clock_.start(form_.Timer1.interval);
+    if (runs || !flight_clock_.isActive()) return;
+    flight_clock_.stop();
     selected_->sync();
     selected_->scrollToBottom();
 }
 
+void directory_window::show_directory() {
+    showing_ = true;
+    directories_->show_hidden(form_.Check_hidden.value != 0);
+    directories_->set_root(form_.tree_root());
+    QModelIndex row = directories_->find(form_.Dir_select.text);
+    if (!row.isValid() && !directories_->hidden_shown()) {
+        // The directory may lie in a hidden one, which then has to be shown.
+        directories_->show_hidden(true);
+        row = directories_->find(form_.Dir_select.text);
+        if (row.isValid())
+            form_.Check_hidden.value = 1;
+        else
+            directories_->show_hidden(false);
+    }
+    const QSignalBlocker silent(hidden_);
+    hidden_->setChecked(form_.Check_hidden.value != 0);
+    if (!row.isValid()) row = directories_->index(0, 0);
+    for (QModelIndex above = row; above.isValid(); above = above.parent()) tree_->expand(above);
+    tree_->setCurrentIndex(row);
+    tree_->scrollTo(row);
+    showing_ = false;
+    take_current(row);
+}
+
+void directory_window::take_current(const QModelIndex& current) {
+    if (!current.isValid() || showing_) return;
+    form_.Dir_select.text = shown_directory_ = directories_->path(current);
+    form_.Dir_select_Change();
+}
+
 void directory_window::sync(bool tasks_locked) {
+    volume_list_->sync();
     selected_->sync();
+    if (!isHidden()) tell_places();
+    show_flight();
+    if (form_.visible && !isHidden() && form_.Dir_select.text != shown_directory_) show_directory();
     const QString list_tip = screen_text(form_.list_selected_dir.tooltip);
     if (selected_->toolTip() != list_tip) selected_->setToolTip(list_tip);
+    for (auto* view : {static_cast<QWidget*>(volume_list_), static_cast<QWidget*>(tree_)}) {
+        const control& model = view == tree_ ? form_.Dir_select : static_cast<control&>(form_.List_disk_sele);
+        if (view->toolTip() != screen_text(model.tooltip)) view->setToolTip(screen_text(model.tooltip));
+    }
     for (const bound_button& bound : buttons_) {
         const bool enabled = bound.model->enabled && !(tasks_locked && bound.waits_for_task);
         if (bound.button->isEnabled() != enabled) bound.button->setEnabled(enabled);
@@ -173,7 +246,11 @@ void directory_window::sync(bool tasks_locked) {
 }
 
 void directory_window::before_open() {
-    if (volumes_.empty()) fill_volumes();
+    volume_list_->sync();
+    showing_ = true;
+    volume_list_->setCurrentIndex(volume_list_->model()->index(main_.state.disk_index, 0));
+    showing_ = false;
+    show_directory();
     tree_->setFocus();
 }
 

@@ -2,6 +2,7 @@
 // them. Made by front_end.
 #pragma once
 
+#include <QTimer>
 #include <functional>
 #include <string>
 #include <vector>
@@ -9,9 +10,10 @@
 #include "core/main_form.h"
 #include "forms/child_window.h"
 #include "forms/pick_views.h"
-#include "forms/volumes.h"
 #include "search/directory_form.h"
 
+class QCheckBox;
+class QLabel;
 class QPushButton;
 
 namespace corvane {
@@ -28,7 +30,8 @@ class directory_window : public child_window {
     // With `tasks_locked`, the buttons that change what a task works on are disabled.
     void sync(bool tasks_locked) override;
 
-    void show_volume(const std::string& root);
+    // Shows Dir_select's directory in the tree below the model's volume.
+    void show_directory();
     directory_model& directories() { return *directories_; }
 
   protected:
@@ -46,17 +49,23 @@ class directory_window : public child_window {
     QWidget* make_pick_side();
     QWidget* make_selected_side();
     QWidget* make_buttons();
-    void fill_volumes();
+    void connect_picks();
+    void tell_places();
+    void show_flight();
     void take_current(const QModelIndex& current);
-    void pick(const std::vector<std::string>& paths);
 
     directory_form& form_;
-    std::vector<volume> volumes_;
     directory_model* directories_;
     pick_list* volume_list_ = nullptr;
     pick_tree* tree_ = nullptr;
     selected_list* selected_ = nullptr;
+    QCheckBox* hidden_ = nullptr;
+    QLabel* note_ = nullptr;
+    QLabel* flight_ = nullptr;
+    QTimer flight_clock_;
     std::vector<bound_button> buttons_;
+    std::string shown_directory_;
+    bool showing_ = false;  // the tree is being set after the model, not by the user
 };
 
 }  // namespace corvane

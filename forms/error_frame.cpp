@@ -29,9 +29,9 @@ error_frame::error_frame(Tavrel& form, std::function<void(const std::string&)> a
     path_->setObjectName(QString::fromStdString(form.txt_disp_err_file.name()));
     path_->setReadOnly(true);
     avoid_->setObjectName(QString::fromStdString(form.Check1.name()));
-    auto* open = new QPushButton(QStringLiteral("打开目录(&D)"), this);
+    auto* open = new QPushButton(QStringLiteral("打开目录(&R)"), this);
     open->setObjectName(QString::fromStdString(form.Command46.name()));
-    auto* confirm = new QPushButton(QStringLiteral("确定(&O)"), this);
+    auto* confirm = new QPushButton(QStringLiteral("确定(&C)"), this);
     confirm->setObjectName(QString::fromStdString(form.Command47.name()));
     connect(avoid_, &QCheckBox::toggled, this,
             [this](bool checked) { form_.Check1.value = checked ? 1 : 0; });

@@ -2,7 +2,6 @@
 
 #include <QAbstractListModel>
 #include <QMimeData>
-#include <QScrollBar>
 #include <algorithm>
 
 #include "forms/screen_text.h"
@@ -32,10 +31,13 @@ class list_box_rows : public QAbstractListModel {
     QVariant data(const QModelIndex& index, int role) const override {
         const auto row = static_cast<std::size_t>(index.row());
         if (row >= box_.rows().size()) return {};
+        const list_box::row& shown = box_.rows()[row];
         if (role == Qt::CheckStateRole && with_check_marks_)
-            return box_.rows()[row].checked ? Qt::Checked : Qt::Unchecked;
+            return shown.checked ? Qt::Checked : Qt::Unchecked;
+        if (role == Qt::ToolTipRole && !shown.tooltip.empty())
+            return screen_text(shown.tooltip).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
         if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
-        return screen_line(box_.rows()[row].text);
+        return screen_line(shown.text);
     }
     bool setData(const QModelIndex& index, const QVariant& value, int role) override {
         const auto row = static_cast<std::size_t>(index.row());
@@ -81,18 +83,10 @@ list_box_view::list_box_view(list_box& box, QWidget* parent, bool with_check_mar
 void list_box_view::sync() {
     if (rows_->is_current()) return;
     taking_over_ = true;
-    const int current = currentIndex().row();
-    const int scrolled = verticalScrollBar()->value();
     rows_->reset();
     for (std::size_t row = 0; row < box_.rows().size(); ++row)
         if (box_.rows()[row].selected)
             selectionModel()->select(rows_->index(static_cast<int>(row)), QItemSelectionModel::Select);
-    // The keyboard goes on where it was.
-    if (current >= 0 && rows_->rowCount() > 0)
-        selectionModel()->setCurrentIndex(rows_->index(std::min(current, rows_->rowCount() - 1)),
-                                          QItemSelectionModel::NoUpdate);
-    executeDelayedItemsLayout();
-    verticalScrollBar()->setValue(scrolled);
     taking_over_ = false;
 }
 

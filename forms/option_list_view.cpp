@@ -4,6 +4,7 @@
 #include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QUrl>
 #include <algorithm>
@@ -42,9 +43,17 @@ option_list_view::option_list_view(list_box& box, bool with_check_marks, QWidget
 void option_list_view::sync_list() {
     take_look();
     const int before = model()->rowCount();
+    const int current = currentIndex().row();
+    const int scrolled = verticalScrollBar()->value();
     sync();
-    // What has just been added stands at the end.
-    if (isVisible() && model()->rowCount() > before) scrollToBottom();
+    const int rows = model()->rowCount();
+    // The keyboard and the view go on where they were; what has just been added stands at the end.
+    if (current >= 0 && !currentIndex().isValid() && rows > 0)
+        selectionModel()->setCurrentIndex(model()->index(std::min(current, rows - 1), 0),
+                                          QItemSelectionModel::NoUpdate);
+    executeDelayedItemsLayout();
+    verticalScrollBar()->setValue(scrolled);
+    if (isVisible() && rows > before) scrollToBottom();
 }
 
 void option_list_view::take_look() {

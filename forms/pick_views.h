@@ -1,78 +1,94 @@
-// The two lists of the directory window from which directories are picked with the mouse: right button or
-// Ctrl picks one row, Shift picks a range. Used by directory_window.
+// The two lists of the directory window from which directories are picked with mouse and keyboard. They tell
+// which row was pressed and how; the model decides what that takes. Used by directory_window.
 #pragma once
 
 #include <QKeyEvent>
-#include <QListWidget>
 #include <QMouseEvent>
 #include <QTreeView>
 #include <functional>
+#include <string>
+#include <vector>
+
+#include "forms/list_box_view.h"
+#include "search/directory_pick.h"
 
 namespace corvane {
 
-// Base is the Qt view. The rows between two indexes are those on the screen.
+// Base is the Qt view. Rows count from 0 in the order on the screen.
 template <class Base>
 class pick_view : public Base {
   public:
     using Base::Base;
 
-    std::function<void(const QModelIndexList&)> pick;
+    // `place` is the point in this view's viewport.
+    std::function<void(mouse_button button, int shift, int row, QPoint place)> pressed;
+
+    QModelIndexList rows(int first, int last) const {
+        QModelIndexList found;
+        int number = 0;
+        for (QModelIndex at = this->model()->index(0, 0); at.isValid() && number <= last;
+             at = below(at), ++number)
+            if (number >= first) found.append(at);
+        return found;
+    }
 
   protected:
     void mousePressEvent(QMouseEvent* event) override {
-        const QModelIndex row = this->indexAt(event->position().toPoint());
+        const QPoint place = event->position().toPoint();
+        const QModelIndex row = this->indexAt(place);
         const bool left = event->button() == Qt::LeftButton;
-        const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);
-        const bool ctrl = event->modifiers().testFlag(Qt::ControlModifier);
-        if (!row.isValid() || (left && !shift && !ctrl) || event->button() == Qt::MiddleButton) {
-            if (left && row.isValid()) pressed_ = row;
+        const Qt::KeyboardModifiers keys = event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier);
+        if (!row.isValid() || (!left && event->button() != Qt::RightButton))
             return Base::mousePressEvent(event);
-        }
-        if (left && shift && pressed_.isValid()) {
-            const bool down = this->visualRect(pressed_).top() <= this->visualRect(row).top();
-            hand_over(rows_between(down ? QModelIndex(pressed_) : row, down ? row : QModelIndex(pressed_)));
-        } else {
-            hand_over({row});
-        }
-        this->setCurrentIndex(row);
-        pressed_ = row;
+        const int shift = (keys.testFlag(Qt::ShiftModifier) ? shift_key : 0) |
+                          (keys.testFlag(Qt::ControlModifier) ? ctrl_key : 0);
+        // The sign that opens a branch is no row to pick.
+        const bool on_row = !left || shift != 0 || this->visualRect(row).contains(place);
+        if (on_row && pressed)
+            pressed(left ? mouse_button::left : mouse_button::right, shift, number_of(row), place);
+        if (left && shift == 0)
+            Base::mousePressEvent(event);
+        else
+            this->setCurrentIndex(row);
     }
-    // The press has done the picking; a right or modified double click is two picks of the same row.
+    // A plain double click picks as the right button does; with a key each press has picked already.
     void mouseDoubleClickEvent(QMouseEvent* event) override {
-        const QModelIndex row = this->indexAt(event->position().toPoint());
-        if (event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier && row.isValid())
-            hand_over({row});
+        const QPoint place = event->position().toPoint();
+        const QModelIndex row = this->indexAt(place);
+        if (event->button() != Qt::LeftButton || event->modifiers() != Qt::NoModifier || !row.isValid())
+            return;
+        if (!this->visualRect(row).contains(place)) return Base::mouseDoubleClickEvent(event);
+        if (pressed) pressed(mouse_button::right, 0, number_of(row), place);
     }
     void keyPressEvent(QKeyEvent* event) override {
         const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-        if (enter && this->currentIndex().isValid())
-            hand_over({this->currentIndex()});
+        const QModelIndex row = this->currentIndex();
+        if (enter && row.isValid() && pressed)
+            pressed(mouse_button::right, 0, number_of(row), this->visualRect(row).center());
         else
             Base::keyPressEvent(event);
     }
     void contextMenuEvent(QContextMenuEvent*) override {}
 
   private:
-    void hand_over(const QModelIndexList& rows) {
-        if (pick) pick(rows);
+    QModelIndex below(const QModelIndex& row) const {
+        if constexpr (std::is_base_of_v<QTreeView, Base>)
+            return this->indexBelow(row);
+        else
+            return this->model()->index(row.row() + 1, 0);
     }
-    QModelIndexList rows_between(const QModelIndex& first, const QModelIndex& last) const {
-        QModelIndexList rows;
-        if constexpr (std::is_base_of_v<QTreeView, Base>) {
-            for (QModelIndex at = first; at.isValid(); at = this->indexBelow(at)) {
-                rows.append(at);
-                if (at == last) break;
-            }
+    int number_of(const QModelIndex& row) const {
+        if constexpr (!std::is_base_of_v<QTreeView, Base>) {
+            return row.row();
         } else {
-            for (int at = first.row(); at <= last.row(); ++at) rows.append(this->model()->index(at, 0));
+            int number = 0;
+            for (QModelIndex at = this->indexAbove(row); at.isValid(); at = this->indexAbove(at)) ++number;
+            return number;
         }
-        return rows;
     }
-
-    QPersistentModelIndex pressed_;
 };
 
 using pick_tree = pick_view<QTreeView>;
-using pick_list = pick_view<QListWidget>;
+using pick_list = pick_view<list_box_view>;
 
 }  // namespace corvane

@@ -9,12 +9,13 @@
 
 #include "forms/colours.h"
 #include "forms/path_names.h"
+#include "forms/screen_text.h"
 
 namespace corvane {
 
-selected_list::selected_list(file_system& files, directory_form& form,
-                             std::function<void(const std::string&)> act, QWidget* parent)
-    : list_box_view(form.list_selected_dir, parent), files_(files), form_(form), act_(std::move(act)) {
+selected_list::selected_list(directory_form& form, std::function<void(const std::string&)> act,
+                             QWidget* parent)
+    : list_box_view(form.list_selected_dir, parent), form_(form), act_(std::move(act)) {
     setAcceptDrops(true);
     setDragDropMode(QAbstractItemView::DropOnly);
 }
@@ -35,8 +36,10 @@ void selected_list::keyPressEvent(QKeyEvent* event) {
 
 void selected_list::contextMenuEvent(QContextMenuEvent* event) {
     QMenu menu(this);
-    const QAction* remove = menu.addAction(QStringLiteral("移去选中的项目"));
-    const QAction* clear = menu.addAction(QStringLiteral("清空列表"));
+    QAction* remove = menu.addAction(screen_line(form_.move_selected_dir.caption) + QStringLiteral("(&M)"));
+    const QAction* clear = menu.addAction(screen_line(form_.清空列表M.caption) + QStringLiteral("(&C)"));
+    remove->setShortcut(QKeySequence(Qt::Key_Delete));
+    remove->setEnabled(selectionModel()->hasSelection());
     const QAction* chosen = menu.exec(event->globalPos());
     if (chosen == remove) act_("目录选择.move_selected_dir");
     if (chosen == clear) act_("目录选择.清空列表M");
@@ -53,15 +56,10 @@ void selected_list::dragMoveEvent(QDragMoveEvent* event) {
 void selected_list::dropEvent(QDropEvent* event) {
     if (!event->mimeData()->hasUrls()) return;
     event->acceptProposedAction();
-    if (!event->modifiers().testFlag(Qt::ControlModifier)) form_.clear_list();
-    std::vector<std::string> directories;
-    for (const QUrl& place : event->mimeData()->urls()) {
-        if (!place.isLocalFile()) continue;
-        std::string path = program_path(place.toLocalFile());
-        while (path.size() > 1 && path.back() == files_.separator()) path.pop_back();
-        if (files_.attributes(path).directory) directories.push_back(std::move(path));
-    }
-    form_.add_paths(directories);
+    std::vector<std::string> paths;
+    for (const QUrl& place : event->mimeData()->urls())
+        if (place.isLocalFile()) paths.push_back(program_path(place.toLocalFile()));
+    form_.drop_paths(paths, event->modifiers().testFlag(Qt::ControlModifier));
     sync();
 }
 

@@ -6,15 +6,13 @@
 #include <string>
 
 #include "forms/list_box_view.h"
-#include "platform/file_system.h"
 #include "search/directory_form.h"
 
 namespace corvane {
 
 class selected_list : public list_box_view {
   public:
-    selected_list(file_system& files, directory_form& form, std::function<void(const std::string&)> act,
-                  QWidget* parent);
+    selected_list(directory_form& form, std::function<void(const std::string&)> act, QWidget* parent);
 
   protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -26,7 +24,6 @@ class selected_list : public list_box_view {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    file_system& files_;
     directory_form& form_;
     std::function<void(const std::string&)> act_;
 };

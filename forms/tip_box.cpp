@@ -12,7 +12,7 @@ namespace corvane {
 namespace {
 // Of several lines each takes 0.7 of the height of one, so one alone has room above and below.
 constexpr double line_share = 0.7;
-constexpr int frame = 2;  // pixels around the text
+constexpr int frame = 4;  // pixels around the text
 }  // namespace
 
 tip_box::tip_box(Tavrel& form, QWidget* parent) : QLabel(parent), form_(form) {
@@ -32,10 +32,9 @@ tip_box::tip_box(Tavrel& form, QWidget* parent) : QLabel(parent), form_(form) {
 
 void tip_box::measure() {
     const QFontMetrics metrics = fontMetrics();
-    // A Chinese character is two bytes; a wide Latin letter is one and must fit as well.
-    const int half =
-        std::max((metrics.horizontalAdvance(QStringLiteral("中")) + 1) / 2, metrics.averageCharWidth());
-    form_.hover.tip_char_width = static_cast<std::int16_t>((half + 1) * twips_per_pixel);
+    // The width of one byte: a Chinese character is two.
+    const int half = (metrics.horizontalAdvance(QStringLiteral("中")) + 1) / 2;
+    form_.hover.tip_char_width = static_cast<std::int16_t>(half * twips_per_pixel);
     form_.hover.tip_line_height =
         static_cast<std::int16_t>(std::ceil((metrics.lineSpacing() + frame) / line_share) * twips_per_pixel);
 }

@@ -12,6 +12,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvane {
 
@@ -51,6 +52,17 @@ struct file_facts {
     std::int32_t date_low = 0;
     std::uint64_t link_count = 1;
     file_identity identity;
+};
+
+enum class volume_kind { home, root, other };
+
+// A place where a search can start.
+struct volume {
+    std::string path;  // ends in the separator
+    std::string name;  // the label that the user gave it; may be empty
+    volume_kind kind = volume_kind::other;
+    std::int64_t free_bytes = -1;  // -1: not known
+    std::int64_t total_bytes = -1;
 };
 
 class directory_reader {
@@ -94,6 +106,8 @@ class file_system {
     // True where two paths that differ in case only name one file.
     virtual bool ignores_case() const = 0;
 
+    // Home first where there is one, then the volumes that hold files of their own, by path. Never empty.
+    virtual std::vector<volume> volumes() = 0;
     // Null when the directory cannot be read, or lies on a pseudo file system; `error` then says why.
     virtual std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) = 0;
     virtual path_attributes attributes(const std::string& path) = 0;
@@ -117,6 +131,10 @@ class file_system {
     virtual std::unique_ptr<file_writer> replace_file(const std::string& path, std::string& error) = 0;
     // Truncates and writes in place, for files that must be seen while they grow.
     virtual std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) = 0;
+    // Writes a small file in place, first over its start and then cut to length: a process that dies
+    // meanwhile leaves the old or the new text at its start. No flush; what is written survives the process,
+    // not the machine.
+    virtual bool put_text(const std::string& path, std::string_view text, std::string& error) = 0;
     virtual bool can_write_into(const std::string& directory) = 0;
     // Claims the program's folder for this process until it ends, however it ends. False when another process
     // has it; no file is touched. True where the disk knows no locks.

@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "core/form_model.h"
+#include "platform/file_system.h"
+#include "search/directory_pick.h"
 
 namespace corvane {
 
@@ -14,23 +16,59 @@ class directory_form : public form_model {
   public:
     explicit directory_form(Tavrel& main);
 
+    list_box& List_disk_sele;  // a row each volume; the tooltip tells its free space
     list_box& list_selected_dir;
-    control& Dir_select;  // text: the path of the tree's current directory
+    control& Dir_select;    // text: the path of the tree's current directory
+    control& Check_hidden;  // the tree shows hidden directories as well
+    control& Label1;
     control& Command_sele;
+    control& direction_help;
     control& cmd_dir_firm;
     control& Command34;
     control& cmd_dir_discard;
-    control& direction_help;
+    control& Text_animal;  // the flying caption
+    timer_control& Timer1;
+    control& select_dir_mnu;
+    control& move_selected_dir;
+    control& 清空列表M;
+
+    // The rows of the tree on the screen; the front end sets `paths`.
+    pick_source tree;
+    pick_source drives;
+    // Height of a row, twips; the front end sets it from its font, at least 255.
+    int row_height = 255;
+
+    // The volume below which the tree shows Dir_select; ends in the separator.
+    const std::string& tree_root() const { return tree_root_; }
+    const std::vector<volume>& volumes() const { return volumes_; }
 
     // Fills the list from selected_dirs, keeps a copy for "放弃", and shows the window. The entry of the
     // task.
     void open();
+    // The window goes: its place is kept, picks on their way are dropped.
+    void Form_Unload();
+
+    // Presses in the two lists to pick from. `x`, `y` is where, in twips of the window.
+    void Dir_select_MouseDown(mouse_button button, int shift, int row, int x, int y);
+    void List_disk_sele_MouseDown(mouse_button button, int shift, int row, int x, int y);
+    // The tree shows another volume; one that cannot be read leaves everything as it was.
+    void List_disk_sele_Click(int row);
+    // The tree shows another directory.
+    void Dir_select_Change();
+    // "选中": picks the tree's current directory.
+    void Command_sele_Click();
+    // A step of the flying caption.
+    void Timer1_Timer();
+
     // Picked paths join the list at its end; a path that is there already moves to the end.
     void add_paths(const std::vector<std::string>& paths);
+    // Dropped paths that are directories; without Ctrl they replace the list.
+    void drop_paths(const std::vector<std::string>& paths, bool ctrl);
     // A double click on a row.
     void remove_row(std::size_t index);
     void remove_selected();
     void clear_list();
+
     // The list becomes selected_dirs: sorted, without second copies and without directories that lie inside
     // another selected one.
     void confirm_selection();
@@ -40,16 +78,21 @@ class directory_form : public form_model {
     void Command34_Click();
     // "放弃": puts the list back as it was when the window opened. selected_dirs is left alone.
     void cmd_dir_discard_Click();
-    // The tree shows another directory.
-    void Dir_select_Change();
-    // "选中": picks the tree's current directory.
-    void Command_sele_Click();
 
   private:
+    void load();
+    void fill_volumes();
+    void choose_tree_root();
+    void take_stored_place();
+    void pick(pick_source& source, mouse_button button, int shift, int row, int x, int y);
+    void send(std::vector<std::string> paths, int x, int y);
+    void land();
     bool confirm_and_close(bool compare_next);
 
     Tavrel& main_;
-    std::vector<std::string> selected_dir_backup_;
+    std::vector<volume> volumes_;
+    std::string tree_root_;
+    pick_flight flight_;
 };
 
 }  // namespace corvane

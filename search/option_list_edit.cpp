@@ -40,7 +40,8 @@ void option_list_edit::fill() {
     rows_.clear();
     const std::vector<std::string>& entries = place_of(main_, list_).entries;
     for (std::size_t i = 1; i < entries.size(); ++i)
-        if (!trimmed(entries[i]).empty()) rows_.add(text_behind_flag(entries[i]), entries[i].front() == '1');
+        if (!trimmed(entries[i]).empty())
+            rows_.add_checked(text_behind_flag(entries[i]), entries[i].front() == '1');
 }
 
 void option_list_edit::apply() {
@@ -63,7 +64,7 @@ void option_list_edit::add(const std::vector<std::string>& texts) {
     for (const std::string& text : texts) {
         if (rows_.row_count() >= place.capacity)
             return main_.complain(place.path + "\r\n最多 " + std::to_string(place.capacity) + " 行。");
-        rows_.add(one_line(text), true);
+        rows_.add_checked(one_line(text), true);
     }
 }
 

@@ -305,6 +305,10 @@ bool linux_file_system::claim_directory(const std::string& directory) {
     return true;
 }
 
+bool linux_file_system::put_text(const std::string& path, std::string_view text, std::string& error) {
+    return put_linux_text(raw_path(path).c_str(), text, error);
+}
+
 bool linux_file_system::remove_data_file(const std::string& path, std::string& error) {
     if (unlink(raw_path(path).c_str()) == 0 || errno == ENOENT) return true;
     error = std::strerror(errno);

@@ -15,6 +15,7 @@ class linux_file_system : public file_system {
 
     char separator() const override { return '/'; }
     bool ignores_case() const override { return false; }
+    std::vector<volume> volumes() override;
     std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) override;
     path_attributes attributes(const std::string& path) override;
     file_facts facts(std::string_view path) override;
@@ -26,6 +27,7 @@ class linux_file_system : public file_system {
     std::unique_ptr<file_reader> open_file(std::string_view path, std::string& error) override;
     std::unique_ptr<file_writer> replace_file(const std::string& path, std::string& error) override;
     std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) override;
+    bool put_text(const std::string& path, std::string_view text, std::string& error) override;
     bool can_write_into(const std::string& directory) override;
     bool claim_directory(const std::string& directory) override;
     bool remove_data_file(const std::string& path, std::string& error) override;

@@ -158,4 +158,20 @@ std::unique_ptr<file_writer> open_overwriting_writer(const char* raw_path, std::
     return std::make_unique<linux_writer>(descriptor, raw_path, std::string());
 }
 
+bool put_linux_text(const char* raw_path, std::string_view text, std::string& error) {
+    const int descriptor = open(raw_path, O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666);
+    struct stat facts;
+    if (descriptor < 0 || fstat(descriptor, &facts) != 0 || !S_ISREG(facts.st_mode)) {
+        error = std::strerror(descriptor < 0 ? errno : EINVAL);
+        if (descriptor >= 0) close(descriptor);
+        return false;
+    }
+    linux_writer writer(descriptor, raw_path, std::string());
+    if (writer.write_at(0, text) && ftruncate(descriptor, static_cast<off_t>(text.size())) == 0 &&
+        writer.commit())
+        return true;
+    error = std::strerror(errno);
+    return false;
+}
+
 }  // namespace corvane

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "platform/file_system.h"
 
@@ -15,5 +16,8 @@ std::unique_ptr<file_reader> open_linux_reader(const char* raw_path, std::string
 std::unique_ptr<file_writer> open_replacing_writer(const char* raw_path, std::string& error);
 // Truncates the file and writes in place.
 std::unique_ptr<file_writer> open_overwriting_writer(const char* raw_path, std::string& error);
+
+// Writes the text over the start of the file, in place, and cuts the file to its length.
+bool put_linux_text(const char* raw_path, std::string_view text, std::string& error);
 
 }  // namespace corvane

@@ -63,6 +63,45 @@ TEST(Start, ASecondInstanceIsToldAndTouchesNoFile) {
     EXPECT_FALSE(p.form.visible);
     EXPECT_EQ(p.files.content_of("/prog/比较文件_目录清单.txt"), "/gone\r\n");
     EXPECT_FALSE(p.files.has("/prog/err.txt"));
+    EXPECT_FALSE(p.files.has("/prog/Tavrel环境.txt"));
+}
+
+TEST(Start, ASecondInstanceLeavesACutSettingsFileToTheFirst) {
+    test_program p;
+    p.add_used_folder({"cut"});
+    p.files.claimed_by_another = true;
+    EXPECT_FALSE(p.corvane.start());
+    EXPECT_EQ(p.files.content_of("/prog/Tavrel环境.txt"), "cut\r\n");
+    EXPECT_EQ(p.screen.messages.size(), 1u);
+}
+
+TEST(Start, ReadsTheSettingsThenTheListsThenChecksTheDirectories) {
+    test_program p;
+    p.corvane.start();
+    texts told;
+    for (const message& box : p.screen.messages) told.push_back(box.text);
+    EXPECT_EQ(told, (texts{"/prog/Tavrel环境.txt  第一次运行，已自动建立环境文件",
+                           "/prog/不参加搜索的目录.txt  不存在", "/prog/不参加比较的文件类型.txt  不存在",
+                           "/prog/仅搜索的文件类型.txt  不存在"}));
+    EXPECT_TRUE(p.corvane.directory_window().visible);
+
+    test_program q;
+    q.add_used_folder();
+    q.files.erase("/prog/比较文件_目录清单.txt");
+    q.files.erase("/prog/不参加搜索的目录.txt");
+    q.corvane.start();
+    ASSERT_EQ(q.screen.messages.size(), 2u);
+    EXPECT_EQ(q.screen.messages[0].text, "/prog/比较文件_目录清单.txt  不存在");
+    EXPECT_EQ(q.screen.messages[1].text, "/prog/不参加搜索的目录.txt  不存在");
+}
+
+TEST(Start, TheTitleNamesTheLastUse) {
+    test_program p;
+    std::vector<std::string> lines = fresh_settings_lines();
+    lines[13] = "2025-01-02  03:04:05";
+    p.add_used_folder(lines);
+    p.corvane.start();
+    EXPECT_EQ(p.form.caption, "Corvane V1.0.0        上次使用时间：2025-01-02  03:04:05");
 }
 
 TEST(Start, MoreThanTheLimitOfSelectedDirectoriesIsCutOff) {

@@ -90,7 +90,7 @@ TEST(PointerGlide, DoesNothingWithoutAPointer) {
 
 TEST(ListBox, CheckMarkAndSelectionAreTwoThings) {
     list_box list("list");
-    list.add("a", true);
+    list.add_checked("a", true);
     list.add("b");
     const std::uint64_t before = list.revision();
     list.check(1, true);

@@ -12,6 +12,12 @@ using texts = std::vector<std::string>;
 
 constexpr char settings_path[] = "/prog/Tavrel环境.txt";
 
+// With a directory to search, start-up does not open the directory window, which has settings of its own.
+void add_selection(test_program& p) {
+    p.files.add_directory("/chosen");
+    p.files.add_file("/prog/比较文件_目录清单.txt", "/chosen\r\n");
+}
+
 std::string own_value(int line) {
     switch (settings_line_type(line)) {
         case 't':
@@ -97,6 +103,7 @@ TEST(Environment, TheTableHasEachLineOnceAndTheStatedType) {
 
 TEST(Environment, AWriteAfterAReadChangesLine14Alone) {
     test_program p;
+    add_selection(p);
     p.add_used_folder(distinct_lines());
     p.corvane.start();
     p.form.run("写Tavrel环境文件");
@@ -107,6 +114,7 @@ TEST(Environment, AWriteAfterAReadChangesLine14Alone) {
 
 TEST(Environment, ValuesReachTheirSettings) {
     test_program p;
+    add_selection(p);
     p.add_used_folder(distinct_lines());
     p.corvane.start();
     EXPECT_EQ(p.state.current_dir, "text 1 ");
@@ -142,6 +150,7 @@ TEST(Environment, TheLaterCopyOfTheOptionsWindowsSizeWinsAndBothCarryOneValue) {
 TEST(Environment, AFileCutAfterAnyLineIsDeletedSilentlyAndWhatWasReadStays) {
     for (int kept = 0; kept < 122; ++kept) {
         test_program p;
+        add_selection(p);
         texts lines = distinct_lines();
         lines.resize(static_cast<std::size_t>(kept));
         p.add_used_folder(lines);
@@ -355,6 +364,37 @@ TEST(Environment, ADirectoryInTheFilesPlaceIsToldAndLeftAlone) {
     p.corvane.start();
     EXPECT_EQ(p.screen.messages.size(), 1u);
     EXPECT_TRUE(p.files.attributes(settings_path).directory);
+}
+
+TEST(Environment, AFileThatCannotBeReadIsDeletedSilently) {
+    test_program p;
+    p.add_used_folder();
+    p.files.add_file(settings_path).unreadable = true;
+    p.corvane.start();
+    EXPECT_TRUE(p.screen.messages.empty());
+    EXPECT_FALSE(p.files.has(settings_path));
+    EXPECT_TRUE(p.files.has("/prog/仅搜索的文件类型.txt"));
+}
+
+TEST(DirectoryList, OneThatCannotBeReadIsToldAndStays) {
+    test_program p;
+    p.add_used_folder();
+    p.files.erase("/prog/比较文件_目录清单.txt");
+    p.files.add_directory("/prog/比较文件_目录清单.txt");
+    p.corvane.start();
+    ASSERT_EQ(p.screen.messages.size(), 1u);
+    EXPECT_TRUE(p.last_message().starts_with("/prog/比较文件_目录清单.txt\r\n"));
+    EXPECT_EQ(p.state.selected_dir_count, 0);
+}
+
+TEST(Environment, ALineBeyondEveryMeasureEndsTheRead) {
+    test_program p;
+    texts lines = fresh_settings_lines();
+    lines[14] = std::string(3'000'000, 'x');
+    p.add_used_folder(lines);
+    p.corvane.start();
+    EXPECT_FALSE(p.files.has(settings_path));
+    EXPECT_EQ(p.state.similar_main_file, "");
 }
 
 TEST(Environment, AnUnwritableFolderIsToldOnceAndNotAgainAtTheEnd) {

@@ -1,6 +1,8 @@
 // The directory window: the tree, picking, removing, confirming.
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QTest>
@@ -20,9 +22,11 @@ struct open_window {
         for (const char* path : {"/home/li/照片", "/home/li/文档", "/home/li/音乐/古典", "/home/li/.config"})
             shown.files.add_directory(path);
         shown.files.add_file("/home/li/note.txt", "x");
+        shown.files.mounted = {{"/home/li/", "", volume_kind::home, 3'000'000'000, 9'000'000'000},
+                               {"/", "", volume_kind::root},
+                               {"/media/照相机/", "EOS", volume_kind::other, 500, 1000}};
         shown.form.run("Picture1_Click");
         shown.windows.sync();
-        window.show_volume("/home/li/");
         shown.settle();
         tree = static_cast<pick_tree*>(shown.widget("Dir_select", &window));
         list = static_cast<selected_list*>(shown.widget("list_selected_dir", &window));
@@ -33,7 +37,13 @@ struct open_window {
         tree->scrollTo(row);
         return tree->visualRect(row).center();
     }
-    std::vector<std::string> chosen() const {
+    // Lets the flying caption arrive.
+    void land() {
+        for (int step = 0; step < 30; ++step) model.Timer1_Timer();
+        shown.windows.sync();
+    }
+    std::vector<std::string> chosen() {
+        land();
         std::vector<std::string> rows;
         for (const list_box::row& row : model.list_selected_dir.rows()) rows.push_back(row.text);
         return rows;
@@ -54,8 +64,12 @@ TEST(directory_window, lists_directories_in_reading_order_hidden_ones_last) {
     directory_model& tree = open.window.directories();
     const QModelIndex top = tree.index(0, 0);
     tree.fetchMore(top);
-    ASSERT_EQ(tree.rowCount(top), 4);
-    EXPECT_EQ(tree.path(tree.index(3, 0, top)), "/home/li/.config");
+    ASSERT_EQ(tree.rowCount(top), 3) << "hidden ones on demand";
+    QTest::mouseClick(open.shown.widget("Check_hidden", &open.window), Qt::LeftButton, {}, QPoint(8, 8));
+    const QModelIndex again = tree.index(0, 0);
+    tree.fetchMore(again);
+    ASSERT_EQ(tree.rowCount(again), 4);
+    EXPECT_EQ(tree.path(tree.index(3, 0, again)), "/home/li/.config");
     EXPECT_TRUE(tree.find("/home/li/音乐/古典").isValid());
     EXPECT_FALSE(tree.find("/home/li/note.txt").isValid());
 }
@@ -131,6 +145,74 @@ TEST(directory_window, dropped_directories_replace_the_list_or_with_ctrl_join_it
     EXPECT_EQ(open.chosen(), (paths{"/a", "/home/li/照片"}));
     drop(*open.list, {QUrl::fromLocalFile("/home/li/文档/")}, Qt::NoModifier);
     EXPECT_EQ(open.chosen(), paths{"/home/li/文档"});
+}
+
+TEST(directory_window, a_pick_flies_into_the_list_by_itself) {
+    open_window open;
+    QTest::mouseClick(open.tree->viewport(), Qt::RightButton, {}, open.place_of("/home/li/文档"));
+    QWidget* caption = open.shown.widget("Text_animal", &open.window);
+    EXPECT_TRUE(caption->isVisible());
+    EXPECT_TRUE(open.model.list_selected_dir.rows().empty());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !open.model.list_selected_dir.rows().empty(); }, 3000));
+    EXPECT_FALSE(caption->isVisible());
+    EXPECT_EQ(open.list->model()->rowCount(), 1);
+}
+
+TEST(directory_window, volumes_tell_their_free_space_and_change_the_tree) {
+    open_window open;
+    auto* drives = static_cast<pick_list*>(open.shown.widget("List_disk_sele", &open.window));
+    ASSERT_EQ(drives->model()->rowCount(), 3);
+    EXPECT_EQ(drives->model()->index(2, 0).data().toString(), QStringLiteral("EOS  /media/照相机/"));
+    EXPECT_EQ(drives->model()->index(0, 0).data(Qt::ToolTipRole).toString(),
+              QStringLiteral("主目录  /home/li/\n可用 2861 M，共 8583 M"));
+    EXPECT_EQ(open.model.tree_root(), "/home/li/");
+    open.shown.files.add_directory("/media/照相机/DCIM");
+    drives->setCurrentIndex(drives->model()->index(2, 0));
+    EXPECT_EQ(open.model.Dir_select.text, "/media/照相机/");
+    EXPECT_EQ(open.window.directories().path(open.window.directories().index(0, 0)), "/media/照相机/");
+    open.shown.files.erase("/home/li");
+    drives->setCurrentIndex(drives->model()->index(0, 0));
+    open.shown.windows.sync();
+    EXPECT_EQ(open.model.tree_root(), "/media/照相机/") << "a volume that cannot be read";
+}
+
+TEST(directory_window, a_stored_directory_inside_a_hidden_one_is_shown) {
+    open_window open;
+    open.window.close();
+    open.shown.files.add_directory("/home/li/.config/深");
+    open.shown.form.state.current_dir = "/home/li/.config/深/";
+    open.shown.form.state.dir_select_path = "/home/li/.config/深";
+    open.shown.form.run("Picture1_Click");
+    open.shown.windows.sync();
+    EXPECT_EQ(open.window.directories().path(open.tree->currentIndex()), "/home/li/.config/深");
+    EXPECT_EQ(open.model.Check_hidden.value, 1);
+}
+
+TEST(directory_window, the_tab_order_follows_the_eye) {
+    open_window open;
+    std::vector<std::string> order;
+    QWidget* at = open.shown.widget("List_disk_sele", &open.window);
+    at->setFocus();
+    for (int step = 0; step < 9; ++step) {
+        order.push_back(QApplication::focusWidget()->objectName().toStdString());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(order,
+              (paths{"List_disk_sele", "Dir_select", "Check_hidden", "list_selected_dir", "Command_sele",
+                     "direction_help", "cmd_dir_firm", "Command34", "cmd_dir_discard"}));
+}
+
+TEST(directory_window, every_button_has_a_mnemonic_of_its_own) {
+    open_window open;
+    QStringList keys;
+    for (const QAbstractButton* button : open.window.findChildren<QAbstractButton*>()) {
+        if (button->text().isEmpty()) continue;
+        EXPECT_FALSE(button->shortcut().isEmpty()) << button->text().toStdString();
+        keys << button->shortcut().toString();
+    }
+    keys << QStringLiteral("Alt+V") << QStringLiteral("Alt+T") << QStringLiteral("Alt+L");
+    EXPECT_EQ(keys.removeDuplicates(), 0);
+    EXPECT_EQ(keys.size(), 9);
 }
 
 TEST(directory_window, confirming_takes_the_list_over_and_closes) {

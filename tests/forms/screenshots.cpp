@@ -95,13 +95,25 @@ int main(int argc, char** argv) {
     QWidget* main = &shown.windows.main();
     pictures.save(shown, main, "start");
 
+    shown.files.add_file("/prog/err_rec.txt", "/home/li/照片/2023/夏天/读不出来的图片_0417.jpg\r\n");
+    shown.form.run("debug_err_anly");
+    pictures.save(shown, main, "error_frame");
+    shown.form.Frame_err.visible = false;
+    shown.form.state.tip_help_on = 1;
+    corvane::tip_show(shown.form, "显示最近一次[查相同文件]的结果，再显示一遍也可以，很长的提示分成两行。",
+                      shown.form.pictures[4]->place);
+    pictures.save(shown, main, "tip");
+    shown.form.tiptext.visible = false;
+
     for (const char* path : {"/home/li/照片/2023/夏天", "/home/li/文档/报告", "/home/li/音乐",
                              "/home/li/下载", "/home/li/备份/旧电脑", "/home/li/.config"})
         shown.files.add_directory(path);
+    shown.files.mounted = {{"/home/li/", "", corvane::volume_kind::home, 3'000'000'000, 9'000'000'000},
+                           {"/", "", corvane::volume_kind::root, 20'000'000'000, 90'000'000'000},
+                           {"/media/照相机/", "EOS_DIGITAL", corvane::volume_kind::other, 500, 1000}};
     shown.form.run("Picture1_Click");
     shown.windows.sync();
     corvane::directory_window& directories = shown.windows.directory();
-    directories.show_volume("/home/li/");
     pictures.save(shown, &directories, "directories_empty");
     shown.corvane.directory_window().add_paths({"/home/li/照片", "/home/li/备份/旧电脑"});
     pictures.save(shown, &directories, "directories");

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "core/directory_filter.h"
 #include "core/archive_entry.h"
+#include "core/directory_filter.h"
 #include "search/archive_readers.h"
 #include "search/search_task.h"
 #include "tests/support/test_program.h"

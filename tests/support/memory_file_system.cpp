@@ -224,6 +224,11 @@ std::unique_ptr<file_writer> memory_file_system::overwrite_file(const std::strin
     return std::make_unique<memory_writer>(*this, key(path), true);
 }
 
+bool memory_file_system::put_text(const std::string& path, std::string_view text, std::string& error) {
+    const std::unique_ptr<file_writer> writer = overwrite_file(path, error);
+    return writer && writer->write(text) && writer->commit();
+}
+
 bool memory_file_system::remove_data_file(const std::string& path, std::string&) {
     erase(path);
     return true;

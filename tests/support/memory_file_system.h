@@ -41,11 +41,16 @@ class memory_file_system : public file_system {
     std::string write_failure_path;  // writing this file fails, with the words below
     std::string write_failure_words = "disk full";
     bool claimed_by_another = false;
+    std::vector<volume> mounted;
     bool folder_locked = false;  // can_write_into says no
     std::int64_t total_opened() const;
 
     char separator() const override { return separator_; }
     bool ignores_case() const override { return separator_ == '\\'; }
+    std::vector<volume> volumes() override {
+        if (!mounted.empty()) return mounted;
+        return {{separator_ == '/' ? "/" : "C:\\", "", volume_kind::root, 1'000'000'000, 2'000'000'000}};
+    }
     std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) override;
     path_attributes attributes(const std::string& path) override;
     file_facts facts(std::string_view path) override;
@@ -59,6 +64,7 @@ class memory_file_system : public file_system {
     std::unique_ptr<file_reader> open_file(std::string_view path, std::string& error) override;
     std::unique_ptr<file_writer> replace_file(const std::string& path, std::string& error) override;
     std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) override;
+    bool put_text(const std::string& path, std::string_view text, std::string& error) override;
     bool can_write_into(const std::string&) override { return !folder_locked; }
     bool claim_directory(const std::string&) override { return !claimed_by_another; }
     bool remove_data_file(const std::string& path, std::string& error) override;

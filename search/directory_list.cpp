@@ -1,0 +1,122 @@
+// The list of chosen directories: what joins it, what leaves it, and how it becomes selected_dirs.
+#include <algorithm>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "core/directory_filter.h"
+#include "core/main_form.h"
+#include "core/progress.h"
+#include "search/directory_form.h"
+
+namespace corvane {
+
+void directory_form::add_paths(const std::vector<std::string>& paths) {
+    const std::unordered_set<std::string_view> picked(paths.begin(), paths.end());
+    for (std::size_t row = list_selected_dir.rows().size(); row-- > 0;)
+        if (picked.count(list_selected_dir.rows()[row].text) != 0) list_selected_dir.remove(row);
+    // A path that was picked twice joins once, where it came last.
+    std::unordered_map<std::string_view, std::size_t> last;
+    for (std::size_t i = 0; i < paths.size(); ++i) last[paths[i]] = i;
+    for (std::size_t i = 0; i < paths.size(); ++i)
+        if (last[paths[i]] == i) list_selected_dir.add(paths[i]);
+}
+
+void directory_form::drop_paths(const std::vector<std::string>& paths, bool ctrl) {
+    if (!ctrl) list_selected_dir.clear();
+    std::vector<std::string> directories;
+    for (std::string path : paths) {
+        // A root keeps its separator.
+        while (path.size() > 1 && path.back() == main_.outside.files.separator() &&
+               path[path.size() - 2] != ':')
+            path.pop_back();
+        if (main_.outside.files.attributes(path).directory) directories.push_back(std::move(path));
+    }
+    add_paths(directories);
+}
+
+void directory_form::remove_row(std::size_t index) {
+    if (index < list_selected_dir.rows().size()) list_selected_dir.remove(index);
+}
+
+void directory_form::remove_selected() {
+    for (std::size_t row = list_selected_dir.rows().size(); row-- > 0;)
+        if (list_selected_dir.rows()[row].selected) list_selected_dir.remove(row);
+}
+
+void directory_form::clear_list() {
+    list_selected_dir.clear();
+}
+
+void directory_form::confirm_selection() {
+    run_state& state = main_.state;
+    std::vector<std::string> rows;
+    for (const list_box::row& row : list_selected_dir.rows()) rows.push_back(row.text);
+    // Sorted by the text with its closing separator, a directory is followed at once by all that lies in it.
+    const auto closed = [this](const std::string& path) { return with_separator(main_, path); };
+    std::sort(rows.begin(), rows.end());
+    std::vector<std::size_t> order(rows.size());
+    for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
+    std::stable_sort(order.begin(), order.end(),
+                     [&](std::size_t a, std::size_t b) { return closed(rows[a]) < closed(rows[b]); });
+    std::vector<bool> kept(rows.size(), true);
+    std::string outer;
+    for (const std::size_t i : order) {
+        if (!outer.empty() && closed(rows[i]).starts_with(outer))
+            kept[i] = false;
+        else
+            outer = closed(rows[i]);
+    }
+    list_selected_dir.clear();
+    state.selected_dirs.assign(1, {});
+    bool full = false;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (!kept[i]) continue;
+        if (static_cast<std::int32_t>(state.selected_dirs.size()) > state.limits.selected_directories) {
+            full = true;
+            break;
+        }
+        list_selected_dir.add(rows[i]);
+        state.selected_dirs.push_back(rows[i]);
+    }
+    state.selected_dir_count = static_cast<std::int16_t>(state.selected_dirs.size() - 1);
+    if (full) main_.complain("选中的目录太多，只取前 " + std::to_string(state.selected_dir_count) + " 个。");
+}
+
+bool directory_form::confirm_and_close(bool compare_next) {
+    land();
+    if (list_selected_dir.rows().empty()) {
+        const std::string advice =
+            "   你未选择清查目录\r\n\r\n在驱动器框和目录框：\r\n  右键      选中单个目录\r\n  Ctrl+鼠标 "
+            "多项选择\r\n"
+            " shift+鼠标 选择一组目录\r\n";
+        if (compare_next)
+            main_.complain(advice + "选中的目录放入右边的选中目录框。");
+        else
+            main_.complain(advice + "选中的目录自动放入右边的选中目录框。", 1009, true);
+        return false;
+    }
+    confirm_selection();
+    visible = false;
+    Form_Unload();
+    pointer_glide(main_, "Tavrel", "Picture2");
+    return true;
+}
+
+void directory_form::cmd_dir_firm_Click() {
+    if (tasks_locked(main_)) return;
+    if (confirm_and_close(true)) main_.run("search_check_m_Click");
+}
+
+void directory_form::Command34_Click() {
+    confirm_and_close(false);
+}
+
+void directory_form::cmd_dir_discard_Click() {
+    flight_.land();
+    list_selected_dir.clear();
+    for (std::int16_t i = 1; i <= main_.state.selected_dir_backup_count; ++i)
+        list_selected_dir.add(main_.state.selected_dir_backup[static_cast<std::size_t>(i)]);
+}
+
+}  // namespace corvane
