@@ -33,6 +33,7 @@ class program {
 
   private:
     void bind_handlers();
+    void bind_list();
     // For a task: it does not start while another one runs, whichever way it is asked for.
     void bind_task(std::string_view handler, std::function<void()> procedure);
 

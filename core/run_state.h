@@ -88,6 +88,7 @@ struct run_state : settings {
         std::vector<std::int32_t>{0}, std::vector<std::int32_t>{0}, std::vector<std::int32_t>{0}};
     std::int32_t result_count = 0;
     double same_bytes = 0;
+    text_column different_files;  // the files without a twin; index 1 to different_count
     std::int32_t different_count = 0;
     double total_bytes = 0;
     std::string size_unit;
@@ -114,7 +115,15 @@ struct run_state : settings {
     text_column& result_file1 = file_list;
     text_column result_file2;
     std::int64_t result_max_length = 0;
-    std::int16_t list_mode = 0;
+    std::int16_t list_mode = 0;  // 0 same files, 1 empty directories, 2 different files, 3 and 4 same names
+
+    // The last mouse event on the list, ranges, sorting, find.
+    std::int32_t clicked_row = 0;  // 0: no row was selected
+    int clicked_column = 1;        // never 0
+    std::int32_t anchor_row = 0;   // start of a Shift range
+    std::string last_sort_column;  // header last sorted upward, or empty
+    std::int16_t sort_descending = 0;
+    std::int32_t find_row = 0;   // row of the last hit
     std::string same_file_path;  // the same-file result
     std::string history_path;    // the signature history
 

@@ -109,30 +109,6 @@ TEST(text_case, ascii_around_other_letters_changes_at_every_place) {
     }
 }
 
-TEST(text_case, small_letters_of_a_text_and_what_has_none) {
-    EXPECT_EQ(lower_case(".XLS ab1"), ".xls ab1");
-    EXPECT_EQ(lower_case("\u00C9\u0416\u039C\u03A3 \u76EE\u5F55"), "\u00E9\u0436\u03BC\u03C3 \u76EE\u5F55");
-    EXPECT_EQ(lower_case("A\xFF\xC3Z"), "a\xFF\xC3z") << "bytes that are no letters stay";
-    EXPECT_EQ(lower_case(""), "");
-}
-
-TEST(text_case, a_small_letter_and_its_upper_case_have_one_upper_case) {
-    for (char32_t letter = 0; letter < 0x3000; ++letter) {
-        std::string text;
-        if (letter < 0x80) {
-            text += static_cast<char>(letter);
-        } else if (letter < 0x800) {
-            text += static_cast<char>(0xC0 | (letter >> 6));
-            text += static_cast<char>(0x80 | (letter & 0x3F));
-        } else {
-            text += static_cast<char>(0xE0 | (letter >> 12));
-            text += static_cast<char>(0x80 | ((letter >> 6) & 0x3F));
-            text += static_cast<char>(0x80 | (letter & 0x3F));
-        }
-        EXPECT_EQ(upper_case(lower_case(text)), upper_case(text)) << static_cast<unsigned>(letter);
-    }
-}
-
 TEST(text_case, upper_case_is_appended_to_what_is_there) {
     std::string text = "start ";
     append_upper_case(text, "end \u00E9");
@@ -147,6 +123,26 @@ TEST(text_case, all_letters_agree_with_the_c_library) {
         EXPECT_EQ(upper_case(letter), expected) << std::hex << static_cast<unsigned>(letter);
     }
     freelocale(locale);
+}
+
+TEST(LowerCase, FoldsLettersOfManyAlphabetsAndKeepsTheRest) {
+    EXPECT_EQ(lower_case(std::string_view("ABZ[`az{ 09")), "abz[`az{ 09");
+    EXPECT_EQ(lower_case(std::string_view("ÄÖÜ ПРИВЕТ ΑΣΩ ŐŰ")), "äöü привет ασω őű");
+    EXPECT_EQ(lower_case(std::string_view("照片 𐐀")), "照片 𐐨");
+    EXPECT_EQ(lower_case(std::string_view("A\xFF\xC3")), "a\xFF\xC3") << "bytes that are no UTF-8";
+    EXPECT_EQ(lower_case(U'İ'), U'i');
+    EXPECT_EQ(lower_case(U'ẞ'), U'ß');
+}
+
+TEST(LowerCase, UndoesTheUpperCaseOfEachLetterThatHasBoth) {
+    int changed = 0;
+    for (char32_t letter = 0; letter < 0x20000; ++letter) {
+        const char32_t lower = lower_case(letter);
+        if (lower == letter) continue;
+        ++changed;
+        EXPECT_EQ(lower_case(lower), lower) << static_cast<unsigned>(letter);
+    }
+    EXPECT_GT(changed, 1300);
 }
 
 }  // namespace

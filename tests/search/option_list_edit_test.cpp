@@ -138,7 +138,7 @@ TEST(OptionAddByHand, UpperCaseInputBecomesATypeInSmallLettersOnce) {
     p.open();
     p.screen.texts = {"XLS", "XLS"};
     p.run("add_new_no_search_filetype");
-    EXPECT_EQ(p.screen.prompts, texts{"输入框|输入新增的<不搜索>的文件类型,如: xls\r\n"});
+    EXPECT_EQ(p.asked(), texts{"输入框|输入新增的<不搜索>的文件类型,如: xls\r\n"});
     EXPECT_EQ(options::rows(p.window.List2), texts{"1.xls"});
     p.window.List2.check(0, false);
     p.run("add_new_no_search_filetype");
@@ -152,7 +152,7 @@ TEST(OptionAddByHand, TheOtherListHasItsOwnPromptAndFile) {
     p.open();
     p.screen.texts = {".Жпг"};
     p.run("add_new_only_search");
-    EXPECT_EQ(p.screen.prompts, texts{"输入框|输入新增的<仅搜索>的文件类型,如: xls\r\n"});
+    EXPECT_EQ(p.asked(), texts{"输入框|输入新增的<仅搜索>的文件类型,如: xls\r\n"});
     EXPECT_EQ(p.files.content_of(only_file), "1.жпг\r\n");
     EXPECT_EQ(p.files.content_of(types_file), "");
 }
@@ -169,9 +169,9 @@ TEST(OptionAddByHand, AnEmptyBlankOrDismissedAnswerEndsTheCommand) {
     options p;
     p.open_with(types_file, "1.a\r\n");
     p.window.List2.check(0, false);
-    p.screen.texts = {"", " ", "   ", std::nullopt};
+    p.screen.texts = {"", " ", "   "};
     for (int i = 0; i < 4; ++i) p.run("add_new_no_search_filetype");
-    EXPECT_EQ(p.screen.prompts.size(), 4u);
+    EXPECT_EQ(p.asked().size(), 4u);
     EXPECT_EQ(p.window.List2.row_count(), 1);
     EXPECT_EQ(p.files.content_of(types_file), "1.a\r\n") << "nothing is saved";
 }

@@ -174,7 +174,7 @@ TEST(OptionsSettings, TheColourDialogsSetTheColoursOfAllLists) {
     p.run("Command2(2)_Click");
     p.run("Command2(3)_Click");
     p.run("Command2(3)_Click");
-    EXPECT_EQ(p.screen.prompts,
+    EXPECT_EQ(p.asked(),
               (texts{"选择选择颜色|16777215", "选择选择颜色|0", "选择选择颜色|" + std::to_string(0x445566)}));
     EXPECT_EQ(p.state.list_back_color, 0x112233);
     EXPECT_EQ(p.window.List2.back_colour, 0x112233);

@@ -34,6 +34,13 @@ struct options : test_program {
         window.checks[static_cast<std::size_t>(number)]->value = value;
         form.run("Form_no_dire.Check" + std::to_string(number) + "_Click");
     }
+    // Every input box and colour dialog, "title|prompt".
+    texts asked() const {
+        texts found;
+        for (const scripted_interface::question& each : screen.questions)
+            found.push_back(each.title + "|" + each.prompt);
+        return found;
+    }
     // The rows as their file has them: flag and text.
     static texts rows(const list_box& list) {
         texts found;
