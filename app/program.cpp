@@ -42,8 +42,9 @@ void check_selected_directories(Tavrel& form) {
 }  // namespace
 
 program::program(ports outside, std::string program_dir)
-    : main_(outside, std::move(program_dir)), directory_(main_) {
+    : main_(outside, std::move(program_dir)), directory_(main_), options_(main_) {
     main_.add_child(directory_);
+    main_.add_child(options_);
     bind_handlers();
     wire_tasks(main_);
 }
@@ -93,6 +94,8 @@ void program::bind_handlers() {
     Tavrel& form = main_;
     bind_list();
     form.bind("Picture1_Click", [this] { directory_.open(); });
+    form.bind("select_m_Click", [this] { options_.open(); });
+    options_.bind_handlers();
     bind_task("picture2_Click", [this] { picture2_Click(main_, readers_); });
     bind_task("Picture3_Click", [this] { Picture3_Click(main_); });
     bind_task("Picture4_Click", [this] { load_same_view(main_); });
@@ -149,6 +152,7 @@ bool program::start() {
             state.program_dir_locked = true;
         }
         read_environment(main_);
+        options_.restore_place();
     }
     state.base_title = main_.caption + " V" + version;
     state.base_title +=

@@ -59,6 +59,7 @@ bool script_runner::run_line(std::string_view line, int number) {
         const std::string_view name = take_word(rest);
         return set(name, rest) || complain(number, "unknown control", name);
     }
+    if (command == "mouse") return mouse(rest) || complain(number, "wrong control, act or row", rest);
     if (command == "at_yield") {
         const std::int64_t count = parse_number(take_word(rest));
         screen_.at_yield(count, [this, act = std::string(rest), number] {
@@ -102,10 +103,34 @@ control* script_runner::find_control(std::string_view name, form_model** form) {
     return window->find(named ? name.substr(dot + 1) : name);
 }
 
+// CONTROL click ROW COLUMN [ctrl]: a row of a list box alone, with ctrl its selection turned round.
+bool script_runner::mouse(std::string_view arguments) {
+    control* target = find_control(take_word(arguments), nullptr);
+    if (target == nullptr || target->kind() != control_kind::list_box) return false;
+    auto& list = static_cast<list_box&>(*target);
+    const bool click = take_word(arguments) == "click";
+    const std::int64_t row = parse_number(take_word(arguments));
+    if (!click || row < 1 || row > list.row_count()) return false;
+    const auto index = static_cast<std::size_t>(row - 1);
+    if (arguments.ends_with("ctrl"))
+        list.select(index, !list.rows()[index].selected);
+    else
+        list.select_only(index);
+    return true;
+}
+
+// The value of a list box is "ROW 0" or "ROW 1": the check mark of a row.
 bool script_runner::set(std::string_view name, std::string_view value) {
     form_model* form = nullptr;
     control* target = find_control(name, &form);
     if (target == nullptr) return false;
+    if (target->kind() == control_kind::list_box) {
+        auto& list = static_cast<list_box&>(*target);
+        const std::int64_t row = parse_number(take_word(value));
+        if (row < 1 || row > list.row_count()) return false;
+        list.check(static_cast<std::size_t>(row - 1), parse_number(value) != 0);
+        return true;
+    }
     if (target->kind() == control_kind::check_box || target->kind() == control_kind::menu_item)
         target->value = static_cast<int>(parse_number(value));
     else

@@ -30,6 +30,7 @@ class script_runner {
     bool complain(int number, std::string_view what, std::string_view name);
     bool select(std::string_view path);
     bool set(std::string_view name, std::string_view value);
+    bool mouse(std::string_view arguments);
     bool show(std::string_view name);
     void show_control(std::string_view name, const control& shown);
     void show_list_box(const list_box& list);

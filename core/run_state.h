@@ -58,6 +58,7 @@ struct run_state : settings {
 
     // Flags of the main form.
     bool tasks_locked = false;  // a task is running
+    std::int16_t tips_on = 0;   // -1: the controls show their tooltips
     std::int16_t quit_requested = 0;
     std::int16_t cancel_task = 0;
     std::int16_t file_list_loaded = 0;

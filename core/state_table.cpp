@@ -78,6 +78,7 @@ const std::map<std::string, reader, std::less<>>& table() {
         {"exclude_type_length", scalar(&run_state::exclude_type_length)},
         {"only_type_text", scalar(&run_state::only_type_text)},
         {"only_type_length", scalar(&run_state::only_type_length)},
+        {"tips_on", scalar(&run_state::tips_on)},
         {"quit_requested", scalar(&run_state::quit_requested)},
         {"cancel_task", scalar(&run_state::cancel_task)},
         {"file_list_loaded", scalar(&run_state::file_list_loaded)},

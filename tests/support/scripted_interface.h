@@ -21,8 +21,9 @@ class scripted_interface : public user_interface {
     struct question {
         std::string title, prompt, initial;
     };
-    std::vector<question> questions;                     // of the input boxes
+    std::vector<question> questions;                     // of input boxes and colour dialogs
     std::deque<std::string> texts;                       // their answers; a box without one is dismissed
+    std::deque<std::optional<int>> colours;              // answers of the colour dialogs
     std::map<std::int64_t, std::function<void()>> acts;  // by number of the yield, from 1
     std::int64_t yields = 0;
     double clock = 1000;
@@ -51,7 +52,13 @@ class scripted_interface : public user_interface {
         return text;
     }
     std::optional<std::string> choose_file(const std::string&, const std::string&) override { return {}; }
-    std::optional<int> choose_colour(int) override { return {}; }
+    std::optional<int> choose_colour(const std::string& title, int initial) override {
+        questions.push_back({title, std::to_string(initial), {}});
+        if (colours.empty()) return {};
+        const std::optional<int> colour = colours.front();
+        colours.pop_front();
+        return colour;
+    }
     void yield() override {
         ++yields;
         clock += seconds_per_yield;
