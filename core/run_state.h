@@ -127,6 +127,8 @@ struct run_state : settings {
     std::string same_file_path;  // the same-file result
     std::string history_path;    // the signature history
 
+    std::int16_t force_protected = 0;  // blue cells count as marked, and their attributes are cleared
+
     // Clocks, in seconds.
     double task_start_time = 0;
     double run_start_time = 0;
