@@ -127,7 +127,10 @@ struct run_state : settings {
     std::string same_file_path;  // the same-file result
     std::string history_path;    // the signature history
 
-    std::int16_t force_protected = 0;  // blue cells count as marked, and their attributes are cleared
+    std::int32_t archive_mark_count = 0;  // names of archive entries written for deletion; never set back
+    std::int32_t archive_del_count = 0;   // of these, handled in this run
+    std::string archive_del_path;         // the list of them
+    std::int16_t force_protected = 0;     // blue cells count as marked, and their attributes are cleared
 
     // Clocks, in seconds.
     double task_start_time = 0;

@@ -139,6 +139,11 @@ class file_system {
     // Claims the program's folder for this process until it ends, however it ends. False when another process
     // has it; no file is touched. True where the disk knows no locks.
     virtual bool claim_directory(const std::string& directory) = 0;
+    // Takes the read-only and the hidden attribute from a file or directory. Where hidden is a matter of the name,
+    // the name counts as not hidden for the rest of the run.
+    virtual bool clear_attributes(const std::string& path, std::string& error) = 0;
+    // Deletes a regular file for good: never a directory, a link or a device.
+    virtual bool remove_file(const std::string& path, std::string& error) = 0;
     // Removes one of the program's own data files; a missing one is no failure.
     virtual bool remove_data_file(const std::string& path, std::string& error) = 0;
 };

@@ -184,6 +184,15 @@ std::unique_ptr<directory_reader> linux_file_system::open_directory(const std::s
                                                     file_identity{device_of(facts), facts.st_ino});
 }
 
+namespace {
+
+std::string without_closing_slash(std::string path) {
+    while (path.size() > 1 && path.back() == '/') path.pop_back();
+    return path;
+}
+
+}  // namespace
+
 path_attributes linux_file_system::attributes(const std::string& path) {
     const raw_path raw(path);
     struct stat facts;
@@ -197,11 +206,11 @@ path_attributes linux_file_system::attributes(const std::string& path) {
         result.directory = S_ISDIR(facts.st_mode);
         result.read_only = (facts.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
     }
-    std::string_view name(path);
-    while (name.size() > 1 && name.back() == '/') name.remove_suffix(1);
+    const std::string whole = without_closing_slash(path);
+    std::string_view name(whole);
     const std::size_t slash = name.rfind('/');
     if (slash != std::string_view::npos) name.remove_prefix(slash + 1);
-    result.hidden = name.size() > 1 && name.front() == '.';
+    result.hidden = name.size() > 1 && name.front() == '.' && unhidden_.count(whole) == 0;
     return result;
 }
 
@@ -307,6 +316,35 @@ bool linux_file_system::claim_directory(const std::string& directory) {
 
 bool linux_file_system::put_text(const std::string& path, std::string_view text, std::string& error) {
     return put_linux_text(raw_path(path).c_str(), text, error);
+}
+
+bool linux_file_system::clear_attributes(const std::string& path, std::string& error) {
+    const raw_path raw(path);
+    struct stat facts;
+    if (lstat(raw.c_str(), &facts) != 0) {
+        error = std::strerror(errno);
+        return false;
+    }
+    constexpr mode_t any_write = S_IWUSR | S_IWGRP | S_IWOTH;
+    if (!S_ISLNK(facts.st_mode) && (facts.st_mode & any_write) == 0 &&
+        chmod(raw.c_str(), (facts.st_mode & 07777) | S_IWUSR) != 0) {
+        error = std::strerror(errno);
+        return false;
+    }
+    unhidden_.insert(without_closing_slash(path));
+    return true;
+}
+
+bool linux_file_system::remove_file(const std::string& path, std::string& error) {
+    const raw_path raw(path);
+    struct stat facts;
+    if (lstat(raw.c_str(), &facts) == 0 && !S_ISREG(facts.st_mode)) {
+        error = std::strerror(S_ISDIR(facts.st_mode) ? EISDIR : EINVAL);
+        return false;
+    }
+    if (unlink(raw.c_str()) == 0) return true;
+    error = std::strerror(errno);
+    return false;
 }
 
 bool linux_file_system::remove_data_file(const std::string& path, std::string& error) {

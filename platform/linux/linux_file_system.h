@@ -3,6 +3,7 @@
 
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "platform/file_system.h"
 
@@ -30,6 +31,8 @@ class linux_file_system : public file_system {
     bool put_text(const std::string& path, std::string_view text, std::string& error) override;
     bool can_write_into(const std::string& directory) override;
     bool claim_directory(const std::string& directory) override;
+    bool clear_attributes(const std::string& path, std::string& error) override;
+    bool remove_file(const std::string& path, std::string& error) override;
     bool remove_data_file(const std::string& path, std::string& error) override;
 
   private:
@@ -39,6 +42,7 @@ class linux_file_system : public file_system {
     std::string trash_directory_;  // the user's trash, with a closing separator; text, resolved
     std::string recycle_name_;     // ".Trash-<uid>"
     std::unordered_map<std::uint64_t, bool> pseudo_devices_;
+    std::unordered_set<std::string> unhidden_;  // paths that clear_attributes was asked for
     int claim_ = -1;  // descriptor of the claimed directory
 };
 

@@ -170,6 +170,7 @@ path_attributes memory_file_system::attributes(const std::string& path) {
     result.exists = true;
     result.directory = file->kind == entry_kind::directory || file->kind == entry_kind::link_to_directory;
     result.hidden = file->hidden;
+    result.read_only = file->read_only;
     return result;
 }
 
@@ -227,6 +228,27 @@ std::unique_ptr<file_writer> memory_file_system::overwrite_file(const std::strin
 bool memory_file_system::put_text(const std::string& path, std::string_view text, std::string& error) {
     const std::unique_ptr<file_writer> writer = overwrite_file(path, error);
     return writer && writer->write(text) && writer->commit();
+}
+
+bool memory_file_system::clear_attributes(const std::string& path, std::string& error) {
+    memory_file* file = find(path);
+    if (file == nullptr || file->keeps_attributes) {
+        error = "access denied";
+        return false;
+    }
+    file->hidden = file->read_only = false;
+    return true;
+}
+
+bool memory_file_system::remove_file(const std::string& path, std::string& error) {
+    const memory_file* file = find(path);
+    if (file == nullptr || file->kind != entry_kind::file || file->keeps_itself) {
+        error = "cannot be deleted";
+        return false;
+    }
+    removed.push_back(path);
+    entries_.erase(key(path));
+    return true;
 }
 
 bool memory_file_system::remove_data_file(const std::string& path, std::string&) {

@@ -19,6 +19,9 @@ struct memory_file {
     std::int32_t date_high = 30'000'000;
     std::int32_t date_low = 0;
     bool hidden = false;
+    bool read_only = false;
+    bool keeps_attributes = false;  // clear_attributes fails
+    bool keeps_itself = false;      // remove_file fails
     bool unreadable = false;
     std::int64_t stated_length = -1;  // when not -1, what facts() says in place of the content's length
 };
@@ -37,6 +40,7 @@ class memory_file_system : public file_system {
 
     std::map<std::string, int> opened;  // how often each file was opened for reading
     std::map<std::string, std::int64_t> bytes_read;
+    std::vector<std::string> removed;  // by remove_file, in order
     std::set<std::string> recycle_directories;
     std::string write_failure_path;  // writing this file fails, with the words below
     std::string write_failure_words = "disk full";
@@ -67,6 +71,8 @@ class memory_file_system : public file_system {
     bool put_text(const std::string& path, std::string_view text, std::string& error) override;
     bool can_write_into(const std::string&) override { return !folder_locked; }
     bool claim_directory(const std::string&) override { return !claimed_by_another; }
+    bool clear_attributes(const std::string& path, std::string& error) override;
+    bool remove_file(const std::string& path, std::string& error) override;
     bool remove_data_file(const std::string& path, std::string& error) override;
 
   private:
