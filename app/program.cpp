@@ -13,7 +13,9 @@
 #include "core/progress.h"
 #include "core/text_format.h"
 #include "search/file_list_store.h"
+#include "search/rar_reader.h"
 #include "search/search_task.h"
+#include "search/zip_reader.h"
 
 namespace corvane {
 
@@ -39,6 +41,8 @@ void check_selected_directories(Tavrel& form) {
 program::program(ports outside, std::string program_dir)
     : main_(outside, std::move(program_dir)), directory_(main_) {
     main_.add_child(directory_);
+    readers_.read_zip = read_zip;
+    readers_.read_rar = read_rar;
     bind_handlers();
     wire_tasks(main_);
 }
