@@ -2,6 +2,7 @@
 // the fields of a record by their index in that buffer. Used by the ZIP and the RAR reader.
 #pragma once
 
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -54,7 +55,10 @@ class archive_input {
   private:
     bool load(std::int64_t offset);
     void keep();
-    unsigned byte_at(std::size_t i) const { return static_cast<unsigned>(view_[i]); }
+    unsigned byte_at(std::size_t i) const {
+        assert(i < buffer_size);
+        return static_cast<unsigned>(view_[i]);
+    }
 
     run_state& state_;
     text_encoding& encoding_;

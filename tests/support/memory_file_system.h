@@ -21,6 +21,9 @@ struct memory_file {
     bool hidden = false;
     bool unreadable = false;
     std::int64_t stated_length = -1;  // when not -1, what facts() says in place of the content's length
+    std::int64_t hole = 0;            // length of a run of zeros within the content, which costs no memory
+    std::int64_t hole_at = 0;         // where in the content it stands
+    std::int64_t read_failure = -1;   // when not -1, a read that reaches this offset fails
 };
 
 class memory_file_system : public file_system {
