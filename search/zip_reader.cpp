@@ -14,6 +14,7 @@ namespace corvane {
 namespace {
 
 constexpr char end_signature[] = "504B0506";
+constexpr char long_end_signature[] = "504B0606";  // stands first in large archives
 constexpr std::int64_t end_record_length = 22;
 constexpr std::int64_t longest_tail = 5'000'000;
 constexpr std::int64_t end_reserve = 40;  // no header starts in the last bytes of the file
@@ -80,7 +81,8 @@ void read_zip(Tavrel& form, const std::string& path, walk_output& output) {
     for (std::int64_t position = directory; position < limit;) {
         if (!archive.read(position)) return;
         const std::size_t shift = archive.hex16_at(1) == "4453" ? leading_block_length : 0;
-        if (archive.hex32_forward_at(1) == end_signature) return;
+        const std::string signature = archive.hex32_forward_at(1);
+        if (signature == end_signature || signature == long_end_signature) return;
         const std::string crc_text = archive.hex32_at(17 + shift);
         std::uint64_t uncompressed_size = archive.u32_at(25 + shift);
         const std::uint16_t name_length = archive.u16_at(29 + shift);

@@ -151,6 +151,14 @@ TEST(ZipReader, TheSignatureOfAHeaderIsNotLookedAt) {
               texts{"a*00000001*2"});
 }
 
+TEST(ZipReader, TheEndRecordOfALargeArchiveEndsTheDirectory) {
+    archive_case c;
+    const std::string header = zip_central_header(text_file);
+    const std::string long_end = std::string("PK\6\6") + low_bytes(44, 8) + std::string(44, '\1');
+    EXPECT_EQ(c.members_of("a.zip", std::string(40, '-') + header + long_end + zip_end_record(40, 0, 0xFFFF)),
+              texts{"docs/a.txt*1A2B3C4D*1024"});
+}
+
 TEST(ZipReader, LengthsBeyondTwoGigabytesAreExact) {
     archive_case c;
     EXPECT_EQ(c.members_of("a.zip", zip_image({{.name = "a", .crc = 1, .size = 3'000'000'000},
