@@ -226,6 +226,7 @@ TEST(RarReader, AFailingReadEndsTheReaderAndNotTheWalk) {
         .read_failure = 300'000;
     c.files.add_file("/d/c.rar", rar_image({text_file}));
     c.search({"/d"});
+    EXPECT_EQ(c.files.open_now, 0);
     EXPECT_EQ(c.members("/d/a.rar"), (texts{"b*00000000*0", "docs\\a.txt*1A2B3C4D*1024"}));
     EXPECT_EQ(c.members("/d/c.rar"), texts{"docs\\a.txt*1A2B3C4D*1024"});
     EXPECT_TRUE(c.problems().empty());

@@ -235,6 +235,7 @@ TEST(ZipReader, AFailingReadEndsTheReaderAndNotTheWalk) {
     c.files.add_file("/d/b.zip", bytes).unreadable = true;
     c.files.add_file("/d/c.zip", zip_image({text_file}));
     c.search({"/d"});
+    EXPECT_EQ(c.files.open_now, 0);
     EXPECT_EQ(c.listed(), (texts{"/d/a.zip", "/d/b.zip", "/d/c.zip", "/d/c.zip*docs/a.txt*1A2B3C4D*1024"}));
     EXPECT_TRUE(c.problems().empty());
 }

@@ -55,6 +55,7 @@ std::string archive_probe::read(std::string bytes) {
         read_zip(program_.form, path_, output);
     report.finish();
 
+    if (program_.files.open_now != 0) return "left open";
     if (state.file_list.size() != state.walk_count) return "count";
     if (static_cast<std::size_t>(state.walk_count) > length / least_member_ + 1)
         return "more members than fit";

@@ -7,7 +7,10 @@ namespace corvane {
 
 class memory_reader : public file_reader {
   public:
-    memory_reader(memory_file_system& files, std::string path) : files_(files), path_(std::move(path)) {}
+    memory_reader(memory_file_system& files, std::string path) : files_(files), path_(std::move(path)) {
+        ++files_.open_now;
+    }
+    ~memory_reader() override { --files_.open_now; }
 
     std::int64_t read_at(std::int64_t offset, std::span<std::byte> buffer) override {
         const memory_file* file = files_.find(path_);

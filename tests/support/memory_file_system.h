@@ -39,6 +39,7 @@ class memory_file_system : public file_system {
     void erase(const std::string& path) { entries_.erase(key(path)); }
 
     std::map<std::string, int> opened;  // how often each file was opened for reading
+    int open_now = 0;                   // readers that have not been closed
     std::map<std::string, std::int64_t> bytes_read;
     std::set<std::string> recycle_directories;
     std::string write_failure_path;  // writing this file fails, with the words below
