@@ -2,6 +2,11 @@
 
 #include <cmath>
 
+#include "browser/different_view.h"
+#include "browser/list_acts.h"
+#include "browser/list_find.h"
+#include "browser/list_marks.h"
+#include "browser/list_menu.h"
 #include "browser/same_view.h"
 #include "compare/compare_task.h"
 #include "core/directory_filter.h"
@@ -39,8 +44,9 @@ void check_selected_directories(Tavrel& form) {
 }  // namespace
 
 program::program(ports outside, std::string program_dir)
-    : main_(outside, std::move(program_dir)), directory_(main_) {
+    : main_(outside, std::move(program_dir)), directory_(main_), options_(main_) {
     main_.add_child(directory_);
+    main_.add_child(options_);
     readers_.read_zip = read_zip;
     readers_.read_rar = read_rar;
     bind_handlers();
@@ -53,12 +59,52 @@ void program::bind_task(std::string_view handler, std::function<void()> procedur
     });
 }
 
+void program::bind_list() {
+    const auto bind = [this](std::string_view handler, void (*procedure)(Tavrel&)) {
+        main_.bind(handler, [this, procedure] { procedure(main_); });
+    };
+    bind("ListView1_MouseDown", ListView1_MouseDown);
+    bind("ListView1_Click", ListView1_Click);
+    bind("ListView1_DblClick", ListView1_DblClick);
+    bind("ListView1_ColumnClick", ListView1_ColumnClick);
+    bind("ListView1_KeyDown", ListView1_KeyDown);
+    bind("open_same_file", open_same_file_Click);
+    bind("double_disp", double_disp_Click);
+    bind("mnu_enter_dir", mnu_enter_dir_Click);
+    bind("disp_same_file_attr", disp_same_file_attr_Click);
+    bind("same_time_open_2file", same_time_open_2file_Click);
+    bind("search_in_result", search_in_result_Click);
+    bind("again_search", again_search_Click);
+    bind("all_select", all_select_Click);
+    bind("all_not_select", all_not_select_Click);
+    bind("layout_list", layout_list);
+    bind("load_same_view", load_same_view);
+    // These rebuild the rows, which a running task may be working on.
+    bind_task("only_disp", [this] { only_disp_Click(main_); });
+    bind_task("not_list", [this] { not_list_Click(main_); });
+    bind_task("result_refresh", [this] {
+        if (main_.state.list_mode == 0) load_same_view(main_);
+    });
+    main_.bind("samefile_disp1_MouseDown",
+               [this] { open_directory_of_box(main_, main_.samefile_disp1.text); });
+    main_.bind("samefile_disp2_MouseDown",
+               [this] { open_directory_of_box(main_, main_.samefile_disp2.text); });
+    main_.bind("rewrite_store", [this] { rewrite_store(main_); });
+    main_.bind("show_row_panel", [this] { show_row_panel(main_, main_.ListView1.selected_row); });
+    main_.bind("Frame4_Close", [this] { main_.Frame4.visible = false; });
+}
+
 void program::bind_handlers() {
     Tavrel& form = main_;
+    bind_list();
     form.bind("Picture1_Click", [this] { directory_.open(); });
+    form.bind("select_m_Click", [this] { options_.open(); });
+    options_.bind_handlers();
     bind_task("picture2_Click", [this] { picture2_Click(main_, readers_); });
     bind_task("Picture3_Click", [this] { Picture3_Click(main_); });
     bind_task("Picture4_Click", [this] { load_same_view(main_); });
+    bind_task("Picture11_Click", [this] { Picture11_Click(main_); });
+    bind_task("Command35_Click", [this] { Picture11_Click(main_); });
     bind_task("Command18_Click", [this] { Command18_Click(main_); });
     bind_task("Command19_Click", [this] { Command19_Click(main_, readers_); });
     bind_task("Command21_Click", [this] { Command21_Click(main_); });
@@ -76,16 +122,8 @@ void program::bind_handlers() {
     form.bind("Command46_Click", [this] { Command46_Click(main_); });
     form.bind("Command47_Click", [this] { Command47_Click(main_); });
     form.bind("Timer2_Timer", [this] { Timer2_Timer(main_); });
-    form.bind("layout_list", [this] { layout_list(main_); });
-    form.bind("load_same_view", [this] { load_same_view(main_); });
-    bind_task("result_refresh", [this] {
-        if (main_.state.list_mode == 0) load_same_view(main_);
-    });
-    form.bind("rewrite_store", [this] { rewrite_store(main_); });
-    form.bind("show_row_panel", [this] { show_row_panel(main_, main_.ListView1.selected_row); });
     form.bind("lock_tasks", [this] { lock_tasks(main_); });
     form.bind("unlock_tasks", [this] { unlock_tasks(main_); });
-    form.bind("Frame4_Close", [this] { main_.Frame4.visible = false; });
     form.bind("写Tavrel环境文件", [this] { 写Tavrel环境文件(main_); });
     form.bind("读不参加搜索的目录", [this] { 读不参加搜索的目录(main_); });
     form.bind("读不参加比较的文件类型", [this] { 读不参加比较的文件类型(main_); });
@@ -99,6 +137,7 @@ void program::bind_handlers() {
     form.bind("目录选择.Command_sele_Click", [this] { directory_.Command_sele_Click(); });
     form.bind("目录选择.Dir_select_Change", [this] { directory_.Dir_select_Change(); });
     form.bind("目录选择.direction_help_Click", [this] { open_topic(main_, 9); });
+    form.bind("目录选择.list_selected_dir_DblClick", [this] { directory_.remove_selected(); });
     form.bind("目录选择.move_selected_dir", [this] { directory_.remove_selected(); });
     form.bind("目录选择.清空列表M", [this] { directory_.clear_list(); });
 }
@@ -118,6 +157,7 @@ bool program::start() {
             state.program_dir_locked = true;
         }
         read_environment(main_);
+        options_.restore_place();
     }
     state.base_title = main_.caption + " V" + version;
     state.base_title +=

@@ -8,6 +8,7 @@
 #include "core/main_form.h"
 #include "search/archive_readers.h"
 #include "search/directory_form.h"
+#include "search/options_form.h"
 
 namespace corvane {
 
@@ -18,6 +19,7 @@ class program {
 
     Tavrel& main_form() { return main_; }
     directory_form& directory_window() { return directory_; }
+    options_form& options_window() { return options_; }
     // The main form for an empty name, else the window of that name; null when there is none.
     form_model* find_form(std::string_view name);
 
@@ -31,11 +33,13 @@ class program {
 
   private:
     void bind_handlers();
+    void bind_list();
     // For a task: it does not start while another one runs, whichever way it is asked for.
     void bind_task(std::string_view handler, std::function<void()> procedure);
 
     Tavrel main_;
     directory_form directory_;
+    options_form options_;
     archive_readers readers_;
     bool closed_ = false;
 };

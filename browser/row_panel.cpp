@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "browser/file_date.h"
 #include "browser/same_view.h"
 #include "core/archive_entry.h"
 #include "core/main_form.h"
@@ -11,15 +12,11 @@ namespace corvane {
 
 namespace {
 
-constexpr std::int64_t seconds_1601_to_1970 = 11'644'473'600;
 constexpr int twips_per_unit = 110;  // about one character of the panel's font
 constexpr int panel_height = 1300;
 
-std::string date_text(Tavrel& form, const file_facts& facts) {
-    const std::uint64_t ticks = std::uint64_t{static_cast<std::uint32_t>(facts.date_high)} << 32 |
-                                static_cast<std::uint32_t>(facts.date_low);
-    const local_time time =
-        form.outside.screen.local_date(static_cast<std::int64_t>(ticks / 10'000'000) - seconds_1601_to_1970);
+std::string panel_date(Tavrel& form, const file_facts& facts) {
+    const local_time time = file_date(form, facts);
     return std::to_string(time.year) + '-' + std::to_string(time.month) + '-' + std::to_string(time.day) +
            ' ' + std::to_string(time.hour) + ':' + std::to_string(time.minute) + ':' +
            std::to_string(time.second);
@@ -33,7 +30,7 @@ std::string panel_line(Tavrel& form, const std::string& path, const std::string&
     std::string date, length;
     const file_facts facts = form.outside.files.facts(path);
     if (facts.exists) {
-        date = date_text(form, facts);
+        date = panel_date(form, facts);
         length = std::to_string(facts.length);
     } else if (is_archive_member(path)) {
         length = row_length;
@@ -42,6 +39,14 @@ std::string panel_line(Tavrel& form, const std::string& path, const std::string&
 }
 
 }  // namespace
+
+local_time file_date(Tavrel& form, const file_facts& facts) {
+    constexpr std::int64_t seconds_1601_to_1970 = 11'644'473'600;
+    const std::uint64_t ticks = std::uint64_t{static_cast<std::uint32_t>(facts.date_high)} << 32 |
+                                static_cast<std::uint32_t>(facts.date_low);
+    return form.outside.screen.local_date(static_cast<std::int64_t>(ticks / 10'000'000) -
+                                          seconds_1601_to_1970);
+}
 
 void show_row_panel(Tavrel& form, std::int32_t row) {
     list_view& list = form.ListView1;

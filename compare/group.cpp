@@ -51,7 +51,10 @@ std::span<const std::byte> held_contents::at(std::int32_t place) const {
     return std::span(bytes_).subspan(extents_[index].offset, extents_[index].length);
 }
 
-file_group::file_group(Tavrel& form) : form_(form), state_(form.state) {}
+file_group::file_group(Tavrel& form)
+    : form_(form),
+      state_(form.state),
+      same_suffix_only_(static_cast<std::int32_t>(state_.file_ext.size()) > state_.file_count) {}
 
 bool file_group::open(std::int32_t i) {
     const auto first = static_cast<std::size_t>(i);
@@ -66,7 +69,7 @@ bool file_group::open(std::int32_t i) {
         next_class_ = 1;
     }
     if ((i + 1 < end_ || (i + 1 == end_ && archive_flag_)) && !compute_signatures(i)) return false;
-    if (state_.same_suffix_only && end_ > i) chain_suffixes(i);
+    if (same_suffix_only_ && end_ > i) chain_suffixes(i);
     return true;
 }
 
@@ -196,7 +199,7 @@ bool file_group::accepted_unread(std::int32_t i, std::int32_t j) const {
     const std::size_t cut_a = name_a.rfind(separator);
     const std::size_t cut_b = name_b.rfind(separator);
     if (cut_a == std::string_view::npos || cut_b == std::string_view::npos)
-        return !state_.same_suffix_only || state_.file_ext[a] == state_.file_ext[b];
+        return !same_suffix_only_ || state_.file_ext[a] == state_.file_ext[b];
     return upper_case(name_a.substr(cut_a + 1)) == upper_case(name_b.substr(cut_b + 1));
 }
 

@@ -71,6 +71,8 @@ class file_group {
 
     Tavrel& form_;
     run_state& state_;
+    // As it stood when the suffix column was filled: the option may be switched while a comparison runs.
+    const bool same_suffix_only_;
     std::int64_t last_length_ = 0;
     std::int32_t first_ = 0;
     std::int32_t end_ = 0;

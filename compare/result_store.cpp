@@ -46,9 +46,11 @@ bool write_different_files(Tavrel& form) {
     bar_colours(form, 0xA00000, 0x1744F7, 0xAAF0F0);
     line_writer writer(form.outside.files, path);
     state.different_count = 0;
+    state.different_files.clear();
     for (std::int32_t i = 1; i <= state.file_count; ++i) {
         if (!state.file_has_twin[static_cast<std::size_t>(i)]) {
             writer.line(state.file_list[i]);
+            state.different_files.push_back(state.file_list[i]);
             ++state.different_count;
         }
         if (i % files_per_status == 0) bar_draw(form, i);

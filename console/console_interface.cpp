@@ -67,8 +67,8 @@ std::optional<std::string> console_interface::choose_file(const std::string& tit
     return ask_text(title, initial, initial);
 }
 
-std::optional<int> console_interface::choose_colour(int initial) {
-    const std::optional<std::string> answer = ask_text("colour", std::to_string(initial), {});
+std::optional<int> console_interface::choose_colour(const std::string& title, int initial) {
+    const std::optional<std::string> answer = ask_text(title, std::to_string(initial), {});
     if (!answer) return {};
     return std::atoi(answer->c_str());
 }

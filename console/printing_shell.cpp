@@ -34,6 +34,11 @@ shell_result printing_shell::set_clipboard(const std::string& text) {
     return desktop_ ? desktop_->set_clipboard(text) : shell_result::success();
 }
 
+shell_result printing_shell::send_keys(const std::string& keys) {
+    output_.record({"shell", "keys", keys});
+    return desktop_ ? desktop_->send_keys(keys) : shell_result::success();
+}
+
 shell_result printing_shell::open_help_topic(const std::string& help_file, const std::string& topic) {
     output_.record({"shell", "help", topic});
     return desktop_ ? desktop_->open_help_topic(help_file, topic) : shell_result::success();

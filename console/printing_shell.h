@@ -19,6 +19,7 @@ class printing_shell : public shell, public power {
     shell_result show_properties(const std::string& path) override;
     shell_result start_process(const std::vector<std::string>& arguments) override;
     shell_result set_clipboard(const std::string& text) override;
+    shell_result send_keys(const std::string& keys) override;
     shell_result open_help_topic(const std::string& help_file, const std::string& topic) override;
     shell_result log_off() override;
     shell_result reboot() override;

@@ -9,23 +9,6 @@
 
 namespace corvane {
 
-namespace {
-
-// Cuts the first word off; what is left begins with the next word.
-std::string_view take_word(std::string_view& rest) {
-    const auto skip_blanks = [&rest] {
-        while (!rest.empty() && (rest.front() == ' ' || rest.front() == '\t')) rest.remove_prefix(1);
-    };
-    skip_blanks();
-    const std::size_t end = std::min(rest.find_first_of(" \t"), rest.size());
-    const std::string_view word = rest.substr(0, end);
-    rest.remove_prefix(end);
-    skip_blanks();
-    return word;
-}
-
-}  // namespace
-
 int script_runner::run(std::istream& lines) {
     screen_.set_unanswered([this] {
         status_ = status_unanswered;
@@ -59,6 +42,9 @@ bool script_runner::run_line(std::string_view line, int number) {
         const std::string_view name = take_word(rest);
         return set(name, rest) || complain(number, "unknown control", name);
     }
+    if (command == "mouse") return mouse(rest) || complain(number, "wrong control, act or row", rest);
+    if (command == "header") return header(rest) || complain(number, "wrong control or column", rest);
+    if (command == "key") return key(rest) || complain(number, "wrong control", rest);
     if (command == "at_yield") {
         const std::int64_t count = parse_number(take_word(rest));
         screen_.at_yield(count, [this, act = std::string(rest), number] {
@@ -102,10 +88,18 @@ control* script_runner::find_control(std::string_view name, form_model** form) {
     return window->find(named ? name.substr(dot + 1) : name);
 }
 
+// The value of a list box is "ROW 0" or "ROW 1": the check mark of a row.
 bool script_runner::set(std::string_view name, std::string_view value) {
     form_model* form = nullptr;
     control* target = find_control(name, &form);
     if (target == nullptr) return false;
+    if (target->kind() == control_kind::list_box) {
+        auto& list = static_cast<list_box&>(*target);
+        const std::int64_t row = parse_number(take_word(value));
+        if (row < 1 || row > list.row_count()) return false;
+        list.check(static_cast<std::size_t>(row - 1), parse_number(value) != 0);
+        return true;
+    }
     if (target->kind() == control_kind::check_box || target->kind() == control_kind::menu_item)
         target->value = static_cast<int>(parse_number(value));
     else

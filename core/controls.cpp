@@ -14,6 +14,11 @@ void list_box::add(std::string words, std::string tip) {
     ++revision_;
 }
 
+void list_box::add_checked(std::string words, bool checked) {
+    rows_.push_back({std::move(words), false, checked, {}});
+    ++revision_;
+}
+
 void list_box::remove(std::size_t index) {
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));
     ++revision_;
@@ -21,6 +26,11 @@ void list_box::remove(std::size_t index) {
 
 void list_box::select(std::size_t index, bool selected) {
     rows_[index].selected = selected;
+    ++revision_;
+}
+
+void list_box::check(std::size_t index, bool checked) {
+    rows_[index].checked = checked;
     ++revision_;
 }
 

@@ -87,6 +87,13 @@ class list_box : public control {
     void select(std::size_t index, bool selected);
     // Selects this row and no other.
     void select_only(std::size_t index);
+    // The check mark of a row; whether the rows show one is the front end's choice.
+    void check(std::size_t index, bool checked);
+    void add_checked(std::string words, bool checked);
+    std::int32_t row_count() const { return static_cast<std::int32_t>(rows_.size()); }
+
+    int font_size = 0;                       // points; 0: the front end's own
+    std::int32_t fore_colour = button_face;  // of the text; button_face: the front end's own
 
   private:
     std::vector<row> rows_;

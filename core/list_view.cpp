@@ -1,5 +1,7 @@
 #include "core/list_view.h"
 
+#include <algorithm>
+
 namespace corvane {
 
 namespace {
@@ -21,6 +23,7 @@ void list_view::clear_columns() {
 
 void list_view::add_column(list_column column) {
     columns_.push_back(std::move(column));
+    columns_.back().width = std::max(columns_.back().width, 0);
     column_cells cells;
     if (columns_.back().content == cell_content::number)
         cells.numbers.resize(static_cast<std::size_t>(row_count_));
@@ -32,6 +35,7 @@ void list_view::add_column(list_column column) {
 
 void list_view::set_column_width(int column, int twips) {
     list_column& target = columns_[index_of(column)];
+    twips = std::max(twips, 0);
     if (target.width == twips) return;
     target.width = twips;
     ++layout_revision_;
@@ -85,6 +89,34 @@ void list_view::set_shared_text(std::int32_t row, int column, const char* entry)
 
 void list_view::set_number(std::int32_t row, int column, std::int64_t number) {
     cells_[index_of(column)].numbers[at(row)] = number;
+    ++cell_revision_;
+}
+
+void list_view::reorder(const std::vector<std::int32_t>& order) {
+    for (column_cells& cells : cells_) {
+        if (!cells.numbers.empty()) {
+            std::vector<std::int64_t> numbers;
+            numbers.reserve(cells.numbers.size());
+            for (const std::int32_t row : order) numbers.push_back(cells.numbers[at(row)]);
+            cells.numbers = std::move(numbers);
+        }
+        if (!cells.colours.empty()) {
+            std::vector<std::uint32_t> colours;
+            colours.reserve(cells.colours.size());
+            for (const std::int32_t row : order) colours.push_back(cells.colours[at(row)]);
+            cells.colours = std::move(colours);
+        }
+        std::vector<const char*>& entries = cells.texts.entries();
+        if (entries.size() == order.size() + 1) {
+            const std::vector<const char*> old = entries;
+            for (std::size_t n = 0; n < order.size(); ++n)
+                entries[n + 1] = old[static_cast<std::size_t>(order[n])];
+        }
+    }
+    if (selected_row > 0) {
+        const auto found = std::find(order.begin(), order.end(), selected_row);
+        selected_row = found == order.end() ? 0 : static_cast<std::int32_t>(found - order.begin()) + 1;
+    }
     ++cell_revision_;
 }
 

@@ -35,6 +35,19 @@ struct list_column {
     cell_content content = cell_content::text;
 };
 
+// The event in hand of a handler of the list. x is in twips from the left edge of column 0, scrolled or not.
+struct list_pointer {
+    static constexpr int left_button = 1;
+    static constexpr int right_button = 2;
+
+    int button = left_button;
+    bool shift = false;
+    bool ctrl = false;
+    int x = 0;
+    int column = 0;    // of a heading
+    int key_code = 0;  // of a key
+};
+
 class list_view : public control {
   public:
     explicit list_view(std::string name) : control(control_kind::list_view, std::move(name)) {}
@@ -68,8 +81,13 @@ class list_view : public control {
     std::uint32_t colour(std::int32_t row, int column) const;
     void set_colour(std::int32_t row, int column, std::uint32_t colour);
 
+    // Puts the rows into a new order: row n becomes what row order[n - 1] was. Each row stands in it once.
+    void reorder(const std::vector<std::int32_t>& order);
+
     // The selected row, 0 for none.
     std::int32_t selected_row = 0;
+    // A row that is to come into view; the front end scrolls to it and sets 0.
+    std::int32_t reveal_row = 0;
 
     // Changes with every change of columns and rows; a front end then resets its view.
     std::uint64_t layout_revision() const { return layout_revision_; }

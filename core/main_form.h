@@ -65,6 +65,11 @@ class Tavrel : public form_model {
     const std::vector<form_model*>& children() const { return children_; }
     form_model* child(std::string_view name) const;
 
+    // What the handlers of ListView1 are called for; filled before the call.
+    list_pointer list_event;
+    // A menu that is to pop up at the pointer, by its top entry; the front end shows it and empties the name.
+    std::string popup_menu;
+
     main_layout layout;
     hover_state hover;
     follow_state follow;

@@ -66,6 +66,7 @@ struct run_state : settings {
 
     // Flags of the main form.
     bool tasks_locked = false;  // a task is running
+    std::int16_t tips_on = 0;   // -1: the controls show their tooltips
     std::int16_t quit_requested = 0;
     std::int16_t cancel_task = 0;
     std::int16_t file_list_loaded = 0;
@@ -95,6 +96,7 @@ struct run_state : settings {
         std::vector<std::int32_t>{0}, std::vector<std::int32_t>{0}, std::vector<std::int32_t>{0}};
     std::int32_t result_count = 0;
     double same_bytes = 0;
+    text_column different_files;  // the files without a twin; index 1 to different_count
     std::int32_t different_count = 0;
     double total_bytes = 0;
     std::string size_unit;
@@ -121,9 +123,19 @@ struct run_state : settings {
     text_column& result_file1 = file_list;
     text_column result_file2;
     std::int64_t result_max_length = 0;
-    std::int16_t list_mode = 0;
+    std::int16_t list_mode = 0;  // 0 same files, 1 empty directories, 2 different files, 3 and 4 same names
+
+    // The last mouse event on the list, ranges, sorting, find.
+    std::int32_t clicked_row = 0;  // 0: no row was selected
+    int clicked_column = 1;        // never 0
+    std::int32_t anchor_row = 0;   // start of a Shift range
+    std::string last_sort_column;  // header last sorted upward, or empty
+    std::int16_t sort_descending = 0;
+    std::int32_t find_row = 0;   // row of the last hit
     std::string same_file_path;  // the same-file result
     std::string history_path;    // the signature history
+
+    std::int16_t force_protected = 0;  // blue cells count as marked, and their attributes are cleared
 
     // Clocks, in seconds.
     double task_start_time = 0;

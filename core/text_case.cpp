@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
-#include <iterator>
+#include <span>
 
 namespace corvane {
 
@@ -17,8 +17,11 @@ struct letter_range {
     std::int32_t delta;
 };
 
-constexpr letter_range letter_ranges[] = {
+constexpr letter_range upper_ranges[] = {
 #include "upper_case_table.inc"
+};
+constexpr letter_range lower_ranges[] = {
+#include "lower_case_table.inc"
 };
 
 constexpr char32_t apply(const letter_range& range, char32_t letter) {
@@ -29,18 +32,43 @@ constexpr char32_t apply(const letter_range& range, char32_t letter) {
 // Latin, Greek, Cyrillic and Armenian letters are looked up at once.
 constexpr std::size_t direct_count = 0x0590;
 
-constexpr auto direct = [] {
+template <std::size_t count>
+constexpr std::array<char16_t, direct_count> direct_table(const letter_range (&ranges)[count]) {
     std::array<char16_t, direct_count> made{};
     for (std::size_t letter = 0; letter < direct_count; ++letter)
         made[letter] = static_cast<char16_t>(letter);
-    for (const letter_range& range : letter_ranges) {
+    for (const letter_range& range : ranges) {
         for (char32_t letter = range.first; letter <= range.last && letter < direct_count;
              letter += range.stride) {
             made[letter] = static_cast<char16_t>(apply(range, letter));
         }
     }
     return made;
-}();
+}
+
+constexpr auto direct_upper = direct_table(upper_ranges);
+constexpr auto direct_lower = direct_table(lower_ranges);
+
+struct case_mapping {
+    std::span<const letter_range> ranges;
+    const std::array<char16_t, direct_count>& direct;
+    char first;  // the ASCII letters that change, from `first` on
+    int shift;   // what is added to them
+
+    char32_t operator()(char32_t letter) const {
+        if (letter < direct_count) return direct[letter];
+        // The Chinese, Japanese and Korean letters of most texts.
+        if (letter >= 0x2E80 && letter < 0xA600) return letter;
+        const auto range = std::lower_bound(
+            ranges.begin(), ranges.end(), letter,
+            [](const letter_range& candidate, char32_t value) { return candidate.last < value; });
+        if (range == ranges.end() || letter < range->first) return letter;
+        return apply(*range, letter);
+    }
+};
+
+constexpr case_mapping to_upper{upper_ranges, direct_upper, 'a', 'A' - 'a'};
+constexpr case_mapping to_lower{lower_ranges, direct_lower, 'A', 'a' - 'A'};
 
 // A letter and the number of its bytes; 0 bytes when there is no valid one.
 struct decoded_letter {
@@ -111,45 +139,50 @@ std::size_t ascii_length(std::string_view utf8) {
     return length;
 }
 
-void append_ascii_upper_case(std::string& out, std::string_view ascii) {
+void append_ascii(std::string& out, std::string_view ascii, const case_mapping& mapping) {
     const std::size_t start = out.size();
     out += ascii;
     for (char* letter = out.data() + start; letter != out.data() + out.size(); ++letter) {
-        const bool small = *letter >= 'a' && *letter <= 'z';
-        *letter = static_cast<char>(*letter - (small ? 'a' - 'A' : 0));
+        const bool changes = *letter >= mapping.first && *letter <= mapping.first + ('z' - 'a');
+        *letter = static_cast<char>(*letter + (changes ? mapping.shift : 0));
+    }
+}
+
+void append_mapped(std::string& out, std::string_view utf8, const case_mapping& mapping) {
+    while (!utf8.empty()) {
+        if (const std::size_t length = ascii_length(utf8); length > 0) {
+            append_ascii(out, utf8.substr(0, length), mapping);
+            utf8.remove_prefix(length);
+            continue;
+        }
+        const decoded_letter decoded = decode(utf8);
+        const std::size_t length = std::max<std::size_t>(1, decoded.length);
+        const char32_t mapped = mapping(decoded.letter);
+        if (mapped == decoded.letter) {
+            out += utf8.substr(0, length);
+        } else {
+            append_letter(out, mapped);
+        }
+        utf8.remove_prefix(length);
     }
 }
 
 }  // namespace
 
 char32_t upper_case(char32_t letter) {
-    if (letter < direct_count) return direct[letter];
-    // The Chinese, Japanese and Korean letters of most texts.
-    if (letter >= 0x2E80 && letter < 0xA600) return letter;
-    const auto range = std::lower_bound(
-        std::begin(letter_ranges), std::end(letter_ranges), letter,
-        [](const letter_range& candidate, char32_t value) { return candidate.last < value; });
-    if (range == std::end(letter_ranges) || letter < range->first) return letter;
-    return apply(*range, letter);
+    return to_upper(letter);
+}
+
+char32_t lower_case(char32_t letter) {
+    return to_lower(letter);
 }
 
 void append_upper_case(std::string& out, std::string_view utf8) {
-    while (!utf8.empty()) {
-        if (const std::size_t length = ascii_length(utf8); length > 0) {
-            append_ascii_upper_case(out, utf8.substr(0, length));
-            utf8.remove_prefix(length);
-            continue;
-        }
-        const decoded_letter decoded = decode(utf8);
-        const std::size_t length = std::max<std::size_t>(1, decoded.length);
-        const char32_t upper = upper_case(decoded.letter);
-        if (upper == decoded.letter) {
-            out += utf8.substr(0, length);
-        } else {
-            append_letter(out, upper);
-        }
-        utf8.remove_prefix(length);
-    }
+    append_mapped(out, utf8, to_upper);
+}
+
+void append_lower_case(std::string& out, std::string_view utf8) {
+    append_mapped(out, utf8, to_lower);
 }
 
 std::string upper_case(std::string_view utf8) {
@@ -157,6 +190,13 @@ std::string upper_case(std::string_view utf8) {
     upper.reserve(utf8.size());
     append_upper_case(upper, utf8);
     return upper;
+}
+
+std::string lower_case(std::string_view utf8) {
+    std::string lower;
+    lower.reserve(utf8.size());
+    append_lower_case(lower, utf8);
+    return lower;
 }
 
 }  // namespace corvane

@@ -1,5 +1,5 @@
-// Texts in upper case, letter by letter and independent of any locale. Used to compare names, extensions and
-// texts of the user without regard to case.
+// Texts in upper or lower case, letter by letter and independent of any locale. Used to compare names,
+// extensions and texts of the user without regard to case.
 #pragma once
 
 #include <string>
@@ -14,6 +14,11 @@ char32_t upper_case(char32_t letter);
 // The same for each letter of a text. Bytes that are no valid UTF-8 stay. The result may be longer or shorter
 // than the text.
 std::string upper_case(std::string_view utf8);
+// The same to the lower case.
+char32_t lower_case(char32_t letter);
+std::string lower_case(std::string_view utf8);
+void append_lower_case(std::string& out, std::string_view utf8);
+
 // Appends upper_case(utf8) to `out`; `utf8` must not lie in `out`.
 void append_upper_case(std::string& out, std::string_view utf8);
 

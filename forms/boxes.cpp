@@ -88,11 +88,10 @@ std::optional<std::string> qt_user_interface::choose_file(const std::string& tit
     return program_path(chosen);
 }
 
-std::optional<int> qt_user_interface::choose_colour(int initial) {
+std::optional<int> qt_user_interface::choose_colour(const std::string& title, int initial) {
     if (ended_) return {};
     sync();
-    const QColor chosen =
-        QColorDialog::getColor(from_blue_green_red(initial), window(), QStringLiteral("颜色"));
+    const QColor chosen = QColorDialog::getColor(from_blue_green_red(initial), window(), screen_line(title));
     if (!chosen.isValid()) return {};
     return to_blue_green_red(chosen);
 }

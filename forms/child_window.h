@@ -19,6 +19,9 @@ class child_window : public QDialog {
     child_window(Tavrel& main, form_model& form, std::function<void(const std::string&)> act,
                  QWidget* parent);
 
+    // Copies what changed in the model to the widgets. With `tasks_locked`, what a running task works on
+    // cannot be changed.
+    virtual void sync(bool tasks_locked) = 0;
     // Title, visibility and place after the model. Opens at the model's place, else beside the main form.
     void sync_window();
     // The place alone: what a tick of the follow timer may have changed.

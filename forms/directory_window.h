@@ -28,7 +28,7 @@ class directory_window : public child_window {
                      QWidget* parent);
 
     // With `tasks_locked`, the buttons that change what a task works on are disabled.
-    void sync(bool tasks_locked);
+    void sync(bool tasks_locked) override;
 
     // Shows Dir_select's directory in the tree below the model's volume.
     void show_directory();

@@ -4,6 +4,7 @@
 #include "core/progress.h"
 #include "forms/directory_window.h"
 #include "forms/main_window.h"
+#include "forms/options_window.h"
 #include "forms/qt_user_interface.h"
 
 namespace corvane {
@@ -13,12 +14,16 @@ front_end::front_end(program& corvane, qt_user_interface& screen) : program_(cor
     main_ = std::make_unique<main_window>(program_.main_form(), run, [this] { close(); });
     directory_ = std::make_unique<directory_window>(program_.main_form(), program_.directory_window(), run,
                                                     main_.get());
+    options_ =
+        std::make_unique<options_window>(program_.main_form(), program_.options_window(), run, main_.get());
+    windows_ = {directory_.get(), options_.get()};
     screen_.set_sync([this] { sync(); });
     screen_.set_help([this](int topic) { open_topic(program_.main_form(), topic); });
     screen_.set_window_finder([this](const std::string& form) -> QWidget* {
         const form_model* model = program_.find_form(form);
         if (model == &program_.main_form()) return main_.get();
-        if (model == &program_.directory_window()) return directory_.get();
+        for (child_window* window : windows_)
+            if (model && window->objectName().toStdString() == model->name()) return window;
         return nullptr;
     });
     QObject::connect(&clock_, &QTimer::timeout, &clock_, [this] {
@@ -27,7 +32,7 @@ front_end::front_end(program& corvane, qt_user_interface& screen) : program_(cor
     });
     QObject::connect(&follow_timer_, &QTimer::timeout, &follow_timer_, [this] {
         program_.main_form().run("Timer2_Timer");
-        directory_->sync_place();
+        for (child_window* window : windows_) window->sync_place();
         follow();
     });
 }
@@ -49,7 +54,7 @@ void front_end::sync() {
     syncing_ = true;
     const bool locked = tasks_locked(program_.main_form());
     main_->sync(locked);
-    directory_->sync(locked);
+    for (child_window* window : windows_) window->sync(locked);
     follow();
     syncing_ = false;
 }

@@ -5,13 +5,16 @@
 #include <QTimer>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "app/program.h"
 
 namespace corvane {
 
+class child_window;
 class directory_window;
 class main_window;
+class options_window;
 class qt_user_interface;
 
 class front_end {
@@ -30,6 +33,7 @@ class front_end {
 
     main_window& main() { return *main_; }
     directory_window& directory() { return *directory_; }
+    options_window& options() { return *options_; }
 
   private:
     program& program_;
@@ -40,6 +44,8 @@ class front_end {
     QTimer follow_timer_;
     std::unique_ptr<main_window> main_;
     std::unique_ptr<directory_window> directory_;
+    std::unique_ptr<options_window> options_;
+    std::vector<child_window*> windows_;  // every window beside the main form
     bool syncing_ = false;
 };
 

@@ -1,5 +1,5 @@
-// A list box of a form on the screen; reads the model's rows directly. Used by main_window and
-// directory_window.
+// A list box of a form on the screen; reads the model's rows directly. Used by main_window, and the base of
+// the lists of the other windows.
 #pragma once
 
 #include <QListView>
@@ -12,18 +12,18 @@ class list_box_rows;
 
 class list_box_view : public QListView {
   public:
-    // `box` outlives the view.
-    list_box_view(list_box& box, QWidget* parent);
+    // `box` outlives the view. With check marks, the user checks rows by a click on their mark.
+    list_box_view(list_box& box, QWidget* parent, bool with_check_marks = false);
 
     void sync();
 
   protected:
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
-  private:
     list_box& box_;
+
+  private:
     list_box_rows* rows_;
-    std::uint64_t shown_revision_ = ~std::uint64_t{0};
     bool taking_over_ = false;
 };
 

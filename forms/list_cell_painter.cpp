@@ -28,6 +28,11 @@ void list_cell_painter::paint(QPainter* painter, const QStyleOptionViewItem& opt
         painter->fillRect(option.rect,
                           blend(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.03));
     }
+    if (option.state.testFlag(QStyle::State_HasFocus)) {
+        // The current cell, which the keys work on, whether its row is selected or not.
+        painter->setPen(QPen(accent(palette), 1.5));
+        painter->drawRect(QRectF(option.rect).adjusted(1, 1, -1, -1));
+    }
     const QString words = cells_.text(index.row(), index.column());
     if (words.isEmpty()) return;
     const QVariant stated = cells_.headerData(index.column(), Qt::Horizontal, Qt::TextAlignmentRole);

@@ -5,7 +5,9 @@
 #include <QPainter>
 #include <QProxyStyle>
 #include <QScrollBar>
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "forms/colours.h"
 #include "forms/list_cell_painter.h"
@@ -54,10 +56,10 @@ list_table::list_table(Tavrel& form, std::function<void(const std::string&)> act
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setSectionsClickable(true);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) {
-        list_act what;
-        what.what = list_act::header;
-        what.column = column;
-        run(what, "ListView1_ColumnClick");
+        list_pointer event;
+        event.column = column;
+        run(event, "ListView1_ColumnClick");
+        show_sort_sign(column);
     });
     connect(horizontalHeader(), &QHeaderView::sectionResized, this,
             [this](int column, int, int pixels) { take_width_from_user(column, pixels); });
@@ -90,6 +92,7 @@ void list_table::sync(bool tasks_locked) {
         viewport()->update();
     }
     take_selection();
+    reveal_row();
     taking_over_ = false;
 }
 
@@ -117,10 +120,10 @@ void list_table::take_selection() {
     const int shown =
         currentIndex().isValid() && selectionModel()->hasSelection() ? currentIndex().row() + 1 : 0;
     if (shown == list_.selected_row || list_.selected_row > cells_->shown_rows()) return;
-    if (list_.selected_row == 0)
-        clearSelection();
-    else
-        selectRow(list_.selected_row - 1);
+    if (list_.selected_row == 0) return clearSelection();
+    // The keys go on in the column in which they were.
+    const QModelIndex cell = cells_->index(list_.selected_row - 1, std::max(currentIndex().column(), 0));
+    selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void list_table::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
@@ -147,55 +150,117 @@ void list_table::resizeEvent(QResizeEvent* event) {
     taking_over_ = false;
 }
 
-list_act list_table::act_at(list_act::kind kind, QMouseEvent* event) const {
-    list_act what;
-    what.what = kind;
-    const QPoint at = event->position().toPoint();
-    what.row = rowAt(at.y()) + 1;
-    what.column = std::max(columnAt(at.x()), 0);
-    what.x = static_cast<int>((at.x() + horizontalScrollBar()->value()) * twips_per_pixel());
-    what.button = event->button() == Qt::RightButton ? 2 : 1;
-    what.shift = event->modifiers().testFlag(Qt::ShiftModifier);
-    what.ctrl = event->modifiers().testFlag(Qt::ControlModifier);
-    return what;
+list_pointer list_table::pointer_at(QPoint place, const QMouseEvent& event) const {
+    list_pointer pointer;
+    pointer.button =
+        event.button() == Qt::RightButton ? list_pointer::right_button : list_pointer::left_button;
+    pointer.shift = event.modifiers().testFlag(Qt::ShiftModifier);
+    pointer.ctrl = event.modifiers().testFlag(Qt::ControlModifier);
+    const int under = columnAt(place.x());
+    const int column = under < 0 ? list_.column_count() - 1 : under;
+    int left = 0;
+    for (int before = 0; before < column; ++before)
+        left += list_.columns()[static_cast<std::size_t>(before)].width;
+    // The columns on the screen are not exactly as wide as in the model; the cell under the pointer counts.
+    const int width = list_.columns()[static_cast<std::size_t>(std::max(column, 0))].width;
+    const auto inside = static_cast<int>((place.x() - columnViewportPosition(column)) * twips_per_pixel());
+    pointer.x = left + std::clamp(inside, 0, std::max(width - 1, 0));
+    return pointer;
 }
 
-void list_table::run(const list_act& what, const char* handler) {
-    if (list_input) list_input(what);
+list_pointer list_table::pointer_at_current() const {
+    list_pointer pointer;
+    const int first_path = form_.state.list_mode == 4 || form_.state.list_mode == 1 ? 2 : 3;
+    int column = currentIndex().column();
+    if (column < first_path) column = form_.state.list_mode == 2 ? 4 : first_path;
+    for (int before = 0; before < column; ++before)
+        pointer.x += list_.columns()[static_cast<std::size_t>(before)].width;
+    ++pointer.x;
+    return pointer;
+}
+
+void list_table::run(const list_pointer& event, const char* handler, QPoint place) {
+    form_.list_event = event;
     act_(handler);
+    if (form_.popup_menu.empty()) return;
+    const std::string menu = std::exchange(form_.popup_menu, {});
+    if (show_menu) show_menu(menu, viewport()->mapToGlobal(place));
+}
+
+void list_table::reveal_row() {
+    if (list_.reveal_row < 1 || list_.reveal_row > cells_->shown_rows()) return;
+    const QModelIndex cell = cells_->index(list_.reveal_row - 1, std::max(currentIndex().column(), 1));
+    list_.reveal_row = 0;
+    scrollTo(cell);
+    selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
+}
+
+void list_table::show_sort_sign(int column) {
+    const std::string& header = list_.columns()[static_cast<std::size_t>(column)].header;
+    const bool sorted = form_.state.sort_descending != 0 || form_.state.last_sort_column == header;
+    horizontalHeader()->setSortIndicatorShown(sorted && !header.empty() && form_.state.list_mode != 4);
+    horizontalHeader()->setSortIndicator(
+        column, form_.state.sort_descending != 0 ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 void list_table::mousePressEvent(QMouseEvent* event) {
     // A handler may open a menu at this place, on the row that the press selects.
-    const list_act what = act_at(list_act::press, event);
-    if (what.row > 0) selectRow(what.row - 1);
+    const QPoint place = event->position().toPoint();
+    const QModelIndex cell = indexAt(place);
+    if (cell.isValid()) {
+        selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        list_.selected_row = cell.row() + 1;
+    }
     setFocus(Qt::MouseFocusReason);
-    run(what, "ListView1_MouseDown");
+    if (list_.column_count() > 0) run(pointer_at(place, *event), "ListView1_MouseDown", place);
 }
 
 void list_table::mouseReleaseEvent(QMouseEvent* event) {
-    const list_act what = act_at(list_act::click, event);
-    if (what.button == 1 && what.row > 0) run(what, "ListView1_Click");
+    const QPoint place = event->position().toPoint();
+    if (event->button() == Qt::LeftButton && indexAt(place).isValid())
+        run(pointer_at(place, *event), "ListView1_Click");
 }
 
 void list_table::mouseDoubleClickEvent(QMouseEvent* event) {
-    const list_act what = act_at(list_act::double_click, event);
-    if (what.button != 1 || what.row < 1) return;
-    // The columns before the paths ask for the row's panel.
-    const bool asks_for_panel = what.column < 3 && !form_.has_handler("ListView1_DblClick");
-    run(what, asks_for_panel ? "show_row_panel" : "ListView1_DblClick");
+    const QPoint place = event->position().toPoint();
+    const QModelIndex cell = indexAt(place);
+    if (event->button() != Qt::LeftButton || !cell.isValid()) return;
+    // A quick second press on another row is a double click there.
+    list_.selected_row = cell.row() + 1;
+    run(pointer_at(place, *event), "ListView1_DblClick");
+}
+
+// The menu key; the mouse has opened the menu at its press.
+void list_table::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() != QContextMenuEvent::Keyboard || !currentIndex().isValid()) return;
+    list_.selected_row = currentIndex().row() + 1;
+    list_pointer pointer = pointer_at_current();
+    pointer.button = list_pointer::right_button;
+    run(pointer, "ListView1_MouseDown", visualRect(currentIndex()).bottomLeft());
 }
 
 void list_table::keyPressEvent(QKeyEvent* event) {
-    list_act what;
-    what.what = list_act::key;
-    what.row = list_.selected_row;
-    what.shift = event->modifiers().testFlag(Qt::ShiftModifier);
-    what.ctrl = event->modifiers().testFlag(Qt::ControlModifier);
-    if (event->key() == Qt::Key_Delete) what.key_code = 46;
-    if (event->key() == Qt::Key_F && what.ctrl) what.key_code = 70;
-    if (event->key() == Qt::Key_F3) what.key_code = 114;
-    if (what.key_code != 0) return run(what, "ListView1_KeyDown");
+    list_pointer pointer;
+    pointer.shift = event->modifiers().testFlag(Qt::ShiftModifier);
+    pointer.ctrl = event->modifiers().testFlag(Qt::ControlModifier);
+    if (event->key() == Qt::Key_Delete) pointer.key_code = 46;
+    if (event->key() == Qt::Key_F && pointer.ctrl) pointer.key_code = 70;
+    if (event->key() == Qt::Key_F3) pointer.key_code = 114;
+    if (pointer.key_code != 0) return run(pointer, "ListView1_KeyDown");
+    const bool marks =
+        event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (marks && currentIndex().isValid()) {
+        // As a click and a double click on the current path cell; with Shift, as the end of a range.
+        list_.selected_row = currentIndex().row() + 1;
+        list_pointer there = pointer_at_current();
+        there.shift = pointer.shift;
+        run(there, "ListView1_MouseDown");
+        if (!pointer.shift) {
+            list_.selected_row = currentIndex().row() + 1;
+            run(there, "ListView1_DblClick");
+        }
+        return;
+    }
     QTableView::keyPressEvent(event);
     act_("ListView1_Click");
 }

@@ -13,19 +13,6 @@ namespace corvane {
 
 class list_model;
 
-// What the user does on the list; x in twips from the list's left edge, row and column as in list_view.
-struct list_act {
-    enum kind { press, click, double_click, header, key };
-    kind what = press;
-    std::int32_t row = 0;
-    int column = 0;
-    int x = 0;
-    int button = 0;  // 1 left, 2 right
-    int key_code = 0;
-    bool shift = false;
-    bool ctrl = false;
-};
-
 class list_table : public QTableView {
   public:
     // `act` runs a handler of the main form by its name.
@@ -34,8 +21,8 @@ class list_table : public QTableView {
     // With `tasks_locked`, growing rows are taken over now and then only.
     void sync(bool tasks_locked);
 
-    // Called before the handler of each act.
-    std::function<void(const list_act&)> list_input;
+    // Shows a menu by its top entry's name at a place on the screen.
+    std::function<void(const std::string& name, QPoint place)> show_menu;
 
     // The twips of one pixel: the widths were laid out for digits of six pixels and grow with the font.
     double twips_per_pixel() const;
@@ -45,6 +32,7 @@ class list_table : public QTableView {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -56,8 +44,14 @@ class list_table : public QTableView {
     void take_width_from_user(int column, int pixels);
     void take_selection();
     void place_in_twips();
-    list_act act_at(list_act::kind what, QMouseEvent* event) const;
-    void run(const list_act& what, const char* handler);
+    // The event of the mouse at a point of the viewport, in the model's twips.
+    list_pointer pointer_at(QPoint place, const QMouseEvent& event) const;
+    // The event of a mouse in the middle of the current cell, for keys that stand for it. On a column without
+    // paths the first path column is meant.
+    list_pointer pointer_at_current() const;
+    void run(const list_pointer& event, const char* handler, QPoint place = {});
+    void reveal_row();
+    void show_sort_sign(int column);
 
     Tavrel& form_;
     list_view& list_;

@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -106,6 +107,9 @@ QWidget* main_window::make_work_area() {
         stacked->addWidget(widget);
     list_ = new list_table(form_, act_, splitter_);
     list_->setObjectName(QStringLiteral("ListView1"));
+    list_->show_menu = [this](const std::string& name, QPoint place) {
+        if (QMenu* menu = menus_->popup(name)) menu->popup(place);
+    };
     list_->hide();
     splitter_->handle(1)->installEventFilter(this);
     splitter_->setStretchFactor(0, 1);

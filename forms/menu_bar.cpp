@@ -14,8 +14,9 @@ namespace corvane {
 
 namespace {
 
-// Opening the directory selection touches nothing that a running task works on.
+// Opening the directory selection or the options touches nothing that a running task works on.
 bool starts_task(std::string_view menu) {
+    if (menu == "select_m") return false;
     for (const task_entry& task : task_table())
         if (menu == task.menu) return std::string_view(task.picture) != "Picture1";
     return false;

@@ -29,7 +29,7 @@ class qt_user_interface : public user_interface {
     std::optional<std::string> ask_text(const std::string& title, const std::string& prompt,
                                         const std::string& initial) override;
     std::optional<std::string> choose_file(const std::string& title, const std::string& initial) override;
-    std::optional<int> choose_colour(int initial) override;
+    std::optional<int> choose_colour(const std::string& title, int initial) override;
     void yield() override {
         if (std::chrono::steady_clock::now() >= next_turn_) take_turn();
     }

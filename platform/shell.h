@@ -10,10 +10,12 @@ namespace corvane {
 
 struct shell_result {
     bool done = false;
-    std::string reason;  // the system's words when not done
+    std::string reason;    // the system's words when not done
+    bool lacking = false;  // not done because the desktop has nothing that does it
 
     static shell_result success() { return {true, {}}; }
     static shell_result failure(std::string why) { return {false, std::move(why)}; }
+    static shell_result lack(std::string why) { return {false, std::move(why), true}; }
 };
 
 class shell {
@@ -29,6 +31,8 @@ class shell {
     virtual shell_result show_properties(const std::string& path) = 0;
     virtual shell_result start_process(const std::vector<std::string>& arguments) = 0;
     virtual shell_result set_clipboard(const std::string& text) = 0;
+    // Types keys into the window that has the focus: "{F3}", "^V" (Ctrl+V), "{ENTER}".
+    virtual shell_result send_keys(const std::string& keys) = 0;
     // Opens one page of the help file.
     virtual shell_result open_help_topic(const std::string& help_file, const std::string& topic) = 0;
 };

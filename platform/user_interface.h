@@ -51,7 +51,7 @@ class user_interface {
                                                 const std::string& initial) = 0;
     virtual std::optional<std::string> choose_file(const std::string& title, const std::string& initial) = 0;
     // Colours are 0xBBGGRR.
-    virtual std::optional<int> choose_colour(int initial) = 0;
+    virtual std::optional<int> choose_colour(const std::string& title, int initial) = 0;
 
     // Lets waiting events run. Cheap enough to be called once a file.
     virtual void yield() = 0;

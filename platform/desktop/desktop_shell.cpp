@@ -30,6 +30,22 @@ shell_result failed(const char* what, GError* error) {
     return shell_result::failure(std::move(reason));
 }
 
+// The desktop has nothing that does it, as opposed to something that failed.
+bool is_lacking(const GError* error) {
+    return error != nullptr && (error->domain == G_DBUS_ERROR || error->domain == G_IO_ERROR) &&
+           (g_error_matches(error, G_IO_ERROR, G_IO_ERROR_NOT_SUPPORTED) ||
+            g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_SERVICE_UNKNOWN) ||
+            g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_NAME_HAS_NO_OWNER) ||
+            g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_UNKNOWN_METHOD) ||
+            g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_SPAWN_SERVICE_NOT_FOUND));
+}
+
+shell_result failed_or_lacking(const char* what, GError* error, bool lacking) {
+    shell_result result = failed(what, error);
+    result.lacking = lacking;
+    return result;
+}
+
 object_pointer<GFile> file_at(const std::string& path) {
     return object_pointer<GFile>(g_file_new_for_path(to_raw(path).c_str()));
 }
@@ -38,9 +54,10 @@ text_pointer uri_of(const std::string& path) {
     return text_pointer(g_file_get_uri(file_at(path).get()));
 }
 
-// Asks the file manager over the session bus.
-bool ask_file_manager(const char* method, const std::string& path, GError** error) {
+// Asks the file manager over the session bus. `lacking` tells that there is none to ask.
+bool ask_file_manager(const char* method, const std::string& path, bool& lacking, GError** error) {
     const object_pointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
+    lacking = bus == nullptr;
     if (!bus) return false;
     const text_pointer uri = uri_of(path);
     const char* uris[] = {uri.get(), nullptr};
@@ -48,6 +65,7 @@ bool ask_file_manager(const char* method, const std::string& path, GError** erro
         bus.get(), "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
         "org.freedesktop.FileManager1", method, g_variant_new("(^ass)", uris, ""), nullptr,
         G_DBUS_CALL_FLAGS_NONE, 5000, nullptr, error);
+    lacking = answer == nullptr && is_lacking(*error);
     if (answer == nullptr) return false;
     g_variant_unref(answer);
     return true;
@@ -65,12 +83,14 @@ shell_result desktop_shell::open_document(const std::string& path) {
     GError* error = nullptr;
     if (g_app_info_launch_default_for_uri(uri_of(path).get(), nullptr, &error))
         return shell_result::success();
-    return failed("没有可以打开它的程序。", error);
+    const bool lacking = is_lacking(error);
+    return failed_or_lacking("没有可以打开它的程序。", error, lacking);
 }
 
 shell_result desktop_shell::show_in_file_manager(const std::string& path) {
     GError* error = nullptr;
-    if (ask_file_manager("ShowItems", path, &error)) return shell_result::success();
+    bool lacking = false;
+    if (ask_file_manager("ShowItems", path, lacking, &error)) return shell_result::success();
     g_clear_error(&error);
     // No file manager on the bus: its folder is opened by association.
     const std::size_t cut = path.rfind('/');
@@ -79,8 +99,9 @@ shell_result desktop_shell::show_in_file_manager(const std::string& path) {
 
 shell_result desktop_shell::show_properties(const std::string& path) {
     GError* error = nullptr;
-    if (ask_file_manager("ShowItemProperties", path, &error)) return shell_result::success();
-    return failed("没有文件管理器可以显示属性。", error);
+    bool lacking = false;
+    if (ask_file_manager("ShowItemProperties", path, lacking, &error)) return shell_result::success();
+    return failed_or_lacking("没有文件管理器可以显示属性。", error, lacking);
 }
 
 shell_result desktop_shell::start_process(const std::vector<std::string>& arguments) {
@@ -98,6 +119,10 @@ shell_result desktop_shell::start_process(const std::vector<std::string>& argume
 
 shell_result desktop_shell::set_clipboard(const std::string&) {
     return shell_result::failure("没有剪贴板。");
+}
+
+shell_result desktop_shell::send_keys(const std::string&) {
+    return shell_result::failure("不能向其他程序发送按键。");
 }
 
 shell_result desktop_shell::open_help_topic(const std::string& help_file, const std::string&) {

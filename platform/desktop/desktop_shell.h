@@ -15,6 +15,8 @@ class desktop_shell : public shell {
     shell_result start_process(const std::vector<std::string>& arguments) override;
     // Only a front end with windows owns a clipboard.
     shell_result set_clipboard(const std::string& text) override;
+    // No display system of this desktop lets one program type into another.
+    shell_result send_keys(const std::string& keys) override;
     shell_result open_help_topic(const std::string& help_file, const std::string& topic) override;
 };
 

@@ -88,6 +88,20 @@ TEST(PointerGlide, DoesNothingWithoutAPointer) {
     EXPECT_TRUE(p.screen.pointer_path.empty());
 }
 
+TEST(ListBox, CheckMarkAndSelectionAreTwoThings) {
+    list_box list("list");
+    list.add_checked("a", true);
+    list.add("b");
+    const std::uint64_t before = list.revision();
+    list.check(1, true);
+    list.select(0, true);
+    EXPECT_EQ(list.revision(), before + 2);
+    EXPECT_TRUE(list.rows()[0].checked && list.rows()[0].selected);
+    EXPECT_TRUE(list.rows()[1].checked && !list.rows()[1].selected);
+    list.check(0, false);
+    EXPECT_TRUE(list.rows()[0].selected && !list.rows()[0].checked);
+}
+
 TEST(ListView, HoldsTextsNumbersAndColours) {
     list_view list("list");
     list.add_column({"", 100, text_alignment::left, cell_content::text});

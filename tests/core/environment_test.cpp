@@ -319,9 +319,8 @@ TEST(Environment, WindowsAreCollected) {
 
 TEST(Environment, TheOptionsWindowIsCollectedWhileItIsNormal) {
     test_program p;
-    form_model options("Form_no_dire");
+    form_model& options = p.corvane.options_window();
     options.place = {1, 2, 3, 4};
-    p.form.add_child(options);
     collect_environment(p.form);
     EXPECT_EQ(p.state.optform_left, 1);
     EXPECT_EQ(p.state.optform_height, 4);

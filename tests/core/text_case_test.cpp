@@ -125,5 +125,25 @@ TEST(text_case, all_letters_agree_with_the_c_library) {
     freelocale(locale);
 }
 
+TEST(LowerCase, FoldsLettersOfManyAlphabetsAndKeepsTheRest) {
+    EXPECT_EQ(lower_case(std::string_view("ABZ[`az{ 09")), "abz[`az{ 09");
+    EXPECT_EQ(lower_case(std::string_view("ÄÖÜ ПРИВЕТ ΑΣΩ ŐŰ")), "äöü привет ασω őű");
+    EXPECT_EQ(lower_case(std::string_view("照片 𐐀")), "照片 𐐨");
+    EXPECT_EQ(lower_case(std::string_view("A\xFF\xC3")), "a\xFF\xC3") << "bytes that are no UTF-8";
+    EXPECT_EQ(lower_case(U'İ'), U'i');
+    EXPECT_EQ(lower_case(U'ẞ'), U'ß');
+}
+
+TEST(LowerCase, UndoesTheUpperCaseOfEachLetterThatHasBoth) {
+    int changed = 0;
+    for (char32_t letter = 0; letter < 0x20000; ++letter) {
+        const char32_t lower = lower_case(letter);
+        if (lower == letter) continue;
+        ++changed;
+        EXPECT_EQ(lower_case(lower), lower) << static_cast<unsigned>(letter);
+    }
+    EXPECT_GT(changed, 1300);
+}
+
 }  // namespace
 }  // namespace corvane

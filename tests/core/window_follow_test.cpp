@@ -10,10 +10,11 @@ namespace {
 struct following : test_program {
     following() {
         form.place = {1000, 1000, 6000, 4000};
-        for (form_model* window : {&tree, &shutdown, &options, &about, &warning}) {
+        for (form_model* window : {&tree, &shutdown, &about, &warning}) {
             window->place = {500, 600, 3000, 2000};
             form.add_child(*window);
         }
+        options.place = {500, 600, 3000, 2000};
     }
     void open_all() {
         corvane.directory_window().place = {7100, 1200, 3000, 2500};
@@ -21,8 +22,8 @@ struct following : test_program {
     }
     void tick() { form.run("Timer2_Timer"); }
 
-    form_model tree{"tree_dir"}, shutdown{"sleep_music"}, options{"Form_no_dire"}, about{"frmAbout"},
-        warning{"shut_msg"};
+    form_model tree{"tree_dir"}, shutdown{"sleep_music"}, about{"frmAbout"}, warning{"shut_msg"};
+    form_model& options = corvane.options_window();
 };
 
 TEST(WindowFollow, MovesByTheMoveAndTheChangeOfWidth) {

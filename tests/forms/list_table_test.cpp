@@ -3,7 +3,9 @@
 
 #include <QElapsedTimer>
 #include <QHeaderView>
+#include <QApplication>
 #include <QImage>
+#include <QMenu>
 #include <QScrollBar>
 #include <QTest>
 #include <cmath>
@@ -13,6 +15,7 @@
 #include "forms/list_model.h"
 #include "forms/list_table.h"
 #include "forms/main_window.h"
+#include "forms/menu_bar.h"
 #include "tests/forms/forms_program.h"
 
 namespace corvane {
@@ -78,25 +81,141 @@ TEST(list_table, the_selection_goes_both_ways) {
     EXPECT_FALSE(table.selectionModel()->hasSelection());
 }
 
-TEST(list_table, acts_are_told_with_row_and_column) {
-    forms_program shown;
-    shown.show_pairs(10);
-    list_table& table = shown.windows.main().list();
-    std::vector<list_act> acts;
-    table.list_input = [&acts](const list_act& what) { acts.push_back(what); };
-    int& doubles = shown.count_runs("ListView1_DblClick");
-    const QPoint place = table.visualRect(table.model()->index(2, 4)).center();
-    QTest::mouseClick(table.viewport(), Qt::RightButton, Qt::ShiftModifier, place);
-    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, place);
-    QTest::keyClick(&table, Qt::Key_Delete);
-    ASSERT_GE(acts.size(), 3u);
-    EXPECT_EQ(acts.front().what, list_act::press);
-    EXPECT_EQ(acts.front().row, 3);
-    EXPECT_EQ(acts.front().column, 4);
-    EXPECT_EQ(acts.front().button, 2);
-    EXPECT_TRUE(acts.front().shift);
-    EXPECT_EQ(acts.back().key_code, 46);
-    EXPECT_EQ(doubles, 1);
+// A list of pairs with handlers as they are, and what the user does to its cells.
+struct pairs_shown : forms_program {
+    explicit pairs_shown(std::int32_t rows = 10) : table(windows.main().list()) { show_pairs(rows); }
+    QPoint centre(int row, int column) {
+        return table.visualRect(table.model()->index(row - 1, column)).center();
+    }
+    std::uint32_t colour(int row, int column) { return form.ListView1.colour(row, column); }
+    list_table& table;
+};
+
+TEST(list_table, a_double_click_marks_the_cell_under_the_pointer) {
+    pairs_shown shown;
+    QTest::mouseDClick(shown.table.viewport(), Qt::LeftButton, {}, shown.centre(3, 4));
+    EXPECT_EQ(shown.colour(3, 4), cell_colour::mark_red);
+    EXPECT_EQ(shown.colour(3, 3), cell_colour::colour_text);
+    QTest::mouseDClick(shown.table.viewport(), Qt::LeftButton, {}, shown.centre(3, 3));
+    EXPECT_EQ(shown.colour(3, 3), cell_colour::mark_red);
+    EXPECT_EQ(shown.colour(3, 4), cell_colour::colour_text);
+    // At both edges of the cell as well.
+    const QRect cell = shown.table.visualRect(shown.table.model()->index(5, 4));
+    QTest::mouseDClick(shown.table.viewport(), Qt::LeftButton, {}, cell.topLeft() + QPoint(1, 3));
+    EXPECT_EQ(shown.colour(6, 4), cell_colour::mark_red);
+    QTest::mouseDClick(shown.table.viewport(), Qt::LeftButton, {}, cell.topRight() + QPoint(-1, 3));
+    EXPECT_EQ(shown.colour(6, 4), cell_colour::colour_text);
+}
+
+TEST(list_table, a_column_that_the_user_made_wider_is_hit_where_it_stands) {
+    pairs_shown shown;
+    shown.table.setColumnWidth(2, 240);
+    shown.settle();
+    QTest::mouseDClick(shown.table.viewport(), Qt::LeftButton, {},
+                       QPoint(shown.table.columnViewportPosition(2) + 230, shown.centre(2, 3).y()));
+    EXPECT_EQ(shown.form.state.clicked_column, 2);
+    EXPECT_TRUE(shown.form.Frame4.visible);
+    QTest::mouseDClick(shown.table.viewport(), Qt::LeftButton, {}, shown.centre(2, 3));
+    EXPECT_EQ(shown.form.state.clicked_column, 3);
+}
+
+TEST(list_table, a_shift_press_marks_the_range) {
+    pairs_shown shown;
+    QTest::mouseClick(shown.table.viewport(), Qt::LeftButton, {}, shown.centre(2, 4));
+    QTest::mouseClick(shown.table.viewport(), Qt::LeftButton, Qt::ShiftModifier, shown.centre(5, 4));
+    for (int row = 1; row <= 6; ++row)
+        EXPECT_EQ(shown.colour(row, 4) == cell_colour::mark_red, row >= 2 && row <= 5) << row;
+}
+
+TEST(list_table, the_right_button_opens_the_menu_at_the_press) {
+    pairs_shown shown;
+    QTest::mouseClick(shown.table.viewport(), Qt::RightButton, {}, shown.centre(2, 3));
+    QMenu* menu = shown.windows.main().menus().popup("reprod");
+    ASSERT_TRUE(menu->isVisible());
+    EXPECT_EQ(shown.form.state.clicked_row, 2);
+    menu->close();
+    QTest::mouseClick(shown.table.viewport(), Qt::RightButton, {}, shown.centre(2, 1));
+    EXPECT_FALSE(menu->isVisible());
+}
+
+TEST(list_table, keys_move_mark_and_open_the_menu) {
+    pairs_shown shown;
+    QTest::mouseClick(shown.table.viewport(), Qt::LeftButton, {}, shown.centre(2, 3));
+    QTest::keyClick(&shown.table, Qt::Key_Down);
+    QTest::keyClick(&shown.table, Qt::Key_Right);
+    QTest::keyClick(&shown.table, Qt::Key_Space);
+    EXPECT_EQ(shown.colour(3, 4), cell_colour::mark_red);
+    EXPECT_EQ(shown.table.currentIndex().row(), 2) << "the keys go on from there";
+    QTest::keyClick(&shown.table, Qt::Key_Return);
+    EXPECT_EQ(shown.colour(3, 4), cell_colour::colour_text);
+    for (int step = 0; step < 3; ++step) QTest::keyClick(&shown.table, Qt::Key_Down);
+    QTest::keyClick(&shown.table, Qt::Key_Space, Qt::ShiftModifier);
+    for (int row = 3; row <= 6; ++row) EXPECT_EQ(shown.colour(row, 4), cell_colour::mark_red) << row;
+    QContextMenuEvent menu_key(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
+    QApplication::sendEvent(&shown.table, &menu_key);
+    QMenu* menu = shown.windows.main().menus().popup("reprod");
+    EXPECT_TRUE(menu->isVisible());
+    menu->close();
+}
+
+TEST(list_table, on_a_number_column_the_mark_key_means_the_first_path) {
+    pairs_shown shown;
+    QTest::mouseClick(shown.table.viewport(), Qt::LeftButton, {}, shown.centre(4, 1));
+    QTest::keyClick(&shown.table, Qt::Key_Space);
+    EXPECT_EQ(shown.colour(4, 3), cell_colour::mark_red);
+}
+
+TEST(list_table, delete_and_find_keys_reach_their_handlers) {
+    pairs_shown shown;
+    int& deletions = shown.count_runs("delete_marked_recycle");
+    int& finds = shown.count_runs("search_in_result");
+    int& again = shown.count_runs("again_search");
+    QTest::keyClick(&shown.table, Qt::Key_Delete);
+    QTest::keyClick(&shown.table, Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClick(&shown.table, Qt::Key_F3);
+    EXPECT_EQ(deletions, 1);
+    EXPECT_EQ(finds, 1);
+    EXPECT_EQ(again, 1);
+}
+
+TEST(list_table, a_found_row_comes_into_view) {
+    pairs_shown shown(500);
+    shown.form.ListView1.reveal_row = 400;
+    shown.windows.sync();
+    EXPECT_TRUE(shown.table.viewport()->rect().contains(shown.centre(400, 3)));
+    EXPECT_EQ(shown.form.ListView1.reveal_row, 0);
+}
+
+TEST(list_table, the_current_cell_is_framed_also_when_its_row_is_not_selected) {
+    pairs_shown shown;
+    QTest::mouseClick(shown.table.viewport(), Qt::LeftButton, {}, shown.centre(3, 3));
+    shown.form.ListView1.selected_row = 0;
+    shown.windows.sync();
+    shown.windows.main().activateWindow();
+    shown.table.setFocus();
+    shown.settle();
+    const QRect cell = shown.table.visualRect(shown.table.model()->index(2, 3));
+    const QImage picture = shown.picture(shown.table.viewport());
+    const QRect other = shown.table.visualRect(shown.table.model()->index(4, 3));
+    const qreal scale = picture.devicePixelRatio();
+    EXPECT_NE(picture.pixelColor((QPointF(cell.center().x(), cell.top() + 1) * scale).toPoint()),
+              picture.pixelColor((QPointF(other.center().x(), other.top() + 1) * scale).toPoint()));
+}
+
+TEST(list_table, a_header_click_shows_the_direction) {
+    pairs_shown shown;
+    const auto click = [&] {
+        const int x = shown.table.columnViewportPosition(2) + shown.table.columnWidth(2) / 2;
+        QTest::mouseClick(shown.table.horizontalHeader()->viewport(), Qt::LeftButton, {},
+                          QPoint(x, shown.table.horizontalHeader()->height() / 2));
+    };
+    click();
+    EXPECT_TRUE(shown.table.horizontalHeader()->isSortIndicatorShown());
+    EXPECT_EQ(shown.table.horizontalHeader()->sortIndicatorOrder(), Qt::AscendingOrder);
+    for (int row = 2; row <= 10; ++row)
+        EXPECT_LE(shown.form.ListView1.number_cell(row - 1, 2), shown.form.ListView1.number_cell(row, 2));
+    click();
+    EXPECT_EQ(shown.table.horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
 }
 
 TEST(list_table, a_header_click_is_told) {

@@ -3,12 +3,14 @@
 #include <QApplication>
 #include <QDir>
 #include <QImage>
+#include <QMenu>
 #include <cstdio>
 
 #include "core/progress.h"
 #include "forms/directory_window.h"
 #include "forms/fonts.h"
 #include "forms/main_window.h"
+#include "forms/options_window.h"
 #include "forms/row_panel.h"
 #include "tests/forms/forms_program.h"
 
@@ -50,6 +52,30 @@ struct folder_of_pictures {
         written &= shown.picture(window).save(path);
     }
 };
+
+void fill_options(forms_program& shown) {
+    const std::pair<const char*, const char*> lists[] = {
+        {"不参加搜索的目录.txt",
+         "1/PROC/\r\n1/SYS/\r\n0/USR/SHARE/DOC/\r\n1/HOME/LI/备份/旧电脑/我的文档/下载的安装程序和更新包/"
+         "2019年以前/"
+         "不再需要的版本/临时/\r\n0/VAR/CACHE/\r\n"},
+        {"不参加比较的文件类型.txt", "1.tmp\r\n1.bak\r\n0.lnk\r\n0.o\r\n"},
+        {"仅搜索的文件类型.txt", "0.jpg\r\n0.png\r\n0.mp3\r\n"}};
+    for (const auto& [name, lines] : lists) shown.files.add_file(std::string("/prog/") + name, lines);
+    std::string common;
+    for (const char* line : {".ani 动画鼠标", ".csv 逗号分隔表格", ".docx Word新格式文档", ".epub EPUB电子书",
+                             ".md Markdown文本", ".pdf PDF文档", ".psd Photoshop分层图像", ".txt 纯文本",
+                             ".wps WPS文字文档", ".xls Excel工作簿", ".xlsx Excel新格式工作簿"})
+        common.append(line).append("\r\n");
+    shown.files.add_file("/prog/常用文件扩展名.txt", common);
+    for (const char* reader : {"读不参加搜索的目录", "读不参加比较的文件类型", "读仅搜索的文件类型"})
+        shown.form.run(reader);
+    shown.form.state.show_run_filename = shown.form.state.tip_help_on = 1;
+    shown.form.run("select_m_Click");
+    shown.corvane.options_window().List1.select(1, true);
+    shown.corvane.options_window().List2.select(1, true);
+    shown.corvane.options_window().List4.select(3, true);
+}
 
 }  // namespace
 
@@ -93,6 +119,19 @@ int main(int argc, char** argv) {
     pictures.save(shown, &directories, "directories");
     shown.corvane.directory_window().confirm_selection();
     shown.corvane.directory_window().visible = false;
+
+    fill_options(shown);
+    pictures.save(shown, &shown.windows.options(), "options");
+    QMenu* menu = shown.windows.options().findChild<QMenu*>(QStringLiteral("file_type_list"));
+    menu->popup({});
+    pictures.save(shown, menu, "options_menu");
+    menu->close();
+    for (int i = 0; i < 9; ++i) shown.form.run("Form_no_dire.Command2(0)_Click");
+    shown.form.state.list_back_color = 0xE0F4F4;
+    shown.form.state.list_fore_color = 0x703000;
+    shown.form.run("Form_no_dire.Command2(1)_Click");
+    pictures.save(shown, &shown.windows.options(), "options_colours");
+    shown.form.run("Form_no_dire.Form_Unload");
 
     fill_panels(shown);
     corvane::lock_tasks(shown.form);

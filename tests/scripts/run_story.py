@@ -2,8 +2,8 @@
 
 A story is a text of sections. "files" holds one file a line: path, a blank, its content (empty for none); a path
 that ends in "/" is a directory, "path -> target" a link. "script" is the console script, "output" what it prints,
-"status" its exit status (0 when left out), "file NAME" the content of a file beside the program afterwards. The
-program folder is one that has been used before, unless "program" says "bare".
+"status" its exit status (0 when left out), "file NAME" the content of a file beside the program afterwards, "line
+NUMBER of NAME" one line of it. The program folder is one that has been used before, unless "program" says "bare".
 ROOT stands for the temporary folder. In the output "..." matches any run of characters.
 """
 import os
@@ -76,7 +76,7 @@ def main():
         os.makedirs(program_dir)
         if story.get("program", "").strip() != "bare":
             use_program_dir(program_dir)
-        make_files(root, story.get("files", ""))
+        make_files(root, story.get("files", "").replace("ROOT", root))
         environment = dict(os.environ, HOME=os.path.join(root, "home"), XDG_DATA_HOME=os.path.join(root, "home"))
         run = subprocess.run([console, "--program-dir", program_dir, "--dry-shell", "--script", "-"],
                              input=story["script"].replace("ROOT", root).encode(), capture_output=True,
@@ -88,9 +88,12 @@ def main():
             print(f"--- status {run.returncode}, expected {wanted}\n{run.stderr.decode('utf-8', 'replace')}")
             right = False
         for name, expected in story.items():
-            if name.startswith("file "):
-                with open(os.path.join(program_dir, name[5:]), "rb") as file:
+            one_line = re.fullmatch(r"line (\d+) of (.+)", name)
+            if name.startswith("file ") or one_line:
+                with open(os.path.join(program_dir, one_line.group(2) if one_line else name[5:]), "rb") as file:
                     content = file.read().decode("utf-8", "replace").replace("\r\n", "\n").replace(root, "ROOT")
+                if one_line:
+                    content = "".join(content.splitlines(True)[int(one_line.group(1)) - 1:][:1])
                 right = compare(name, expected, content) and right
             if name.startswith("no file "):
                 if os.path.exists(os.path.join(program_dir, name[8:])):

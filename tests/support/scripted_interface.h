@@ -18,6 +18,12 @@ class scripted_interface : public user_interface {
   public:
     std::vector<message> messages;
     std::deque<box_answer> answers;
+    struct question {
+        std::string title, prompt, initial;
+    };
+    std::vector<question> questions;                     // of input boxes and colour dialogs
+    std::deque<std::string> texts;                       // their answers; a box without one is dismissed
+    std::deque<std::optional<int>> colours;              // answers of the colour dialogs
     std::map<std::int64_t, std::function<void()>> acts;  // by number of the yield, from 1
     std::int64_t yields = 0;
     double clock = 1000;
@@ -37,11 +43,22 @@ class scripted_interface : public user_interface {
         answers.pop_front();
         return answer;
     }
-    std::optional<std::string> ask_text(const std::string&, const std::string&, const std::string&) override {
-        return {};
+    std::optional<std::string> ask_text(const std::string& title, const std::string& prompt,
+                                        const std::string& initial) override {
+        questions.push_back({title, prompt, initial});
+        if (texts.empty()) return {};
+        const std::string text = texts.front();
+        texts.pop_front();
+        return text;
     }
     std::optional<std::string> choose_file(const std::string&, const std::string&) override { return {}; }
-    std::optional<int> choose_colour(int) override { return {}; }
+    std::optional<int> choose_colour(const std::string& title, int initial) override {
+        questions.push_back({title, std::to_string(initial), {}});
+        if (colours.empty()) return {};
+        const std::optional<int> colour = colours.front();
+        colours.pop_front();
+        return colour;
+    }
     void yield() override {
         ++yields;
         clock += seconds_per_yield;
@@ -71,6 +88,7 @@ class scripted_interface : public user_interface {
 class recording_shell : public shell, public power {
   public:
     std::vector<std::string> calls;
+    shell_result answer = shell_result::success();  // of every call
 
     shell_result recycle(const std::string& path) override { return note("recycle " + path); }
     shell_result open_document(const std::string& path) override { return note("open " + path); }
@@ -80,6 +98,7 @@ class recording_shell : public shell, public power {
         return note("start " + arguments.front());
     }
     shell_result set_clipboard(const std::string& text) override { return note("clipboard " + text); }
+    shell_result send_keys(const std::string& keys) override { return note("keys " + keys); }
     shell_result open_help_topic(const std::string&, const std::string& topic) override {
         return note("help " + topic);
     }
@@ -90,7 +109,7 @@ class recording_shell : public shell, public power {
   private:
     shell_result note(std::string call) {
         calls.push_back(std::move(call));
-        return shell_result::success();
+        return answer;
     }
 };
 

@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
-"""Writes the ranges of Unicode's simple upper-case mapping.
+"""Writes the ranges of Unicode's simple upper-case or lower-case mapping.
 
-    python3 tools/make_upper_case_table.py > core/upper_case_table.inc
+    python3 tools/make_case_table.py upper > core/upper_case_table.inc
+    python3 tools/make_case_table.py lower > core/lower_case_table.inc
 """
+import sys
 import unicodedata
 
 
@@ -20,13 +22,19 @@ def simple_upper_case(code):
     return ord(title) if len(title) == 1 else code
 
 
-def ranges():
+def simple_lower_case(code):
+    """The one character that is the lower case of `code`. The full mapping has two characters only for the
+    capital I with a dot, of which the first is the simple one."""
+    return ord(chr(code).lower()[0])
+
+
+def ranges(mapping):
     """Tuples (first, last, stride, delta) that cover all letters that change, in ascending order."""
     found = []
     for code in range(0x110000):
         if 0xD800 <= code <= 0xDFFF:
             continue
-        delta = simple_upper_case(code) - code
+        delta = mapping(code) - code
         if delta == 0:
             continue
         if found:
@@ -39,10 +47,10 @@ def ranges():
     return found
 
 
-print(f"// Made by tools/make_upper_case_table.py from Unicode {unicodedata.unidata_version}. First and last "
-      "letter of a range,")
+print(f"// Made by tools/make_case_table.py {sys.argv[1]} from Unicode {unicodedata.unidata_version}. First and "
+      "last letter of a range,")
 print("// the stride from letter to letter, what is added to a letter.")
 print("// clang-format off")
-for entry in ranges():
+for entry in ranges(simple_upper_case if sys.argv[1] == "upper" else simple_lower_case):
     print("{{0x{:04X}, 0x{:04X}, {}, {}}},".format(*entry))
 print("// clang-format on")

@@ -1,0 +1,116 @@
+#include "browser/different_view.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "browser/file_date.h"
+#include "browser/same_view.h"
+#include "core/archive_entry.h"
+#include "core/date_text.h"
+#include "core/help.h"
+#include "core/main_form.h"
+#include "core/progress.h"
+#include "core/text_case.h"
+#include "core/text_file.h"
+#include "core/text_sort.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::int32_t files_per_status = 621;
+
+// System folders consist of these; they are never shown.
+bool is_left_out(std::string_view path) {
+    const std::string type = upper_case(path.substr(path.size() - std::min<std::size_t>(4, path.size())));
+    return type == ".DLL" || type == ".DAT" || type == ".OCX";
+}
+
+// False: the reason has been shown.
+bool read_stored_list(Tavrel& form) {
+    run_state& state = form.state;
+    const std::string path = form.data_path("不相同文件.txt");
+    if (!form.outside.files.attributes(path).exists) {
+        form.inform(path + "  不存在");
+        return false;
+    }
+    line_reader reader(form.outside.files, path);
+    if (!reader.is_open()) {
+        form.complain(path + "\r\n" + reader.error());
+        return false;
+    }
+    state.different_files.clear();
+    std::string_view line;
+    while (state.different_files.size() < state.limits.files && reader.next(line))
+        state.different_files.push_back(line);
+    state.different_count = state.different_files.size();
+    return true;
+}
+
+void set_headers(Tavrel& form) {
+    list_view& list = form.ListView1;
+    list.clear_columns();
+    list.add_column({"", 100, text_alignment::left, cell_content::text});
+    list.add_column({"序号", 700, text_alignment::right, cell_content::number});
+    list.add_column({"长度", 1000, text_alignment::right, cell_content::number});
+    list.add_column({"日期", 2100, text_alignment::left, cell_content::text});
+    list.add_column({"不相同文件", list.place.width - 3500 - 450, text_alignment::left, cell_content::text});
+}
+
+void fill_rows(Tavrel& form) {
+    run_state& state = form.state;
+    list_view& list = form.ListView1;
+    list.share_texts(4, state.different_files);
+    for (std::int32_t i = 1; i <= state.different_count; ++i) {
+        form.yield();
+        if (state.quit_requested) return;
+        if (i % files_per_status == 0) bar_draw(form, i);
+        const std::string_view path = state.different_files[i];
+        if (is_archive_member(path) || is_left_out(path)) continue;
+        const file_facts facts = form.outside.files.facts(path);
+        if (!facts.exists) continue;
+        const std::int32_t row = list.add_row();
+        list.set_number(row, 1, row);
+        list.set_number(row, 2, facts.length);
+        const local_time date = file_date(form, facts);
+        list.set_text(row, 3, date_text(date) + ' ' + time_text(date));
+        list.set_shared_text(row, 4, state.different_files.entry(i));
+    }
+}
+
+}  // namespace
+
+void Picture11_Click(Tavrel& form) {
+    if (help_mode_opens(form, 21)) return;
+    run_state& state = form.state;
+    form.Label4.visible = false;
+    state.base_time = form.outside.screen.seconds();
+    if (state.different_count == 0 && !read_stored_list(form)) return;
+    form.Frame4.visible = false;
+    form.panel(5, "不相同文件数:" + std::to_string(state.different_count));
+    form.panel(7, "显示不相同文件");
+    if (state.different_count == 0) return form.inform("没有不相同文件");
+    lock_tasks(form);
+    form.ListView1.clear_rows();
+    form.ListView1.visible = false;
+    set_headers(form);
+    form.outside.screen.repaint();
+    state.list_mode = 2;
+    form.ListView1.help_context = 1015;
+    form.ListView1.tooltip =
+        "双击鼠标，选中；Shift+鼠标，区域选择。双击序号栏，弹出对应目录的资源管理器.右键打开文件.";
+    form.RichTextBox2.visible = false;
+    sort_text_array(state.different_files, 1, state.different_count);
+    bar_colours(form, 13619151, 6997185, 16711680);
+    bar_scale(form, state.different_count);
+    fill_rows(form);
+    if (state.quit_requested) return;
+    form.ListView1.visible = true;
+    layout_list(form);
+    form.pic_gressbar1.visible = false;
+    show_elapsed(form);
+    unlock_tasks(form);
+}
+
+}  // namespace corvane

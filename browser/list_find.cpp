@@ -1,0 +1,83 @@
+#include "browser/list_find.h"
+
+#include <string>
+#include <string_view>
+
+#include "browser/list_marks.h"
+#include "core/main_form.h"
+#include "core/text_case.h"
+
+namespace corvane {
+
+using namespace cell_colour;
+
+namespace {
+
+// Tests one cell after another without a new text for each.
+class cell_finder {
+  public:
+    cell_finder(const list_view& list, std::string_view term) : list_(list), term_(term) {}
+
+    bool is_hit(std::int32_t row, int column) {
+        if (column >= list_.column_count()) return false;
+        lower_.clear();
+        append_lower_case(lower_, list_.text_cell(row, column));
+        return lower_.find(term_) != std::string::npos && list_.colour(row, column) != colour_gray;
+    }
+
+  private:
+    const list_view& list_;
+    std::string_view term_;
+    std::string lower_;
+};
+
+// Colours the first hit from `row` on and returns its row; 0 for none.
+std::int32_t colour_next_hit(Tavrel& form, std::int32_t row) {
+    list_view& list = form.ListView1;
+    const path_columns columns = path_columns_of(form);
+    cell_finder finder(list, form.state.find_text);
+    for (; row <= list.row_count(); ++row) {
+        const int column = finder.is_hit(row, columns.a)   ? columns.a
+                           : finder.is_hit(row, columns.b) ? columns.b
+                                                           : 0;
+        if (column == 0) continue;
+        list.set_colour(row, column, colour_found);
+        return row;
+    }
+    return 0;
+}
+
+}  // namespace
+
+void search_in_result_Click(Tavrel& form) {
+    run_state& state = form.state;
+    list_view& list = form.ListView1;
+    state.find_text =
+        form.outside.screen.ask_text("输入框", "要搜索的文件名\r\n", state.find_text).value_or("");
+    state.find_row = 0;
+    state.find_text = lower_case(state.find_text);
+    const path_columns columns = path_columns_of(form);
+    for (const int column : {columns.a, columns.b}) {
+        if (column >= list.column_count()) continue;
+        for (std::int32_t row = 1; row <= list.row_count(); ++row)
+            if (list.colour(row, column) == colour_found) list.set_colour(row, column, colour_text);
+    }
+    if (state.find_text.compare(" ") > 0) state.find_row = colour_next_hit(form, 1);
+    if (state.find_row > 0)
+        list.reveal_row = state.find_row;
+    else
+        form.inform(" 没查到");
+}
+
+void again_search_Click(Tavrel& form) {
+    run_state& state = form.state;
+    if (state.find_text.empty()) return;
+    ++state.find_row;
+    state.find_text = lower_case(state.find_text);
+    const std::int32_t hit = colour_next_hit(form, state.find_row);
+    if (hit == 0) return form.inform("已查到尾部");
+    state.find_row = hit;
+    form.ListView1.reveal_row = hit;
+}
+
+}  // namespace corvane

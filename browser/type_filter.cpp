@@ -1,0 +1,114 @@
+// The filters on file types: the list rebuilt from the result columns, which know neither marks nor
+// deletions.
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "browser/list_find.h"
+#include "core/main_form.h"
+#include "core/progress.h"
+#include "core/text_case.h"
+#include "core/text_format.h"
+
+namespace corvane {
+
+namespace {
+
+struct filter_words {
+    const char* prompt;
+    const char* panel_word;
+    std::string settings::*kept_answer;
+    bool shows_listed;
+};
+
+constexpr filter_words only_words = {"仅显示指定的文件类型, 如 *.jpg *.gif", "仅显示",
+                                     &settings::only_disp_types, true};
+constexpr filter_words not_words = {"指定不显示的文件类型 如 *.htm *.txt", "不显示",
+                                    &settings::not_list_types, false};
+
+// The types without "*.", upper-cased. An empty part from a doubled blank is a type as well.
+std::unordered_set<std::string> listed_types(const std::string& answer) {
+    std::vector<std::string> parts;
+    const int count = split_text(answer, " ", parts);
+    std::unordered_set<std::string> types;
+    for (int i = 1; i <= count; ++i) {
+        const std::string& part = parts[static_cast<std::size_t>(i)];
+        const std::size_t star = part.find("*.");
+        types.insert(upper_case(star == std::string::npos ? std::string_view(part)
+                                                          : std::string_view(part).substr(star + 2)));
+    }
+    return types;
+}
+
+// Knows of the last path asked about, which in a star stands in many rows.
+class type_test {
+  public:
+    explicit type_test(const std::unordered_set<std::string>& types) : types_(types) {}
+
+    bool is_listed(std::string_view path) {
+        type_.clear();
+        append_upper_case(type_, path.substr(path.rfind('.') + 1));
+        return types_.count(type_) != 0;
+    }
+
+  private:
+    const std::unordered_set<std::string>& types_;
+    std::string type_;
+};
+
+void fill_rows(Tavrel& form, const filter_words& words, const std::unordered_set<std::string>& types) {
+    run_state& state = form.state;
+    list_view& list = form.ListView1;
+    list.clear_rows();
+    list.share_texts(3, state.result_file1);
+    list.share_texts(4, state.result_file2);
+    std::string_view previous;
+    type_test test(types);
+    const std::int32_t last = std::min(state.same_count, state.result_file2.size());
+    for (std::int32_t i = 1; i <= last; ++i) {
+        const std::string_view path1 = state.result_file1[i];
+        const bool listed = test.is_listed(path1) || test.is_listed(state.result_file2[i]);
+        if (listed != words.shows_listed) continue;
+        const std::int64_t length = state.result_length[static_cast<std::size_t>(i)];
+        const std::int32_t row = list.add_row();
+        list.set_number(row, 1, i);
+        list.set_number(row, 2, length);
+        list.set_shared_text(row, 3, state.result_file1.entry(i));
+        list.set_shared_text(row, 4, state.result_file2.entry(i));
+        // Goes on from the scaled figure that the last load or filter left.
+        state.total_bytes += static_cast<double>(length);
+        if (path1 == previous) list.set_colour(row, 3, cell_colour::colour_gray);
+        previous = path1;
+    }
+}
+
+void filter(Tavrel& form, const filter_words& words) {
+    run_state& state = form.state;
+    std::string& kept = state.*words.kept_answer;
+    const std::string answer =
+        form.outside.screen.ask_text("输入框", std::string(words.prompt) + "\r\n\r\n", kept).value_or("");
+    if (answer.empty()) return;
+    kept = answer;
+    if (is_blank(answer) || form.ListView1.column_count() < 5) return;
+    state.base_time = form.outside.screen.seconds();
+    fill_rows(form, words, listed_types(answer));
+    form.panel(3, "相同文件:" + std::to_string(form.ListView1.row_count()));
+    scale_size(state.total_bytes, state.size_unit);
+    form.panel(4, "相同文件长度:" + group_digits(state.total_bytes) + state.size_unit);
+    form.panel(5, words.panel_word + answer);
+    show_elapsed(form);
+}
+
+}  // namespace
+
+void only_disp_Click(Tavrel& form) {
+    filter(form, only_words);
+}
+
+void not_list_Click(Tavrel& form) {
+    filter(form, not_words);
+}
+
+}  // namespace corvane

@@ -1,0 +1,87 @@
+// The handlers of the options window under their names.
+#include "core/help.h"
+#include "core/main_form.h"
+#include "search/options_form.h"
+
+namespace corvane {
+
+void options_form::bind(const std::string& handler, void (options_form::*procedure)()) {
+    main_.bind(name() + "." + handler, [this, procedure] { (this->*procedure)(); });
+}
+
+template <class Procedure>
+void options_form::bind(const std::string& handler, Procedure procedure) {
+    main_.bind(name() + "." + handler, procedure);
+}
+
+void options_form::bind_handlers() {
+    bind("Form_Unload", &options_form::Form_Unload);
+    bind_list_handlers();
+    bind_file_handlers();
+    bind_option_handlers();
+}
+
+void options_form::bind_list_handlers() {
+    struct checking {
+        option_list_edit& list;
+        const char* check_all;
+        const char* check_none;
+        const char* remove;
+    };
+    for (const checking& entry :
+         {checking{directories_, "dir_all_sele", "dir_all_no_select", "move_dir"},
+          checking{left_out_types_, "no_search_all_select", "only_search_no_select", "move_no_search"},
+          checking{only_types_, "only_search_all_select", "only_search_all_no_select", "only_search_move"}}) {
+        bind(entry.check_all, [&list = entry.list] { list.check_all(true); });
+        bind(entry.check_none, [&list = entry.list] { list.check_all(false); });
+        bind(entry.remove, [&list = entry.list] { list.remove_selected(); });
+    }
+    bind("add_no_search", [this] { add_common_types(left_out_types_); });
+    bind("add_only_search", [this] { add_common_types(only_types_); });
+    bind("add_new_no_search_filetype",
+         [this] { add_by_hand(left_out_types_, "输入新增的<不搜索>的文件类型,如: xls"); });
+    bind("add_new_only_search", [this] { add_by_hand(only_types_, "输入新增的<仅搜索>的文件类型,如: xls"); });
+}
+
+void options_form::bind_file_handlers() {
+    static constexpr char type_seed[] = ".ani";
+    static constexpr char described_seed[] = ".ani 动画鼠标";
+    struct editing {
+        const char* entry;
+        const char* file;
+        const char* seed;
+    };
+    for (const editing& each : {editing{"DIR_EDIT", "不参加搜索的目录.txt", "c:\\"},
+                                editing{"modify_no_search", "不参加比较的文件类型.txt", type_seed},
+                                editing{"only_search_edit_text", "仅搜索的文件类型.txt", type_seed},
+                                editing{"edit_common", "常用文件扩展名.txt", described_seed},
+                                editing{"look_type_type", "文件类型归类.txt", described_seed},
+                                editing{"look_type_itemize", "文件扩展名列表.txt", described_seed}})
+        bind(each.entry, [this, each] { edit_file(each.file, each.seed); });
+    bind("DIR_REFRESH", [this] { reload(directories_, "读不参加搜索的目录"); });
+    bind("refresh_no_search", [this] { reload(left_out_types_, "读不参加比较的文件类型"); });
+    bind("only_search_refresh", [this] { reload(only_types_, "读仅搜索的文件类型"); });
+    bind("refresh", &options_form::read_common_types);
+    bind("open_dir", &options_form::open_file_manager);
+}
+
+void options_form::bind_option_handlers() {
+    bind("Check1_Click", &options_form::Check1_Click);
+    for (std::size_t i = 2; i <= 5; ++i) bind(checks[i]->name() + "_Click", [this, i] { store_check(i); });
+    bind("Command1_Click", &options_form::open_file_manager);
+    for (std::size_t i = 0; i < Command2.size(); ++i)
+        bind(Command2[i]->name() + "_Click", [this, i] { Command2_Click(static_cast<int>(i)); });
+    bind("Command3_Click", &options_form::read_common_types);
+    bind("Command4_Click", &options_form::Command4_Click);
+    bind("Timer1_Timer", &options_form::Timer1_Timer);
+    const auto bind_help = [this](const char* entry, int topic) {
+        bind(entry, [this, topic] { open_topic(main_, topic); });
+    };
+    bind_help("Command5_Click", 22);
+    bind_help("no_dir_help", 23);
+    bind_help("file_type_help", 25);
+    bind_help("no_file_help", 26);
+    bind_help("only_help", 27);
+}
+
+}  // namespace corvane

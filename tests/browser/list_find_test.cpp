@@ -1,0 +1,211 @@
+#include "browser/list_find.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/browser/list_program.h"
+
+namespace corvane {
+namespace {
+
+using namespace cell_colour;
+using texts = std::vector<std::string>;
+using colour_row = std::vector<std::uint32_t>;
+
+constexpr std::uint32_t found = colour_found;
+
+struct four_rows : list_program {
+    four_rows() {
+        show({{1'000'000, "/d/One.JPG", "/e/x.png"},
+              {2'000'000, "/d/One.JPG", "/e/ONE.gif"},
+              {30, "/d/z.tar.gz", "/e/none"},
+              {4, "/d/zip.zip*in/p.JPG", "/e/q.dat"}});
+    }
+    void find(const std::string& term) {
+        screen.texts = {term};
+        form.run("search_in_result");
+    }
+};
+
+TEST(Find, AsksWithTheLastTermAndColoursTheFirstHit) {
+    four_rows p;
+    p.state.find_text = "old";
+    p.find("ONE");
+    ASSERT_EQ(p.screen.questions.size(), 1u);
+    EXPECT_EQ(p.screen.questions[0].title, "输入框");
+    EXPECT_EQ(p.screen.questions[0].prompt, "要搜索的文件名\r\n");
+    EXPECT_EQ(p.screen.questions[0].initial, "old");
+    EXPECT_EQ(p.state.find_text, "one");
+    EXPECT_EQ(p.state.find_row, 1);
+    EXPECT_EQ(p.list().colour(1, 3), found);
+    EXPECT_EQ(p.list().reveal_row, 1);
+    EXPECT_TRUE(p.screen.messages.empty());
+}
+
+TEST(Find, TheFolderPartCountsAndCaseDoesNot) {
+    four_rows p;
+    p.find("/E/NO");
+    EXPECT_EQ(p.state.find_row, 3);
+    EXPECT_EQ(p.list().colour(3, 4), found);
+}
+
+TEST(Find, AGrayCellIsNoHit) {
+    four_rows p;
+    p.find("one");
+    p.form.run("again_search");
+    EXPECT_EQ(p.state.find_row, 2);
+    EXPECT_EQ(p.list().colour(2, 3), colour_gray);
+    EXPECT_EQ(p.list().colour(2, 4), found);
+}
+
+TEST(Find, AfterTheLastHitReportsTheEndAndTheRowGrows) {
+    four_rows p;
+    p.find("zip");
+    EXPECT_EQ(p.state.find_row, 4);
+    p.form.run("again_search");
+    EXPECT_EQ(p.last_message(), "已查到尾部");
+    EXPECT_EQ(p.state.find_row, 5);
+    p.form.run("again_search");
+    EXPECT_EQ(p.state.find_row, 6);
+    EXPECT_EQ(p.screen.messages.size(), 2u);
+}
+
+TEST(Find, HitsGatherUntilTheNextFindAndLoseTheirColourForGood) {
+    four_rows p;
+    p.double_click(1, 3);
+    p.find("one");
+    p.form.run("again_search");
+    EXPECT_EQ(p.list().colour(1, 3), found);
+    EXPECT_EQ(p.list().colour(2, 4), found);
+    p.find("z.tar");
+    EXPECT_EQ(p.colours(3), (colour_row{colour_text, colour_gray, found, colour_archive}));
+    EXPECT_EQ(p.list().colour(2, 4), colour_text);
+}
+
+TEST(Find, NothingFoundIsToldWithItsLeadingBlank) {
+    four_rows p;
+    p.find("missing");
+    EXPECT_EQ(p.last_message(), " 没查到");
+    EXPECT_EQ(p.state.find_row, 0);
+}
+
+TEST(Find, ADismissedPromptIsAnEmptyTerm) {
+    four_rows p;
+    p.find("one");
+    p.form.run("search_in_result");
+    EXPECT_EQ(p.state.find_text, "");
+    EXPECT_EQ(p.list().colour(1, 3), colour_text);
+    EXPECT_EQ(p.state.find_row, 0);
+    p.form.run("again_search");
+    EXPECT_EQ(p.state.find_row, 0) << "without a term F3 does nothing";
+}
+
+TEST(Find, AFoundCellTurnsRedByADoubleClick) {
+    four_rows p;
+    p.find("none");
+    p.double_click(3, 4);
+    EXPECT_EQ(p.list().colour(3, 4), mark_red);
+}
+
+TEST(Find, InAListWithoutThoseColumnsFindsNothing) {
+    four_rows p;
+    p.state.list_mode = 1;
+    p.list().clear_columns();
+    p.list().add_column({"", 100, text_alignment::left, cell_content::text});
+    p.list().add_column({"序号", 700, text_alignment::right, cell_content::number});
+    p.list().add_column({"空目录", 700, text_alignment::left, cell_content::text});
+    p.list().add_row();
+    p.list().set_text(1, 2, "/one");
+    p.find("one");
+    EXPECT_EQ(p.last_message(), " 没查到");
+}
+
+TEST(Filter, OnlyShowsRowsOfWhichOneTypeIsListed) {
+    four_rows p;
+    p.screen.texts = {"*.jpg gif"};
+    p.form.run("only_disp");
+    EXPECT_EQ(p.screen.questions[0].prompt, "仅显示指定的文件类型, 如 *.jpg *.gif\r\n\r\n");
+    EXPECT_EQ(p.screen.questions[0].title, "输入框");
+    EXPECT_EQ(p.cells(1), (texts{"1", "2", "4"}));
+    EXPECT_EQ(p.cells(4), (texts{"/e/x.png", "/e/ONE.gif", "/e/q.dat"}));
+    EXPECT_EQ(p.colours(3), (colour_row{colour_text, colour_gray, colour_text}))
+        << "no purple in a filtered list";
+    EXPECT_EQ(p.form.StatusBar1.panel(3), "相同文件:3");
+    EXPECT_EQ(p.form.StatusBar1.panel(5), "仅显示*.jpg gif");
+    EXPECT_EQ(p.state.only_disp_types, "*.jpg gif");
+    EXPECT_EQ(p.state.list_mode, 0);
+}
+
+TEST(Filter, NotShowsRowsOfWhichNoTypeIsListed) {
+    four_rows p;
+    p.screen.texts = {"*.jpg"};
+    p.form.run("not_list");
+    EXPECT_EQ(p.screen.questions[0].prompt, "指定不显示的文件类型 如 *.htm *.txt\r\n\r\n");
+    EXPECT_EQ(p.cells(1), texts{"3"});
+    EXPECT_EQ(p.form.StatusBar1.panel(5), "不显示*.jpg");
+    EXPECT_EQ(p.state.not_list_types, "*.jpg");
+}
+
+TEST(Filter, AHiddenRowDoesNotChangeThePreviousPath) {
+    list_program p;
+    p.show({{1, "/d/a.x", "/e/1.jpg"}, {1, "/d/a.x", "/e/2.png"}, {1, "/d/a.x", "/e/3.jpg"}});
+    p.screen.texts = {"jpg"};
+    p.form.run("only_disp");
+    EXPECT_EQ(p.cells(1), (texts{"1", "3"}));
+    EXPECT_EQ(p.colours(3), (colour_row{colour_text, colour_gray}));
+}
+
+TEST(Filter, ALeadingDotMatchesNothingAndAPathWithoutADotIsItsOwnType) {
+    four_rows p;
+    p.screen.texts = {".jpg"};
+    p.form.run("only_disp");
+    EXPECT_EQ(p.list().row_count(), 0);
+    EXPECT_EQ(p.form.StatusBar1.panel(3), "相同文件:0");
+    p.screen.texts = {"/e/none"};
+    p.form.run("only_disp");
+    EXPECT_EQ(p.cells(1), texts{"3"});
+}
+
+TEST(Filter, ADoubledBlankIsAnEmptyType) {
+    list_program p;
+    p.show({{1, "/d/ends.", "/e/a"}, {1, "/d/b.b", "/e/c.c"}});
+    p.screen.texts = {"q  r"};
+    p.form.run("only_disp");
+    EXPECT_EQ(p.cells(3), texts{"/d/ends."});
+}
+
+TEST(Filter, AnEmptyAnswerChangesNothingABlankOneIsKept) {
+    four_rows p;
+    p.state.only_disp_types = "old";
+    p.form.run("only_disp");
+    EXPECT_EQ(p.state.only_disp_types, "old");
+    p.screen.texts = {" "};
+    p.form.run("only_disp");
+    EXPECT_EQ(p.state.only_disp_types, " ");
+    EXPECT_EQ(p.list().row_count(), 4);
+}
+
+TEST(Filter, TheSumGoesOnFromTheScaledFigure) {
+    four_rows p;
+    // The load left 3,000,034 bytes as 2929 K. The filter adds 1,000,000 + 2,000,000 + 4 and scales once
+    // more.
+    EXPECT_EQ(p.form.StatusBar1.panel(4), "相同文件长度:2,929 K");
+    p.screen.texts = {"jpg"};
+    p.form.run("only_disp");
+    EXPECT_EQ(p.form.StatusBar1.panel(4), "相同文件长度:2,932 K");  // (2929 + 3,000,004) / 1024
+}
+
+TEST(Filter, DiscardsMarksAndTheRefreshBringsTheWholeResultBack) {
+    four_rows p;
+    for (const char* path : {"/d/One.JPG", "/e/x.png", "/e/ONE.gif", "/d/z.tar.gz", "/e/none", "/e/q.dat"})
+        p.files.add_file(path, "x");
+    p.double_click(1, 3);
+    p.screen.texts = {"jpg"};
+    p.form.run("only_disp");
+    EXPECT_EQ(p.list().colour(1, 3), colour_text);
+    p.form.run("result_refresh");
+    EXPECT_EQ(p.list().row_count(), 4);
+    EXPECT_EQ(p.list().colour(4, 3), colour_archive);
+}
+
+}  // namespace
+}  // namespace corvane
