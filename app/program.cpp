@@ -19,7 +19,9 @@
 #include "core/progress.h"
 #include "core/text_format.h"
 #include "search/file_list_store.h"
+#include "search/rar_reader.h"
 #include "search/search_task.h"
+#include "search/zip_reader.h"
 
 namespace corvane {
 
@@ -46,6 +48,8 @@ program::program(ports outside, std::string program_dir)
     : main_(outside, std::move(program_dir)), directory_(main_), options_(main_) {
     main_.add_child(directory_);
     main_.add_child(options_);
+    readers_.read_zip = read_zip;
+    readers_.read_rar = read_rar;
     bind_handlers();
     wire_tasks(main_);
 }

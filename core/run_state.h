@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -40,6 +41,13 @@ struct run_state : settings {
     std::string first_root;
     std::string archive_error_path;
     std::int32_t archive_error_count = 0;
+
+    // The archive whose directory was read last. What a read at a file's end does not fill of entry_buffer
+    // stays from the read before it.
+    std::array<std::byte, 4097> entry_buffer{};
+    std::string archive_path;
+    std::int64_t archive_length = 0;
+    std::int16_t archive_damaged = 0;
 
     // Option lists with their flags, from index 1; the texts hold the entries in force, upper-cased and each
     // closed by one blank.

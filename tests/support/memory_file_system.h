@@ -24,6 +24,9 @@ struct memory_file {
     bool keeps_itself = false;      // remove_file fails
     bool unreadable = false;
     std::int64_t stated_length = -1;  // when not -1, what facts() says in place of the content's length
+    std::int64_t hole = 0;            // length of a run of zeros within the content, which costs no memory
+    std::int64_t hole_at = 0;         // where in the content it stands
+    std::int64_t read_failure = -1;   // when not -1, a read that reaches this offset fails
 };
 
 class memory_file_system : public file_system {
@@ -39,6 +42,7 @@ class memory_file_system : public file_system {
     void erase(const std::string& path) { entries_.erase(key(path)); }
 
     std::map<std::string, int> opened;  // how often each file was opened for reading
+    int open_now = 0;                   // readers that have not been closed
     std::map<std::string, std::int64_t> bytes_read;
     std::vector<std::string> removed;  // by remove_file, in order
     std::set<std::string> recycle_directories;
