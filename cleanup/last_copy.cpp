@@ -13,6 +13,9 @@ namespace corvane {
 namespace {
 
 constexpr std::int64_t block_size = 1 << 20;
+// Up to this length a file is its own signature, which an archive's checksum can meet by chance: such an entry is
+// no proof of a copy.
+constexpr std::int64_t unsigned_length = 4;
 
 bool is_marked(const list_view& list, std::int32_t row, int column) {
     const std::uint32_t colour = list.colour(row, column);
@@ -93,7 +96,7 @@ bool last_copy::may_go(std::string_view path, std::int64_t length, bool by_conte
 bool last_copy::is_keeper(std::string_view keeper, std::string_view path, const file_facts& facts,
                           std::int64_t length, bool by_content) {
     if (taken_.count(keeper) != 0) return false;
-    if (is_archive_member(keeper)) return is_entry_keeper(keeper);
+    if (is_archive_member(keeper)) return length > unsigned_length && is_entry_keeper(keeper);
     const file_facts kept = files_.facts(keeper);
     if (!kept.exists || kept.length != length || lies_in_recycle_directory(keeper)) return false;
     if (facts.exists && kept.identity == facts.identity) {

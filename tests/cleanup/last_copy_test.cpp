@@ -157,7 +157,7 @@ TEST_P(LastCopy, AKeeperInTheTrashKeepsNobody) {
 
 TEST_P(LastCopy, AnArchiveEntryKeepsAFileWhileItsArchiveStands) {
     deleting p;
-    p.show_files({{3, "/d/a", "/z.zip*a"}, {3, "/d/b", "/y.zip*b"}});
+    p.show_files({{5, "/d/a", "/z.zip*a"}, {5, "/d/b", "/y.zip*b"}});
     p.files.add_file("/z.zip", "archive");
     p.double_click(1, 3);
     p.double_click(2, 3);
@@ -166,9 +166,18 @@ TEST_P(LastCopy, AnArchiveEntryKeepsAFileWhileItsArchiveStands) {
     EXPECT_TRUE(p.files.has("/d/b")) << "its archive is gone";
 }
 
+TEST_P(LastCopy, AnArchiveEntryIsNoProofForATinyFile) {
+    deleting p;
+    p.show_files({{4, "/d/a", "/z.zip*a"}});
+    p.files.add_file("/z.zip", "archive");
+    p.double_click(1, 3);
+    run(p);
+    EXPECT_TRUE(p.files.has("/d/a"));
+}
+
 TEST_P(LastCopy, AnArchiveOfWhichAnEntryIsToGoKeepsNobody) {
     deleting p;
-    p.show_files({{3, "/d/a", "/z.zip*a"}, {4, "/d/b", "/z.zip*b"}});
+    p.show_files({{5, "/d/a", "/z.zip*a"}, {6, "/d/b", "/z.zip*b"}});
     p.files.add_file("/z.zip", "archive");
     p.double_click(1, 3);
     p.double_click(2, 4);
@@ -179,7 +188,7 @@ TEST_P(LastCopy, AnArchiveOfWhichAnEntryIsToGoKeepsNobody) {
 
 TEST_P(LastCopy, AnArchiveThatIsToGoItselfKeepsNobody) {
     deleting p;
-    p.show_files({{3, "/d/a", "/z.zip*a"}, {7, "/e/copy.zip", "/z.zip"}});
+    p.show_files({{5, "/d/a", "/z.zip*a"}, {7, "/e/copy.zip", "/z.zip"}});
     p.double_click(1, 3);
     p.double_click(2, 4);
     run(p);
