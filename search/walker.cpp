@@ -4,7 +4,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "core/directory_filter.h"
@@ -15,6 +14,7 @@
 #include "core/text_file.h"
 #include "core/text_format.h"
 #include "core/text_sort.h"
+#include "core/walked_places.h"
 #include "search/archive_readers.h"
 
 namespace corvane {
@@ -76,7 +76,7 @@ class wide_path_panel {
 class directory_walk {
   public:
     directory_walk(Tavrel& form, const archive_readers& readers)
-        : form_(form), state_(form.state), files_(form.outside.files), readers_(readers) {}
+        : form_(form), state_(form.state), files_(form.outside.files), readers_(readers), places_(files_) {}
 
     void run() {
         queue_roots();
@@ -86,7 +86,8 @@ class directory_walk {
             for (; read_index < state_.dir_queue.size(); ++read_index) list_one(read_index);
             // Links come after everything that is reached without one.
             if (next_link >= links_.size()) break;
-            follow(links_[next_link++]);
+            const std::string& link = links_[next_link++];
+            if (places_.may_follow(link)) enqueue(link);
         }
         if (full_) report_limit();
     }
@@ -103,19 +104,7 @@ class directory_walk {
                 enqueue(directory);
             else
                 links_.push_back(directory);
-            note_ancestors(resolved);
-        }
-    }
-
-    // The directories above a root count as seen from below: a link to one would list the root again.
-    void note_ancestors(std::string directory) {
-        file_identity place;
-        for (;;) {
-            directory.pop_back();
-            const std::size_t cut = directory.rfind(files_.separator());
-            if (cut == std::string::npos) return;
-            directory.resize(cut + 1);
-            if (files_.identity(directory, place)) ancestors_.insert(place);
+            places_.note_ancestors(resolved);
         }
     }
 
@@ -124,14 +113,6 @@ class directory_walk {
             full_ = true;
         else
             state_.dir_queue.push_back(std::move(directory));
-    }
-
-    void follow(const std::string& link) {
-        file_identity place;
-        if (!files_.identity(link, place) || listed_.count(place) != 0 || ancestors_.count(place) != 0)
-            return;
-        note_ancestors(with_separator(form_, files_.resolve(link)));
-        enqueue(link);
     }
 
     void list_one(std::size_t read_index) {
@@ -146,7 +127,7 @@ class directory_walk {
         std::string error;
         const std::unique_ptr<directory_reader> reader = files_.open_directory(directory, error);
         if (!reader) return;
-        listed_.insert(reader->identity());
+        places_.note_listed(reader->identity());
 
         std::string& path = state_.current_path;
         std::string last_name;
@@ -200,8 +181,7 @@ class directory_walk {
     file_system& files_;
     const archive_readers& readers_;
     std::vector<std::string> links_;
-    std::unordered_set<file_identity, file_identity_hash> listed_;
-    std::unordered_set<file_identity, file_identity_hash> ancestors_;
+    walked_places places_;
     std::int32_t last_shown_ = 0;
     bool full_ = false;
 };
