@@ -8,7 +8,9 @@
 #include "browser/list_marks.h"
 #include "browser/list_menu.h"
 #include "browser/same_view.h"
+#include "compare/abnormal_files.h"
 #include "compare/compare_task.h"
+#include "compare/similar_files.h"
 #include "core/directory_filter.h"
 #include "core/environment.h"
 #include "core/error_trail.h"
@@ -95,6 +97,9 @@ void program::bind_names() {
     bind_task("mnu_same_filename_Click", [this] { mnu_same_filename_Click(main_); });
     bind_task("check_same_1dir_filename_Click", [this] { check_same_1dir_filename_Click(main_); });
     bind_task("search_repeat_dir_name_Click", [this] { search_repeat_dir_name_Click(main_); });
+    bind_task("Command44_Click", [this] { Command44_Click(main_); });
+    main_.bind("Command31_Click", [this] { Command31_Click(main_); });
+    main_.bind("Frame3_DblClick", [this] { main_.find("Frame3")->visible = false; });
 }
 
 void program::bind_handlers() {
