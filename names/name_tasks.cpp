@@ -102,6 +102,7 @@ void check_file_names(Tavrel& form, key_part part) {
     form.panel(1, "文件数:" + std::to_string(count));
     bar_scale(form, count);
     const bool complete = find_pairs(form, state.file_list, count, part, file_task);
+    if (state.quit_requested) return;
     show_same_names(form);
     if (state.quit_requested) return;
     show_elapsed(form);
@@ -158,6 +159,7 @@ void search_repeat_dir_name_Click(Tavrel& form) {
         directories.push_back(state.dir_queue[static_cast<std::size_t>(k)]);
     bar_scale(form, count);
     const bool complete = find_pairs(form, directories, count, directory_name_of, "查同名目录");
+    if (state.quit_requested) return;
     show_same_directory_names(form);
     if (state.quit_requested) return;
     close_task(form, directories_closing, count, complete);
