@@ -9,7 +9,9 @@
 #include "browser/list_menu.h"
 #include "browser/same_view.h"
 #include "cleanup/delete_files.h"
+#include "compare/abnormal_files.h"
 #include "compare/compare_task.h"
+#include "compare/similar_files.h"
 #include "core/directory_filter.h"
 #include "core/environment.h"
 #include "core/error_trail.h"
@@ -18,6 +20,7 @@
 #include "core/option_lists.h"
 #include "core/progress.h"
 #include "core/text_format.h"
+#include "names/name_tasks.h"
 #include "search/file_list_store.h"
 #include "search/rar_reader.h"
 #include "search/search_task.h"
@@ -95,9 +98,19 @@ void program::bind_list() {
     main_.bind("Frame4_Close", [this] { main_.Frame4.visible = false; });
 }
 
+void program::bind_names() {
+    bind_task("mnu_same_filename_Click", [this] { mnu_same_filename_Click(main_); });
+    bind_task("check_same_1dir_filename_Click", [this] { check_same_1dir_filename_Click(main_); });
+    bind_task("search_repeat_dir_name_Click", [this] { search_repeat_dir_name_Click(main_); });
+    bind_task("Command44_Click", [this] { Command44_Click(main_); });
+    main_.bind("Command31_Click", [this] { Command31_Click(main_); });
+    main_.bind("Frame3_DblClick", [this] { main_.find("Frame3")->visible = false; });
+}
+
 void program::bind_handlers() {
     Tavrel& form = main_;
     bind_list();
+    bind_names();
     form.bind("Picture1_Click", [this] { directory_.open(); });
     form.bind("select_m_Click", [this] { options_.open(); });
     options_.bind_handlers();

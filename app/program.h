@@ -34,6 +34,7 @@ class program {
   private:
     void bind_handlers();
     void bind_list();
+    void bind_names();
     // For a task: it does not start while another one runs, whichever way it is asked for.
     void bind_task(std::string_view handler, std::function<void()> procedure);
 

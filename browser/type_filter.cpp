@@ -91,7 +91,8 @@ void filter(Tavrel& form, const filter_words& words) {
         form.outside.screen.ask_text("输入框", std::string(words.prompt) + "\r\n\r\n", kept).value_or("");
     if (answer.empty()) return;
     kept = answer;
-    if (is_blank(answer) || form.ListView1.column_count() < 5) return;
+    // Only the same-file view has these columns.
+    if (is_blank(answer) || state.list_mode != 0 || form.ListView1.column_count() < 5) return;
     state.base_time = form.outside.screen.seconds();
     fill_rows(form, words, listed_types(answer));
     form.panel(3, "相同文件:" + std::to_string(form.ListView1.row_count()));

@@ -67,6 +67,11 @@ std::optional<std::string> console_interface::choose_file(const std::string& tit
     return ask_text(title, initial, initial);
 }
 
+std::optional<std::string> console_interface::choose_files(const std::string& title, const std::string&,
+                                                           const std::string& directory) {
+    return ask_text(title, directory, directory);
+}
+
 std::optional<int> console_interface::choose_colour(const std::string& title, int initial) {
     const std::optional<std::string> answer = ask_text(title, std::to_string(initial), {});
     if (!answer) return {};

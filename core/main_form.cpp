@@ -6,6 +6,31 @@
 
 namespace corvane {
 
+namespace {
+
+// Controls that nothing shows: the check of the menu as a button, and the choice of master files for a search
+// for similar files, behind which there is no search.
+void add_hidden_controls(Tavrel& form) {
+    struct hidden_control {
+        control_kind kind;
+        const char* name;
+        const char* caption;
+    };
+    static constexpr hidden_control hidden[] = {
+        {control_kind::button, "Command44", "查异常文件"}, {control_kind::button, "Command30", "查相似文件"},
+        {control_kind::frame, "Frame3", "相似性设置"},     {control_kind::button, "Command31", "主文件选择"},
+        {control_kind::button, "Command32", "确定"},
+    };
+    for (const hidden_control& each : hidden) {
+        control& added = form.add<control>(each.kind, each.name);
+        added.caption = each.caption;
+        added.visible = false;
+    }
+    form.add<list_box>("rela_file_list").visible = false;
+}
+
+}  // namespace
+
 Tavrel::Tavrel(ports given, std::string program_dir)
     : form_model("Tavrel"),
       outside(given),
@@ -52,6 +77,8 @@ Tavrel::Tavrel(ports given, std::string program_dir)
         if (control* picture = find(task.picture)) picture->tooltip = task.tooltip;
         if (task.label >= 0) labels[static_cast<std::size_t>(task.label)]->caption = task.caption;
     }
+
+    add_hidden_controls(*this);
 
     caption = "Corvane";
     help_context = 1001;

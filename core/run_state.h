@@ -101,6 +101,10 @@ struct run_state : settings {
     double total_bytes = 0;
     std::string size_unit;
 
+    // Comparison keys of the name checks with the index of the file or directory that each belongs to.
+    text_column name_key;
+    std::vector<std::int32_t> name_index{0};
+
     // Signatures of earlier runs, ordered by name.
     text_column history_name;
     std::vector<std::int64_t> history_len{0};

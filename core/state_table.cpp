@@ -131,6 +131,8 @@ const std::map<std::string, reader, std::less<>>& table() {
          texts([](const run_state& state) -> const text_column& { return state.result_file1; })},
         {"result_file2",
          texts([](const run_state& state) -> const text_column& { return state.result_file2; })},
+        {"name_index", column(&run_state::name_index)},
+        {"name_key", texts([](const run_state& state) -> const text_column& { return state.name_key; })},
         {"history_name",
          texts([](const run_state& state) -> const text_column& { return state.history_name; })},
         {"avoid_files",

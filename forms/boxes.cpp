@@ -2,6 +2,7 @@
 #include <QAbstractButton>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -86,6 +87,23 @@ std::optional<std::string> qt_user_interface::choose_file(const std::string& tit
                                                         QStringLiteral("全部文件 (*)"));
     if (chosen.isEmpty()) return {};
     return program_path(chosen);
+}
+
+std::optional<std::string> qt_user_interface::choose_files(const std::string& title,
+                                                           const std::string& filter,
+                                                           const std::string& directory) {
+    if (ended_) return {};
+    sync();
+    const QString words = QString::fromStdString(filter.substr(0, filter.find('|')));
+    QString pattern = QString::fromStdString(filter.substr(filter.find('|') + 1));
+    if (pattern == QStringLiteral("*.*")) pattern = QStringLiteral("*");  // names without a dot, too
+    const QStringList chosen = QFileDialog::getOpenFileNames(
+        window(), screen_line(title), system_path(directory), words + QStringLiteral(" (%1)").arg(pattern));
+    if (chosen.isEmpty()) return {};
+    const QFileInfo first(chosen.front());
+    std::string answer = program_path(first.path());
+    for (const QString& path : chosen) (answer += '\0') += program_path(QFileInfo(path).fileName());
+    return answer;
 }
 
 std::optional<int> qt_user_interface::choose_colour(const std::string& title, int initial) {

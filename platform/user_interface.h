@@ -50,6 +50,10 @@ class user_interface {
     virtual std::optional<std::string> ask_text(const std::string& title, const std::string& prompt,
                                                 const std::string& initial) = 0;
     virtual std::optional<std::string> choose_file(const std::string& title, const std::string& initial) = 0;
+    // Several files of one directory. `filter` is "words|pattern". The answer is the directory and the names,
+    // parted by NUL, or one path; nothing when the user dismisses the box.
+    virtual std::optional<std::string> choose_files(const std::string& title, const std::string& filter,
+                                                    const std::string& directory) = 0;
     // Colours are 0xBBGGRR.
     virtual std::optional<int> choose_colour(const std::string& title, int initial) = 0;
 

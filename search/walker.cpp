@@ -4,7 +4,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "core/directory_filter.h"
@@ -15,6 +14,7 @@
 #include "core/text_file.h"
 #include "core/text_format.h"
 #include "core/text_sort.h"
+#include "core/walked_places.h"
 #include "search/archive_readers.h"
 #include "search/walk_output.h"
 
@@ -77,7 +77,7 @@ class wide_path_panel {
 class directory_walk {
   public:
     directory_walk(Tavrel& form, const archive_readers& readers, walk_output& output)
-        : form_(form), state_(form.state), files_(form.outside.files), readers_(readers), output_(output) {}
+        : form_(form), state_(form.state), files_(form.outside.files), readers_(readers), output_(output), places_(files_) {}
 
     void run() {
         queue_roots();
@@ -87,7 +87,8 @@ class directory_walk {
             for (; read_index < state_.dir_queue.size(); ++read_index) list_one(read_index);
             // Links come after everything that is reached without one.
             if (next_link >= links_.size()) break;
-            follow(links_[next_link++]);
+            const std::string& link = links_[next_link++];
+            if (places_.may_follow(link)) enqueue(link);
         }
         if (queue_full_ || output_.full()) report_limit();
     }
@@ -104,19 +105,7 @@ class directory_walk {
                 enqueue(directory);
             else
                 links_.push_back(directory);
-            note_ancestors(resolved);
-        }
-    }
-
-    // The directories above a root count as seen from below: a link to one would list the root again.
-    void note_ancestors(std::string directory) {
-        file_identity place;
-        for (;;) {
-            directory.pop_back();
-            const std::size_t cut = directory.rfind(files_.separator());
-            if (cut == std::string::npos) return;
-            directory.resize(cut + 1);
-            if (files_.identity(directory, place)) ancestors_.insert(place);
+            places_.note_ancestors(resolved);
         }
     }
 
@@ -125,14 +114,6 @@ class directory_walk {
             queue_full_ = true;
         else
             state_.dir_queue.push_back(std::move(directory));
-    }
-
-    void follow(const std::string& link) {
-        file_identity place;
-        if (!files_.identity(link, place) || listed_.count(place) != 0 || ancestors_.count(place) != 0)
-            return;
-        note_ancestors(with_separator(form_, files_.resolve(link)));
-        enqueue(link);
     }
 
     void list_one(std::size_t read_index) {
@@ -147,7 +128,7 @@ class directory_walk {
         std::string error;
         const std::unique_ptr<directory_reader> reader = files_.open_directory(directory, error);
         if (!reader) return;
-        listed_.insert(reader->identity());
+        places_.note_listed(reader->identity());
 
         std::string& path = state_.current_path;
         std::string last_name;
@@ -200,8 +181,7 @@ class directory_walk {
     const archive_readers& readers_;
     walk_output& output_;
     std::vector<std::string> links_;
-    std::unordered_set<file_identity, file_identity_hash> listed_;
-    std::unordered_set<file_identity, file_identity_hash> ancestors_;
+    walked_places places_;
     std::int32_t last_shown_ = 0;
     bool queue_full_ = false;
 };

@@ -52,6 +52,10 @@ class scripted_interface : public user_interface {
         return text;
     }
     std::optional<std::string> choose_file(const std::string&, const std::string&) override { return {}; }
+    std::optional<std::string> choose_files(const std::string& title, const std::string& filter,
+                                            const std::string& directory) override {
+        return ask_text(title, filter, directory);
+    }
     std::optional<int> choose_colour(const std::string& title, int initial) override {
         questions.push_back({title, std::to_string(initial), {}});
         if (colours.empty()) return {};
