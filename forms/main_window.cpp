@@ -20,6 +20,7 @@
 #include "forms/list_box_view.h"
 #include "forms/list_table.h"
 #include "forms/menu_bar.h"
+#include "forms/number_frame.h"
 #include "forms/panel_bar.h"
 #include "forms/row_panel.h"
 #include "forms/screen_text.h"
@@ -75,6 +76,7 @@ main_window::main_window(Tavrel& form, std::function<void(const std::string&)> a
     setCentralWidget(central);
     panel_ = new row_panel(form_, act_, central);
     failure_ = new error_frame(form_, act_, central);
+    numbers_ = new number_frame(form_, act_, central);
     tip_ = new tip_box(form_, this);
     // Placed here and not by the window manager, so that the windows beside it know where it stands.
     const QRect free = screen()->availableGeometry();
@@ -151,6 +153,7 @@ void main_window::sync(bool tasks_locked) {
     sync_work_area(tasks_locked);
     panel_->sync();
     failure_->sync();
+    numbers_->sync();
     tip_->sync();
     place_.apply();
     const Qt::CursorShape pointer =

@@ -21,6 +21,7 @@ class error_frame;
 class list_box_view;
 class list_table;
 class menu_bar;
+class number_frame;
 class panel_bar;
 class row_panel;
 class start_page;
@@ -77,6 +78,7 @@ class main_window : public QMainWindow {
     panel_bar* panels_ = nullptr;
     row_panel* panel_ = nullptr;
     error_frame* failure_ = nullptr;
+    number_frame* numbers_ = nullptr;
     tip_box* tip_ = nullptr;
     window_place place_;
 };

@@ -142,6 +142,27 @@ TEST(error_frame, an_unchecked_box_only_closes) {
     EXPECT_FALSE(shown.files.has("/prog/avoid.txt"));
 }
 
+TEST(number_frame, opens_by_its_menu_and_closes_by_button_double_click_and_escape) {
+    placed shown;
+    QWidget* frame = shown.widget("Frame1");
+    const auto open = [&] {
+        shown.action("按序号删除_m")->trigger();
+        shown.settle();
+        EXPECT_TRUE(frame->isVisible());
+    };
+    open();
+    EXPECT_FALSE(shown.widget("Command7")->isEnabled());
+    QTest::mouseClick(shown.widget("Command26"), Qt::LeftButton);
+    EXPECT_FALSE(frame->isVisible());
+    open();
+    QTest::mouseDClick(frame, Qt::LeftButton, {}, QPoint(3, 3));
+    EXPECT_FALSE(frame->isVisible());
+    open();
+    QTest::keyClick(frame, Qt::Key_Escape);
+    EXPECT_FALSE(frame->isVisible());
+    EXPECT_EQ(shown.form.StatusBar1.panel(7), "帮助");
+}
+
 TEST(menu, the_trail_carries_a_check_mark) {
     placed shown;
     QAction* trail = shown.action("debug_err");

@@ -1,0 +1,89 @@
+#include "forms/number_frame.h"
+
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <algorithm>
+
+#include "forms/screen_text.h"
+#include "forms/window_place.h"
+
+namespace corvane {
+
+namespace {
+constexpr int edge = 14;
+}
+
+number_frame::number_frame(Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent)
+    : QFrame(parent), form_(form), act_(std::move(act)), caption_(new QLabel(this)) {
+    setObjectName(QString::fromStdString(form.Frame1.name()));
+    setFrameShape(QFrame::StyledPanel);
+    setFrameShadow(QFrame::Raised);
+    setAutoFillBackground(true);
+    auto* layout = new QGridLayout(this);
+    layout->setContentsMargins(edge, edge, edge, edge);
+    layout->setSpacing(8);
+    layout->addWidget(caption_, 0, 0, 1, 2);
+    const auto field = [&](int row, const char* words, const control& model) {
+        auto* box = new QLineEdit(this);
+        box->setObjectName(QString::fromStdString(model.name()));
+        auto* label = new QLabel(QString::fromUtf8(words), this);
+        label->setBuddy(box);
+        layout->addWidget(label, row, 0);
+        layout->addWidget(box, row, 1);
+    };
+    field(1, "起始(&S)", form.Text1);
+    field(2, "终点(&E)", form.Text2);
+    const auto button = [&](int column, const control& model, const char* key) {
+        auto* made = new QPushButton(screen_line(model.caption) + QLatin1String(key), this);
+        made->setObjectName(QString::fromStdString(model.name()));
+        made->setToolTip(screen_text(model.tooltip));
+        layout->addWidget(made, 3, column);
+        return made;
+    };
+    // Without effect, so it cannot be pressed.
+    button(0, form.Command7, "(&L)")->setEnabled(form.has_handler("Command7_Click"));
+    connect(button(1, form.Command26, "(&C)"), &QPushButton::clicked, this,
+            [this] { act_("Command26_Click"); });
+    hide();
+}
+
+void number_frame::sync() {
+    if (!form_.Frame1.visible) return hide();
+    const QString words = screen_line(form_.Frame1.caption);
+    if (caption_->text() != words) caption_->setText(words);
+    if (!isHidden()) return;
+    adjustSize();
+    const int left = form_.Frame1.place.left / twips_per_pixel;
+    const int top = form_.Frame1.place.top / twips_per_pixel;
+    move(std::clamp(left, 0, std::max(0, parentWidget()->width() - width())),
+         std::clamp(top, 0, std::max(0, parentWidget()->height() - height())));
+    show();
+    raise();
+}
+
+void number_frame::mouseDoubleClickEvent(QMouseEvent*) {
+    act_("Frame1_DblClick");
+}
+
+void number_frame::mousePressEvent(QMouseEvent* event) {
+    grip_ = event->position().toPoint();
+}
+
+void number_frame::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint wanted = pos() + event->position().toPoint() - grip_;
+    move(std::clamp(wanted.x(), 0, std::max(0, parentWidget()->width() - width())),
+         std::clamp(wanted.y(), 0, std::max(0, parentWidget()->height() - height())));
+}
+
+void number_frame::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        act_("Command26_Click");
+    else
+        QFrame::keyPressEvent(event);
+}
+
+}  // namespace corvane
