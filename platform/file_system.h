@@ -38,7 +38,8 @@ struct file_identity_hash {
 
 struct path_attributes {
     bool exists = false;
-    bool directory = false;
+    bool directory = false;  // also for a link to one
+    bool link = false;       // the path itself is a symbolic link, wherever that leads
     bool hidden = false;
     bool read_only = false;
 };
@@ -110,7 +111,13 @@ class file_system {
     virtual std::vector<volume> volumes() = 0;
     // Null when the directory cannot be read, or lies on a pseudo file system; `error` then says why.
     virtual std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) = 0;
+    // A closing separator does not hide a link: the facts are those of the path without it. A path that ends
+    // in one exists only as a directory.
     virtual path_attributes attributes(const std::string& path) = 0;
+    // Gives the owner write permission, and lets the name count as not hidden for as long as this object
+    // lives. False with the system's words in `error` when the permission cannot be given; then nothing has
+    // changed. What a link leads to is never touched.
+    virtual bool clear_attributes(const std::string& path, std::string& error) = 0;
     virtual file_facts facts(std::string_view path) = 0;
     // Where links in the path lead to; the path itself when there are none or it cannot be resolved.
     virtual std::string resolve(const std::string& path) = 0;

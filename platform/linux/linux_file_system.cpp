@@ -184,27 +184,6 @@ std::unique_ptr<directory_reader> linux_file_system::open_directory(const std::s
                                                     file_identity{device_of(facts), facts.st_ino});
 }
 
-path_attributes linux_file_system::attributes(const std::string& path) {
-    const raw_path raw(path);
-    struct stat facts;
-    path_attributes result;
-    if (lstat(raw.c_str(), &facts) != 0) return result;
-    result.exists = true;
-    if (S_ISLNK(facts.st_mode)) {
-        struct stat target;
-        result.directory = stat(raw.c_str(), &target) == 0 && S_ISDIR(target.st_mode);
-    } else {
-        result.directory = S_ISDIR(facts.st_mode);
-        result.read_only = (facts.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
-    }
-    std::string_view name(path);
-    while (name.size() > 1 && name.back() == '/') name.remove_suffix(1);
-    const std::size_t slash = name.rfind('/');
-    if (slash != std::string_view::npos) name.remove_prefix(slash + 1);
-    result.hidden = name.size() > 1 && name.front() == '.';
-    return result;
-}
-
 file_facts linux_file_system::facts(std::string_view path) {
     const raw_path raw(path);
     struct statx facts;

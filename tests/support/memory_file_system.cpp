@@ -167,10 +167,24 @@ path_attributes memory_file_system::attributes(const std::string& path) {
     const memory_file* file = find(path);
     path_attributes result;
     if (file == nullptr) return result;
+    result.link = file->kind == entry_kind::link_to_directory;
+    result.directory = file->kind == entry_kind::directory || result.link;
+    if (path.size() > 1 && path.back() == separator_ && !result.directory) return {};
     result.exists = true;
-    result.directory = file->kind == entry_kind::directory || file->kind == entry_kind::link_to_directory;
-    result.hidden = file->hidden;
+    result.hidden = file->hidden && unhidden_.count(key(path)) == 0;
+    result.read_only = file->read_only;
     return result;
+}
+
+bool memory_file_system::clear_attributes(const std::string& path, std::string& error) {
+    memory_file* file = find(path);
+    if (file == nullptr || fixed_attributes.count(key(path)) != 0) {
+        error = file == nullptr ? "no such file" : "operation not permitted";
+        return false;
+    }
+    if (file->kind != entry_kind::link_to_directory) file->read_only = false;
+    unhidden_.insert(key(path));
+    return true;
 }
 
 file_facts memory_file_system::facts(std::string_view path) {

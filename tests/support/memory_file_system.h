@@ -19,6 +19,7 @@ struct memory_file {
     std::int32_t date_high = 30'000'000;
     std::int32_t date_low = 0;
     bool hidden = false;
+    bool read_only = false;
     bool unreadable = false;
     std::int64_t stated_length = -1;  // when not -1, what facts() says in place of the content's length
 };
@@ -40,6 +41,7 @@ class memory_file_system : public file_system {
     std::set<std::string> recycle_directories;
     std::string write_failure_path;  // writing this file fails, with the words below
     std::string write_failure_words = "disk full";
+    std::set<std::string> fixed_attributes;  // paths whose attributes cannot be cleared
     bool claimed_by_another = false;
     std::vector<volume> mounted;
     bool folder_locked = false;  // can_write_into says no
@@ -53,6 +55,7 @@ class memory_file_system : public file_system {
     }
     std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) override;
     path_attributes attributes(const std::string& path) override;
+    bool clear_attributes(const std::string& path, std::string& error) override;
     file_facts facts(std::string_view path) override;
     std::string resolve(const std::string& path) override;
     bool identity(const std::string& path, file_identity& identity) override;
@@ -78,6 +81,7 @@ class memory_file_system : public file_system {
 
     char separator_;
     std::map<std::string, memory_file> entries_;
+    std::set<std::string> unhidden_;
     std::uint64_t next_index_ = 1;
 };
 
