@@ -133,6 +133,7 @@ void program::bind_handlers() {
     form.bind("目录选择.Command_sele_Click", [this] { directory_.Command_sele_Click(); });
     form.bind("目录选择.Dir_select_Change", [this] { directory_.Dir_select_Change(); });
     form.bind("目录选择.direction_help_Click", [this] { open_topic(main_, 9); });
+    form.bind("目录选择.list_selected_dir_DblClick", [this] { directory_.remove_selected(); });
     form.bind("目录选择.move_selected_dir", [this] { directory_.remove_selected(); });
     form.bind("目录选择.清空列表M", [this] { directory_.clear_list(); });
 }

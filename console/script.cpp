@@ -9,23 +9,6 @@
 
 namespace corvane {
 
-namespace {
-
-// Cuts the first word off; what is left begins with the next word.
-std::string_view take_word(std::string_view& rest) {
-    const auto skip_blanks = [&rest] {
-        while (!rest.empty() && (rest.front() == ' ' || rest.front() == '\t')) rest.remove_prefix(1);
-    };
-    skip_blanks();
-    const std::size_t end = std::min(rest.find_first_of(" \t"), rest.size());
-    const std::string_view word = rest.substr(0, end);
-    rest.remove_prefix(end);
-    skip_blanks();
-    return word;
-}
-
-}  // namespace
-
 int script_runner::run(std::istream& lines) {
     screen_.set_unanswered([this] {
         status_ = status_unanswered;
@@ -60,6 +43,8 @@ bool script_runner::run_line(std::string_view line, int number) {
         return set(name, rest) || complain(number, "unknown control", name);
     }
     if (command == "mouse") return mouse(rest) || complain(number, "wrong control, act or row", rest);
+    if (command == "header") return header(rest) || complain(number, "wrong control or column", rest);
+    if (command == "key") return key(rest) || complain(number, "wrong control", rest);
     if (command == "at_yield") {
         const std::int64_t count = parse_number(take_word(rest));
         screen_.at_yield(count, [this, act = std::string(rest), number] {
@@ -101,22 +86,6 @@ control* script_runner::find_control(std::string_view name, form_model** form) {
     if (window == nullptr) return nullptr;
     if (!named && program_.find_form(name) != nullptr) return program_.find_form(name);
     return window->find(named ? name.substr(dot + 1) : name);
-}
-
-// CONTROL click ROW COLUMN [ctrl]: a row of a list box alone, with ctrl its selection turned round.
-bool script_runner::mouse(std::string_view arguments) {
-    control* target = find_control(take_word(arguments), nullptr);
-    if (target == nullptr || target->kind() != control_kind::list_box) return false;
-    auto& list = static_cast<list_box&>(*target);
-    const bool click = take_word(arguments) == "click";
-    const std::int64_t row = parse_number(take_word(arguments));
-    if (!click || row < 1 || row > list.row_count()) return false;
-    const auto index = static_cast<std::size_t>(row - 1);
-    if (arguments.ends_with("ctrl"))
-        list.select(index, !list.rows()[index].selected);
-    else
-        list.select_only(index);
-    return true;
 }
 
 // The value of a list box is "ROW 0" or "ROW 1": the check mark of a row.

@@ -30,7 +30,12 @@ class script_runner {
     bool complain(int number, std::string_view what, std::string_view name);
     bool select(std::string_view path);
     bool set(std::string_view name, std::string_view value);
+    // What the user does with mouse and keys, in script_input.cpp.
     bool mouse(std::string_view arguments);
+    bool mouse_on_box(list_box& list, std::string_view handler, std::string_view arguments);
+    bool mouse_on_view(list_view& list, std::string_view handler, std::string_view arguments);
+    bool header(std::string_view arguments);
+    bool key(std::string_view arguments);
     bool show(std::string_view name);
     void show_control(std::string_view name, const control& shown);
     void show_list_box(const list_box& list);
@@ -44,5 +49,8 @@ class script_runner {
     record_output& output_;
     int status_ = status_done;
 };
+
+// Cuts the first word off; what is left begins with the next word.
+std::string_view take_word(std::string_view& rest);
 
 }  // namespace corvane

@@ -23,6 +23,7 @@ void list_view::clear_columns() {
 
 void list_view::add_column(list_column column) {
     columns_.push_back(std::move(column));
+    columns_.back().width = std::max(columns_.back().width, 0);
     column_cells cells;
     if (columns_.back().content == cell_content::number)
         cells.numbers.resize(static_cast<std::size_t>(row_count_));
@@ -34,6 +35,7 @@ void list_view::add_column(list_column column) {
 
 void list_view::set_column_width(int column, int twips) {
     list_column& target = columns_[index_of(column)];
+    twips = std::max(twips, 0);
     if (target.width == twips) return;
     target.width = twips;
     ++layout_revision_;

@@ -61,6 +61,7 @@ Tavrel::Tavrel(ports given, std::string program_dir)
     Command47.caption = "确定";
     Splitter.back_colour = 0x808080;
     Splitter.place.width = 5;
+    ListView1.place = {0, 0, 12000, 6000};  // until a front end says how large it is
     for (control* hidden :
          {static_cast<control*>(&ListView1), static_cast<control*>(&pic_gressbar1), &Command28, &Label4,
           &Frame4, static_cast<control*>(&List1), static_cast<control*>(&listleft), &Frame_err, &tiptext})

@@ -18,6 +18,7 @@ void keep_on_screen(Tavrel& form) {
 }
 
 void place_list_view(Tavrel& form) {
+    if (form.layout.inner_width <= 0) return;
     rectangle& list = form.ListView1.place;
     list.left = form.Splitter.place.left + form.Splitter.place.width;
     list.top = form.listleft.place.top;

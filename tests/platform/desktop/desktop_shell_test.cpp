@@ -1,0 +1,186 @@
+// The desktop's services against a session bus of the test's own, with a file manager that writes down what
+// it is asked, and an association that copies what it is given.
+#include "platform/desktop/desktop_shell.h"
+
+#include <gio/gio.h>
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace corvane {
+namespace {
+
+namespace fs = std::filesystem;
+using texts = std::vector<std::string>;
+
+// org.freedesktop.FileManager1 on a thread and connection of its own.
+class mock_file_manager {
+  public:
+    explicit mock_file_manager(const char* bus_address) {
+        context_ = g_main_context_new();
+        loop_ = g_main_loop_new(context_, FALSE);
+        thread_ = std::thread([this, address = std::string(bus_address)] { serve(address); });
+        while (!ready_.load()) std::this_thread::yield();
+    }
+    ~mock_file_manager() {
+        g_main_loop_quit(loop_);
+        thread_.join();
+        g_main_loop_unref(loop_);
+        g_main_context_unref(context_);
+    }
+    texts calls() {
+        const std::lock_guard guard(mutex_);
+        return calls_;
+    }
+
+  private:
+    static constexpr char interface[] =
+        "<node><interface name='org.freedesktop.FileManager1'>"
+        "<method name='ShowItems'><arg type='as' direction='in'/><arg type='s' direction='in'/></method>"
+        "<method name='ShowItemProperties'><arg type='as' direction='in'/><arg type='s' "
+        "direction='in'/></method>"
+        "</interface></node>";
+
+    static void answer(GDBusConnection*, const char*, const char*, const char*, const char* method,
+                       GVariant* arguments, GDBusMethodInvocation* call, void* self) {
+        auto* manager = static_cast<mock_file_manager*>(self);
+        const char** uris = nullptr;
+        g_variant_get(arguments, "(^a&s&s)", &uris, nullptr);
+        {
+            const std::lock_guard guard(manager->mutex_);
+            manager->calls_.push_back(std::string(method) + " " + (uris[0] ? uris[0] : ""));
+        }
+        g_free(uris);
+        g_dbus_method_invocation_return_value(call, nullptr);
+    }
+
+    void serve(const std::string& address) {
+        g_main_context_push_thread_default(context_);
+        GDBusConnection* bus = g_dbus_connection_new_for_address_sync(
+            address.c_str(),
+            static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                              G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
+            nullptr, nullptr, nullptr);
+        GDBusNodeInfo* node = g_dbus_node_info_new_for_xml(interface, nullptr);
+        static const GDBusInterfaceVTable table = {answer, nullptr, nullptr, {}};
+        g_dbus_connection_register_object(bus, "/org/freedesktop/FileManager1", node->interfaces[0], &table,
+                                          this, nullptr, nullptr);
+        g_bus_own_name_on_connection(
+            bus, "org.freedesktop.FileManager1", G_BUS_NAME_OWNER_FLAGS_NONE,
+            [](GDBusConnection*, const char*, void* self) {
+                static_cast<mock_file_manager*>(self)->ready_ = true;
+            },
+            nullptr, this, nullptr);
+        g_main_loop_run(loop_);
+        g_dbus_node_info_unref(node);
+        g_dbus_connection_close_sync(bus, nullptr, nullptr);
+        g_object_unref(bus);
+        g_main_context_pop_thread_default(context_);
+    }
+
+    GMainContext* context_;
+    GMainLoop* loop_;
+    std::thread thread_;
+    std::atomic<bool> ready_ = false;
+    std::mutex mutex_;
+    texts calls_;
+};
+
+// Homes and bus of the test's own, set before anything of GIO runs.
+class DesktopShell : public testing::Test {
+  protected:
+    static void SetUpTestSuite() {
+        char pattern[] = "/var/tmp/corvane_desktop_XXXXXX";
+        root_ = mkdtemp(pattern);
+        fs::create_directories(root_ + "/home/.local/share/applications");
+        g_setenv("HOME", (root_ + "/home").c_str(), TRUE);
+        g_setenv("XDG_DATA_HOME", (root_ + "/home/.local/share").c_str(), TRUE);
+        g_setenv("XDG_CONFIG_HOME", (root_ + "/home/.config").c_str(), TRUE);
+        g_setenv("XDG_DATA_DIRS", (root_ + "/none").c_str(), TRUE);
+        bus_ = g_test_dbus_new(G_TEST_DBUS_NONE);
+        g_test_dbus_up(bus_);
+    }
+    static void TearDownTestSuite() {
+        g_test_dbus_stop(bus_);
+        g_object_unref(bus_);
+        fs::remove_all(root_);
+    }
+    std::string make_file(const std::string& name) {
+        const std::string path = root_ + "/" + name;
+        std::ofstream(path) << "content";
+        return path;
+    }
+
+    static inline std::string root_;
+    static inline GTestDBus* bus_ = nullptr;
+    desktop_shell desktop;
+};
+
+TEST_F(DesktopShell, ShowsAFileAndItsPropertiesThroughTheFileManager) {
+    mock_file_manager manager(g_test_dbus_get_bus_address(bus_));
+    const std::string path = make_file("with blank 中.txt");
+    EXPECT_TRUE(desktop.show_in_file_manager(path).done);
+    EXPECT_TRUE(desktop.show_properties(path).done);
+    const std::string uri = "file://" + root_ + "/with%20blank%20%E4%B8%AD.txt";
+    EXPECT_EQ(manager.calls(), (texts{"ShowItems " + uri, "ShowItemProperties " + uri}));
+}
+
+TEST_F(DesktopShell, WithoutAFileManagerTheDesktopLacksProperties) {
+    const shell_result result = desktop.show_properties(make_file("a"));
+    EXPECT_FALSE(result.done);
+    EXPECT_TRUE(result.lacking);
+    EXPECT_TRUE(result.reason.starts_with("没有文件管理器可以显示属性。"));
+}
+
+TEST_F(DesktopShell, WithoutAFileManagerAndAssociationTheDesktopLacksAView) {
+    const shell_result result = desktop.show_in_file_manager(make_file("a"));
+    EXPECT_FALSE(result.done);
+    EXPECT_TRUE(result.lacking);
+}
+
+TEST_F(DesktopShell, WithoutAnAssociationTheDesktopLacksAProgram) {
+    const shell_result result = desktop.open_document(make_file("a.unknown"));
+    EXPECT_FALSE(result.done);
+    EXPECT_TRUE(result.lacking);
+    EXPECT_TRUE(result.reason.starts_with("没有可以打开它的程序。"));
+}
+
+TEST_F(DesktopShell, AMissingFileFailsWithoutLacking) {
+    const shell_result result = desktop.open_document(root_ + "/gone");
+    EXPECT_FALSE(result.done);
+    EXPECT_FALSE(result.lacking);
+}
+
+// Last: GIO keeps the association once it has read it.
+TEST_F(DesktopShell, OpensADocumentByItsAssociation) {
+    const std::string seen = root_ + "/seen";
+    std::ofstream(root_ + "/home/.local/share/applications/viewer.desktop")
+        << "[Desktop Entry]\nType=Application\nName=viewer\nExec=cp %f " << seen
+        << "\nMimeType=application/octet-stream;text/plain;application/x-zerosize;\n";
+    fs::create_directories(root_ + "/home/.config");
+    std::ofstream(root_ + "/home/.config/mimeapps.list")
+        << "[Default Applications]\napplication/octet-stream=viewer.desktop\ntext/plain=viewer.desktop\n";
+    const std::string path = make_file("a b;'$(x).txt");
+    shell_result result;
+    // GIO takes notice of new associations by itself, a moment later.
+    for (int attempt = 0; attempt < 100 && !result.done; ++attempt) {
+        if (attempt > 0) std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        result = desktop.open_document(path);
+    }
+    ASSERT_TRUE(result.done) << result.reason;
+    for (int attempt = 0; attempt < 200 && !fs::exists(seen); ++attempt)
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    std::string content;
+    std::ifstream(seen) >> content;
+    EXPECT_EQ(content, "content");
+}
+
+}  // namespace
+}  // namespace corvane
