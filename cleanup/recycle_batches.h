@@ -1,8 +1,9 @@
-// Paths on their way to the recycle bin, in batches of 1,000: the unit in which a run reports its progress. Used by
-// the deletion of files and of empty directories.
+// Paths on their way to the recycle bin, in batches of 1,000: the unit in which a run reports its progress.
+// Used by the deletion of files and of empty directories.
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,10 +19,11 @@ class recycle_batches {
     void add(std::string path);
     std::size_t batch_count() const { return batches_.size(); }
 
-    // Hands every batch to the recycle bin, yielding at each. After each batch the bar moves to it, panel 5 reads
-    // "已删除:" with its number times 1,000, and the elapsed time is shown. What the bin refuses stays on the disk.
-    // Ends early when the program is closing.
-    void send(Tavrel& form);
+    // Hands every batch to the recycle bin, yielding at each. After each batch the bar moves to it, panel 5
+    // reads "已删除:" with its number times 1,000, and the elapsed time is shown. What the bin refuses stays
+    // on the disk. Ends early when the program is closing. A path that `still_meant` refuses is passed over,
+    // when it is given.
+    void send(Tavrel& form, const std::function<bool(const std::string&)>& still_meant = {});
 
   private:
     std::vector<std::vector<std::string>> batches_;

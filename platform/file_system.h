@@ -72,6 +72,8 @@ class directory_reader {
     // The next entry except "." and "..", in the system's order; false at the end or after a read error.
     // `name` is valid until the next call.
     virtual bool next(std::string_view& name, entry_kind& kind) = 0;
+    // True when next() ended on a read error: there may be entries that nobody has seen.
+    virtual bool failed() const = 0;
     virtual file_identity identity() const = 0;
 };
 

@@ -4,7 +4,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "core/directory_filter.h"
@@ -15,6 +14,7 @@
 #include "core/text_file.h"
 #include "core/text_format.h"
 #include "core/text_sort.h"
+#include "core/walk_links.h"
 #include "search/archive_readers.h"
 
 namespace corvane {
@@ -72,22 +72,22 @@ class wide_path_panel {
     int widths_[4];
 };
 
-// One walk. Owns what lives as long as it: the places seen and the links that wait for the end.
+// One walk. Owns what lives as long as it.
 class directory_walk {
   public:
     directory_walk(Tavrel& form, const archive_readers& readers)
-        : form_(form), state_(form.state), files_(form.outside.files), readers_(readers) {}
+        : form_(form), state_(form.state), files_(form.outside.files), readers_(readers), links_(form) {}
 
     void run() {
         queue_roots();
         std::size_t read_index = 1;
-        std::size_t next_link = 0;
-        for (;;) {
+        std::string link;
+        do {
             for (; read_index < state_.dir_queue.size(); ++read_index) list_one(read_index);
             // Links come after everything that is reached without one.
-            if (next_link >= links_.size()) break;
-            follow(links_[next_link++]);
-        }
+            link = links_.next();
+            if (!link.empty()) enqueue(std::move(link));
+        } while (read_index < state_.dir_queue.size());
         if (full_) report_limit();
     }
 
@@ -98,24 +98,7 @@ class directory_walk {
             if (is_blank(trimmed(selected))) continue;
             const std::string directory = with_separator(form_, selected);
             if (skip_directory(form_, directory)) continue;
-            const std::string resolved = with_separator(form_, files_.resolve(directory));
-            if (resolved == directory)
-                enqueue(directory);
-            else
-                links_.push_back(directory);
-            note_ancestors(resolved);
-        }
-    }
-
-    // The directories above a root count as seen from below: a link to one would list the root again.
-    void note_ancestors(std::string directory) {
-        file_identity place;
-        for (;;) {
-            directory.pop_back();
-            const std::size_t cut = directory.rfind(files_.separator());
-            if (cut == std::string::npos) return;
-            directory.resize(cut + 1);
-            if (files_.identity(directory, place)) ancestors_.insert(place);
+            if (links_.take_root(directory)) enqueue(directory);
         }
     }
 
@@ -124,14 +107,6 @@ class directory_walk {
             full_ = true;
         else
             state_.dir_queue.push_back(std::move(directory));
-    }
-
-    void follow(const std::string& link) {
-        file_identity place;
-        if (!files_.identity(link, place) || listed_.count(place) != 0 || ancestors_.count(place) != 0)
-            return;
-        note_ancestors(with_separator(form_, files_.resolve(link)));
-        enqueue(link);
     }
 
     void list_one(std::size_t read_index) {
@@ -146,7 +121,7 @@ class directory_walk {
         std::string error;
         const std::unique_ptr<directory_reader> reader = files_.open_directory(directory, error);
         if (!reader) return;
-        listed_.insert(reader->identity());
+        links_.note_listed(reader->identity());
 
         std::string& path = state_.current_path;
         std::string last_name;
@@ -159,7 +134,7 @@ class directory_walk {
             if (kind == entry_kind::directory)
                 enqueue(path + files_.separator());
             else if (kind == entry_kind::link_to_directory)
-                links_.push_back(path + files_.separator());
+                links_.wait(path + files_.separator());
             else if (kind == entry_kind::file)
                 take_file(path);
         }
@@ -199,9 +174,7 @@ class directory_walk {
     run_state& state_;
     file_system& files_;
     const archive_readers& readers_;
-    std::vector<std::string> links_;
-    std::unordered_set<file_identity, file_identity_hash> listed_;
-    std::unordered_set<file_identity, file_identity_hash> ancestors_;
+    walk_links links_;
     std::int32_t last_shown_ = 0;
     bool full_ = false;
 };

@@ -46,6 +46,7 @@ class linux_directory_reader : public directory_reader {
         for (;;) {
             if (at_ >= filled_) {
                 const long count = syscall(SYS_getdents64, descriptor_, buffer_.data(), buffer_.size());
+                failed_ = count < 0;
                 if (count <= 0) return false;
                 filled_ = static_cast<std::size_t>(count);
                 at_ = 0;
@@ -70,6 +71,7 @@ class linux_directory_reader : public directory_reader {
         }
     }
 
+    bool failed() const override { return failed_; }
     file_identity identity() const override { return identity_; }
 
   private:
@@ -96,6 +98,7 @@ class linux_directory_reader : public directory_reader {
     std::vector<char> buffer_;
     std::size_t at_ = 0;
     std::size_t filled_ = 0;
+    bool failed_ = false;
     std::string mapped_;
 };
 

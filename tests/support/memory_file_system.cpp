@@ -62,20 +62,26 @@ namespace {
 
 class memory_directory_reader : public directory_reader {
   public:
-    memory_directory_reader(std::vector<std::pair<std::string, entry_kind>> entries, file_identity identity)
-        : entries_(std::move(entries)), identity_(identity) {}
+    memory_directory_reader(std::vector<std::pair<std::string, entry_kind>> entries, file_identity identity,
+                            std::size_t breaks_after)
+        : entries_(std::move(entries)), identity_(identity), breaks_after_(breaks_after) {}
     bool next(std::string_view& name, entry_kind& kind) override {
+        failed_ = at_ >= breaks_after_;
+        if (failed_) return false;
         if (at_ >= entries_.size()) return false;
         name = entries_[at_].first;
         kind = entries_[at_++].second;
         return true;
     }
+    bool failed() const override { return failed_; }
     file_identity identity() const override { return identity_; }
 
   private:
     std::vector<std::pair<std::string, entry_kind>> entries_;
     file_identity identity_;
+    std::size_t breaks_after_;
     std::size_t at_ = 0;
+    bool failed_ = false;
 };
 
 }  // namespace
@@ -160,7 +166,8 @@ std::unique_ptr<directory_reader> memory_file_system::open_directory(const std::
         if (name.size() > base.size() && name.starts_with(base) &&
             name.find(separator_, base.size()) == std::string::npos)
             entries.emplace_back(name.substr(base.size()), file.kind);
-    return std::make_unique<memory_directory_reader>(std::move(entries), file_identity{1, directory->index});
+    return std::make_unique<memory_directory_reader>(std::move(entries), file_identity{1, directory->index},
+                                                     directory->breaks_after);
 }
 
 path_attributes memory_file_system::attributes(const std::string& path) {

@@ -21,6 +21,7 @@ struct memory_file {
     bool hidden = false;
     bool read_only = false;
     bool unreadable = false;
+    std::size_t breaks_after = static_cast<std::size_t>(-1);  // of a directory: entries before a read error
     std::int64_t stated_length = -1;  // when not -1, what facts() says in place of the content's length
 };
 
