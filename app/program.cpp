@@ -8,6 +8,7 @@
 #include "browser/list_marks.h"
 #include "browser/list_menu.h"
 #include "browser/same_view.h"
+#include "cleanup/delete_files.h"
 #include "cleanup/empty_delete.h"
 #include "cleanup/empty_search.h"
 #include "cleanup/empty_view.h"
@@ -21,7 +22,9 @@
 #include "core/progress.h"
 #include "core/text_format.h"
 #include "search/file_list_store.h"
+#include "search/rar_reader.h"
 #include "search/search_task.h"
+#include "search/zip_reader.h"
 
 namespace corvane {
 
@@ -48,6 +51,8 @@ program::program(ports outside, std::string program_dir)
     : main_(outside, std::move(program_dir)), directory_(main_), options_(main_) {
     main_.add_child(directory_);
     main_.add_child(options_);
+    readers_.read_zip = read_zip;
+    readers_.read_rar = read_rar;
     bind_handlers();
     wire_tasks(main_);
 }
@@ -114,6 +119,13 @@ void program::bind_handlers() {
     bind_task("Command19_Click", [this] { Command19_Click(main_, readers_); });
     bind_task("Command21_Click", [this] { Command21_Click(main_); });
     bind_task("search_check_m_Click", [this] { search_check_m_Click(main_); });
+    bind_task("Picture5_Click", [this] { delete_marked_recycle(main_); });
+    bind_task("delete_marked_recycle", [this] { delete_marked_recycle(main_); });
+    bind_task("delete_marked_direct", [this] { delete_marked_direct(main_); });
+    bind_task("Command45_Click", [this] { delete_marked_direct(main_); });
+    form.bind("按序号删除_m", [this] { toggle_number_panel(main_); });
+    form.bind("Command26_Click", [this] { close_number_panel(main_); });
+    form.bind("Frame1_DblClick", [this] { close_number_panel(main_); });
     form.bind("Command28_Click", [this] { Command28_Click(main_); });
     form.bind("exit_sub", [this] { close(); });
     form.bind("help_spirit",

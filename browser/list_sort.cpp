@@ -7,6 +7,7 @@
 #include "browser/list_acts.h"
 #include "core/archive_entry.h"
 #include "core/main_form.h"
+#include "core/progress.h"
 #include "core/text_sort.h"
 
 namespace corvane {
@@ -75,6 +76,8 @@ void ListView1_ColumnClick(Tavrel& form) {
     run_state& state = form.state;
     list_view& list = form.ListView1;
     const int clicked = form.list_event.column;
+    // A task that works on the rows, like a deletion, counts on their order.
+    if (tasks_locked(form)) return;
     if (state.list_mode == 4 || clicked < 0 || clicked >= list.column_count()) return;
     const std::string header = list.columns()[static_cast<std::size_t>(clicked)].header;
     state.sort_descending = header == state.last_sort_column ? -1 : 0;

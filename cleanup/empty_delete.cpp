@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "cleanup/recycle_batches.h"
 #include "core/help.h"
@@ -17,8 +18,9 @@ namespace {
 
 constexpr int path_column = 2;
 
+// What one run has come to.
 struct tallies {
-    std::int32_t deleted = 0;
+    std::vector<std::string> taken;  // on their way to the recycle bin
     std::int32_t refused = 0;
 };
 
@@ -57,7 +59,7 @@ bool is_protected(Tavrel& form, const std::string& path) {
     return facts.hidden || facts.read_only;
 }
 
-void take_row(Tavrel& form, std::int32_t row, recycle_batches& batches, tallies& count) {
+void take_row(Tavrel& form, std::int32_t row, tallies& count) {
     list_view& list = form.ListView1;
     const std::uint32_t colour = list.colour(row, path_column);
     if (colour != mark_red && !(colour == mark_blue && form.state.force_protected)) return;
@@ -72,16 +74,15 @@ void take_row(Tavrel& form, std::int32_t row, recycle_batches& batches, tallies&
         list.set_colour(row, path_column, mark_blue);
         return;
     }
-    batches.add(path);
+    count.taken.push_back(path);
     list.set_text(row, path_column, "");
-    ++count.deleted;
-    form.panel(5, "正在删除:" + std::to_string(count.deleted));
+    form.panel(5, "正在删除:" + std::to_string(count.taken.size()));
     show_elapsed(form);
 }
 
 void report(Tavrel& form, const tallies& count) {
     std::string words = "放入回收站:";
-    words.append(std::to_string(count.deleted)).append(" 个空目录");
+    words.append(std::to_string(count.taken.size())).append(" 个空目录");
     if (count.refused == 0) return form.inform(words);
     words.append("\r\n无法删除:").append(std::to_string(count.refused)).append(" 个空目录 (隐藏或只读)");
     words.append("\r\n如需删除隐藏或只读目录,请按 yes,并重新运行<删除空目录>");
@@ -106,20 +107,21 @@ void Picture8_Click(Tavrel& form) {
     form.pic_gressbar1.visible = true;
     form.panel(5, "已删除:0");
 
-    recycle_batches batches;
     tallies count;
     for (std::int32_t row = 1; row <= list.row_count(); ++row) {
-        take_row(form, row, batches, count);
+        take_row(form, row, count);
         bar_draw(form, row);
         if (state.quit_requested) return;
     }
+    recycle_batches batches;
+    for (const std::string& path : count.taken) batches.add(path);
     if (batches.batch_count() > 0) {
         // The disk may have changed since the scan looked.
-        batches.send(form, [&form](const std::string& path) { return is_directory(form, path); });
+        batches.send(form, [&](std::size_t number) { return is_directory(form, count.taken[number]); });
         if (state.quit_requested) return;
         state.force_protected = 0;
     }
-    form.panel(5, "已删除:" + std::to_string(count.deleted));
+    form.panel(5, "已删除:" + std::to_string(count.taken.size()));
     form.pic_gressbar1.visible = false;
     show_elapsed(form);
     report(form, count);

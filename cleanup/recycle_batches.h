@@ -21,9 +21,9 @@ class recycle_batches {
 
     // Hands every batch to the recycle bin, yielding at each. After each batch the bar moves to it, panel 5
     // reads "已删除:" with its number times 1,000, and the elapsed time is shown. What the bin refuses stays
-    // on the disk. Ends early when the program is closing. A path that `still_meant` refuses is passed over,
-    // when it is given.
-    void send(Tavrel& form, const std::function<bool(const std::string&)>& still_meant = {});
+    // on the disk. Ends early when the program is closing. `may_go` is asked for each path by its number from
+    // 0 on, right before it goes; without it all go.
+    void send(Tavrel& form, const std::function<bool(std::size_t)>& may_go = {});
 
   private:
     std::vector<std::vector<std::string>> batches_;

@@ -19,6 +19,7 @@
 #include "platform/desktop/desktop_power.h"
 #include "platform/desktop/desktop_shell.h"
 #include "platform/linux/linux_file_system.h"
+#include "platform/linux/linux_text_encoding.h"
 #include "platform/linux/name_mapping.h"
 
 namespace corvane {
@@ -131,10 +132,11 @@ int console_main(int count, char** arguments) {
     record_output output(given.has_script ? stdout : stderr);
     console_interface screen(output);
     linux_file_system files;
+    linux_text_encoding encodings;
     desktop_shell desktop;
     desktop_power machine;
     printing_shell shell(output, given.dry_shell ? nullptr : &desktop, given.dry_shell ? nullptr : &machine);
-    program corvane({files, shell, shell, screen}, program_directory(given));
+    program corvane({files, shell, shell, screen, encodings}, program_directory(given));
     if (!corvane.start()) return status_failed;
     if (!given.has_script) return compare_directories(corvane, screen, given.directories);
     script_runner runner(corvane, screen, output);

@@ -12,6 +12,10 @@ namespace corvane {
 std::string archive_entry_text(std::string_view archive_path, std::string_view entry_name, std::uint32_t crc,
                                std::uint64_t size);
 
+// Appends the same, the CRC given as its eight digits.
+void append_archive_entry(std::string& text, std::string_view archive_path, std::string_view entry_name,
+                          std::string_view crc_text, std::uint64_t size);
+
 inline bool is_archive_member(std::string_view entry) {
     return entry.find('*') != std::string_view::npos;
 }

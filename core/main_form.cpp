@@ -29,6 +29,11 @@ Tavrel::Tavrel(ports given, std::string program_dir)
       Check1(add<control>(control_kind::check_box, "Check1")),
       Command46(add<control>(control_kind::button, "Command46")),
       Command47(add<control>(control_kind::button, "Command47")),
+      Frame1(add<control>(control_kind::frame, "Frame1")),
+      Text1(add<control>(control_kind::text_box, "Text1")),
+      Text2(add<control>(control_kind::text_box, "Text2")),
+      Command7(add<control>(control_kind::button, "Command7")),
+      Command26(add<control>(control_kind::button, "Command26")),
       Splitter(add<control>(control_kind::splitter, "Splitter")),
       tiptext(add<control>(control_kind::text_box, "tiptext")),
       Timer2(add<timer_control>("Timer2", 10)),
@@ -59,18 +64,23 @@ Tavrel::Tavrel(ports given, std::string program_dir)
     Check1.caption = "比对时避开该文件";
     Command46.caption = "打开目录";
     Command47.caption = "确定";
+    Frame1.caption = "[文件2]栏按序号删除";
+    Command7.caption = "删除";
+    Command7.tooltip = "[在文件2栏]中删除";
+    Command26.caption = "关闭";
     Splitter.back_colour = 0x808080;
     Splitter.place.width = 5;
     ListView1.place = {0, 0, 12000, 6000};  // until a front end says how large it is
-    for (control* hidden :
-         {static_cast<control*>(&ListView1), static_cast<control*>(&pic_gressbar1), &Command28, &Label4,
-          &Frame4, static_cast<control*>(&List1), static_cast<control*>(&listleft), &Frame_err, &tiptext})
+    for (control* hidden : {static_cast<control*>(&ListView1), static_cast<control*>(&pic_gressbar1),
+                            &Command28, &Label4, &Frame4, static_cast<control*>(&List1),
+                            static_cast<control*>(&listleft), &Frame_err, &Frame1, &tiptext})
         hidden->visible = false;
 
     set_defaults(state);
     state.program_dir = std::move(program_dir);
     state.same_file_path = data_path("相同文件.txt");
     state.history_path = data_path("run_history.txt");
+    state.archive_del_path = data_path("winrar_del_file.txt");
 }
 
 form_model* Tavrel::child(std::string_view name) const {

@@ -55,6 +55,11 @@ class Tavrel : public form_model {
     control& Check1;  // "比对时避开该文件"
     control& Command46;
     control& Command47;
+    control& Frame1;  // "[文件2]栏按序号删除": opens and closes
+    control& Text1;
+    control& Text2;
+    control& Command7;
+    control& Command26;
     control& Splitter;
     control& tiptext;
     timer_control& Timer2;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -41,6 +42,13 @@ struct run_state : settings {
     std::string first_root;
     std::string archive_error_path;
     std::int32_t archive_error_count = 0;
+
+    // The archive whose directory was read last. What a read at a file's end does not fill of entry_buffer
+    // stays from the read before it.
+    std::array<std::byte, 4097> entry_buffer{};
+    std::string archive_path;
+    std::int64_t archive_length = 0;
+    std::int16_t archive_damaged = 0;
 
     // Option lists with their flags, from index 1; the texts hold the entries in force, upper-cased and each
     // closed by one blank.
@@ -132,7 +140,10 @@ struct run_state : settings {
     std::string same_file_path;  // the same-file result
     std::string history_path;    // the signature history
 
-    std::int16_t force_protected = 0;  // blue cells count as marked, and their attributes are cleared
+    std::int32_t archive_mark_count = 0;  // names of archive entries written for deletion; never set back
+    std::int32_t archive_del_count = 0;   // of these, handled in this run
+    std::string archive_del_path;         // the list of them
+    std::int16_t force_protected = 0;     // blue cells count as marked, and their attributes are cleared
 
     // Clocks, in seconds.
     double task_start_time = 0;

@@ -59,6 +59,8 @@ class line_writer {
         if (buffer_.size() + text.size() > block) flush();
         buffer_ += text;
     }
+    // Hands on what is collected, for a file that is looked at while it grows.
+    void flush();
     // Overwrites bytes that were written before, at `offset` from the start of the file.
     void patch(std::int64_t offset, std::string_view text);
     bool failed() const { return file_ == nullptr || failed_; }
@@ -68,7 +70,6 @@ class line_writer {
 
   private:
     static constexpr std::size_t block = 256 * 1024;
-    void flush();
     void fail();
 
     std::unique_ptr<file_writer> file_;

@@ -15,6 +15,7 @@
 #include "forms/qt_user_interface.h"
 #include "platform/desktop/desktop_power.h"
 #include "platform/linux/linux_file_system.h"
+#include "platform/linux/linux_text_encoding.h"
 #include "platform/linux/name_mapping.h"
 
 namespace {
@@ -79,7 +80,9 @@ int main(int argc, char** argv) {
     corvane::qt_shell desktop;
     corvane::desktop_power machine;
     corvane::qt_user_interface screen;
-    corvane::program program({files, desktop, machine, screen}, corvane::to_text(with_slash(program_dir)));
+    corvane::linux_text_encoding encodings;
+    corvane::program program({files, desktop, machine, screen, encodings},
+                             corvane::to_text(with_slash(program_dir)));
     corvane::front_end windows(program, screen);
     // Inside the event loop, so that a program closed while it starts leaves the loop as well.
     QTimer::singleShot(0, &application, [&windows] {

@@ -148,6 +148,8 @@ class file_system {
     // Claims the program's folder for this process until it ends, however it ends. False when another process
     // has it; no file is touched. True where the disk knows no locks.
     virtual bool claim_directory(const std::string& directory) = 0;
+    // Deletes a regular file for good: never a directory, a link or a device.
+    virtual bool remove_file(const std::string& path, std::string& error) = 0;
     // Removes one of the program's own data files; a missing one is no failure.
     virtual bool remove_data_file(const std::string& path, std::string& error) = 0;
 };

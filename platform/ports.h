@@ -1,10 +1,11 @@
-// The four ports in one hand, as the program is given them at start. The owner of the ports outlives the
+// The ports in one hand, as the program is given them at start. The owner of the ports outlives the
 // program.
 #pragma once
 
 #include "platform/file_system.h"
 #include "platform/power.h"
 #include "platform/shell.h"
+#include "platform/text_encoding.h"
 #include "platform/user_interface.h"
 
 namespace corvane {
@@ -14,6 +15,7 @@ struct ports {
     shell& desktop;
     power& machine;
     user_interface& screen;
+    text_encoding& encodings;
 };
 
 }  // namespace corvane

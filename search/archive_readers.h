@@ -1,5 +1,6 @@
 // The readers of archive directories, called by the walk for each ZIP and RAR file while scan_archives is
-// set. A reader appends the entries of one archive to file_list.
+// set. A reader puts the members of one archive into the output. It never stops the walk: whatever it cannot
+// go on with ends the reading of that archive alone.
 #pragma once
 
 #include <functional>
@@ -8,10 +9,11 @@
 namespace corvane {
 
 class Tavrel;
+class walk_output;
 
 struct archive_readers {
-    std::function<void(Tavrel&, const std::string& path)> read_zip;
-    std::function<void(Tavrel&, const std::string& path)> read_rar;
+    std::function<void(Tavrel&, const std::string& path, walk_output&)> read_zip;
+    std::function<void(Tavrel&, const std::string& path, walk_output&)> read_rar;
 };
 
 }  // namespace corvane

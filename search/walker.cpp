@@ -16,6 +16,7 @@
 #include "core/text_sort.h"
 #include "core/walk_links.h"
 #include "search/archive_readers.h"
+#include "search/walk_output.h"
 
 namespace corvane {
 
@@ -75,8 +76,13 @@ class wide_path_panel {
 // One walk. Owns what lives as long as it.
 class directory_walk {
   public:
-    directory_walk(Tavrel& form, const archive_readers& readers)
-        : form_(form), state_(form.state), files_(form.outside.files), readers_(readers), links_(form) {}
+    directory_walk(Tavrel& form, const archive_readers& readers, walk_output& output)
+        : form_(form),
+          state_(form.state),
+          files_(form.outside.files),
+          readers_(readers),
+          output_(output),
+          links_(form) {}
 
     void run() {
         queue_roots();
@@ -88,7 +94,7 @@ class directory_walk {
             link = links_.next();
             if (!link.empty()) enqueue(std::move(link));
         } while (read_index < state_.dir_queue.size());
-        if (full_) report_limit();
+        if (queue_full_ || output_.full()) report_limit();
     }
 
   private:
@@ -104,7 +110,7 @@ class directory_walk {
 
     void enqueue(std::string directory) {
         if (static_cast<std::int32_t>(state_.dir_queue.size()) > state_.limits.directories)
-            full_ = true;
+            queue_full_ = true;
         else
             state_.dir_queue.push_back(std::move(directory));
     }
@@ -144,12 +150,12 @@ class directory_walk {
         if (state_.scan_archives == 1 || state_.only_type_length > 0 || state_.exclude_type_length > 0) {
             const std::string type = type_of(path);
             if (state_.scan_archives == 1) {
-                if (type == ".RAR " && readers_.read_rar) readers_.read_rar(form_, path);
-                if (type == ".ZIP " && readers_.read_zip) readers_.read_zip(form_, path);
+                if (type == ".RAR ") read_archive(readers_.read_rar, path);
+                if (type == ".ZIP ") read_archive(readers_.read_zip, path);
             }
-            if (!rejects_type(state_, type)) append(path);
+            if (!rejects_type(state_, type)) output_.add(path);
         } else {
-            append(path);
+            output_.add(path);
         }
         if (state_.walk_count % files_per_status == 0) {
             form_.panel(1, std::to_string(state_.walk_count));
@@ -157,13 +163,11 @@ class directory_walk {
         }
     }
 
-    void append(const std::string& path) {
-        if (state_.walk_count >= state_.limits.files) {
-            full_ = true;
-            return;
-        }
-        ++state_.walk_count;
-        state_.file_list.push_back(path);
+    template <class reader>
+    void read_archive(const reader& read, const std::string& path) {
+        const std::int32_t errors_before = state_.archive_error_count;
+        if (read) read(form_, path, output_);
+        if (state_.archive_error_count != errors_before) output_.show_report();
     }
 
     void report_limit() {
@@ -174,9 +178,10 @@ class directory_walk {
     run_state& state_;
     file_system& files_;
     const archive_readers& readers_;
+    walk_output& output_;
     walk_links links_;
     std::int32_t last_shown_ = 0;
-    bool full_ = false;
+    bool queue_full_ = false;
 };
 
 void write_advice(line_writer& report) {
@@ -198,10 +203,14 @@ bool walk_directories(Tavrel& form, const archive_readers& readers) {
     state.archive_error_count = 0;
     std::string error;
     line_writer report(form.outside.files.overwrite_file(state.archive_error_path, error), error);
-    if (state.scan_archives == 1) report.line("压缩包错误清单");
+    walk_output output(state, report);
+    if (state.scan_archives == 1) {
+        report.line("压缩包错误清单");
+        output.show_report();
+    }
     {
         const wide_path_panel room(form.StatusBar1);
-        directory_walk(form, readers).run();
+        directory_walk(form, readers, output).run();
     }
     if (state.scan_archives == 1) form.panel(2, "");
     if (state.archive_error_count > 0) write_advice(report);

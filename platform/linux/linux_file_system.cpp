@@ -291,6 +291,18 @@ bool linux_file_system::put_text(const std::string& path, std::string_view text,
     return put_linux_text(raw_path(path).c_str(), text, error);
 }
 
+bool linux_file_system::remove_file(const std::string& path, std::string& error) {
+    const raw_path raw(path);
+    struct stat facts;
+    if (lstat(raw.c_str(), &facts) == 0 && !S_ISREG(facts.st_mode)) {
+        error = std::strerror(S_ISDIR(facts.st_mode) ? EISDIR : EINVAL);
+        return false;
+    }
+    if (unlink(raw.c_str()) == 0) return true;
+    error = std::strerror(errno);
+    return false;
+}
+
 bool linux_file_system::remove_data_file(const std::string& path, std::string& error) {
     if (unlink(raw_path(path).c_str()) == 0 || errno == ENOENT) return true;
     error = std::strerror(errno);

@@ -61,7 +61,7 @@ TEST(Environment, TheFirstRunMendsNothingTheSecondDoes) {
     EXPECT_EQ(p.state.shutdown_action_text, "");
     EXPECT_EQ(p.state.list_font_size, 0);
     p.corvane.close();
-    program again({p.files, p.desktop, p.desktop, p.screen}, "/prog/");
+    program again({p.files, p.desktop, p.desktop, p.screen, p.encodings}, "/prog/");
     again.start();
     const run_state& state = again.main_form().state;
     EXPECT_EQ(state.tree_levels, 4);

@@ -46,7 +46,7 @@ TEST(ErrorFrame, AfterANormalEndNothingIsShownAndTheRecordStays) {
     p.form.run("debug_err");
     p.compare({"/d"});
     p.corvane.close();
-    program again({p.files, p.desktop, p.desktop, p.screen}, "/prog/");
+    program again({p.files, p.desktop, p.desktop, p.screen, p.encodings}, "/prog/");
     again.start();
     EXPECT_FALSE(again.main_form().Frame_err.visible);
     EXPECT_EQ(p.files.content_of("/prog/err_rec.txt"), "/d/b\r\n");

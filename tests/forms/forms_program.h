@@ -9,6 +9,7 @@
 #include "app/program.h"
 #include "forms/front_end.h"
 #include "forms/qt_user_interface.h"
+#include "platform/linux/linux_text_encoding.h"
 #include "tests/support/memory_file_system.h"
 #include "tests/support/scripted_interface.h"
 
@@ -32,6 +33,7 @@ struct forms_program {
     memory_file_system files;
     recording_shell desktop;
     qt_user_interface screen;
+    linux_text_encoding encodings;
     program corvane;
     Tavrel& form;
     front_end windows;

@@ -130,8 +130,8 @@ TEST(MemoryAttributes, ClearingWorksAsOnTheDisk) {
     EXPECT_FALSE(files.attributes("/d/.h").hidden);
     EXPECT_FALSE(files.attributes("/d/locked").read_only);
     EXPECT_FALSE(files.clear_attributes("/d/gone", error));
-    files.add_file("/d/fixed").read_only = true;
-    files.fixed_attributes.insert("/d/fixed");
+    memory_file& fixed = files.add_file("/d/fixed");
+    fixed.read_only = fixed.keeps_attributes = true;
     EXPECT_FALSE(files.clear_attributes("/d/fixed", error));
     EXPECT_TRUE(files.attributes("/d/fixed").read_only);
 }

@@ -6,6 +6,7 @@
 #include "core/directory_filter.h"
 #include "search/archive_readers.h"
 #include "search/search_task.h"
+#include "search/walk_output.h"
 #include "tests/support/test_program.h"
 
 namespace corvane {
@@ -257,12 +258,13 @@ struct archive_calls {
     archive_readers readers;
     texts calls;
     archive_calls() {
-        readers.read_zip = [this](Tavrel& form, const std::string& path) {
+        readers.read_zip = [this](Tavrel&, const std::string& path, walk_output& output) {
             calls.push_back("zip " + path);
-            form.state.file_list.push_back(archive_entry_text(path, "in.txt", 0xC0FFEE, 77));
-            ++form.state.walk_count;
+            output.add(archive_entry_text(path, "in.txt", 0xC0FFEE, 77));
         };
-        readers.read_rar = [this](Tavrel&, const std::string& path) { calls.push_back("rar " + path); };
+        readers.read_rar = [this](Tavrel&, const std::string& path, walk_output&) {
+            calls.push_back("rar " + path);
+        };
     }
 };
 
@@ -319,13 +321,13 @@ TEST(Archives, TheErrorReportIsEmptiedByEverySearchAndHeadedWhileTheOptionIsOn) 
 TEST(Archives, AReportWithErrorsGetsTheAdviceAndIsOpened) {
     test_program p;
     archive_readers readers;
-    readers.read_zip = [](Tavrel& form, const std::string&) { ++form.state.archive_error_count; };
+    readers.read_zip = [](Tavrel&, const std::string&, walk_output& output) { output.report("bad"); };
     p.files.add_file("/d/a.zip");
     p.select({"/d"});
     p.state.scan_archives = 1;
     walk_directories(p.form, readers);
     EXPECT_EQ(p.stored_lines("err.txt"),
-              (texts{"压缩包错误清单", "", "压缩包错误的验证方法", "1.选中所列的一个文件", "2.复制",
+              (texts{"压缩包错误清单", "bad", "", "压缩包错误的验证方法", "1.选中所列的一个文件", "2.复制",
                      "3.放在地址栏,或者贴到 <开始\\运行>,回车,即可运行."}));
     EXPECT_EQ(p.desktop.calls, texts{"open /prog/err.txt"});
 }

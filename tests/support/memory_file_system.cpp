@@ -7,14 +7,32 @@ namespace corvane {
 
 class memory_reader : public file_reader {
   public:
-    memory_reader(memory_file_system& files, std::string path) : files_(files), path_(std::move(path)) {}
+    memory_reader(memory_file_system& files, std::string path) : files_(files), path_(std::move(path)) {
+        ++files_.open_now;
+    }
+    ~memory_reader() override { --files_.open_now; }
 
     std::int64_t read_at(std::int64_t offset, std::span<std::byte> buffer) override {
         const memory_file* file = files_.find(path_);
         if (file == nullptr || file->unreadable) return -1;
-        const auto start = std::min(static_cast<std::size_t>(offset), file->content.size());
-        const std::size_t count = std::min(buffer.size(), file->content.size() - start);
-        if (count > 0) std::memcpy(buffer.data(), file->content.data() + start, count);
+        const auto length = file->hole + static_cast<std::int64_t>(file->content.size());
+        const auto left = static_cast<std::size_t>(length - std::min(offset, length));
+        const std::size_t count = std::min(buffer.size(), left);
+        if (file->read_failure >= 0 && offset + static_cast<std::int64_t>(count) > file->read_failure)
+            return -1;
+        // What stands in front of the hole, the hole, what stands behind it.
+        const std::int64_t hole_end = file->hole_at + file->hole;
+        for (std::size_t done = 0; done < count;) {
+            const std::int64_t at = offset + static_cast<std::int64_t>(done);
+            const std::int64_t end = at < file->hole_at ? file->hole_at : at < hole_end ? hole_end : length;
+            const std::size_t part = std::min(count - done, static_cast<std::size_t>(end - at));
+            if (at >= file->hole_at && at < hole_end)
+                std::memset(buffer.data() + done, 0, part);
+            else
+                std::memcpy(buffer.data() + done,
+                            file->content.data() + (at < hole_end ? at : at - file->hole), part);
+            done += part;
+        }
         files_.bytes_read[path_] += static_cast<std::int64_t>(count);
         return static_cast<std::int64_t>(count);
     }
@@ -185,7 +203,7 @@ path_attributes memory_file_system::attributes(const std::string& path) {
 
 bool memory_file_system::clear_attributes(const std::string& path, std::string& error) {
     memory_file* file = find(path);
-    if (file == nullptr || fixed_attributes.count(key(path)) != 0) {
+    if (file == nullptr || file->keeps_attributes) {
         error = file == nullptr ? "no such file" : "operation not permitted";
         return false;
     }
@@ -199,8 +217,8 @@ file_facts memory_file_system::facts(std::string_view path) {
     file_facts result;
     if (file == nullptr || file->kind != entry_kind::file) return result;
     result.exists = true;
-    result.length =
-        file->stated_length >= 0 ? file->stated_length : static_cast<std::int64_t>(file->content.size());
+    result.length = file->stated_length >= 0 ? file->stated_length
+                                             : file->hole + static_cast<std::int64_t>(file->content.size());
     result.date_high = file->date_high;
     result.date_low = file->date_low;
     result.link_count = file->link_count;
@@ -248,6 +266,17 @@ std::unique_ptr<file_writer> memory_file_system::overwrite_file(const std::strin
 bool memory_file_system::put_text(const std::string& path, std::string_view text, std::string& error) {
     const std::unique_ptr<file_writer> writer = overwrite_file(path, error);
     return writer && writer->write(text) && writer->commit();
+}
+
+bool memory_file_system::remove_file(const std::string& path, std::string& error) {
+    const memory_file* file = find(path);
+    if (file == nullptr || file->kind != entry_kind::file || file->keeps_itself) {
+        error = "cannot be deleted";
+        return false;
+    }
+    removed.push_back(path);
+    entries_.erase(key(path));
+    return true;
 }
 
 bool memory_file_system::remove_data_file(const std::string& path, std::string&) {

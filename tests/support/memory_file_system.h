@@ -20,9 +20,14 @@ struct memory_file {
     std::int32_t date_low = 0;
     bool hidden = false;
     bool read_only = false;
+    bool keeps_attributes = false;  // clear_attributes fails
+    bool keeps_itself = false;      // remove_file fails
     bool unreadable = false;
     std::size_t breaks_after = static_cast<std::size_t>(-1);  // of a directory: entries before a read error
     std::int64_t stated_length = -1;  // when not -1, what facts() says in place of the content's length
+    std::int64_t hole = 0;            // length of a run of zeros within the content, which costs no memory
+    std::int64_t hole_at = 0;         // where in the content it stands
+    std::int64_t read_failure = -1;   // when not -1, a read that reaches this offset fails
 };
 
 class memory_file_system : public file_system {
@@ -38,11 +43,12 @@ class memory_file_system : public file_system {
     void erase(const std::string& path) { entries_.erase(key(path)); }
 
     std::map<std::string, int> opened;  // how often each file was opened for reading
+    int open_now = 0;                   // readers that have not been closed
     std::map<std::string, std::int64_t> bytes_read;
+    std::vector<std::string> removed;  // by remove_file, in order
     std::set<std::string> recycle_directories;
     std::string write_failure_path;  // writing this file fails, with the words below
     std::string write_failure_words = "disk full";
-    std::set<std::string> fixed_attributes;  // paths whose attributes cannot be cleared
     bool claimed_by_another = false;
     std::vector<volume> mounted;
     bool folder_locked = false;  // can_write_into says no
@@ -71,6 +77,7 @@ class memory_file_system : public file_system {
     bool put_text(const std::string& path, std::string_view text, std::string& error) override;
     bool can_write_into(const std::string&) override { return !folder_locked; }
     bool claim_directory(const std::string&) override { return !claimed_by_another; }
+    bool remove_file(const std::string& path, std::string& error) override;
     bool remove_data_file(const std::string& path, std::string& error) override;
 
   private:

@@ -90,7 +90,12 @@ class recording_shell : public shell, public power {
     std::vector<std::string> calls;
     shell_result answer = shell_result::success();  // of every call
 
-    shell_result recycle(const std::string& path) override { return note("recycle " + path); }
+    std::function<shell_result(const std::string&)> on_recycle;  // what the recycle bin does; nothing without it
+
+    shell_result recycle(const std::string& path) override {
+        const shell_result noted = note("recycle " + path);
+        return on_recycle ? on_recycle(path) : noted;
+    }
     shell_result open_document(const std::string& path) override { return note("open " + path); }
     shell_result show_in_file_manager(const std::string& path) override { return note("select " + path); }
     shell_result show_properties(const std::string& path) override { return note("properties " + path); }

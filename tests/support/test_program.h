@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/program.h"
+#include "platform/linux/linux_text_encoding.h"
 #include "tests/support/memory_file_system.h"
 #include "tests/support/scripted_interface.h"
 #include "tests/support/settings_file.h"
@@ -16,7 +17,7 @@ struct test_program {
     explicit test_program(char separator = '/')
         : files(separator),
           program_dir(separator == '/' ? "/prog/" : "P:\\prog\\"),
-          corvane({files, desktop, desktop, screen}, program_dir),
+          corvane({files, desktop, desktop, screen, encodings}, program_dir),
           form(corvane.main_form()),
           state(form.state) {
         files.add_directory(program_dir);
@@ -79,6 +80,7 @@ struct test_program {
     memory_file_system files;
     recording_shell desktop;
     scripted_interface screen;
+    linux_text_encoding encodings;
     std::string program_dir;
     program corvane;
     Tavrel& form;

@@ -1,0 +1,71 @@
+#include "search/rar_reader.h"
+
+#include <algorithm>
+
+#include "core/archive_entry.h"
+#include "core/main_form.h"
+#include "search/archive_input.h"
+#include "search/walk_output.h"
+
+namespace corvane {
+
+namespace {
+constexpr std::int64_t marker_length = 7;
+constexpr std::int64_t end_reserve = 27;  // no block starts in the last bytes: keeps the end block out
+}  // namespace
+
+void read_rar(Tavrel& form, const std::string& path, walk_output& output) {
+    run_state& state = form.state;
+    state.archive_damaged = 0;
+    archive_input archive(form, path);
+    // Here index 0 is the first byte of the file. The marker is read as if it were a block.
+    if (!archive.is_open() || !archive.read(1)) return;
+    const bool good = archive.hex8_at(2) == "72" && archive.hex16_at(3) == "1A21" && archive.u16_at(5) == 7;
+    if (!good) {
+        state.archive_damaged = -1;
+        output.report(path + "  已损坏,无法打开,请检查");
+        return;
+    }
+    const std::int64_t limit = archive.length() - end_reserve;
+    std::int64_t position = marker_length + archive.u16_at(12);
+    while (position < limit && read_rar_block(form, archive, output, position, position)) {
+    }
+}
+
+bool read_rar_block(Tavrel& form, archive_input& archive, walk_output& output, std::int64_t position,
+                    std::int64_t& next) {
+    run_state& state = form.state;
+    if (!archive.read(position)) return false;
+    const std::string head_type = archive.hex8_at(3);
+    const std::string head_flags = archive.hex16_at(4);
+    const std::uint16_t head_size = archive.u16_at(6);
+    std::uint64_t pack_size = archive.u32_at(8);
+    std::uint64_t unp_size = archive.u32_at(12);
+    const std::string file_crc = archive.hex32_at(17);
+    const std::uint16_t name_size = archive.u16_at(27);
+    std::size_t name_index = 33;
+    // With any other flag beside the one for large files, the high words are taken for the name.
+    if (head_flags == "0100") {
+        pack_size |= static_cast<std::uint64_t>(archive.u32_at(33)) << 32;
+        unp_size |= static_cast<std::uint64_t>(archive.u32_at(37)) << 32;
+        name_index = 41;
+    }
+    std::string name;
+    if (!archive.name_at(name_index, name_size, name)) return false;
+
+    // Past the end of the file all places are alike.
+    next = position + head_size +
+           static_cast<std::int64_t>(std::min(pack_size, static_cast<std::uint64_t>(archive.length())));
+    if (head_size == 0) {
+        state.archive_damaged = -1;
+        next = archive.length();
+    }
+    if (head_type == "7A") return true;
+    const bool is_directory = head_flags[2] == 'E' || head_flags[2] == 'F';
+    if (file_crc == "00000000" && is_directory) return true;
+    std::string entry;
+    append_archive_entry(entry, state.current_path, name, file_crc, unp_size);
+    return output.add(entry);
+}
+
+}  // namespace corvane

@@ -1,0 +1,43 @@
+// Where the walk and the archive readers put what they find: file_list, up to its limit, and the report of
+// archive errors, which is looked at while it grows.
+#pragma once
+
+#include <string_view>
+
+#include "core/run_state.h"
+#include "core/text_file.h"
+
+namespace corvane {
+
+class walk_output {
+  public:
+    // Both outlive the output.
+    walk_output(run_state& state, line_writer& report) : state_(state), report_(report) {}
+
+    // Appends an entry to file_list. False at the limit, which full() remembers.
+    bool add(std::string_view entry) {
+        if (state_.walk_count >= state_.limits.files) {
+            full_ = true;
+            return false;
+        }
+        ++state_.walk_count;
+        state_.file_list.push_back(entry);
+        return true;
+    }
+    bool full() const { return full_; }
+
+    // Adds a line to the report and counts it in archive_error_count.
+    void report(std::string_view line) {
+        report_.line(line);
+        ++state_.archive_error_count;
+    }
+    // Makes the lines so far visible to other programs.
+    void show_report() { report_.flush(); }
+
+  private:
+    run_state& state_;
+    line_writer& report_;
+    bool full_ = false;
+};
+
+}  // namespace corvane
