@@ -9,6 +9,9 @@
 #include "browser/list_menu.h"
 #include "browser/same_view.h"
 #include "cleanup/delete_files.h"
+#include "cleanup/empty_delete.h"
+#include "cleanup/empty_search.h"
+#include "cleanup/empty_view.h"
 #include "compare/abnormal_files.h"
 #include "compare/compare_task.h"
 #include "compare/similar_files.h"
@@ -88,6 +91,7 @@ void program::bind_list() {
     bind_task("not_list", [this] { not_list_Click(main_); });
     bind_task("result_refresh", [this] {
         if (main_.state.list_mode == 0) load_same_view(main_);
+        if (main_.state.list_mode == 1) Picture7_Click(main_);
     });
     main_.bind("samefile_disp1_MouseDown",
                [this] { open_directory_of_box(main_, main_.samefile_disp1.text); });
@@ -118,6 +122,11 @@ void program::bind_handlers() {
     bind_task("Picture3_Click", [this] { Picture3_Click(main_); });
     bind_task("Picture4_Click", [this] { load_same_view(main_); });
     bind_task("Picture11_Click", [this] { Picture11_Click(main_); });
+    bind_task("Picture6_Click", [this] { Picture6_Click(main_); });
+    bind_task("Command43_Click", [this] { Command43_Click(main_); });
+    bind_task("Picture7_Click", [this] { Picture7_Click(main_); });
+    bind_task("Picture8_Click", [this] { Picture8_Click(main_); });
+    bind_task("del_dir", [this] { del_dir_Click(main_); });
     bind_task("Command35_Click", [this] { Picture11_Click(main_); });
     bind_task("Command18_Click", [this] { Command18_Click(main_); });
     bind_task("Command19_Click", [this] { Command19_Click(main_, readers_); });

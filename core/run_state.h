@@ -18,6 +18,7 @@ struct capacity_limits {
     std::int32_t files = 4'000'000;
     std::int32_t directories = 200'000;
     std::int32_t selected_directories = 2'000;
+    std::int32_t empty_directories = 400'000;
     std::int32_t result_rows = 1'000'000;
     std::int32_t excluded_directories = 100;
     std::int32_t file_types = 200;  // of each of the two lists
@@ -128,6 +129,10 @@ struct run_state : settings {
     text_column result_file2;
     std::int64_t result_max_length = 0;
     std::int16_t list_mode = 0;  // 0 same files, 1 empty directories, 2 different files, 3 and 4 same names
+
+    // Directories of spasedir.txt as the empty-directory view read them; index 1 to empty_dir_count.
+    text_column empty_dirs;
+    std::int32_t empty_dir_count = 0;
 
     // The last mouse event on the list, ranges, sorting, find.
     std::int32_t clicked_row = 0;  // 0: no row was selected

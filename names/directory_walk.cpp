@@ -12,7 +12,7 @@
 #include "core/progress.h"
 #include "core/text_case.h"
 #include "core/text_format.h"
-#include "core/walked_places.h"
+#include "core/walk_links.h"
 
 namespace corvane {
 
@@ -21,20 +21,18 @@ namespace {
 class directory_name_walk {
   public:
     explicit directory_name_walk(Tavrel& form)
-        : form_(form), state_(form.state), files_(form.outside.files), places_(files_) {}
+        : form_(form), state_(form.state), files_(form.outside.files), links_(form) {}
 
     std::int32_t run() {
         state_.dir_queue.assign(1, {});
         queue_roots();
         std::size_t read_index = 1;
-        std::size_t next_link = 0;
-        while (!state_.quit_requested) {
+        do {
             for (; read_index < state_.dir_queue.size() && !state_.quit_requested; ++read_index)
                 read_one(read_index);
-            if (next_link >= links_.size()) break;
-            std::string link = std::move(links_[next_link++]);
-            if (places_.may_follow(link)) enqueue(std::move(link));
-        }
+            std::string link = links_.next();
+            if (!link.empty()) enqueue(std::move(link));
+        } while (read_index < state_.dir_queue.size() && !state_.quit_requested);
         // What has been read makes room for what was found; those passed over leave no entry.
         state_.dir_queue.resize(found_ + 1);
         const auto found = static_cast<std::int32_t>(found_);
@@ -52,12 +50,7 @@ class directory_name_walk {
             const std::string directory =
                 with_separator(form_, files_.ignores_case() ? upper_case(bare) : selected);
             if (skip_directory(form_, directory)) continue;
-            const std::string resolved = with_separator(form_, files_.resolve(directory));
-            if (files_.ignores_case() || resolved == directory)
-                enqueue(directory);
-            else
-                links_.push_back(directory);
-            places_.note_ancestors(resolved);
+            if (links_.take_root(directory)) enqueue(directory);
         }
     }
 
@@ -75,7 +68,7 @@ class directory_name_walk {
         std::string error;
         const std::unique_ptr<directory_reader> reader = files_.open_directory(directory, error);
         if (reader) {
-            places_.note_listed(reader->identity());
+            links_.note_listed(reader->identity());
             take_entries(*reader, directory);
         }
         show_count();
@@ -89,7 +82,7 @@ class directory_name_walk {
             if (kind == entry_kind::directory)
                 enqueue(path_of(directory, name));
             else if (kind == entry_kind::link_to_directory)
-                links_.push_back(path_of(directory, name));
+                links_.wait(path_of(directory, name));
             form_.yield();
             if (state_.show_run_filename)
                 form_.Label4.caption = "目录数:" + std::to_string(count()) + "  " + directory;
@@ -115,8 +108,7 @@ class directory_name_walk {
     Tavrel& form_;
     run_state& state_;
     file_system& files_;
-    std::vector<std::string> links_;
-    walked_places places_;
+    walk_links links_;
     std::size_t found_ = 0;
     std::size_t shown_ = 0;
     bool full_ = false;

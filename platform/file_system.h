@@ -38,7 +38,8 @@ struct file_identity_hash {
 
 struct path_attributes {
     bool exists = false;
-    bool directory = false;
+    bool directory = false;  // also for a link to one
+    bool link = false;       // the path itself is a symbolic link, wherever that leads
     bool hidden = false;
     bool read_only = false;
 };
@@ -71,6 +72,8 @@ class directory_reader {
     // The next entry except "." and "..", in the system's order; false at the end or after a read error.
     // `name` is valid until the next call.
     virtual bool next(std::string_view& name, entry_kind& kind) = 0;
+    // True when next() ended on a read error: there may be entries that nobody has seen.
+    virtual bool failed() const = 0;
     virtual file_identity identity() const = 0;
 };
 
@@ -110,7 +113,13 @@ class file_system {
     virtual std::vector<volume> volumes() = 0;
     // Null when the directory cannot be read, or lies on a pseudo file system; `error` then says why.
     virtual std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) = 0;
+    // A closing separator does not hide a link: the facts are those of the path without it. A path that ends
+    // in one exists only as a directory.
     virtual path_attributes attributes(const std::string& path) = 0;
+    // Gives the owner write permission, and lets the name count as not hidden for as long as this object
+    // lives. False with the system's words in `error` when the permission cannot be given; then nothing has
+    // changed. What a link leads to is never touched.
+    virtual bool clear_attributes(const std::string& path, std::string& error) = 0;
     virtual file_facts facts(std::string_view path) = 0;
     // Where links in the path lead to; the path itself when there are none or it cannot be resolved.
     virtual std::string resolve(const std::string& path) = 0;
@@ -139,9 +148,6 @@ class file_system {
     // Claims the program's folder for this process until it ends, however it ends. False when another process
     // has it; no file is touched. True where the disk knows no locks.
     virtual bool claim_directory(const std::string& directory) = 0;
-    // Takes the read-only and the hidden attribute from a file or directory. Where hidden is a matter of the name,
-    // the name counts as not hidden for the rest of the run.
-    virtual bool clear_attributes(const std::string& path, std::string& error) = 0;
     // Deletes a regular file for good: never a directory, a link or a device.
     virtual bool remove_file(const std::string& path, std::string& error) = 0;
     // Removes one of the program's own data files; a missing one is no failure.

@@ -14,7 +14,7 @@
 #include "core/text_file.h"
 #include "core/text_format.h"
 #include "core/text_sort.h"
-#include "core/walked_places.h"
+#include "core/walk_links.h"
 #include "search/archive_readers.h"
 #include "search/walk_output.h"
 
@@ -73,23 +73,27 @@ class wide_path_panel {
     int widths_[4];
 };
 
-// One walk. Owns what lives as long as it: the places seen and the links that wait for the end.
+// One walk. Owns what lives as long as it.
 class directory_walk {
   public:
     directory_walk(Tavrel& form, const archive_readers& readers, walk_output& output)
-        : form_(form), state_(form.state), files_(form.outside.files), readers_(readers), output_(output), places_(files_) {}
+        : form_(form),
+          state_(form.state),
+          files_(form.outside.files),
+          readers_(readers),
+          output_(output),
+          links_(form) {}
 
     void run() {
         queue_roots();
         std::size_t read_index = 1;
-        std::size_t next_link = 0;
-        for (;;) {
+        std::string link;
+        do {
             for (; read_index < state_.dir_queue.size(); ++read_index) list_one(read_index);
             // Links come after everything that is reached without one.
-            if (next_link >= links_.size()) break;
-            const std::string& link = links_[next_link++];
-            if (places_.may_follow(link)) enqueue(link);
-        }
+            link = links_.next();
+            if (!link.empty()) enqueue(std::move(link));
+        } while (read_index < state_.dir_queue.size());
         if (queue_full_ || output_.full()) report_limit();
     }
 
@@ -100,12 +104,7 @@ class directory_walk {
             if (is_blank(trimmed(selected))) continue;
             const std::string directory = with_separator(form_, selected);
             if (skip_directory(form_, directory)) continue;
-            const std::string resolved = with_separator(form_, files_.resolve(directory));
-            if (resolved == directory)
-                enqueue(directory);
-            else
-                links_.push_back(directory);
-            places_.note_ancestors(resolved);
+            if (links_.take_root(directory)) enqueue(directory);
         }
     }
 
@@ -128,7 +127,7 @@ class directory_walk {
         std::string error;
         const std::unique_ptr<directory_reader> reader = files_.open_directory(directory, error);
         if (!reader) return;
-        places_.note_listed(reader->identity());
+        links_.note_listed(reader->identity());
 
         std::string& path = state_.current_path;
         std::string last_name;
@@ -141,7 +140,7 @@ class directory_walk {
             if (kind == entry_kind::directory)
                 enqueue(path + files_.separator());
             else if (kind == entry_kind::link_to_directory)
-                links_.push_back(path + files_.separator());
+                links_.wait(path + files_.separator());
             else if (kind == entry_kind::file)
                 take_file(path);
         }
@@ -180,8 +179,7 @@ class directory_walk {
     file_system& files_;
     const archive_readers& readers_;
     walk_output& output_;
-    std::vector<std::string> links_;
-    walked_places places_;
+    walk_links links_;
     std::int32_t last_shown_ = 0;
     bool queue_full_ = false;
 };

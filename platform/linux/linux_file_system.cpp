@@ -46,6 +46,7 @@ class linux_directory_reader : public directory_reader {
         for (;;) {
             if (at_ >= filled_) {
                 const long count = syscall(SYS_getdents64, descriptor_, buffer_.data(), buffer_.size());
+                failed_ = count < 0;
                 if (count <= 0) return false;
                 filled_ = static_cast<std::size_t>(count);
                 at_ = 0;
@@ -70,6 +71,7 @@ class linux_directory_reader : public directory_reader {
         }
     }
 
+    bool failed() const override { return failed_; }
     file_identity identity() const override { return identity_; }
 
   private:
@@ -96,6 +98,7 @@ class linux_directory_reader : public directory_reader {
     std::vector<char> buffer_;
     std::size_t at_ = 0;
     std::size_t filled_ = 0;
+    bool failed_ = false;
     std::string mapped_;
 };
 
@@ -182,36 +185,6 @@ std::unique_ptr<directory_reader> linux_file_system::open_directory(const std::s
     }
     return std::make_unique<linux_directory_reader>(descriptor,
                                                     file_identity{device_of(facts), facts.st_ino});
-}
-
-namespace {
-
-std::string without_closing_slash(std::string path) {
-    while (path.size() > 1 && path.back() == '/') path.pop_back();
-    return path;
-}
-
-}  // namespace
-
-path_attributes linux_file_system::attributes(const std::string& path) {
-    const raw_path raw(path);
-    struct stat facts;
-    path_attributes result;
-    if (lstat(raw.c_str(), &facts) != 0) return result;
-    result.exists = true;
-    if (S_ISLNK(facts.st_mode)) {
-        struct stat target;
-        result.directory = stat(raw.c_str(), &target) == 0 && S_ISDIR(target.st_mode);
-    } else {
-        result.directory = S_ISDIR(facts.st_mode);
-        result.read_only = (facts.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
-    }
-    const std::string whole = without_closing_slash(path);
-    std::string_view name(whole);
-    const std::size_t slash = name.rfind('/');
-    if (slash != std::string_view::npos) name.remove_prefix(slash + 1);
-    result.hidden = name.size() > 1 && name.front() == '.' && unhidden_.count(whole) == 0;
-    return result;
 }
 
 file_facts linux_file_system::facts(std::string_view path) {
@@ -316,23 +289,6 @@ bool linux_file_system::claim_directory(const std::string& directory) {
 
 bool linux_file_system::put_text(const std::string& path, std::string_view text, std::string& error) {
     return put_linux_text(raw_path(path).c_str(), text, error);
-}
-
-bool linux_file_system::clear_attributes(const std::string& path, std::string& error) {
-    const raw_path raw(path);
-    struct stat facts;
-    if (lstat(raw.c_str(), &facts) != 0) {
-        error = std::strerror(errno);
-        return false;
-    }
-    constexpr mode_t any_write = S_IWUSR | S_IWGRP | S_IWOTH;
-    if (!S_ISLNK(facts.st_mode) && (facts.st_mode & any_write) == 0 &&
-        chmod(raw.c_str(), (facts.st_mode & 07777) | S_IWUSR) != 0) {
-        error = std::strerror(errno);
-        return false;
-    }
-    unhidden_.insert(without_closing_slash(path));
-    return true;
 }
 
 bool linux_file_system::remove_file(const std::string& path, std::string& error) {

@@ -19,6 +19,7 @@ class linux_file_system : public file_system {
     std::vector<volume> volumes() override;
     std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) override;
     path_attributes attributes(const std::string& path) override;
+    bool clear_attributes(const std::string& path, std::string& error) override;
     file_facts facts(std::string_view path) override;
     std::string resolve(const std::string& path) override;
     bool identity(const std::string& path, file_identity& identity) override;
@@ -31,7 +32,6 @@ class linux_file_system : public file_system {
     bool put_text(const std::string& path, std::string_view text, std::string& error) override;
     bool can_write_into(const std::string& directory) override;
     bool claim_directory(const std::string& directory) override;
-    bool clear_attributes(const std::string& path, std::string& error) override;
     bool remove_file(const std::string& path, std::string& error) override;
     bool remove_data_file(const std::string& path, std::string& error) override;
 
@@ -42,8 +42,8 @@ class linux_file_system : public file_system {
     std::string trash_directory_;  // the user's trash, with a closing separator; text, resolved
     std::string recycle_name_;     // ".Trash-<uid>"
     std::unordered_map<std::uint64_t, bool> pseudo_devices_;
-    std::unordered_set<std::string> unhidden_;  // paths that clear_attributes was asked for
-    int claim_ = -1;  // descriptor of the claimed directory
+    std::unordered_set<std::string> unhidden_;  // without a closing separator; no longer count as hidden
+    int claim_ = -1;                            // descriptor of the claimed directory
 };
 
 }  // namespace corvane

@@ -80,20 +80,26 @@ namespace {
 
 class memory_directory_reader : public directory_reader {
   public:
-    memory_directory_reader(std::vector<std::pair<std::string, entry_kind>> entries, file_identity identity)
-        : entries_(std::move(entries)), identity_(identity) {}
+    memory_directory_reader(std::vector<std::pair<std::string, entry_kind>> entries, file_identity identity,
+                            std::size_t breaks_after)
+        : entries_(std::move(entries)), identity_(identity), breaks_after_(breaks_after) {}
     bool next(std::string_view& name, entry_kind& kind) override {
+        failed_ = at_ >= breaks_after_;
+        if (failed_) return false;
         if (at_ >= entries_.size()) return false;
         name = entries_[at_].first;
         kind = entries_[at_++].second;
         return true;
     }
+    bool failed() const override { return failed_; }
     file_identity identity() const override { return identity_; }
 
   private:
     std::vector<std::pair<std::string, entry_kind>> entries_;
     file_identity identity_;
+    std::size_t breaks_after_;
     std::size_t at_ = 0;
+    bool failed_ = false;
 };
 
 }  // namespace
@@ -178,18 +184,32 @@ std::unique_ptr<directory_reader> memory_file_system::open_directory(const std::
         if (name.size() > base.size() && name.starts_with(base) &&
             name.find(separator_, base.size()) == std::string::npos)
             entries.emplace_back(name.substr(base.size()), file.kind);
-    return std::make_unique<memory_directory_reader>(std::move(entries), file_identity{1, directory->index});
+    return std::make_unique<memory_directory_reader>(std::move(entries), file_identity{1, directory->index},
+                                                     directory->breaks_after);
 }
 
 path_attributes memory_file_system::attributes(const std::string& path) {
     const memory_file* file = find(path);
     path_attributes result;
     if (file == nullptr) return result;
+    result.link = file->kind == entry_kind::link_to_directory;
+    result.directory = file->kind == entry_kind::directory || result.link;
+    if (path.size() > 1 && path.back() == separator_ && !result.directory) return {};
     result.exists = true;
-    result.directory = file->kind == entry_kind::directory || file->kind == entry_kind::link_to_directory;
-    result.hidden = file->hidden;
+    result.hidden = file->hidden && unhidden_.count(key(path)) == 0;
     result.read_only = file->read_only;
     return result;
+}
+
+bool memory_file_system::clear_attributes(const std::string& path, std::string& error) {
+    memory_file* file = find(path);
+    if (file == nullptr || file->keeps_attributes) {
+        error = file == nullptr ? "no such file" : "operation not permitted";
+        return false;
+    }
+    if (file->kind != entry_kind::link_to_directory) file->read_only = false;
+    unhidden_.insert(key(path));
+    return true;
 }
 
 file_facts memory_file_system::facts(std::string_view path) {
@@ -246,16 +266,6 @@ std::unique_ptr<file_writer> memory_file_system::overwrite_file(const std::strin
 bool memory_file_system::put_text(const std::string& path, std::string_view text, std::string& error) {
     const std::unique_ptr<file_writer> writer = overwrite_file(path, error);
     return writer && writer->write(text) && writer->commit();
-}
-
-bool memory_file_system::clear_attributes(const std::string& path, std::string& error) {
-    memory_file* file = find(path);
-    if (file == nullptr || file->keeps_attributes) {
-        error = "access denied";
-        return false;
-    }
-    file->hidden = file->read_only = false;
-    return true;
 }
 
 bool memory_file_system::remove_file(const std::string& path, std::string& error) {

@@ -23,6 +23,7 @@ struct memory_file {
     bool keeps_attributes = false;  // clear_attributes fails
     bool keeps_itself = false;      // remove_file fails
     bool unreadable = false;
+    std::size_t breaks_after = static_cast<std::size_t>(-1);  // of a directory: entries before a read error
     std::int64_t stated_length = -1;  // when not -1, what facts() says in place of the content's length
     std::int64_t hole = 0;            // length of a run of zeros within the content, which costs no memory
     std::int64_t hole_at = 0;         // where in the content it stands
@@ -61,6 +62,7 @@ class memory_file_system : public file_system {
     }
     std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) override;
     path_attributes attributes(const std::string& path) override;
+    bool clear_attributes(const std::string& path, std::string& error) override;
     file_facts facts(std::string_view path) override;
     std::string resolve(const std::string& path) override;
     bool identity(const std::string& path, file_identity& identity) override;
@@ -75,7 +77,6 @@ class memory_file_system : public file_system {
     bool put_text(const std::string& path, std::string_view text, std::string& error) override;
     bool can_write_into(const std::string&) override { return !folder_locked; }
     bool claim_directory(const std::string&) override { return !claimed_by_another; }
-    bool clear_attributes(const std::string& path, std::string& error) override;
     bool remove_file(const std::string& path, std::string& error) override;
     bool remove_data_file(const std::string& path, std::string& error) override;
 
@@ -88,6 +89,7 @@ class memory_file_system : public file_system {
 
     char separator_;
     std::map<std::string, memory_file> entries_;
+    std::set<std::string> unhidden_;
     std::uint64_t next_index_ = 1;
 };
 

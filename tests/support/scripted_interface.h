@@ -94,7 +94,8 @@ class recording_shell : public shell, public power {
     std::vector<std::string> calls;
     shell_result answer = shell_result::success();  // of every call
 
-    std::function<shell_result(const std::string&)> on_recycle;  // what the recycle bin does; nothing without it
+    std::function<shell_result(const std::string&)>
+        on_recycle;  // what the recycle bin does; nothing without it
 
     shell_result recycle(const std::string& path) override {
         const shell_result noted = note("recycle " + path);

@@ -150,6 +150,20 @@ TEST_F(LinuxFileSystem, PseudoFileSystemsAreUnreadable) {
     EXPECT_NE(files.open_directory("/", error), nullptr);
 }
 
+TEST_F(LinuxFileSystem, AReadErrorIsToldFromTheEndOfADirectory) {
+    disk::create_directory(root + "ends");
+    disk::create_directory(root + "breaks");
+    const auto ends = files.open_directory(root + "ends", error);
+    const auto breaks = files.open_directory(root + "breaks", error);
+    disk::remove(root + "breaks");  // a removed directory can no longer be read
+    std::string_view name;
+    entry_kind kind;
+    EXPECT_FALSE(ends->next(name, kind));
+    EXPECT_FALSE(ends->failed());
+    EXPECT_FALSE(breaks->next(name, kind));
+    EXPECT_TRUE(breaks->failed());
+}
+
 TEST_F(LinuxFileSystem, AttributesTellHiddenAndReadOnly) {
     write(".hidden", "x");
     chmod(write("locked", "x").c_str(), 0444);

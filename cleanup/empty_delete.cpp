@@ -1,0 +1,135 @@
+#include "cleanup/empty_delete.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cleanup/recycle_batches.h"
+#include "core/help.h"
+#include "core/main_form.h"
+#include "core/progress.h"
+#include "core/text_format.h"
+
+namespace corvane {
+
+using namespace cell_colour;
+
+namespace {
+
+constexpr int path_column = 2;
+
+// What one run has come to.
+struct tallies {
+    std::vector<std::string> taken;  // on their way to the recycle bin
+    std::int32_t refused = 0;
+};
+
+std::string without_trailing_blanks(std::string text) {
+    text.erase(text.find_last_not_of(' ') + 1);
+    return text;
+}
+
+// A full path that ends in the separator and takes no detour. The stored list is a text that anyone can edit,
+// and nothing may go that it does not plainly name.
+bool names_directory(const Tavrel& form, std::string_view path) {
+    const char separator = form.outside.files.separator();
+    if (path.empty() || path.back() != separator) return false;
+    const bool with_drive = separator == '\\' && path.size() >= 3 && path[1] == ':' && path[2] == separator;
+    const bool on_server =
+        separator == '\\' && path.size() >= 3 && path[0] == separator && path[1] == separator;
+    if (separator == '\\' ? !with_drive && !on_server : path[0] != separator) return false;
+    bool named = false;
+    for (std::size_t start = with_drive ? 3 : 1; start < path.size();) {
+        const std::size_t end = path.find(separator, start);
+        const std::string_view name = path.substr(start, end - start);
+        if (name == "." || name == "..") return false;
+        named |= !name.empty();
+        start = end + 1;
+    }
+    return named;
+}
+
+bool is_directory(Tavrel& form, const std::string& path) {
+    const path_attributes facts = form.outside.files.attributes(path.substr(0, path.size() - 1));
+    return facts.exists && facts.directory && !facts.link;
+}
+
+bool is_protected(Tavrel& form, const std::string& path) {
+    const path_attributes facts = form.outside.files.attributes(path);
+    return facts.hidden || facts.read_only;
+}
+
+void take_row(Tavrel& form, std::int32_t row, tallies& count) {
+    list_view& list = form.ListView1;
+    const std::uint32_t colour = list.colour(row, path_column);
+    if (colour != mark_red && !(colour == mark_blue && form.state.force_protected)) return;
+    const std::string path = without_trailing_blanks(list.cell(row, path_column));
+    if (is_blank(path) || !names_directory(form, path) || !is_directory(form, path)) return;
+    if (colour == mark_blue) {
+        std::string error;  // a failure shows in the attributes
+        form.outside.files.clear_attributes(path, error);
+    }
+    if (is_protected(form, path)) {
+        ++count.refused;
+        list.set_colour(row, path_column, mark_blue);
+        return;
+    }
+    count.taken.push_back(path);
+    list.set_text(row, path_column, "");
+    form.panel(5, "正在删除:" + std::to_string(count.taken.size()));
+    show_elapsed(form);
+}
+
+void report(Tavrel& form, const tallies& count) {
+    std::string words = "放入回收站:";
+    words.append(std::to_string(count.taken.size())).append(" 个空目录");
+    if (count.refused == 0) return form.inform(words);
+    words.append("\r\n无法删除:").append(std::to_string(count.refused)).append(" 个空目录 (隐藏或只读)");
+    words.append("\r\n如需删除隐藏或只读目录,请按 yes,并重新运行<删除空目录>");
+    if (form.confirm(words)) form.state.force_protected = -1;
+}
+
+}  // namespace
+
+void Picture8_Click(Tavrel& form) {
+    if (help_mode_opens(form, 40)) return;
+    run_state& state = form.state;
+    list_view& list = form.ListView1;
+    if (state.list_mode != 1) return form.complain("非空目录状态,不能删除");
+    form.RichTextBox2.visible = false;
+    state.base_time = form.outside.screen.seconds();
+    form.panel(7, "删除空目录");
+    if (state.empty_dir_count == 0) return form.complain("没有选中的要删除的空目录,请重选");
+    // The options window stores 1 for a check: the question is kept for a setting that says -1.
+    if (state.delete_prompt_on == -1 && !form.confirm("空目录放入回收站吗？")) return;
+    lock_tasks(form);
+    bar_scale(form, list.row_count());
+    form.pic_gressbar1.visible = true;
+    form.panel(5, "已删除:0");
+
+    tallies count;
+    for (std::int32_t row = 1; row <= list.row_count(); ++row) {
+        take_row(form, row, count);
+        bar_draw(form, row);
+        if (state.quit_requested) return;
+    }
+    recycle_batches batches;
+    for (const std::string& path : count.taken) batches.add(path);
+    if (batches.batch_count() > 0) {
+        // The disk may have changed since the scan looked.
+        batches.send(form, [&](std::size_t number) { return is_directory(form, count.taken[number]); });
+        if (state.quit_requested) return;
+        state.force_protected = 0;
+    }
+    form.panel(5, "已删除:" + std::to_string(count.taken.size()));
+    form.pic_gressbar1.visible = false;
+    show_elapsed(form);
+    report(form, count);
+    unlock_tasks(form);
+}
+
+void del_dir_Click(Tavrel& form) {
+    if (form.state.list_mode == 1) Picture8_Click(form);
+}
+
+}  // namespace corvane

@@ -1,0 +1,121 @@
+#include "cleanup/empty_view.h"
+
+#include <string>
+#include <string_view>
+
+#include "browser/same_view.h"
+#include "core/directory_filter.h"
+#include "core/help.h"
+#include "core/main_form.h"
+#include "core/progress.h"
+#include "core/text_file.h"
+#include "core/text_sort.h"
+
+namespace corvane {
+
+namespace {
+
+void show_captions(Tavrel& form) {
+    form.labels[5]->caption = "删除选定的空目录";
+    form.RichTextBox2.visible = false;
+    form.state.base_time = form.outside.screen.seconds();
+    form.StatusBar1.clear_figures();
+    form.panel(1, "全部目录数");
+    form.panel(3, "空目录数");
+    form.panel(7, "显示空目录");
+    form.ListView1.help_context = 1039;
+    form.ListView1.tooltip = "双击鼠标，选中；Shift+鼠标，区域选择。右键，打开目录.";
+}
+
+// The stored directories. False: the reason has been shown. `cut` tells that they did not all fit.
+bool read_stored_list(Tavrel& form, bool& cut) {
+    run_state& state = form.state;
+    const std::string path = form.data_path("spasedir.txt");
+    if (!path_exists(form, path)) {
+        form.inform(path + "  不存在,请运行查找空子目录");
+        return false;
+    }
+    line_reader reader(form.outside.files, path);
+    if (!reader.is_open()) {
+        form.complain(path + "\r\n" + reader.error());
+        return false;
+    }
+    form.pic_gressbar1.visible = true;
+    // The rows on screen may share the texts: a fresh column leaves them theirs.
+    text_column directories;
+    std::string_view line;
+    while (reader.next(line)) {
+        cut = directories.size() >= state.limits.empty_directories;
+        if (cut) break;
+        directories.push_back(line);
+    }
+    state.empty_dirs = std::move(directories);
+    state.empty_dir_count = state.empty_dirs.size();
+    if (state.empty_dir_count > 0) return true;
+    form.pic_gressbar1.visible = false;
+    form.inform("没有空的子目录,不用整理");
+    return false;
+}
+
+void set_headers(Tavrel& form) {
+    list_view& list = form.ListView1;
+    list.clear_rows();
+    list.clear_columns();
+    list.add_column({"", 100, text_alignment::left, cell_content::text});
+    list.add_column({"序号", 700, text_alignment::right, cell_content::number});
+    list.add_column({"空目录", list.place.width - 1000, text_alignment::left, cell_content::text});
+}
+
+// False: the program is closing.
+bool fill_rows(Tavrel& form) {
+    run_state& state = form.state;
+    list_view& list = form.ListView1;
+    list.share_texts(2, state.empty_dirs);
+    for (std::int32_t i = 1; i <= state.empty_dir_count; ++i) {
+        if (path_exists(form, std::string(state.empty_dirs[i]))) {
+            const std::int32_t row = list.add_row();
+            list.set_number(row, 1, row);
+            list.set_shared_text(row, 2, state.empty_dirs.entry(i));
+        }
+        bar_draw(form, i);
+        if (state.quit_requested) return false;
+    }
+    return true;
+}
+
+void show_directories(Tavrel& form) {
+    run_state& state = form.state;
+    list_view& list = form.ListView1;
+    show_captions(form);
+    bool cut = false;
+    if (!read_stored_list(form, cut)) return;
+    set_headers(form);
+    state.list_mode = 1;
+    sort_text_array(state.empty_dirs, 1, state.empty_dir_count);
+    list.visible = false;
+    bar_scale(form, state.empty_dir_count);
+    if (!fill_rows(form)) return;
+    list.visible = true;
+    layout_list(form);
+    form.pic_gressbar1.visible = false;
+    if (list.row_count() > 0) {
+        form.panel(1, "搜索出目录:" + std::to_string(state.empty_dir_count));
+        form.panel(3, "空目录:" + std::to_string(list.row_count()));
+    }
+    if (!cut) return;
+    std::string words = "空目录太多，只显示前 ";
+    form.complain(words.append(std::to_string(state.empty_dir_count)).append(" 个。"));
+}
+
+}  // namespace
+
+void Picture7_Click(Tavrel& form) {
+    if (help_mode_opens(form, 39)) return;
+    // At the end of a search the task is that of the search, which unlocks it.
+    const bool inside_search = tasks_locked(form);
+    if (!inside_search) lock_tasks(form);
+    show_directories(form);
+    if (!inside_search && !form.state.quit_requested) unlock_tasks(form);
+}
+
+}  // namespace corvane

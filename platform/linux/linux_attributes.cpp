@@ -1,0 +1,67 @@
+// Attributes of a path on Linux: hidden is a leading dot, read-only is no write permission at all.
+#include <errno.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cstring>
+#include <string>
+#include <string_view>
+
+#include "platform/linux/linux_file_system.h"
+#include "platform/linux/raw_path.h"
+
+namespace corvane {
+
+namespace {
+
+std::string_view without_separator(std::string_view path) {
+    while (path.size() > 1 && path.back() == '/') path.remove_suffix(1);
+    return path;
+}
+
+bool has_hidden_name(std::string_view path) {
+    const std::string_view name = path.substr(path.rfind('/') + 1);
+    return name.size() > 1 && name.front() == '.';
+}
+
+}  // namespace
+
+path_attributes linux_file_system::attributes(const std::string& path) {
+    const std::string_view plain = without_separator(path);
+    const raw_path raw(plain);
+    struct stat facts;
+    path_attributes result;
+    if (lstat(raw.c_str(), &facts) != 0) return result;
+    if (S_ISLNK(facts.st_mode)) {
+        struct stat target;
+        result.link = true;
+        result.directory = stat(raw.c_str(), &target) == 0 && S_ISDIR(target.st_mode);
+    } else {
+        result.directory = S_ISDIR(facts.st_mode);
+        result.read_only = (facts.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
+    }
+    if (plain.size() != path.size() && !result.directory) return {};
+    result.exists = true;
+    result.hidden = has_hidden_name(plain) && unhidden_.count(std::string(plain)) == 0;
+    return result;
+}
+
+bool linux_file_system::clear_attributes(const std::string& path, std::string& error) {
+    const std::string_view plain = without_separator(path);
+    const raw_path raw(plain);
+    struct stat facts;
+    if (lstat(raw.c_str(), &facts) != 0) {
+        error = std::strerror(errno);
+        return false;
+    }
+    // A link has no permissions of its own.
+    if (!S_ISLNK(facts.st_mode) && (facts.st_mode & S_IWUSR) == 0 &&
+        fchmodat(AT_FDCWD, raw.c_str(), (facts.st_mode & 07777) | S_IWUSR, AT_SYMLINK_NOFOLLOW) != 0) {
+        error = std::strerror(errno);
+        return false;
+    }
+    if (has_hidden_name(plain)) unhidden_.emplace(plain);
+    return true;
+}
+
+}  // namespace corvane

@@ -1,0 +1,140 @@
+// Attributes of a path and their clearing, on a real temporary folder and on the disk in memory.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "platform/linux/linux_file_system.h"
+#include "tests/support/memory_file_system.h"
+
+namespace corvane {
+namespace {
+
+namespace disk = std::filesystem;
+
+class Attributes : public testing::Test {
+  protected:
+    Attributes() {
+        char place[] = "/tmp/corvane_test_XXXXXX";
+        root = std::string(mkdtemp(place)) + "/";
+    }
+    ~Attributes() override { disk::remove_all(root); }
+
+    std::string make_directory(const std::string& name) {
+        disk::create_directory(root + name);
+        return root + name;
+    }
+    mode_t mode(const std::string& path) const {
+        struct stat facts {};
+        lstat(path.c_str(), &facts);
+        return facts.st_mode & 07777;
+    }
+
+    std::string root;
+    std::string error;
+    linux_file_system files;
+};
+
+TEST_F(Attributes, ClearingGivesTheOwnerWritePermissionAndNothingElse) {
+    const std::string path = make_directory("locked");
+    chmod(path.c_str(), 0550);
+    EXPECT_TRUE(files.attributes(path + "/").read_only);
+    EXPECT_TRUE(files.clear_attributes(path + "/", error));
+    EXPECT_EQ(mode(path), 0750u);
+    EXPECT_FALSE(files.attributes(path + "/").read_only);
+    EXPECT_FALSE(files.attributes(path).hidden);
+}
+
+TEST_F(Attributes, AClearedNameNoLongerCountsAsHiddenInThisRun) {
+    const std::string path = make_directory(".hidden");
+    std::ofstream(root + ".other") << "x";
+    EXPECT_TRUE(files.attributes(path + "/").hidden);
+    EXPECT_TRUE(files.clear_attributes(path + "/", error));
+    EXPECT_FALSE(files.attributes(path + "/").hidden);
+    EXPECT_FALSE(files.attributes(path).hidden);
+    EXPECT_TRUE(files.attributes(root + ".other").hidden);
+    EXPECT_TRUE(disk::exists(path));
+    EXPECT_TRUE(linux_file_system().attributes(path).hidden);
+}
+
+TEST_F(Attributes, BothAreClearedAtOnce) {
+    const std::string path = root + ".both";
+    std::ofstream(path) << "x";
+    chmod(path.c_str(), 0400);
+    EXPECT_TRUE(files.clear_attributes(path, error));
+    const path_attributes after = files.attributes(path);
+    EXPECT_TRUE(after.exists);
+    EXPECT_FALSE(after.hidden);
+    EXPECT_FALSE(after.read_only);
+}
+
+TEST_F(Attributes, WhatIsGoneCannotBeCleared) {
+    EXPECT_FALSE(files.clear_attributes(root + ".gone", error));
+    EXPECT_FALSE(error.empty());
+    make_directory(".gone");
+    EXPECT_TRUE(files.attributes(root + ".gone").hidden);
+}
+
+TEST_F(Attributes, ALinkIsToldFromADirectoryWithAndWithoutSeparator) {
+    const std::string target = make_directory("target");
+    disk::create_symlink(target, root + "link");
+    disk::create_symlink(root + "gone", root + "dangling");
+    for (const char* path : {"link", "link/"}) {
+        const path_attributes link = files.attributes(root + path);
+        EXPECT_TRUE(link.exists && link.directory && link.link) << path;
+    }
+    EXPECT_FALSE(files.attributes(target + "/").link);
+    EXPECT_TRUE(files.attributes(root + "dangling").link);
+    EXPECT_FALSE(files.attributes(root + "dangling").directory);
+    EXPECT_FALSE(files.attributes(root + "dangling/").exists);
+}
+
+TEST_F(Attributes, AFileDoesNotExistUnderADirectorysPath) {
+    std::ofstream(root + "file") << "x";
+    EXPECT_TRUE(files.attributes(root + "file").exists);
+    EXPECT_FALSE(files.attributes(root + "file/").exists);
+}
+
+TEST_F(Attributes, ClearingALinkLeavesItsTargetAlone) {
+    const std::string target = make_directory("target");
+    chmod(target.c_str(), 0500);
+    disk::create_symlink(target, root + ".link");
+    EXPECT_TRUE(files.clear_attributes(root + ".link", error));
+    EXPECT_EQ(mode(target), 0500u);
+    EXPECT_FALSE(files.attributes(root + ".link").hidden);
+}
+
+TEST_F(Attributes, MappedNamesAreCleared) {
+    make_directory(".star*");
+    const std::string text = root + ".star\xEF\x80\xAA";
+    EXPECT_TRUE(files.attributes(text).hidden);
+    EXPECT_TRUE(files.clear_attributes(text, error));
+    EXPECT_FALSE(files.attributes(text).hidden);
+}
+
+TEST(MemoryAttributes, ClearingWorksAsOnTheDisk) {
+    memory_file_system files;
+    files.add_directory("/d/.h").hidden = true;
+    files.add_file("/d/locked").read_only = true;
+    files.add_link("/d/link", "/d/.h");
+    std::string error;
+    EXPECT_TRUE(files.attributes("/d/.h/").hidden);
+    EXPECT_TRUE(files.attributes("/d/locked").read_only);
+    EXPECT_TRUE(files.attributes("/d/link/").link);
+    EXPECT_FALSE(files.attributes("/d/locked/").exists);
+    EXPECT_TRUE(files.clear_attributes("/d/.h/", error));
+    EXPECT_TRUE(files.clear_attributes("/d/locked", error));
+    EXPECT_FALSE(files.attributes("/d/.h").hidden);
+    EXPECT_FALSE(files.attributes("/d/locked").read_only);
+    EXPECT_FALSE(files.clear_attributes("/d/gone", error));
+    memory_file& fixed = files.add_file("/d/fixed");
+    fixed.read_only = fixed.keeps_attributes = true;
+    EXPECT_FALSE(files.clear_attributes("/d/fixed", error));
+    EXPECT_TRUE(files.attributes("/d/fixed").read_only);
+}
+
+}  // namespace
+}  // namespace corvane
