@@ -55,9 +55,11 @@ class deletion {
     // The list of archive entries is complete: the entries go.
     void finish_archive_list() {
         if (!archive_list_) return;
-        if (!archive_list_->finish())
+        // A list that could not be written is still that of an earlier run.
+        if (archive_list_->finish())
+            form_.run("delete_archive_entries");
+        else
             form_.complain(form_.state.archive_del_path + "\r\n" + archive_list_->error());
-        form_.run("delete_archive_entries");
     }
 
     void send_batches() {
@@ -80,7 +82,9 @@ class deletion {
         if (colour != mark_red && !(colour == mark_blue && form_.state.force_protected)) return;
         ++marked_;
         std::string name = list_.cell(row, column);
-        while (!name.empty() && name.back() == ' ') name.pop_back();
+        // Where case counts, blanks at the end do, too: without them it would be another file's name.
+        if (form_.outside.files.ignores_case())
+            while (!name.empty() && name.back() == ' ') name.pop_back();
         const std::int64_t length = parse_number(list_.cell(row, 2));
         if (is_blank(name)) return;
         if (is_archive_member(name)) return take_archive_entry(row, column, name, length);

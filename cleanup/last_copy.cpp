@@ -13,8 +13,8 @@ namespace corvane {
 namespace {
 
 constexpr std::int64_t block_size = 1 << 20;
-// Up to this length a file is its own signature, which an archive's checksum can meet by chance: such an entry is
-// no proof of a copy.
+// Up to this length a file is its own signature, which an archive's checksum can meet by chance: such an
+// entry is no proof of a copy.
 constexpr std::int64_t unsigned_length = 4;
 
 bool is_marked(const list_view& list, std::int32_t row, int column) {

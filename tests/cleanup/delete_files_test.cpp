@@ -199,6 +199,33 @@ TEST(Recycle, TheReportTellsOfArchiveEntriesThatWereHandled) {
     EXPECT_EQ(p.state.same_count, 0);
 }
 
+TEST(Recycle, AListOfEntriesThatCouldNotBeWrittenIsNotHandedOn) {
+    deleting p;
+    p.show_files({{5, "/d/a", "/z.zip*in/a"}});
+    p.files.add_file("/z.zip", "archive");
+    p.files.add_file("/prog/winrar_del_file.txt", "/other.zip*of an earlier run\r\n");
+    p.files.write_failure_path = "/prog/winrar_del_file.txt";
+    p.mark(1, 4);
+    int handed_on = 0;
+    p.form.bind("delete_archive_entries", [&] { ++handed_on; });
+    p.run_recycle();
+    EXPECT_EQ(handed_on, 0);
+    EXPECT_EQ(p.screen.messages[1].text, "/prog/winrar_del_file.txt\r\ndisk full");
+}
+
+TEST(Recycle, ANameWithABlankAtItsEndIsNotTheNameWithoutIt) {
+    deleting p;
+    p.files.add_file("/x/name", "abc");
+    p.files.add_file("/x/name ", "xyz");
+    p.show_files({{1, "/d/a", "/e/a"}});
+    p.files.add_file("/prog/不相同文件.txt", "/x/name \r\n");
+    p.form.run("Picture11_Click");
+    p.double_click(1, 4);
+    p.run_recycle();
+    EXPECT_EQ(p.recycled, texts{"/x/name "});
+    EXPECT_TRUE(p.files.has("/x/name"));
+}
+
 TEST(Recycle, ThePanelFollowsTheScanOnAllButEveryThousandthRow) {
     deleting p;
     p.show_files({{1, "/d/a", "/e/a"}, {1, "/d/b", "/e/b"}});
