@@ -32,10 +32,13 @@ void child_window::sync_place() {
 
 void child_window::open() {
     before_open();
-    if (place_.is_set())
+    if (place_.is_known()) {
         place_.apply();
-    else
+        // Asked for once more, or a window manager places the window anew.
+        move(pos());
+    } else {
         place_beside_main();
+    }
     show();
     raise();
     activateWindow();

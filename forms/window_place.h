@@ -23,8 +23,8 @@ class window_place {
     // The program changed the place in the model: the window goes there. A place without a size, or off every
     // screen, moves nothing. A display that forbids programs to place windows leaves it where it is.
     void apply();
-    // True when the model has a size that the program gave it.
-    bool is_set() const { return form_.place.width > 0 && form_.place.height > 0 && form_.place != kept_; }
+    // True when the model knows a place: a stored one, or where the window stood when it was open last.
+    bool is_known() const { return form_.place.width > 0 && form_.place.height > 0; }
 
   private:
     QWidget& window_;

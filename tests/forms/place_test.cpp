@@ -95,6 +95,22 @@ TEST(place, the_timer_of_the_front_end_follows_by_itself) {
         << "rest after the move";
 }
 
+TEST(place, a_child_window_opens_again_where_it_was_left) {
+    placed shown;
+    shown.open_directories();
+    directory_window& window = shown.windows.directory();
+    window.move(321, 123);
+    window.resize(700, 480);
+    shown.settle();
+    QTest::qWait(260);
+    window.close();
+    shown.settle();
+    shown.open_directories();
+    ASSERT_TRUE(window.isVisible());
+    EXPECT_EQ(window.pos(), QPoint(321, 123));
+    EXPECT_EQ(window.size(), QSize(700, 480));
+}
+
 TEST(place, the_close_keeps_the_places_of_both_windows) {
     placed shown;
     shown.add_used_folder(fresh_settings_lines());
