@@ -25,9 +25,9 @@
 #include "core/text_format.h"
 #include "names/name_tasks.h"
 #include "search/file_list_store.h"
-#include "search/rar_reader.h"
+#include "core/rar_reader.h"
 #include "search/search_task.h"
-#include "search/zip_reader.h"
+#include "core/zip_reader.h"
 
 namespace corvane {
 

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <span>
 
+#include "core/utf8.h"
+
 namespace corvane {
 
 namespace {
@@ -70,63 +72,6 @@ struct case_mapping {
 constexpr case_mapping to_upper{upper_ranges, direct_upper, 'a', 'A' - 'a'};
 constexpr case_mapping to_lower{lower_ranges, direct_lower, 'A', 'a' - 'A'};
 
-// A letter and the number of its bytes; 0 bytes when there is no valid one.
-struct decoded_letter {
-    char32_t letter;
-    std::size_t length;
-};
-
-// `utf8` is not empty.
-decoded_letter decode(std::string_view utf8) {
-    const auto byte = [&](std::size_t place) { return static_cast<std::uint8_t>(utf8[place]); };
-    std::size_t length;
-    char32_t letter;
-    char32_t least;
-    if (byte(0) < 0x80) return {byte(0), 1};
-    if ((byte(0) & 0xE0) == 0xC0) {
-        length = 2;
-        letter = byte(0) & 0x1F;
-        least = 0x80;
-    } else if ((byte(0) & 0xF0) == 0xE0) {
-        length = 3;
-        letter = byte(0) & 0x0F;
-        least = 0x800;
-    } else if ((byte(0) & 0xF8) == 0xF0) {
-        length = 4;
-        letter = byte(0) & 0x07;
-        least = 0x10000;
-    } else {
-        return {0, 0};
-    }
-    if (utf8.size() < length) return {0, 0};
-    for (std::size_t place = 1; place < length; ++place) {
-        if ((byte(place) & 0xC0) != 0x80) return {0, 0};
-        letter = letter << 6 | (byte(place) & 0x3F);
-    }
-    const bool surrogate = letter >= 0xD800 && letter <= 0xDFFF;
-    if (letter < least || letter > 0x10FFFF || surrogate) return {0, 0};
-    return {letter, length};
-}
-
-void append_letter(std::string& out, char32_t letter) {
-    const auto add = [&](char32_t byte) { out += static_cast<char>(byte); };
-    if (letter < 0x80) {
-        add(letter);
-    } else if (letter < 0x800) {
-        add(0xC0 | letter >> 6);
-        add(0x80 | (letter & 0x3F));
-    } else if (letter < 0x10000) {
-        add(0xE0 | letter >> 12);
-        add(0x80 | (letter >> 6 & 0x3F));
-        add(0x80 | (letter & 0x3F));
-    } else {
-        add(0xF0 | letter >> 18);
-        add(0x80 | (letter >> 12 & 0x3F));
-        add(0x80 | (letter >> 6 & 0x3F));
-        add(0x80 | (letter & 0x3F));
-    }
-}
-
 // The number of ASCII characters before the first other one.
 std::size_t ascii_length(std::string_view utf8) {
     std::size_t length = 0;
@@ -155,13 +100,13 @@ void append_mapped(std::string& out, std::string_view utf8, const case_mapping& 
             utf8.remove_prefix(length);
             continue;
         }
-        const decoded_letter decoded = decode(utf8);
+        const utf8_letter decoded = decode_utf8(utf8);
         const std::size_t length = std::max<std::size_t>(1, decoded.length);
         const char32_t mapped = mapping(decoded.letter);
         if (mapped == decoded.letter) {
             out += utf8.substr(0, length);
         } else {
-            append_letter(out, mapped);
+            append_utf8(out, mapped);
         }
         utf8.remove_prefix(length);
     }

@@ -8,12 +8,12 @@
 
 namespace corvane {
 
+class archive_sink;
 class Tavrel;
-class walk_output;
 
 struct archive_readers {
-    std::function<void(Tavrel&, const std::string& path, walk_output&)> read_zip;
-    std::function<void(Tavrel&, const std::string& path, walk_output&)> read_rar;
+    std::function<bool(Tavrel&, const std::string& path, archive_sink&)> read_zip;
+    std::function<bool(Tavrel&, const std::string& path, archive_sink&)> read_rar;
 };
 
 }  // namespace corvane

@@ -2,14 +2,17 @@
 // archive errors, which is looked at while it grows.
 #pragma once
 
+#include <string>
 #include <string_view>
 
+#include "core/archive_entry.h"
+#include "core/archive_sink.h"
 #include "core/run_state.h"
 #include "core/text_file.h"
 
 namespace corvane {
 
-class walk_output {
+class walk_output : public archive_sink {
   public:
     // Both outlive the output.
     walk_output(run_state& state, line_writer& report) : state_(state), report_(report) {}
@@ -26,8 +29,15 @@ class walk_output {
     }
     bool full() const { return full_; }
 
+    // Appends a file inside the archive at current_path.
+    bool take(const archive_record& record) override {
+        if (record.directory) return true;
+        entry_.clear();
+        append_archive_entry(entry_, state_.current_path, record.name, record.crc_text, record.length);
+        return add(entry_);
+    }
     // Adds a line to the report and counts it in archive_error_count.
-    void report(std::string_view line) {
+    void report(std::string_view line) override {
         report_.line(line);
         ++state_.archive_error_count;
     }
@@ -37,6 +47,7 @@ class walk_output {
   private:
     run_state& state_;
     line_writer& report_;
+    std::string entry_;
     bool full_ = false;
 };
 

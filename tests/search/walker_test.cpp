@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "core/archive_entry.h"
+#include "core/archive_sink.h"
 #include "core/directory_filter.h"
 #include "search/archive_readers.h"
 #include "search/search_task.h"
-#include "search/walk_output.h"
 #include "tests/support/test_program.h"
 
 namespace corvane {
@@ -258,12 +257,17 @@ struct archive_calls {
     archive_readers readers;
     texts calls;
     archive_calls() {
-        readers.read_zip = [this](Tavrel&, const std::string& path, walk_output& output) {
+        readers.read_zip = [this](Tavrel&, const std::string& path, archive_sink& sink) {
             calls.push_back("zip " + path);
-            output.add(archive_entry_text(path, "in.txt", 0xC0FFEE, 77));
+            archive_record record;
+            record.name = "in.txt";
+            record.crc_text = "00C0FFEE";
+            record.length = 77;
+            return sink.take(record);
         };
-        readers.read_rar = [this](Tavrel&, const std::string& path, walk_output&) {
+        readers.read_rar = [this](Tavrel&, const std::string& path, archive_sink&) {
             calls.push_back("rar " + path);
+            return true;
         };
     }
 };
@@ -321,7 +325,10 @@ TEST(Archives, TheErrorReportIsEmptiedByEverySearchAndHeadedWhileTheOptionIsOn) 
 TEST(Archives, AReportWithErrorsGetsTheAdviceAndIsOpened) {
     test_program p;
     archive_readers readers;
-    readers.read_zip = [](Tavrel&, const std::string&, walk_output& output) { output.report("bad"); };
+    readers.read_zip = [](Tavrel&, const std::string&, archive_sink& sink) {
+        sink.report("bad");
+        return false;
+    };
     p.files.add_file("/d/a.zip");
     p.select({"/d"});
     p.state.scan_archives = 1;

@@ -1,9 +1,9 @@
 #include "tests/support/archive_probe.h"
 
 #include "core/archive_entry.h"
-#include "search/rar_reader.h"
+#include "core/rar_reader.h"
 #include "search/walk_output.h"
-#include "search/zip_reader.h"
+#include "core/zip_reader.h"
 
 namespace corvane {
 

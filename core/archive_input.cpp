@@ -1,9 +1,10 @@
-#include "search/archive_input.h"
+#include "core/archive_input.h"
 
 #include <algorithm>
 #include <cstring>
 
 #include "core/main_form.h"
+#include "core/utf8.h"
 
 namespace corvane {
 
@@ -23,20 +24,6 @@ void append_byte(std::string& text, unsigned byte) {
 
 constexpr bool is_mapped(unsigned byte) {
     return byte < 0x20 || byte == 0x7F || byte == '*';
-}
-
-// A character below U+10000 as UTF-8.
-void append_character(std::string& text, char32_t character) {
-    if (character < 0x80) {
-        text += static_cast<char>(character);
-    } else if (character < 0x800) {
-        text += static_cast<char>(0xC0 | character >> 6);
-        text += static_cast<char>(0x80 | (character & 0x3F));
-    } else {
-        text += static_cast<char>(0xE0 | character >> 12);
-        text += static_cast<char>(0x80 | (character >> 6 & 0x3F));
-        text += static_cast<char>(0x80 | (character & 0x3F));
-    }
 }
 
 }  // namespace
@@ -149,6 +136,11 @@ std::string archive_input::hex8_at(std::size_t i) const {
     return text;
 }
 
+std::string_view archive_input::bytes_at(std::size_t i, std::size_t length) const {
+    if (i >= buffer_size) return {};
+    return {reinterpret_cast<const char*>(view_ + i), std::min(length, buffer_size - i)};
+}
+
 bool archive_input::name_at(std::size_t i, std::size_t length, std::string& name) const {
     name.clear();
     const std::size_t end = i + length;
@@ -157,11 +149,11 @@ bool archive_input::name_at(std::size_t i, std::size_t length, std::string& name
         const unsigned byte = byte_at(i);
         if (byte == 0) return true;
         if (byte < first_lead_byte) {
-            append_character(name, is_mapped(byte) ? char32_t{0xF000} + byte : byte);
+            append_utf8(name, is_mapped(byte) ? char32_t{0xF000} + byte : byte);
             ++i;
         } else {
             if (i + 1 >= buffer_size) return false;
-            append_character(name, encoding_.double_byte_936(static_cast<unsigned char>(byte),
+            append_utf8(name, encoding_.double_byte_936(static_cast<unsigned char>(byte),
                                                              static_cast<unsigned char>(byte_at(i + 1))));
             i += 2;
         }

@@ -50,6 +50,9 @@ class archive_input {
     // characters and "*" become U+F000 + byte, which no name can hold otherwise. False: it leaves the buffer.
     bool name_at(std::size_t i, std::size_t length, std::string& name) const;
 
+    // The bytes as they stand, fewer at the buffer's end. Valid until the next read.
+    std::string_view bytes_at(std::size_t i, std::size_t length) const;
+
     static constexpr std::size_t buffer_size = 4097;
 
   private:

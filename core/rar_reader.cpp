@@ -1,11 +1,10 @@
-#include "search/rar_reader.h"
+#include "core/rar_reader.h"
 
 #include <algorithm>
 
-#include "core/archive_entry.h"
 #include "core/main_form.h"
-#include "search/archive_input.h"
-#include "search/walk_output.h"
+#include "core/archive_input.h"
+#include "core/archive_sink.h"
 
 namespace corvane {
 
@@ -14,25 +13,26 @@ constexpr std::int64_t marker_length = 7;
 constexpr std::int64_t end_reserve = 27;  // no block starts in the last bytes: keeps the end block out
 }  // namespace
 
-void read_rar(Tavrel& form, const std::string& path, walk_output& output) {
+bool read_rar(Tavrel& form, const std::string& path, archive_sink& sink) {
     run_state& state = form.state;
     state.archive_damaged = 0;
     archive_input archive(form, path);
     // Here index 0 is the first byte of the file. The marker is read as if it were a block.
-    if (!archive.is_open() || !archive.read(1)) return;
+    if (!archive.is_open() || !archive.read(1)) return false;
     const bool good = archive.hex8_at(2) == "72" && archive.hex16_at(3) == "1A21" && archive.u16_at(5) == 7;
     if (!good) {
         state.archive_damaged = -1;
-        output.report(path + "  已损坏,无法打开,请检查");
-        return;
+        sink.report(path + "  已损坏,无法打开,请检查");
+        return false;
     }
     const std::int64_t limit = archive.length() - end_reserve;
     std::int64_t position = marker_length + archive.u16_at(12);
-    while (position < limit && read_rar_block(form, archive, output, position, position)) {
-    }
+    while (position < limit)
+        if (!read_rar_block(form, archive, sink, position, position)) return false;
+    return state.archive_damaged == 0;
 }
 
-bool read_rar_block(Tavrel& form, archive_input& archive, walk_output& output, std::int64_t position,
+bool read_rar_block(Tavrel& form, archive_input& archive, archive_sink& sink, std::int64_t position,
                     std::int64_t& next) {
     run_state& state = form.state;
     if (!archive.read(position)) return false;
@@ -61,11 +61,14 @@ bool read_rar_block(Tavrel& form, archive_input& archive, walk_output& output, s
         next = archive.length();
     }
     if (head_type == "7A") return true;
-    const bool is_directory = head_flags[2] == 'E' || head_flags[2] == 'F';
-    if (file_crc == "00000000" && is_directory) return true;
-    std::string entry;
-    append_archive_entry(entry, state.current_path, name, file_crc, unp_size);
-    return output.add(entry);
+    archive_record record;
+    record.name = name;
+    record.raw_name = archive.bytes_at(name_index, name_size);
+    record.raw_name = record.raw_name.substr(0, record.raw_name.find('\0'));
+    record.crc_text = file_crc;
+    record.length = unp_size;
+    record.directory = file_crc == "00000000" && (head_flags[2] == 'E' || head_flags[2] == 'F');
+    return sink.take(record);
 }
 
 }  // namespace corvane

@@ -1,0 +1,17 @@
+// Lists the files of a ZIP archive from its central directory. Called by the walk and by the deletion inside
+// archives.
+#pragma once
+
+#include <string>
+
+namespace corvane {
+
+class archive_sink;
+class Tavrel;
+
+// Hands each record of the directory to the sink, in its order; `path` is opened and named in the report.
+// Nothing is unpacked, and no header is checked: what the end record points to is the directory. False when
+// the reading ended before the directory did.
+bool read_zip(Tavrel& form, const std::string& path, archive_sink& sink);
+
+}  // namespace corvane
