@@ -8,6 +8,7 @@
 #include "browser/list_marks.h"
 #include "browser/list_menu.h"
 #include "browser/same_view.h"
+#include "cleanup/archive_tool.h"
 #include "cleanup/delete_files.h"
 #include "cleanup/empty_delete.h"
 #include "cleanup/empty_search.h"
@@ -187,6 +188,7 @@ bool program::start() {
             state.program_dir_locked = true;
         }
         read_environment(main_);
+        look_for_rar_tool(main_);
         options_.restore_place();
     }
     state.base_title = main_.caption + " V" + version;

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
+#include <span>
 
 #include "core/archive_entry.h"
+#include "core/checksum.h"
 #include "core/main_form.h"
 #include "core/text_format.h"
 
@@ -24,7 +26,7 @@ bool is_marked(const list_view& list, std::int32_t row, int column) {
 
 }  // namespace
 
-last_copy::last_copy(Tavrel& form) : form_(form), files_(form.outside.files) {
+last_copy::last_copy(Tavrel& form) : form_(form), files_(form.outside.files), shelf_(form) {
     const list_view& list = form.ListView1;
     if (form.state.list_mode != 0 || list.column_count() < 5) return;
     const auto count = static_cast<std::size_t>(list.row_count());
@@ -33,7 +35,8 @@ last_copy::last_copy(Tavrel& form) : form_(form), files_(form.outside.files) {
         const std::string_view a = list.text_cell(row, 3);
         const std::string_view b = list.text_cell(row, 4);
         for (const auto& [path, column] : {std::pair(a, 3), std::pair(b, 4)})
-            if (is_marked(list, row, column)) touched_archives_.insert(archive_path_of(path));
+            if (is_marked(list, row, column))
+                (is_archive_member(path) ? touched_archives_ : marked_files_).insert(archive_path_of(path));
         if (is_blank(a) || is_blank(b)) continue;
         const std::size_t root_a = root_of(member_of(a));
         const std::size_t root_b = root_of(member_of(b));
@@ -70,12 +73,15 @@ void last_copy::give_back(std::string_view path) {
 }
 
 bool last_copy::may_go(std::string_view path, std::int64_t length, bool by_content) {
-    const bool on_disk = !is_archive_member(path);
+    leaving file{path, length, by_content, !is_archive_member(path), {}, {}};
     if (trusted_archives_.count(archive_path_of(path)) != 0) return false;
-    file_facts facts;
-    if (on_disk) {
-        facts = files_.facts(path);
-        if (!facts.exists || facts.length != length) return false;
+    if (file.on_disk) {
+        file.facts = files_.facts(path);
+        if (!file.facts.exists || file.facts.length != length) return false;
+    } else if (by_content) {
+        const archive_member* member = member_at(path, length);
+        if (member == nullptr) return false;
+        file.crc = member->crc;
     }
     // Only a list of equal files has copies; elsewhere the user removes what has none.
     if (form_.state.list_mode != 0) return true;
@@ -86,33 +92,52 @@ bool last_copy::may_go(std::string_view path, std::int64_t length, bool by_conte
     for (std::size_t step = 0; step < members.numbers.size(); ++step) {
         const std::size_t at = (members.next + step) % members.numbers.size();
         const std::string_view keeper = paths_[members.numbers[at]];
-        if (keeper == path || !is_keeper(keeper, path, facts, length, on_disk && by_content)) continue;
+        if (keeper == path || !is_keeper(keeper, file)) continue;
         members.next = at;
         return true;
     }
     return false;
 }
 
-bool last_copy::is_keeper(std::string_view keeper, std::string_view path, const file_facts& facts,
-                          std::int64_t length, bool by_content) {
+bool last_copy::is_keeper(std::string_view keeper, leaving& file) {
     if (taken_.count(keeper) != 0) return false;
-    if (is_archive_member(keeper)) return length > unsigned_length && is_entry_keeper(keeper);
+    if (is_archive_member(keeper)) return is_entry_keeper(keeper, file);
     const file_facts kept = files_.facts(keeper);
-    if (!kept.exists || kept.length != length || lies_in_recycle_directory(keeper)) return false;
-    if (facts.exists && kept.identity == facts.identity) {
+    if (!kept.exists || kept.length != file.length || lies_in_recycle_directory(keeper)) return false;
+    if (file.on_disk && kept.identity == file.facts.identity) {
         // One physical file: a second link keeps it, a second road to the same link does not.
-        return facts.link_count >= 2 && !is_same_entry(keeper, path);
+        return file.facts.link_count >= 2 && !is_same_entry(keeper, file.path);
     }
-    return !by_content || same_content(path, keeper, length);
+    if (!file.by_content) return true;
+    return file.on_disk ? same_content(file.path, keeper, file.length)
+                        : checksum_of(keeper, file.length) == file.crc;
 }
 
-bool last_copy::is_entry_keeper(std::string_view keeper) {
+bool last_copy::is_entry_keeper(std::string_view keeper, leaving& file) {
     const std::string_view archive = archive_path_of(keeper);
-    if (touched_archives_.count(archive) != 0 || taken_.count(archive) != 0 ||
-        !files_.facts(archive).exists || lies_in_recycle_directory(archive))
+    // Inside one archive a file may leave for another that stays. Elsewhere one that is to be changed keeps
+    // nothing.
+    const bool within = !file.on_disk && archive_path_of(file.path) == archive;
+    if (file.length <= unsigned_length || (!within && touched_archives_.count(archive) != 0) ||
+        marked_files_.count(archive) != 0 || taken_.count(archive) != 0 || lies_in_recycle_directory(archive))
         return false;
-    trusted_archives_.insert(archive);
+    const archive_member* member = member_at(keeper, file.length);
+    if (member == nullptr || (file.by_content && !has_checksum(file, member->crc))) return false;
+    if (!within) trusted_archives_.insert(archive);
     return true;
+}
+
+bool last_copy::has_checksum(leaving& file, std::uint32_t crc) {
+    if (!file.crc) file.crc = checksum_of(file.path, file.length);
+    return file.crc == crc;
+}
+
+// The one file of that name and length that is inside now.
+const archive_member* last_copy::member_at(std::string_view entry, std::int64_t length) {
+    const std::string_view archive = archive_path_of(entry);
+    const archive_contents& contents = shelf_.contents(std::string(archive));
+    const archive_member* member = contents.file(entry.substr(archive.size() + 1));
+    return member != nullptr && member->length == static_cast<std::uint64_t>(length) ? member : nullptr;
 }
 
 // One name in one directory, reached by two paths.
@@ -147,27 +172,63 @@ bool last_copy::is_below_recycle_directory(const std::string& folder) {
     return false;
 }
 
+namespace {
+
+// A file that is read block by block.
+class block_reader {
+  public:
+    block_reader(file_system& files, std::string_view path, std::int64_t length)
+        : length_(length), bytes_(static_cast<std::size_t>(std::min(length, block_size)) + 1) {
+        std::string error;
+        file_ = files.open_file(path, error);
+        if (file_) file_->will_read(0);
+    }
+    // The block at `at`, which is below the length. Empty: it cannot be read, or the file is no longer of
+    // that length.
+    std::span<const std::byte> block(std::int64_t at) {
+        if (!file_) return {};
+        const std::int64_t wanted = std::min(length_ - at, block_size);
+        // One byte more at the end: a file that has grown is not the one that was listed.
+        const auto asked = static_cast<std::size_t>(wanted + (at + wanted == length_ ? 1 : 0));
+        if (file_->read_at(at, std::span(bytes_.data(), asked)) != wanted) return {};
+        return {bytes_.data(), static_cast<std::size_t>(wanted)};
+    }
+
+  private:
+    std::int64_t length_;
+    std::vector<std::byte> bytes_;
+    std::unique_ptr<file_reader> file_;
+};
+
+}  // namespace
+
 bool last_copy::same_content(std::string_view a, std::string_view b, std::int64_t length) {
-    std::string error;
-    const std::unique_ptr<file_reader> reader_a = files_.open_file(a, error);
-    const std::unique_ptr<file_reader> reader_b = files_.open_file(b, error);
-    if (!reader_a || !reader_b) return false;
-    reader_a->will_read(0);
-    reader_b->will_read(0);
-    const auto most = static_cast<std::size_t>(std::min(length, block_size)) + 1;
-    std::vector<std::byte> bytes_a(most), bytes_b(most);
-    for (std::int64_t at = 0; at < length;) {
+    block_reader reader_a(files_, a, length);
+    block_reader reader_b(files_, b, length);
+    for (std::int64_t at = 0; at < length; at += block_size) {
         form_.yield();
         if (form_.state.quit_requested) return false;
-        const std::int64_t wanted = std::min(length - at, block_size);
-        // One byte more at the end: a file that has grown is not the one that was listed.
-        const auto asked = static_cast<std::size_t>(wanted + (at + wanted == length ? 1 : 0));
-        if (reader_a->read_at(at, std::span(bytes_a.data(), asked)) != wanted) return false;
-        if (reader_b->read_at(at, std::span(bytes_b.data(), asked)) != wanted) return false;
-        if (std::memcmp(bytes_a.data(), bytes_b.data(), static_cast<std::size_t>(wanted)) != 0) return false;
-        at += wanted;
+        const std::span<const std::byte> block_a = reader_a.block(at);
+        const std::span<const std::byte> block_b = reader_b.block(at);
+        if (block_a.empty() || block_a.size() != block_b.size() ||
+            std::memcmp(block_a.data(), block_b.data(), block_a.size()) != 0)
+            return false;
     }
     return true;
+}
+
+// Nothing when the file cannot be read, or the program is closing.
+std::optional<std::uint32_t> last_copy::checksum_of(std::string_view path, std::int64_t length) {
+    block_reader reader(files_, path, length);
+    checksum_stream sum;
+    for (std::int64_t at = 0; at < length; at += block_size) {
+        form_.yield();
+        if (form_.state.quit_requested) return {};
+        const std::span<const std::byte> block = reader.block(at);
+        if (block.empty()) return {};
+        sum.add(block);
+    }
+    return sum.value();
 }
 
 }  // namespace corvane

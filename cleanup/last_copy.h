@@ -3,12 +3,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
+#include "cleanup/archive_contents.h"
 #include "platform/file_system.h"
 
 namespace corvane {
@@ -22,11 +24,12 @@ class last_copy {
     explicit last_copy(Tavrel& form);
 
     // True when `path`, of a row of `length` bytes, may go: it is still the regular file of that length, and
-    // another member of its group is still on the disk: another physical file or a second link of this one,
-    // of that length, not in a recycle directory and not taken in this run. An archive entry counts while its
-    // archive stands and nothing in it is to go. With `by_content` a keeper on the disk must also be equal
-    // byte for byte, which yields between blocks. For an archive entry itself only the other member is asked
-    // for.
+    // another member of its group is still there: on the disk, another physical file or a second link of this
+    // one, of that length, not in a recycle directory and not taken in this run; in an archive, a file of
+    // that name and length while the archive stands, is not marked, and nothing in it is to go but from
+    // beside that file. With `by_content` what keeps a file on the disk must be equal byte for byte, and
+    // where one of the two is in an archive, of one checksum; that yields between blocks. An archive entry
+    // itself is looked for only then.
     bool may_go(std::string_view path, std::int64_t length, bool by_content);
     // `path` has gone or is on its way: it keeps nobody any more.
     void take(std::string_view path);
@@ -34,19 +37,32 @@ class last_copy {
     void give_back(std::string_view path);
 
   private:
-    bool is_keeper(std::string_view keeper, std::string_view path, const file_facts& facts,
-                   std::int64_t length, bool by_content);
-    bool is_entry_keeper(std::string_view keeper);
+    // What is asked to go.
+    struct leaving {
+        std::string_view path;
+        std::int64_t length;
+        bool by_content;
+        bool on_disk;
+        file_facts facts;                  // on the disk
+        std::optional<std::uint32_t> crc;  // once it is known
+    };
+
+    bool is_keeper(std::string_view keeper, leaving& file);
+    bool is_entry_keeper(std::string_view keeper, leaving& file);
+    bool has_checksum(leaving& file, std::uint32_t crc);
+    const archive_member* member_at(std::string_view entry, std::int64_t length);
     bool is_same_entry(std::string_view a, std::string_view b);
     bool lies_in_recycle_directory(std::string_view path);
     bool is_below_recycle_directory(const std::string& folder);
     bool same_content(std::string_view a, std::string_view b, std::int64_t length);
+    std::optional<std::uint32_t> checksum_of(std::string_view path, std::int64_t length);
 
     std::size_t root_of(std::size_t member);
     std::size_t member_of(std::string_view path);
 
     Tavrel& form_;
     file_system& files_;
+    archive_shelf shelf_;
     std::unordered_map<std::string_view, std::size_t> number_;  // of each path
     std::vector<std::size_t> parent_;                           // groups as a forest
     std::vector<std::string_view> paths_;
@@ -57,7 +73,8 @@ class last_copy {
     std::unordered_map<std::size_t, group> groups_;  // by root
     std::unordered_map<std::string, bool> recycle_folders_;
     std::unordered_set<std::string_view> taken_;
-    std::unordered_set<std::string_view> touched_archives_;  // marked themselves, or an entry of theirs is
+    std::unordered_set<std::string_view> marked_files_;      // on the disk
+    std::unordered_set<std::string_view> touched_archives_;  // an entry of theirs is marked
     std::unordered_set<std::string_view> trusted_archives_;  // kept a file in this run: they and theirs stay
 };
 

@@ -135,7 +135,7 @@ int console_main(int count, char** arguments) {
     linux_text_encoding encodings;
     desktop_shell desktop;
     desktop_power machine;
-    printing_shell shell(output, given.dry_shell ? nullptr : &desktop, given.dry_shell ? nullptr : &machine);
+    printing_shell shell(output, desktop, machine, given.dry_shell);
     program corvane({files, shell, shell, screen, encodings}, program_directory(given));
     if (!corvane.start()) return status_failed;
     if (!given.has_script) return compare_directories(corvane, screen, given.directories);

@@ -9,15 +9,18 @@ namespace corvane {
 
 class printing_shell : public shell, public power {
   public:
-    // With null pointers everything is printed and nothing done. All outlive the object.
-    printing_shell(record_output& output, shell* desktop, power* machine)
-        : output_(output), desktop_(desktop), machine_(machine) {}
+    // All outlive the object. In a dry run everything is printed and nothing done.
+    printing_shell(record_output& output, shell& desktop, power& machine, bool dry)
+        : output_(output), desktop_(desktop), machine_(machine), dry_(dry) {}
 
     shell_result recycle(const std::string& path) override;
     shell_result open_document(const std::string& path) override;
     shell_result show_in_file_manager(const std::string& path) override;
     shell_result show_properties(const std::string& path) override;
-    shell_result start_process(const std::vector<std::string>& arguments) override;
+    // Looking is no act: not printed, and done in a dry run, too.
+    std::string find_program(const std::string& name) override { return desktop_.find_program(name); }
+    std::unique_ptr<started_process> start_process(const std::vector<std::string>& arguments,
+                                                   std::string& reason) override;
     shell_result set_clipboard(const std::string& text) override;
     shell_result send_keys(const std::string& keys) override;
     shell_result open_help_topic(const std::string& help_file, const std::string& topic) override;
@@ -27,8 +30,9 @@ class printing_shell : public shell, public power {
 
   private:
     record_output& output_;
-    shell* desktop_;
-    power* machine_;
+    shell& desktop_;
+    power& machine_;
+    bool dry_;
 };
 
 }  // namespace corvane

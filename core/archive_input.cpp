@@ -154,7 +154,7 @@ bool archive_input::name_at(std::size_t i, std::size_t length, std::string& name
         } else {
             if (i + 1 >= buffer_size) return false;
             append_utf8(name, encoding_.double_byte_936(static_cast<unsigned char>(byte),
-                                                             static_cast<unsigned char>(byte_at(i + 1))));
+                                                        static_cast<unsigned char>(byte_at(i + 1))));
             i += 2;
         }
     }

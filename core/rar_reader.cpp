@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "core/main_form.h"
 #include "core/archive_input.h"
 #include "core/archive_sink.h"
+#include "core/main_form.h"
 
 namespace corvane {
 

@@ -25,7 +25,7 @@ constexpr std::size_t header_length = 46;
 constexpr std::size_t leading_block_length = 17;
 constexpr std::uint16_t longest_name = 0x200;
 constexpr std::uint16_t unicode_flag = 0x800;  // the name is UTF-8
-constexpr std::uint16_t long_lengths = 1;  // kinds of extra fields
+constexpr std::uint16_t long_lengths = 1;      // kinds of extra fields
 constexpr std::uint16_t unicode_name = 0x7075;
 constexpr std::uint32_t kept_elsewhere = 0xFFFFFFFF;  // the number does not fit its field
 

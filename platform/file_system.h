@@ -57,6 +57,12 @@ struct file_facts {
 
 enum class volume_kind { home, root, other };
 
+// True when nothing tells that the file has changed between the two.
+inline bool same_state(const file_facts& a, const file_facts& b) {
+    return a.exists == b.exists && a.identity == b.identity && a.length == b.length &&
+           a.date_high == b.date_high && a.date_low == b.date_low;
+}
+
 // A place where a search can start.
 struct volume {
     std::string path;  // ends in the separator

@@ -2,7 +2,7 @@
 // processes, the clipboard, help topics. platform/desktop does it; the console prints it.
 #pragma once
 
-#include <span>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,6 +18,14 @@ struct shell_result {
     static shell_result lack(std::string why) { return {false, std::move(why), true}; }
 };
 
+// A process that the program has started. It is on its own: it goes on when this object or the program ends.
+class started_process {
+  public:
+    virtual ~started_process() = default;
+    // Waits for its end, at most that long; 0 only asks.
+    virtual bool has_ended(double seconds) = 0;
+};
+
 class shell {
   public:
     virtual ~shell() = default;
@@ -29,7 +37,12 @@ class shell {
     // Opens the file manager with the path selected.
     virtual shell_result show_in_file_manager(const std::string& path) = 0;
     virtual shell_result show_properties(const std::string& path) = 0;
-    virtual shell_result start_process(const std::vector<std::string>& arguments) = 0;
+    // The full path of a program that is started by its bare name; empty when there is none.
+    virtual std::string find_program(const std::string& name) = 0;
+    // Starts a program, the first argument, without waiting for it. It has no input and no terminal, and what
+    // it prints is dropped. Null when it cannot be started, with the system's words in `reason`.
+    virtual std::unique_ptr<started_process> start_process(const std::vector<std::string>& arguments,
+                                                           std::string& reason) = 0;
     virtual shell_result set_clipboard(const std::string& text) = 0;
     // Types keys into the window that has the focus: "{F3}", "^V" (Ctrl+V), "{ENTER}".
     virtual shell_result send_keys(const std::string& keys) = 0;

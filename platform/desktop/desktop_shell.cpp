@@ -1,6 +1,7 @@
 #include "platform/desktop/desktop_shell.h"
 
 #include <gio/gio.h>
+#include <unistd.h>
 
 #include <memory>
 
@@ -71,6 +72,24 @@ bool ask_file_manager(const char* method, const std::string& path, bool& lacking
     return true;
 }
 
+class desktop_process : public started_process {
+  public:
+    explicit desktop_process(object_pointer<GSubprocess> process) : process_(std::move(process)) {}
+
+    bool has_ended(double seconds) override {
+        const gint64 deadline = g_get_monotonic_time() + static_cast<gint64>(seconds * G_USEC_PER_SEC);
+        // GIO's own thread takes the end in, and the identifier away.
+        while (g_subprocess_get_identifier(process_.get()) != nullptr) {
+            if (g_get_monotonic_time() >= deadline) return false;
+            g_usleep(500);
+        }
+        return true;
+    }
+
+  private:
+    object_pointer<GSubprocess> process_;
+};
+
 }  // namespace
 
 shell_result desktop_shell::recycle(const std::string& path) {
@@ -104,17 +123,32 @@ shell_result desktop_shell::show_properties(const std::string& path) {
     return failed_or_lacking("没有文件管理器可以显示属性。", error, lacking);
 }
 
-shell_result desktop_shell::start_process(const std::vector<std::string>& arguments) {
+std::string desktop_shell::find_program(const std::string& name) {
+    const text_pointer found(g_find_program_in_path(to_raw(name).c_str()));
+    if (!found) return {};
+    const text_pointer full(g_canonicalize_filename(found.get(), nullptr));
+    return to_text(full.get());
+}
+
+std::unique_ptr<started_process> desktop_shell::start_process(const std::vector<std::string>& arguments,
+                                                              std::string& reason) {
     std::vector<std::string> raw;
     for (const std::string& argument : arguments) raw.push_back(to_raw(argument));
-    std::vector<char*> pointers;
-    for (std::string& argument : raw) pointers.push_back(argument.data());
+    std::vector<const char*> pointers;
+    for (const std::string& argument : raw) pointers.push_back(argument.c_str());
     pointers.push_back(nullptr);
+    const object_pointer<GSubprocessLauncher> launcher(
+        g_subprocess_launcher_new(static_cast<GSubprocessFlags>(G_SUBPROCESS_FLAGS_STDOUT_SILENCE |
+                                                                G_SUBPROCESS_FLAGS_STDERR_SILENCE)));
+    // A session of its own: no terminal to ask for a password on, and an interrupt is not for it.
+    g_subprocess_launcher_set_child_setup(
+        launcher.get(), [](void*) { setsid(); }, nullptr, nullptr);
     GError* error = nullptr;
-    if (g_spawn_async(nullptr, pointers.data(), nullptr, G_SPAWN_SEARCH_PATH, nullptr, nullptr, nullptr,
-                      &error))
-        return shell_result::success();
-    return failed("程序不能启动。", error);
+    object_pointer<GSubprocess> process(
+        g_subprocess_launcher_spawnv(launcher.get(), pointers.data(), &error));
+    if (process) return std::make_unique<desktop_process>(std::move(process));
+    reason = failed("程序不能启动。", error).reason;
+    return nullptr;
 }
 
 shell_result desktop_shell::set_clipboard(const std::string&) {

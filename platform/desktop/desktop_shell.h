@@ -12,7 +12,9 @@ class desktop_shell : public shell {
     shell_result open_document(const std::string& path) override;
     shell_result show_in_file_manager(const std::string& path) override;
     shell_result show_properties(const std::string& path) override;
-    shell_result start_process(const std::vector<std::string>& arguments) override;
+    std::string find_program(const std::string& name) override;
+    std::unique_ptr<started_process> start_process(const std::vector<std::string>& arguments,
+                                                   std::string& reason) override;
     // Only a front end with windows owns a clipboard.
     shell_result set_clipboard(const std::string& text) override;
     // No display system of this desktop lets one program type into another.

@@ -2,10 +2,13 @@
 #pragma once
 
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "core/checksum.h"
 #include "tests/browser/list_program.h"
+#include "tests/support/archive_images.h"
 
 namespace corvane {
 
@@ -25,6 +28,16 @@ struct deleting : list_program {
                 if (path.find('*') == std::string::npos)
                     files.add_file(path, std::string(static_cast<std::size_t>(each.length), 'x'));
         show(pairs);
+    }
+    // A member of a ZIP with the content that show_files gives a file of that length.
+    static zip_member stored(const std::string& name, std::size_t length) {
+        zip_member member{.name = name, .size = static_cast<std::uint32_t>(length)};
+        member.data.assign(length, 'x');
+        member.crc = checksum(std::as_bytes(std::span(member.data)));
+        return member;
+    }
+    void add_zip(const std::string& path, const std::vector<zip_member>& members) {
+        files.add_file(path, zip_image(members));
     }
     void mark(std::int32_t row, int column) { list().set_colour(row, column, cell_colour::mark_red); }
     // Answers of the boxes that ask, in order.

@@ -158,7 +158,7 @@ TEST_P(LastCopy, AKeeperInTheTrashKeepsNobody) {
 TEST_P(LastCopy, AnArchiveEntryKeepsAFileWhileItsArchiveStands) {
     deleting p;
     p.show_files({{5, "/d/a", "/z.zip*a"}, {5, "/d/b", "/y.zip*b"}});
-    p.files.add_file("/z.zip", "archive");
+    p.add_zip("/z.zip", {p.stored("a", 5)});
     p.double_click(1, 3);
     p.double_click(2, 3);
     run(p);
@@ -166,10 +166,29 @@ TEST_P(LastCopy, AnArchiveEntryKeepsAFileWhileItsArchiveStands) {
     EXPECT_TRUE(p.files.has("/d/b")) << "its archive is gone";
 }
 
+TEST_P(LastCopy, AnEntryThatHasLeftItsArchiveKeepsNobody) {
+    deleting p;
+    p.show_files({{5, "/d/a", "/z.zip*a"}, {5, "/d/b", "/z.zip*b"}, {6, "/d/c", "/z.zip*c"}});
+    p.add_zip("/z.zip", {p.stored("other", 5), p.stored("b", 4)});
+    for (const int row : {1, 2, 3}) p.double_click(row, 3);
+    run(p);
+    EXPECT_EQ(gone(p), texts{}) << "no entry of that name, another length, no entry";
+}
+
+TEST_P(LastCopy, AnEntryOfAnotherContentKeepsNoFileThatGoesForGood) {
+    deleting p;
+    p.show_files({{5, "/d/a", "/z.zip*a"}});
+    p.add_zip("/z.zip", {p.stored("a", 5)});
+    p.files.add_file("/d/a", "other");
+    p.double_click(1, 3);
+    run(p);
+    EXPECT_EQ(gone(p), GetParam() ? texts{} : texts{"/d/a"}) << "from the recycle bin it can come back";
+}
+
 TEST_P(LastCopy, AnArchiveEntryIsNoProofForATinyFile) {
     deleting p;
     p.show_files({{4, "/d/a", "/z.zip*a"}});
-    p.files.add_file("/z.zip", "archive");
+    p.add_zip("/z.zip", {p.stored("a", 4)});
     p.double_click(1, 3);
     run(p);
     EXPECT_TRUE(p.files.has("/d/a"));
@@ -178,7 +197,7 @@ TEST_P(LastCopy, AnArchiveEntryIsNoProofForATinyFile) {
 TEST_P(LastCopy, AnArchiveOfWhichAnEntryIsToGoKeepsNobody) {
     deleting p;
     p.show_files({{5, "/d/a", "/z.zip*a"}, {6, "/d/b", "/z.zip*b"}});
-    p.files.add_file("/z.zip", "archive");
+    p.add_zip("/z.zip", {p.stored("a", 5), p.stored("b", 6)});
     p.double_click(1, 3);
     p.double_click(2, 4);
     run(p);

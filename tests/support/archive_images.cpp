@@ -16,18 +16,23 @@ std::string low_bytes(std::uint64_t number, int count) {
     return bytes;
 }
 
+std::string zip_unicode_name(const std::string& name, const std::string& utf8) {
+    const std::uint32_t stands_for = checksum(std::as_bytes(std::span(name)));
+    return low_bytes(0x7075, 2) + low_bytes(5 + utf8.size(), 2) + "\1" + low_bytes(stands_for, 4) + utf8;
+}
+
 std::string zip_local_file(const zip_member& member) {
-    return std::string("PK\3\4") + low_bytes(10, 2) + low_bytes(0, 8) + low_bytes(member.crc, 4) +
-           low_bytes(member.data.size(), 4) + low_bytes(member.size, 4) + low_bytes(member.name.size(), 2) +
-           low_bytes(0, 2) + member.name + member.data;
+    return std::string("PK\3\4") + low_bytes(10, 2) + low_bytes(member.flags, 2) + low_bytes(0, 6) +
+           low_bytes(member.crc, 4) + low_bytes(member.data.size(), 4) + low_bytes(member.size, 4) +
+           low_bytes(member.name.size(), 2) + low_bytes(0, 2) + member.name + member.data;
 }
 
 std::string zip_central_header(const zip_member& member, std::uint32_t local_offset) {
-    return member.before + member.signature + low_bytes(20, 2) + low_bytes(10, 2) + low_bytes(0, 8) +
-           low_bytes(member.crc, 4) + low_bytes(member.data.size(), 4) + low_bytes(member.size, 4) +
-           low_bytes(member.name.size(), 2) + low_bytes(member.extra.size(), 2) +
-           low_bytes(member.comment.size(), 2) + low_bytes(0, 8) + low_bytes(local_offset, 4) + member.name +
-           member.extra + member.comment;
+    return member.before + member.signature + low_bytes(20, 2) + low_bytes(10, 2) +
+           low_bytes(member.flags, 2) + low_bytes(0, 6) + low_bytes(member.crc, 4) +
+           low_bytes(member.data.size(), 4) + low_bytes(member.size, 4) + low_bytes(member.name.size(), 2) +
+           low_bytes(member.extra.size(), 2) + low_bytes(member.comment.size(), 2) + low_bytes(0, 8) +
+           low_bytes(local_offset, 4) + member.name + member.extra + member.comment;
 }
 
 std::string zip_end_record(std::uint32_t directory_offset, std::uint32_t directory_size,
@@ -109,6 +114,11 @@ std::vector<std::pair<std::string, std::string>> zip_seeds() {
                                  {.name = "a*b\n\x85\xFF\x80\xC4", .crc = 3, .size = 3, .extra = "\xE3-"}})},
         {"leading_block", zip_image({{.name = "a", .before = std::string("SD").append(15, 'x')}, text})},
         {"long_length", zip_image({{.name = "big", .crc = 4, .size = 0xFFFFFFFF, .extra = long_sizes}})},
+        {"unicode_name",
+         zip_image(
+             {{.name = "\xD6\xD0", .crc = 5, .size = 6, .extra = zip_unicode_name("\xD6\xD0", "中.txt")},
+              {.name = "a", .crc = 6, .size = 6, .extra = long_sizes + zip_unicode_name("b", "c")},
+              {.name = "中", .crc = 7, .size = 6, .extra = zip_unicode_name("中", "c"), .flags = 0x800}})},
         {"long_name", zip_image({text, {.name = std::string(513, 'n')}, text})},
         {"many", zip_image(many)}};
 }

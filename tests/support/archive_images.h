@@ -24,7 +24,11 @@ struct zip_member {
     std::string data{};
     std::string before{};  // bytes in front of the central header
     std::string signature = "PK\1\2";
+    std::uint16_t flags = 0;  // 0x800: the name is UTF-8
 };
+
+// The extra field with the Unicode form of a name.
+std::string zip_unicode_name(const std::string& name, const std::string& utf8);
 
 std::string zip_local_file(const zip_member& member);
 std::string zip_central_header(const zip_member& member, std::uint32_t local_offset = 0);

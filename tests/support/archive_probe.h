@@ -22,6 +22,7 @@ class archive_probe {
   private:
     test_program program_;
     std::string path_;
+    unsigned name_sum_ = 0;     // of the raw names, so that they are read
     std::size_t least_member_;  // bytes of an archive that one member takes at least
 };
 

@@ -89,6 +89,15 @@ class scripted_interface : public user_interface {
     void end_program() override { ended = true; }
 };
 
+class scripted_process : public started_process {
+  public:
+    explicit scripted_process(int waits) : waits_(waits) {}
+    bool has_ended(double) override { return waits_-- <= 0; }
+
+  private:
+    int waits_;
+};
+
 class recording_shell : public shell, public power {
   public:
     std::vector<std::string> calls;
@@ -104,8 +113,22 @@ class recording_shell : public shell, public power {
     shell_result open_document(const std::string& path) override { return note("open " + path); }
     shell_result show_in_file_manager(const std::string& path) override { return note("select " + path); }
     shell_result show_properties(const std::string& path) override { return note("properties " + path); }
-    shell_result start_process(const std::vector<std::string>& arguments) override {
-        return note("start " + arguments.front());
+    std::map<std::string, std::string> programs;  // installed ones: bare name and full path
+    // What a started process does at its start; false: it cannot be started. Without it, nothing.
+    std::function<bool(const std::vector<std::string>&)> on_start;
+    std::vector<std::vector<std::string>> started;  // the arguments of each
+    int waits_for_process = 0;  // how often a process is asked for its end before it has come
+
+    std::string find_program(const std::string& name) override {
+        const auto found = programs.find(name);
+        return found == programs.end() ? std::string() : found->second;
+    }
+    std::unique_ptr<started_process> start_process(const std::vector<std::string>& arguments,
+                                                   std::string& reason) override {
+        started.push_back(arguments);
+        if (!on_start || on_start(arguments)) return std::make_unique<scripted_process>(waits_for_process);
+        reason = "cannot be started";
+        return nullptr;
     }
     shell_result set_clipboard(const std::string& text) override { return note("clipboard " + text); }
     shell_result send_keys(const std::string& keys) override { return note("keys " + keys); }
