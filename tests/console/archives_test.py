@@ -8,6 +8,8 @@ import sys
 import tempfile
 import zipfile
 
+from program_folder import lines_of, make_program_folder
+
 console = sys.argv[1]
 failures = 0
 
@@ -19,30 +21,13 @@ def expect(what, found, wanted):
         print(f"{what}: found {str(found)[:2000]!r}, expected {str(wanted)[:2000]!r}")
 
 
-def make_program_dir(directory):
-    """Settings as a fresh file has them, but for the archives, which are looked into."""
-    texts = {1, 13, 14, 15, 19, 20, 21, 22, 38, 39, 56, *range(94, 123)}
-    lines = ["" if line in texts else "0:00:00" if line in (34, 35) else " 0 " for line in range(1, 123)]
-    lines[54] = " 1 "
-    os.makedirs(directory)
-    for name in ("比较文件_目录清单.txt", "不参加搜索的目录.txt", "不参加比较的文件类型.txt", "仅搜索的文件类型.txt"):
-        open(os.path.join(directory, name), "w").close()
-    with open(os.path.join(directory, "Tavrel环境.txt"), "wb") as file:
-        file.write("".join(line + "\r\n" for line in lines).encode())
-
-
-def lines_of(path):
-    with open(path, "rb") as file:
-        return file.read().decode("utf-8", "surrogateescape").split("\r\n")[:-1]
-
-
 class Listing:
     """What one run makes of a directory."""
 
     def __init__(self, root, directory, task="picture2_Click"):
         self.program_dir = tempfile.mkdtemp(dir=root)
         os.rmdir(self.program_dir)
-        make_program_dir(self.program_dir)
+        make_program_folder(self.program_dir, scan_archives=True)
         script = f"select {directory}\ncall {task}\nshow scan_archives\n"
         run = subprocess.run([console, "--program-dir", self.program_dir, "--dry-shell", "--script", "-"],
                              input=script.encode(), capture_output=True, timeout=300)

@@ -4,6 +4,7 @@
 
 #include <gio/gio.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <atomic>
 #include <chrono>
@@ -156,6 +157,46 @@ TEST_F(DesktopShell, AMissingFileFailsWithoutLacking) {
     const shell_result result = desktop.open_document(root_ + "/gone");
     EXPECT_FALSE(result.done);
     EXPECT_FALSE(result.lacking);
+}
+
+TEST_F(DesktopShell, FindsAProgramByItsBareName) {
+    const std::string shell = desktop.find_program("sh");
+    EXPECT_TRUE(shell.starts_with("/") && shell.ends_with("/sh")) << shell;
+    EXPECT_EQ(desktop.find_program("no such program"), "");
+}
+
+TEST_F(DesktopShell, AStartedProcessIsAskedForItsEndAndIsNotWaitedFor) {
+    const std::string gate = root_ + "/gate";
+    ASSERT_EQ(mkfifo(gate.c_str(), 0600), 0);
+    std::string reason;
+    const auto process = desktop.start_process({"/bin/sh", "-c", "read line < '" + gate + "'"}, reason);
+    ASSERT_NE(process, nullptr) << reason;
+    EXPECT_FALSE(process->has_ended(0));
+    EXPECT_FALSE(process->has_ended(0.02));
+    std::ofstream(gate) << "go\n";
+    EXPECT_TRUE(process->has_ended(20));
+    EXPECT_TRUE(process->has_ended(0));
+}
+
+TEST_F(DesktopShell, AStartedProcessHasItsArgumentsAsTheyStandAndNothingToReadFrom) {
+    const std::string seen = root_ + "/arguments";
+    std::string reason;
+    // A name with a star, in the program's text.
+    const auto process = desktop.start_process(
+        {"/bin/sh", "-c", "cat > \"$1\"; printf '%s|' \"$2\" \"$3\" >> \"$1\"; test -t 0 && echo tty; true",
+         "sh", seen, "a b'$(x)", "\uF02A.zip"},
+        reason);
+    ASSERT_NE(process, nullptr) << reason;
+    ASSERT_TRUE(process->has_ended(20));
+    std::string content;
+    std::getline(std::ifstream(seen), content);
+    EXPECT_EQ(content, "a b'$(x)|*.zip|");
+}
+
+TEST_F(DesktopShell, AProgramThatIsNotThereSaysWhyItCannotBeStarted) {
+    std::string reason;
+    EXPECT_EQ(desktop.start_process({root_ + "/no program"}, reason), nullptr);
+    EXPECT_TRUE(reason.starts_with("程序不能启动。\r\n")) << reason;
 }
 
 // Last: GIO keeps the association once it has read it.

@@ -1,0 +1,306 @@
+"""Entries of real archives deleted through real tools and through stand-ins: what was marked goes, the rest of the
+archive stays as it was, and a tool that fails, hangs or is missing does no harm.
+
+archive_delete_test.py CONSOLE [TOOL]: TOOL is the real one that is tried, 7z without it.
+"""
+import hashlib
+import os
+import shutil
+import struct
+import subprocess
+import sys
+import tempfile
+import time
+import zipfile
+import zlib
+
+from program_folder import lines_of, make_program_folder
+
+console = sys.argv[1]
+real_tool = shutil.which(sys.argv[2] if len(sys.argv) > 2 else "7z")
+failures = 0
+
+
+def expect(what, found, wanted):
+    global failures
+    if found != wanted:
+        failures += 1
+        print(f"{what}: found {str(found)[:2000]!r}, expected {str(wanted)[:2000]!r}")
+
+
+class Place:
+    """A tree, a program folder, and a folder with the programs that can be found."""
+
+    def __init__(self, root, name):
+        self.root = os.path.join(root, name)
+        self.data = os.path.join(self.root, "data")
+        self.program = os.path.join(self.root, "program folder 程序")
+        self.tools = os.path.join(self.root, "tools")
+        for folder in (self.data, self.tools):
+            os.makedirs(folder)
+        make_program_folder(self.program, scan_archives=True)
+
+    def write(self, name, content):
+        path = os.path.join(self.data, name)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        with open(path, "wb") as file:
+            file.write(content)
+        return path
+
+    def install(self, name, text=None):
+        """The real tool, or a shell script."""
+        path = os.path.join(self.tools, name)
+        if text is None:
+            os.symlink(real_tool, path)
+        else:
+            with open(path, "w") as file:
+                file.write("#!/bin/sh\n" + text)
+            os.chmod(path, 0o755)
+
+    def seen(self, name):
+        with open(os.path.join(self.root, name)) as file:
+            return file.read()
+
+    def run(self, marks, road="Picture5_Click", answers=("yes", "no"), before=(), more=(), options=()):
+        """Compares the tree, marks the cells whose texts are given, and deletes. Status, and what was printed."""
+        process = subprocess.Popen(
+            [console, "--program-dir", self.program, *options, "--script", "-"], stdin=subprocess.PIPE,
+            stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+            env=dict(os.environ, PATH=self.tools, TOOL_LOG=self.root, HOME=self.root))
+
+        def send(*lines):
+            process.stdin.write("".join(line + "\n" for line in lines).encode("utf-8", "surrogateescape"))
+            process.stdin.flush()
+
+        send(f"select {self.data}", "call search_check_m_Click", *before, "show ListView1", "show list_mode")
+        columns, line = {}, ""
+        while not line.startswith("list_mode"):
+            line = process.stdout.readline().decode("utf-8", "surrogateescape").rstrip("\n")
+            fields = line.split("\t")
+            if fields[0].isdigit():
+                # The row, then text and colour of columns 1, 2, 3, 4.
+                for column in (3, 4):
+                    text = fields[2 * column - 1].replace("\\\\", "\\")
+                    columns.setdefault(text, []).append((fields[0], column))
+        for mark in marks:
+            if mark not in columns:
+                expect("listed", sorted(columns), mark)
+                continue
+            row, column = columns[mark][-1]
+            send(f"mouse ListView1 double {row} {column}")
+        send(*(f"answer {answer}" for answer in answers), *more, f"call {road}", "show archive_del_count")
+        output = process.communicate()[0].decode("utf-8", "surrogateescape")
+        self.list_file = os.path.join(self.program, "delrarfile.txt")
+        return process.returncode, output
+
+
+def digest(path):
+    with open(path, "rb") as file:
+        return hashlib.sha256(file.read()).hexdigest()
+
+
+def contents(archive):
+    with zipfile.ZipFile(archive) as opened:
+        return {info.filename: opened.read(info) for info in opened.infolist() if not info.is_dir()}
+
+
+def as_listed(raw):
+    """A name by the rules of the code page."""
+    text, at = "", 0
+    while at < len(raw):
+        if raw[at] < 161:
+            text += chr(raw[at])
+            at += 1
+            continue
+        character = raw[at:at + 2].decode("gbk", "replace")
+        text += character if len(character) == 1 else "\uFFFD"
+        at += 2
+    return text
+
+
+def report_of(output):
+    return [line for line in output.splitlines() if line.startswith("message\t提示\t") and "个文件" in line][-1]
+
+
+def unlike(number):
+    """Contents of lengths that differ."""
+    return bytes(f"content {number} ", "ascii") * (number + 2)
+
+
+def members_with_chinese_names(root):
+    place = Place(root, "chinese")
+    names = ["plain.txt", "目录/文件.txt", "目录/子目录/深.bin", "目录/子目录/stays.bin", "目录/留下.txt", "b/c/d.txt",
+             "b/c/d.txt.old", "b/C/d.txt"]
+    for number, name in enumerate(names):
+        place.write("source/" + name, unlike(number))
+    archive = os.path.join(place.data, "archive 包.zip")
+    subprocess.run([real_tool, "a", "-tzip", archive, "."], cwd=os.path.join(place.data, "source"), check=True,
+                   stdout=subprocess.DEVNULL)
+    before = contents(archive)
+    expect("all are inside", sorted(before), sorted(names))
+    place.install("7z")
+    gone = ["plain.txt", "目录/文件.txt", "目录/子目录/深.bin", "b/c/d.txt"]
+    status, output = place.run([f"{archive}*{as_listed(name.encode())}" for name in gone])
+    expect("status", status, 0)
+    expect("inside", contents(archive), {name: before[name] for name in names if name not in gone})
+    expect("on the disk", all(os.path.exists(os.path.join(place.data, "source", name)) for name in names), True)
+    expect("runs", [line for line in output.splitlines() if line.startswith("shell")],
+           ["\t".join(["shell", "start", os.path.join(place.tools, "7z"), "d", "-spd", archive, "@" + place.list_file])])
+    expect("the list is empty again", os.path.getsize(place.list_file), 0)
+    expect("report", "删除压缩包内文件:4个" in report_of(output) and "压缩包内仍有" not in output, True)
+    expect("count", "archive_del_count\t4" in output, True)
+    expect("left in the store", len(lines_of(os.path.join(place.program, "相同文件.txt"))), 2 + 3 * 4)
+
+
+def names_of_other_forms(root):
+    """Names without the flag for UTF-8, with the extra field instead, and names that no list can hold."""
+    place = Place(root, "forms")
+    place.install("7z")
+    archive = os.path.join(place.data, "odd*name\n.zip")
+    listed = archive.replace("*", "\uF02A").replace("\n", "\uF00A")
+    gbk = "中文.txt".encode("gbk")
+    unicode_form = struct.pack("<BI", 1, zlib.crc32(gbk)) + "中文.txt".encode()
+    members = [("unflagged 文件.txt".encode(), b""), (gbk, struct.pack("<HH", 0x7075, len(unicode_form)) + unicode_form),
+               ("留下.txt".encode("gbk"), b""), (b"st*r?.txt", b""), (b"start.txt", b""), (b" blank", b""), (b"blank", b""),
+               (b"twice", b""), (b"twice", b""), (b"folder", b""), (b"folder/file", b""), (b"back\\slash", b"")]
+    local, central = b"", b""
+    for number, (name, extra) in enumerate(members):
+        data = unlike(number)
+        fields = struct.pack("<HHHHIIIHH", 0, 0, 0, 0x21, zlib.crc32(data), len(data), len(data), len(name), len(extra))
+        central += (b"PK\1\2" + struct.pack("<HH", 20, 20) + fields + struct.pack("<HHHII", 0, 0, 0, 0, len(local)) + name +
+                    extra)
+        local += b"PK\3\4" + struct.pack("<H", 20) + fields + name + extra + data
+        place.write(f"copies/{number}", data)
+    end = struct.pack("<HHHHIIH", 0, 0, len(members), len(members), len(central), len(local), 0)
+    with open(archive, "wb") as file:
+        file.write(local + central + b"PK\5\6" + end)
+    gone = [0, 1, 3, 10, 11]
+    marked = [name for name, _ in members if name != b"start.txt"]
+    status, output = place.run([f"{listed}*{as_listed(name).replace('*', chr(0xF02A))}" for name in marked])
+    expect("status", status, 0)
+    with zipfile.ZipFile(archive) as opened:
+        kept = [opened.read(info) for info in opened.infolist()]
+    expect("kept", sorted(kept), sorted(unlike(number) for number in range(len(members)) if number not in gone))
+    expect("report", "压缩包内仍有:" in report_of(output) and "无法删除:" in report_of(output), True)
+
+
+def archives_in_turn(root):
+    place = Place(root, "turn")
+    place.install("7zz")
+    archives = [os.path.join(place.data, name) for name in ("a.zip", "b.zip")]
+    for number, archive in enumerate(archives):
+        with zipfile.ZipFile(archive, "w") as opened:
+            for member in range(3):
+                opened.writestr(f"m{member}", unlike(2 * member + number))
+    for number in range(6):
+        place.write(f"copies/{number}", unlike(number))
+    # Sorted by length the archives take turns.
+    status, output = place.run([f"{archive}*m{member}" for archive in archives for member in (0, 1)],
+                               before=["header ListView1 2"])
+    expect("status", status, 0)
+    expect("runs", output.count("shell\tstart\t"), 4)
+    expect("inside", [sorted(contents(archive)) for archive in archives], [["m2"], ["m2"]])
+
+
+def one_pair(place, archive_name="z.zip"):
+    """An archive with a copy of a file and another member; the entry's text in the list."""
+    archive = os.path.join(place.data, archive_name)
+    with zipfile.ZipFile(archive, "w") as opened:
+        opened.writestr("in/a", unlike(1))
+        opened.writestr("other", unlike(2))
+    place.write("a", unlike(1))
+    return archive, f"{archive}*in/a"
+
+
+def tools_that_fail(root):
+    for name, text in (("fails", 'echo "$@" > "$TOOL_LOG/log"; exit 2\n'), ("does nothing", "exit 0\n"),
+                       ("dies", "kill -9 $$\n")):
+        place = Place(root, name)
+        place.install("7za", text)
+        archive, entry = one_pair(place)
+        before = digest(archive)
+        status, output = place.run([entry])
+        expect(f"{name}: status", status, 0)
+        expect(f"{name}: archive", digest(archive), before)
+        expect(f"{name}: report", f"压缩包内仍有:1个 ({entry})" in report_of(output), True)
+    place = Place(root, "cannot start")
+    place.install("7z", "")
+    with open(os.path.join(place.tools, "7z"), "w") as file:
+        file.write("#!/no/such/interpreter\n")
+    archive, entry = one_pair(place)
+    before = digest(archive)
+    status, output = place.run([entry], road="Command45_Click")
+    expect("cannot start", (status, digest(archive), "archive_del_count\t0" in output), (0, before, True))
+    expect("cannot start: report", "无法删除:1 个文件" in report_of(output), True)
+
+
+def no_tool(root):
+    place = Place(root, "none")
+    archive, entry = one_pair(place)
+    before = digest(archive)
+    status, output = place.run([entry])
+    expect("no tool", (status, digest(archive), "shell\t" in output, os.path.exists(place.list_file)),
+           (0, before, False, False))
+    expect("no tool: marks", lines_of(os.path.join(place.program, "winrar_del_file.txt")), [entry])
+
+
+def rar(root):
+    """A rar gets the names as they were read; without one a RAR stays."""
+    data = unlike(3)
+    blocks = b"Rar!\x1a\x07\0" + struct.pack("<HBHH", 0x90CF, 0x73, 0, 13) + bytes(6)
+    for name in (b"dir\\a.txt", b"wild?card"):
+        header = struct.pack("<BHHIIBIIBBHI", 0x74, 0x8000, 32 + len(name), len(data), len(data), 2, zlib.crc32(data),
+                             0, 29, 0x30, len(name), 0x20) + name
+        blocks += struct.pack("<H", zlib.crc32(header) & 0xFFFF) + header + data
+        data = unlike(4)
+    blocks += b"\xC4\x3D\x7B\x00\x40\x07\x00" + bytes(20)
+    for installed in (True, False):
+        place = Place(root, f"rar {installed}")
+        place.install("7z")
+        if installed:
+            place.install("rar", 'echo "$@" > "$TOOL_LOG/log"\n/bin/cp "${3#@}" "$TOOL_LOG/list"\n')
+        archive = place.write("x.rar", blocks)
+        for number in (3, 4):
+            place.write(str(number), unlike(number))
+        status, output = place.run([f"{archive}*dir\\a.txt", f"{archive}*wild?card"])
+        expect("rar: status", status, 0)
+        if installed:
+            expect("rar: command", place.seen("log"), f"d {archive} @{place.list_file}\n")
+            expect("rar: list", place.seen("list"), "dir\\a.txt\n")
+        expect("rar: runs", output.count("shell\tstart"), 1 if installed else 0)
+        expect("rar: report", "压缩包内仍有:2个" in report_of(output), True)
+
+
+def closing(root):
+    """The program closes while the tool works: it does not wait, and the tool comes to its end."""
+    place = Place(root, "closing")
+    place.install("7z", 'read line < "${4#@}"; /bin/sleep 3; read again < "${4#@}"\n'
+                        'echo "$line $again" > "$TOOL_LOG/done"\n')
+    archive, entry = one_pair(place)
+    started = time.monotonic()
+    status, output = place.run([entry], more=["at_yield 8 quit"])
+    expect("closing: no wait", (status, time.monotonic() - started < 2.5), (0, True))
+    expect("closing: no report", "放入回收站:" in output, False)
+    deadline = time.monotonic() + 20
+    while not os.path.exists(os.path.join(place.root, "done")) and time.monotonic() < deadline:
+        time.sleep(0.05)
+    expect("closing: the tool has its list to the end", place.seen("done").split(), ["in/a"] * 2)
+
+
+def dry(root):
+    place = Place(root, "dry")
+    place.install("7z")
+    archive, entry = one_pair(place)
+    before = digest(archive)
+    status, output = place.run([entry], options=["--dry-shell"])
+    expect("dry", (status, digest(archive), output.count("shell\tstart")), (0, before, 1))
+
+
+with tempfile.TemporaryDirectory(prefix="corvane_archive_delete_") as scratch:
+    scratch = os.path.realpath(scratch)
+    os.environ["LC_ALL"] = "C.UTF-8"
+    for story in (members_with_chinese_names, names_of_other_forms, archives_in_turn, tools_that_fail, no_tool, rar, closing,
+                  dry):
+        story(scratch)
+
+sys.exit(1 if failures else 0)
