@@ -120,9 +120,10 @@ void deletion_run::enqueue(const taken_cell& cell) {
 
 bool deletion_run::send_batches() {
     if (queue_.empty()) return true;
-    recycle_batches batches;
-    for (const taken_cell& file : queue_) batches.add(file.path);
-    batches.send(form_, [this](std::size_t number) { return still_may_go(queue_[number]); });
+    send_in_batches(form_, queue_.size(), [this](std::size_t number) {
+        const taken_cell& file = queue_[number];
+        return still_may_go(file) ? &file.path : nullptr;
+    });
     form_.state.force_protected = 0;
     return !form_.state.quit_requested;
 }

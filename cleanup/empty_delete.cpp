@@ -113,11 +113,12 @@ void Picture8_Click(Tavrel& form) {
         bar_draw(form, row);
         if (state.quit_requested) return;
     }
-    recycle_batches batches;
-    for (const std::string& path : count.taken) batches.add(path);
-    if (batches.batch_count() > 0) {
+    if (!count.taken.empty()) {
         // The disk may have changed since the scan looked.
-        batches.send(form, [&](std::size_t number) { return is_directory(form, count.taken[number]); });
+        send_in_batches(form, count.taken.size(), [&](std::size_t number) {
+            const std::string& path = count.taken[number];
+            return is_directory(form, path) ? &path : nullptr;
+        });
         if (state.quit_requested) return;
         state.force_protected = 0;
     }

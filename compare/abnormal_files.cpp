@@ -8,6 +8,7 @@
 #include "core/directory_filter.h"
 #include "core/help.h"
 #include "core/main_form.h"
+#include "core/progress.h"
 
 namespace corvane {
 
@@ -35,9 +36,7 @@ bool is_found(Tavrel& form, std::string_view path) {
 void Command44_Click(Tavrel& form) {
     if (help_mode_opens(form, 12)) return;
     run_state& state = form.state;
-    if (state.shutdown_after_task && !state.chained_run_flag &&
-        !form.confirm("  运行完毕后," + state.shutdown_action_text + "同意吗(Y/N)?"))
-        state.shutdown_after_task = 0;
+    if (state.shutdown_after_task && !state.chained_run_flag) ask_for_shutdown(form);
     state.base_time = form.outside.screen.seconds();
     if (!state.file_list_loaded) {
         form.panel(7, "查异常文件_读暂存文件清单");

@@ -108,9 +108,7 @@ void Picture3_Click(Tavrel& form) {
     run_state& state = form.state;
     写Tavrel环境文件(form);
     if (help_mode_opens(form, 12)) return;
-    if (state.shutdown_after_task && !state.chained_run_flag &&
-        !form.confirm("  运行完毕后," + state.shutdown_action_text + "同意吗(Y/N)?"))
-        state.shutdown_after_task = 0;
+    if (state.shutdown_after_task && !state.chained_run_flag) ask_for_shutdown(form);
     state.base_time = form.outside.screen.seconds();
     if (!take_file_list(form)) return;
 

@@ -18,14 +18,6 @@ namespace {
 
 constexpr char environment_name[] = "Tavrel环境.txt";
 constexpr char directory_list_name[] = "比较文件_目录清单.txt";
-constexpr std::int16_t smallest_font = 9;
-constexpr std::int16_t largest_font = 50;
-
-// A place beyond the type of its line is kept at the type's limit.
-std::int16_t stored_place(int twips) {
-    return static_cast<std::int16_t>(std::clamp<int>(twips, std::numeric_limits<std::int16_t>::min(),
-                                                     std::numeric_limits<std::int16_t>::max()));
-}
 
 bool finish(Tavrel& form, line_writer& writer, const std::string& path) {
     if (writer.finish()) return true;
@@ -84,6 +76,19 @@ void read_selected_directories(Tavrel& form) {
 
 }  // namespace
 
+std::int16_t stored_place(int twips) {
+    return static_cast<std::int16_t>(std::clamp<int>(twips, std::numeric_limits<std::int16_t>::min(),
+                                                     std::numeric_limits<std::int16_t>::max()));
+}
+
+void keep_options_place(settings& values, const form_model& options) {
+    if (options.window != window_state::normal) return;
+    values.optform_left = stored_place(options.place.left);
+    values.optform_top = stored_place(options.place.top);
+    values.optform_width = stored_place(options.place.width);
+    values.optform_height = stored_place(options.place.height);
+}
+
 void collect_environment(Tavrel& form) {
     run_state& state = form.state;
     if (form.window == window_state::normal) {
@@ -97,12 +102,7 @@ void collect_environment(Tavrel& form) {
     state.export_levels = whole_number(form.Text3.text);
     state.export_skip_types = form.Text4.text;
     const form_model* options = form.child("Form_no_dire");
-    if (options != nullptr && options->window == window_state::normal) {
-        state.optform_left = stored_place(options->place.left);
-        state.optform_top = stored_place(options->place.top);
-        state.optform_width = stored_place(options->place.width);
-        state.optform_height = stored_place(options->place.height);
-    }
+    if (options != nullptr) keep_options_place(state, *options);
     state.error_trail_on = form.debug_err.value;
 }
 
@@ -130,7 +130,8 @@ void read_environment(Tavrel& form) {
     form.Text3.text = std::to_string(state.export_levels);
     form.Text4.text = state.export_skip_types;
     set_action_text(state);
-    state.list_font_size = std::clamp<std::int32_t>(state.list_font_size, smallest_font, largest_font);
+    state.list_font_size =
+        std::clamp<std::int32_t>(state.list_font_size, smallest_list_font, largest_list_font);
     form.debug_err.value = state.error_trail_on != 0 ? -1 : 0;
     read_selected_directories(form);
 }

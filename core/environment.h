@@ -2,9 +2,13 @@
 // '比较文件_目录清单.txt', both beside the program.
 #pragma once
 
+#include <cstdint>
+
 namespace corvane {
 
+class form_model;
 class Tavrel;
+struct settings;
 
 // Collects what lives in windows, then writes both files whole. False, after one message, when it cannot;
 // says nothing more in a program folder of which start-up has said that it cannot be written.
@@ -12,6 +16,11 @@ bool 写Tavrel环境文件(Tavrel& form);
 
 // Copies into the settings what lives in windows: places, the time of this write, boxes and check marks.
 void collect_environment(Tavrel& form);
+
+// A place in twips as its line keeps it: at the limit of the line's type when it is beyond.
+std::int16_t stored_place(int twips);
+// Takes the place of the options window, unless it is minimised or maximised.
+void keep_options_place(settings& values, const form_model& options);
 
 // Reads both files and mends what needs it. A missing settings file is written and announced. One that cannot
 // be read to its end is deleted without a word; what was read up to there stays in force.

@@ -136,13 +136,6 @@ auto with_value(Settings& values, int line, Use use) {
         entry.member);
 }
 
-// Line breaks would shift every line behind them.
-std::string one_line(std::string text) {
-    std::replace(text.begin(), text.end(), '\r', ' ');
-    std::replace(text.begin(), text.end(), '\n', ' ');
-    return text;
-}
-
 std::string line_text(const std::string& value) {
     return one_line(value);
 }

@@ -68,6 +68,12 @@ void pointer_glide(Tavrel& form, const std::string& form_name, const std::string
     screen.set_pointer(*target);
 }
 
+void ask_for_shutdown(Tavrel& form) {
+    std::string question = "  运行完毕后,";
+    question.append(form.state.shutdown_action_text).append("同意吗(Y/N)?");
+    if (!form.confirm(question)) form.state.shutdown_after_task = 0;
+}
+
 void report_write_failure(Tavrel& form, const std::string& path, const std::string& reason) {
     form.complain(path + "\r\n" + reason);
     unlock_tasks(form);

@@ -33,6 +33,9 @@ void show_elapsed(Tavrel& form);
 // pointer.
 void pointer_glide(Tavrel& form, const std::string& form_name, const std::string& control);
 
+// Asks whether the shutdown after the task stands. No takes it back.
+void ask_for_shutdown(Tavrel& form);
+
 // Ends a task because a file could not be written: the system's words, the file, and the tasks unlocked.
 void report_write_failure(Tavrel& form, const std::string& path, const std::string& reason);
 

@@ -8,6 +8,10 @@
 
 namespace corvane {
 
+// Points.
+constexpr std::int32_t smallest_list_font = 9;
+constexpr std::int32_t largest_list_font = 50;
+
 // Flags of check boxes are 0 or 1, of menu items 0 or -1. Places and sizes are in twips of the screen,
 // colours are 0xBBGGRR. Dates are days since 1899-12-30; 0 is no date.
 struct settings {

@@ -1,5 +1,6 @@
 #include "core/text_format.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -137,6 +138,12 @@ int code_page_length(std::string_view text) {
 std::string_view trimmed(std::string_view text) {
     while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
     while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+    return text;
+}
+
+std::string one_line(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char unit) { return unit == '\r' || unit == '\n'; }, ' ');
     return text;
 }
 

@@ -41,6 +41,9 @@ int code_page_length(std::string_view text);
 // The text without blanks at both ends.
 std::string_view trimmed(std::string_view text);
 
+// The text with a blank for each unit of a line break, as one line of a data file.
+std::string one_line(std::string text);
+
 // Line 1 of 相同文件.txt: the title, padded with blanks to 20 characters.
 constexpr std::string_view padded_same_file_title() {
     return "内容相同文件清单            ";

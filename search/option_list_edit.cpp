@@ -11,13 +11,6 @@ namespace corvane {
 
 namespace {
 
-// A line break in an entry would make two lines of it.
-std::string one_line(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char unit) { return unit == '\r' || unit == '\n'; }, ' ');
-    return text;
-}
-
 std::string line_of(const list_box::row& row) {
     std::string line(1, row.checked ? '1' : '0');
     return line += row.text;

@@ -1,9 +1,9 @@
 #include "search/options_form.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "core/directory_filter.h"
+#include "core/environment.h"
 #include "core/help.h"
 #include "core/main_form.h"
 #include "core/progress.h"
@@ -16,9 +16,7 @@ namespace corvane {
 namespace {
 
 constexpr int smallest_stored_width = 100;  // twips; what is not wider is no place that a window had
-constexpr std::int32_t smallest_font = 9;
-constexpr std::int32_t largest_font = 50;
-constexpr int edge = 150;  // twips between the window and the edge of the screen
+constexpr int edge = 150;                   // twips between the window and the edge of the screen
 
 constexpr const char* check_captions[] = {
     "", "贴士帮助", "删除提示", "显示错误", "只查后缀相同的文件", "运行时显示文件名", "检查rar,zip内部文件"};
@@ -34,11 +32,6 @@ constexpr std::int16_t settings::*check_settings[] = {
     &settings::show_run_filename,
     &settings::scan_archives,
 };
-
-std::int16_t stored_place(int twips) {
-    return static_cast<std::int16_t>(std::clamp<int>(twips, std::numeric_limits<std::int16_t>::min(),
-                                                     std::numeric_limits<std::int16_t>::max()));
-}
 
 std::string element(const char* name, std::size_t index) {
     std::string made = name;
@@ -131,7 +124,7 @@ void options_form::load() {
 
 void options_form::mend_settings() {
     run_state& state = main_.state;
-    state.list_font_size = std::clamp(state.list_font_size, smallest_font, largest_font);
+    state.list_font_size = std::clamp(state.list_font_size, smallest_list_font, largest_list_font);
     if (state.list_back_color == state.list_fore_color) {
         state.list_back_color = 0xFFFFFF;
         state.list_fore_color = 0;
@@ -155,13 +148,7 @@ void options_form::Form_Unload() {
     loaded_ = false;
     visible = false;
     Timer1.enabled = false;
-    run_state& state = main_.state;
-    if (window == window_state::normal) {
-        state.optform_left = stored_place(place.left);
-        state.optform_top = stored_place(place.top);
-        state.optform_width = stored_place(place.width);
-        state.optform_height = stored_place(place.height);
-    }
+    keep_options_place(main_.state, *this);
     for (const std::size_t i : {1u, 2u, 3u, 5u, 6u}) store_check(i);
 }
 
@@ -227,7 +214,7 @@ void options_form::Command2_Click(int index) {
     run_state& state = main_.state;
     if (index < 2) {
         const std::int32_t step = index == 0 ? 1 : -1;
-        state.list_font_size = std::clamp(state.list_font_size + step, smallest_font, largest_font);
+        state.list_font_size = std::clamp(state.list_font_size + step, smallest_list_font, largest_list_font);
     } else {
         std::int32_t& colour = index == 2 ? state.list_back_color : state.list_fore_color;
         if (const auto chosen = main_.outside.screen.choose_colour("选择选择颜色", colour)) colour = *chosen;

@@ -83,8 +83,7 @@ void search_check_m_Click(Tavrel& form) {
     if (help_mode_opens(form, 13)) return;
     if (state.shutdown_after_task == 1) {
         state.chained_run_flag = -1;
-        if (!form.confirm("  运行完毕后," + state.shutdown_action_text + "同意吗(Y/N)?"))
-            state.shutdown_after_task = 0;
+        ask_for_shutdown(form);
     }
     form.panel(7, "搜索和比对");
     const double start = form.outside.screen.seconds();

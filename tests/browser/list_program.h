@@ -84,4 +84,15 @@ struct list_program : test_program {
     }
 };
 
+// Rows 2 and 3 repeat the first path of row 1; row 5 has an archive member on each side.
+struct five_rows : list_program {
+    five_rows() {
+        show({{10, "/d/a", "/e/1"},
+              {10, "/d/a", "/e/2"},
+              {10, "/d/a", "/e/3"},
+              {7, "/d/b", "/e/4"},
+              {5, "/d/x.zip*m", "/d/y.zip*n"}});
+    }
+};
+
 }  // namespace corvane
