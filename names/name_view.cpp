@@ -38,15 +38,21 @@ bool file_exists(Tavrel& form, std::string_view path) {
     return !is_archive_member(path) && path_exists(form, std::string(path));
 }
 
+constexpr int name_width = 2000;  // twips
+
+// Both paths share what the other columns leave.
+int path_width(const list_view& list, const name_view& view) {
+    return std::max(0, (list.place.width - 1200 - (view.has_name_cell ? name_width : 0)) / 2);
+}
+
 void set_headers(list_view& list, const name_view& view) {
-    const int name_width = view.has_name_cell ? 2000 : 0;
-    const int path_width = std::max(0, (list.place.width - 1200 - name_width) / 2);
+    const int width = path_width(list, view);
     list.add_column({"", 100, text_alignment::left, cell_content::text});
     list.add_column({"序号", 700, text_alignment::right, cell_content::number});
     if (view.has_name_cell)
         list.add_column({"同名文件名", name_width, text_alignment::left, cell_content::text});
-    list.add_column({view.first_header, path_width, text_alignment::left, cell_content::text});
-    list.add_column({view.second_header, path_width, text_alignment::left, cell_content::text});
+    list.add_column({view.first_header, width, text_alignment::left, cell_content::text});
+    list.add_column({view.second_header, width, text_alignment::left, cell_content::text});
 }
 
 void place_bar(Tavrel& form) {
@@ -88,6 +94,10 @@ void show_names(Tavrel& form, const name_view& view) {
     fill_name_rows(form);
     if (state.quit_requested) return;
     list.visible = true;
+    // The room may have grown by that of the text pane.
+    form.outside.screen.repaint();
+    for (const int column : {list.column_count() - 2, list.column_count() - 1})
+        list.set_column_width(column, path_width(list, view));
     form.panel(3, view.panel_word);
     form.panel(4, std::to_string(state.result_count) + view.unit);
     form.pic_gressbar1.visible = false;

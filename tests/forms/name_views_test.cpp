@@ -37,6 +37,12 @@ TEST(name_views, the_list_shows_what_the_checks_found) {
     for (const auto& [entry, mode, path_column, rows] :
          {std::tuple("mnu_same_filename", 3, 3, 2), std::tuple("search_repeat_dir_name", 4, 2, 1)}) {
         named shown;
+        // A list beside a text, each with half of the room.
+        shown.show_pairs(5);
+        shown.files.add_file("/prog/text.txt", "a line\r\n");
+        shown.form.RichTextBox2.load_file("/prog/text.txt");
+        shown.form.RichTextBox2.visible = true;
+        shown.settle();
         // Each closing message is answered at once.
         QTimer closer;
         QObject::connect(&closer, &QTimer::timeout, &closer, [] {
@@ -50,6 +56,10 @@ TEST(name_views, the_list_shows_what_the_checks_found) {
         EXPECT_EQ(shown.cell(0, path_column).toStdString(), shown.form.ListView1.cell(1, path_column));
         EXPECT_TRUE(shown.cell(0, path_column).startsWith(QStringLiteral("/d/")));
         EXPECT_FALSE(shown.header(path_column).isEmpty());
+        // Both paths have the room that the text has left.
+        const int first = shown.table.columnWidth(path_column),
+                  second = shown.table.columnWidth(path_column + 1);
+        EXPECT_LE(std::abs(first - second), 40) << entry;
     }
 }
 

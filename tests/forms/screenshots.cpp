@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QImage>
 #include <QMenu>
+#include <QTimer>
 #include <cstdio>
 
 #include "core/progress.h"
@@ -75,6 +76,38 @@ void fill_options(forms_program& shown) {
     shown.corvane.options_window().List1.select(1, true);
     shown.corvane.options_window().List2.select(1, true);
     shown.corvane.options_window().List4.select(3, true);
+}
+
+// The views of the name checks and of the empty directories, over a small disk.
+void save_other_views(forms_program& shown, folder_of_pictures& pictures) {
+    corvane::run_state& state = shown.form.state;
+    shown.form.RichTextBox2.visible = false;
+    shown.settle();
+    for (const char* path :
+         {"/home/li/照片/2023/夏天/封面.jpg", "/home/li/备份/旧电脑/我的文档/2023/夏天/封面.jpg",
+          "/home/li/照片/2023/夏天/读我.txt", "/home/li/文档/报告/读我.txt", "/home/li/下载/读我.txt",
+          "/home/li/文档/报告/第一季度.xlsx", "/home/li/备份/旧电脑/第一季度.xlsx"})
+        shown.files.add_file(path, path);
+    for (const char* path : {"/home/li/下载/空的", "/home/li/下载/空的/更空的", "/home/li/备份/旧电脑/临时",
+                             "/home/li/照片/待整理"})
+        shown.files.add_directory(path);
+    // Each closing message is answered at once.
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, &closer, [] {
+        if (QWidget* box = QApplication::activeModalWidget()) box->close();
+    });
+    closer.start(20);
+    state.selected_dirs = {"", "/home/li"};
+    state.selected_dir_count = 1;
+    shown.form.run("picture2_Click");
+    shown.form.run("mnu_same_filename_Click");
+    pictures.save(shown, &shown.windows.main(), "names_files");
+    shown.form.run("search_repeat_dir_name_Click");
+    pictures.save(shown, &shown.windows.main(), "names_directories");
+    shown.form.run("Picture6_Click");
+    shown.form.run("Picture7_Click");
+    shown.form.run("按序号删除_m");
+    pictures.save(shown, &shown.windows.main(), "empty_directories");
 }
 
 }  // namespace
@@ -161,6 +194,7 @@ int main(int argc, char** argv) {
     shown.form.RichTextBox2.load_file("/prog/文件清单.txt");
     shown.form.RichTextBox2.visible = true;
     pictures.save(shown, main, "text_and_list");
+    save_other_views(shown, pictures);
     if (!pictures.written) std::fputs("a picture could not be written\n", stderr);
     return pictures.written ? 0 : 1;
 }
