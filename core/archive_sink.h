@@ -10,7 +10,9 @@ namespace corvane {
 // The views are valid until the sink returns.
 struct archive_record {
     std::string_view name;      // from code page 936, what would break a line or an entry mapped
-    std::string_view raw_name;  // the bytes of the name; ZIP: of its Unicode form where it has a valid one
+    // The bytes of the name, of a ZIP those of its Unicode form where it has a valid one. Empty where it is
+    // not certain what a tool takes for the name.
+    std::string_view raw_name;
     std::string_view crc_text;  // eight upper-case hexadecimal digits
     std::uint64_t length = 0;   // unpacked, in bytes
     bool directory = false;

@@ -86,7 +86,8 @@ class Tavrel : public form_model {
     bool run(std::string_view handler);
 
     std::string data_path(std::string_view file_name) const {
-        return state.program_dir + std::string(file_name);
+        std::string path = state.program_dir;
+        return path.append(file_name);
     }
     void panel(int number, std::string words) { StatusBar1.panel(number) = std::move(words); }
     void yield() { outside.screen.yield(); }

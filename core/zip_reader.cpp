@@ -157,8 +157,11 @@ bool read_zip(Tavrel& form, const std::string& path, archive_sink& sink) {
             if (uncompressed_size == kept_elsewhere) record.length = better.length;
             if (!is_unicode && !better.name.empty()) record.raw_name = better.name;
         }
-        // Extra data beyond the buffer may hold another name.
-        if (!is_unicode && extra + extra_length > archive_input::buffer_size) record.raw_name = {};
+        // Extra data beyond the buffer may hold another name, and a name with a zero byte is cut by a tool
+        // that writes the archive anew.
+        if ((!is_unicode && extra + extra_length > archive_input::buffer_size) ||
+            archive.bytes_at(name_index, name_length).find('\0') != std::string_view::npos)
+            record.raw_name = {};
         if (!sink.take(record)) return false;
     }
     return true;

@@ -93,6 +93,17 @@ TEST(ToolNames, AMemberThatTheToolMeetsUnderTheSameNameKeepsBoth) {
     EXPECT_TRUE(p.desktop.started.empty());
 }
 
+TEST(ToolNames, AnArchiveWithAZeroByteInANameIsNotTouched) {
+    archive_deleting p;
+    p.delete_one("a", {nine("a"), nine(std::string("b\0c", 3))});
+    EXPECT_TRUE(p.desktop.started.empty()) << "the other name would be cut";
+    archive_deleting q;
+    zip_member other = nine(std::string("b\0c", 3));
+    other.extra = zip_unicode_name(other.name, "d");
+    q.delete_one("a", {nine("a"), other});
+    EXPECT_TRUE(q.desktop.started.empty());
+}
+
 TEST(ToolNames, AChineseNameGoesInTheFormThatTheArchiveHas) {
     archive_deleting p;
     zip_member member = nine("目录/文件.txt");

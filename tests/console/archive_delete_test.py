@@ -1,10 +1,13 @@
 """Entries of real archives deleted through real tools and through stand-ins: what was marked goes, the rest of the
 archive stays as it was, and a tool that fails, hangs or is missing does no harm.
 
-archive_delete_test.py CONSOLE [TOOL]: TOOL is the real one that is tried, 7z without it.
+archive_delete_test.py CONSOLE [TOOL [ROUNDS]]: TOOL is the real one that is tried, 7z without it; ROUNDS archives with
+names that a tool may misread are made at random.
 """
+import collections
 import hashlib
 import os
+import random
 import shutil
 import struct
 import subprocess
@@ -18,6 +21,7 @@ from program_folder import lines_of, make_program_folder
 
 console = sys.argv[1]
 real_tool = shutil.which(sys.argv[2] if len(sys.argv) > 2 else "7z")
+rounds = int(sys.argv[3]) if len(sys.argv) > 3 else 8
 failures = 0
 
 
@@ -62,7 +66,8 @@ class Place:
             return file.read()
 
     def run(self, marks, road="Picture5_Click", answers=("yes", "no"), before=(), more=(), options=()):
-        """Compares the tree, marks the cells whose texts are given, and deletes. Status, and what was printed."""
+        """Compares the tree, marks cells, and deletes. `marks` are the texts of cells, or say which of all cells, each a
+        pair of row and column. Returns status and what was printed."""
         process = subprocess.Popen(
             [console, "--program-dir", self.program, *options, "--script", "-"], stdin=subprocess.PIPE,
             stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
@@ -82,12 +87,12 @@ class Place:
                 for column in (3, 4):
                     text = fields[2 * column - 1].replace("\\\\", "\\")
                     columns.setdefault(text, []).append((fields[0], column))
-        for mark in marks:
-            if mark not in columns:
-                expect("listed", sorted(columns), mark)
-                continue
-            row, column = columns[mark][-1]
-            send(f"mouse ListView1 double {row} {column}")
+        if callable(marks):
+            cells = marks(sorted(cell for places in columns.values() for cell in places))
+        else:
+            expect("listed", [mark for mark in marks if mark not in columns], [])
+            cells = [columns[mark][-1] for mark in marks if mark in columns]
+        send(*(f"mouse ListView1 double {row} {column}" for row, column in cells))
         send(*(f"answer {answer}" for answer in answers), *more, f"call {road}", "show archive_del_count")
         output = process.communicate()[0].decode("utf-8", "surrogateescape")
         self.list_file = os.path.join(self.program, "delrarfile.txt")
@@ -104,18 +109,55 @@ def contents(archive):
         return {info.filename: opened.read(info) for info in opened.infolist() if not info.is_dir()}
 
 
-def as_listed(raw):
-    """A name by the rules of the code page."""
+def as_listed(raw, behind=b""):
+    """A name by the rules of the code page; a lead byte at its end takes the byte behind."""
+    length = len(raw)
+    raw += behind
     text, at = "", 0
-    while at < len(raw):
+    while at < length and raw[at] != 0:
         if raw[at] < 161:
-            text += chr(raw[at])
+            mapped = raw[at] < 32 or raw[at] == 127 or raw[at] == 42
+            text += chr(0xF000 + raw[at] if mapped else raw[at])
             at += 1
             continue
         character = raw[at:at + 2].decode("gbk", "replace")
         text += character if len(character) == 1 else "\uFFFD"
         at += 2
     return text
+
+
+def write_zip(path, members):
+    """Members of a raw name, flags, extra data and a content, stored."""
+    local, central = b"", b""
+    for name, flags, extra, data in members:
+        fields = struct.pack("<HHHHIIIHH", flags, 0, 0, 0x21, zlib.crc32(data), len(data), len(data), len(name), len(extra))
+        central += (b"PK\1\2" + struct.pack("<HH", 20, 20) + fields + struct.pack("<HHHII", 0, 0, 0, 0, len(local)) + name +
+                    extra)
+        local += b"PK\3\4" + struct.pack("<H", 20) + fields + name + extra + data
+    end = struct.pack("<HHHHIIH", 0, 0, len(members), len(members), len(central), len(local), 0)
+    with open(path, "wb") as file:
+        file.write(local + central + b"PK\5\6" + end)
+
+
+def read_zip(path):
+    """Raw name, content, and the byte behind the name, of each member; all are stored."""
+    with open(path, "rb") as file:
+        image = file.read()
+    entries, directory = struct.unpack("<H4xI", image[-12:-2])
+    members = []
+    for _ in range(entries):
+        length, name, extra, comment = struct.unpack("<I4xHHH", image[directory + 20:directory + 34])
+        local, = struct.unpack("<I", image[directory + 42:directory + 46])
+        data = local + 30 + sum(struct.unpack("<HH", image[local + 26:local + 30]))
+        behind = directory + 46 + name
+        members.append((image[directory + 46:behind], image[data:data + length], image[behind:behind + 1]))
+        directory += 46 + name + extra + comment
+    return members
+
+
+def unicode_form(name, form):
+    field = struct.pack("<BI", 1, zlib.crc32(name)) + form
+    return struct.pack("<HH", 0x7075, len(field)) + field
 
 
 def report_of(output):
@@ -159,24 +201,15 @@ def names_of_other_forms(root):
     archive = os.path.join(place.data, "odd*name\n.zip")
     listed = archive.replace("*", "\uF02A").replace("\n", "\uF00A")
     gbk = "中文.txt".encode("gbk")
-    unicode_form = struct.pack("<BI", 1, zlib.crc32(gbk)) + "中文.txt".encode()
-    members = [("unflagged 文件.txt".encode(), b""), (gbk, struct.pack("<HH", 0x7075, len(unicode_form)) + unicode_form),
+    members = [("unflagged 文件.txt".encode(), b""), (gbk, unicode_form(gbk, "中文.txt".encode())),
                ("留下.txt".encode("gbk"), b""), (b"st*r?.txt", b""), (b"start.txt", b""), (b" blank", b""), (b"blank", b""),
                (b"twice", b""), (b"twice", b""), (b"folder", b""), (b"folder/file", b""), (b"back\\slash", b"")]
-    local, central = b"", b""
-    for number, (name, extra) in enumerate(members):
-        data = unlike(number)
-        fields = struct.pack("<HHHHIIIHH", 0, 0, 0, 0x21, zlib.crc32(data), len(data), len(data), len(name), len(extra))
-        central += (b"PK\1\2" + struct.pack("<HH", 20, 20) + fields + struct.pack("<HHHII", 0, 0, 0, 0, len(local)) + name +
-                    extra)
-        local += b"PK\3\4" + struct.pack("<H", 20) + fields + name + extra + data
-        place.write(f"copies/{number}", data)
-    end = struct.pack("<HHHHIIH", 0, 0, len(members), len(members), len(central), len(local), 0)
-    with open(archive, "wb") as file:
-        file.write(local + central + b"PK\5\6" + end)
+    for number in range(len(members)):
+        place.write(f"copies/{number}", unlike(number))
+    write_zip(archive, [(name, 0, extra, unlike(number)) for number, (name, extra) in enumerate(members)])
     gone = [0, 1, 3, 10, 11]
     marked = [name for name, _ in members if name != b"start.txt"]
-    status, output = place.run([f"{listed}*{as_listed(name).replace('*', chr(0xF02A))}" for name in marked])
+    status, output = place.run([f"{listed}*{as_listed(name)}" for name in marked])
     expect("status", status, 0)
     with zipfile.ZipFile(archive) as opened:
         kept = [opened.read(info) for info in opened.infolist()]
@@ -287,6 +320,55 @@ def closing(root):
     expect("closing: the tool has its list to the end", place.seen("done").split(), ["in/a"] * 2)
 
 
+def random_archives(root):
+    """Whatever the names are: only marked members go, and of each content a copy stays."""
+    parts = [b"a", b"b", b"A", b"a.txt", b".", b"..", b"", b" ", b"a ", b" a", b'"a"', b'"', b"*", b"?", b"a*", b"-", b"@a",
+             b"a\\b", b"\\", "中".encode(), "中".encode("gbk"), "é".encode(), b"\xff", b"\x07", b"\t", "\ufeff".encode(),
+             "\ue000".encode(), b"a;b", b"a:b", b"!a", b"#", b"a\x00b", b"&", b"$(a)", b"a\x7f"]
+    gone_altogether = 0
+    for number in range(rounds):
+        dice = random.Random(4711 + number)
+        place = Place(root, f"random {number}")
+        place.install("7z")
+        archive = os.path.join(place.data, "z.zip")
+        members = []
+        for _ in range(dice.randrange(2, 14)):
+            name = dice.choice([b"/", b"/", b"\\"]).join(dice.choices(parts, k=dice.randrange(1, 4))) or b"x"
+            if members and dice.random() < 0.15:
+                name = dice.choice(members)[0]
+            extra = unicode_form(name, dice.choice(parts)) if dice.random() < 0.2 else b""
+            members.append((name, dice.choice([0, 0, 0x800]), extra, unlike(dice.randrange(7))))
+        write_zip(archive, members)
+        for content in range(7):
+            if dice.random() < 0.7:
+                place.write(f"copy {content}", unlike(content))
+        listed = {}
+        for name, content, behind in read_zip(archive):
+            listed.setdefault((name, content), set()).add(as_listed(name, behind))
+        before = [member[:2] for member in read_zip(archive)]
+        contents = {content for _, content in before}
+        status, output = place.run(lambda cells: [cell for cell in cells if dice.random() < 0.6])
+        expect(f"round {number}: status", status, 0)
+        list_of_marks = os.path.join(place.program, "winrar_del_file.txt")
+        if not os.path.exists(list_of_marks):
+            expect(f"round {number}: untouched", [member[:2] for member in read_zip(archive)], before)
+            continue
+        with open(list_of_marks, "rb") as file:
+            marked = {line.partition(b"*")[2].decode("utf-8", "replace") for line in file.read().split(b"\r\n")}
+        after = [member[:2] for member in read_zip(archive)]
+        gone = collections.Counter(before) - collections.Counter(after)
+        gone_altogether += len(gone)
+        expect(f"round {number}: nothing new", collections.Counter(after) - collections.Counter(before), {})
+        for name, content in gone:
+            expect(f"round {number}: {name!r} of {members!r} was marked", bool(listed[name, content] & marked), True)
+        alive = {content for _, content in after}
+        for name in os.listdir(place.data):
+            with open(os.path.join(place.data, name), "rb") as file:
+                alive.add(file.read())
+        expect(f"round {number}: no content is lost", contents - alive, set())
+    expect("some members have gone", gone_altogether > rounds / 2, True)
+
+
 def dry(root):
     place = Place(root, "dry")
     place.install("7z")
@@ -300,7 +382,7 @@ with tempfile.TemporaryDirectory(prefix="corvane_archive_delete_") as scratch:
     scratch = os.path.realpath(scratch)
     os.environ["LC_ALL"] = "C.UTF-8"
     for story in (members_with_chinese_names, names_of_other_forms, archives_in_turn, tools_that_fail, no_tool, rar, closing,
-                  dry):
+                  random_archives, dry):
         story(scratch)
 
 sys.exit(1 if failures else 0)
