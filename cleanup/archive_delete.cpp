@@ -73,12 +73,15 @@ class archive_runs {
             for (const listed_entry& entry : group) result_.left_alone.insert(entry.number);
             return true;
         }
+        const file_access access = form_.outside.files.access(archive);
         if (!write_list(lines) || !start_tool(tool, archive)) {
             result_.failed = stopped_ = true;
             return true;
         }
         form_.state.archive_del_count += static_cast<std::int32_t>(lines.size());
-        return wait_for_tool();
+        if (!wait_for_tool()) return false;
+        form_.outside.files.restore_access(archive, access);
+        return true;
     }
 
     std::vector<std::string> lines_for(const std::string& tool, std::span<const listed_entry> group) {

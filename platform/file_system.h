@@ -57,6 +57,14 @@ struct file_facts {
 
 enum class volume_kind { home, root, other };
 
+// Who may do what with a file, in the system's own numbers.
+struct file_access {
+    bool known = false;
+    std::uint32_t mode = 0;
+    std::uint32_t owner = 0;
+    std::uint32_t group = 0;
+};
+
 // True when nothing tells that the file has changed between the two.
 inline bool same_state(const file_facts& a, const file_facts& b) {
     return a.exists == b.exists && a.identity == b.identity && a.length == b.length &&
@@ -126,6 +134,9 @@ class file_system {
     // lives. False with the system's words in `error` when the permission cannot be given; then nothing has
     // changed. What a link leads to is never touched.
     virtual bool clear_attributes(const std::string& path, std::string& error) = 0;
+    virtual file_access access(const std::string& path) = 0;
+    // Gives a file that was written anew the access that it had, as far as the user may.
+    virtual void restore_access(const std::string& path, const file_access& access) = 0;
     virtual file_facts facts(std::string_view path) = 0;
     // Where links in the path lead to; the path itself when there are none or it cannot be resolved.
     virtual std::string resolve(const std::string& path) = 0;

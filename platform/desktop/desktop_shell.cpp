@@ -1,6 +1,7 @@
 #include "platform/desktop/desktop_shell.h"
 
 #include <gio/gio.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <memory>
@@ -142,7 +143,12 @@ std::unique_ptr<started_process> desktop_shell::start_process(const std::vector<
                                                                 G_SUBPROCESS_FLAGS_STDERR_SILENCE)));
     // A session of its own: no terminal to ask for a password on, and an interrupt is not for it.
     g_subprocess_launcher_set_child_setup(
-        launcher.get(), [](void*) { setsid(); }, nullptr, nullptr);
+        launcher.get(),
+        [](void*) {
+            setsid();
+            umask(077);
+        },
+        nullptr, nullptr);
     GError* error = nullptr;
     object_pointer<GSubprocess> process(
         g_subprocess_launcher_spawnv(launcher.get(), pointers.data(), &error));

@@ -2,6 +2,7 @@
 #include <errno.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstring>
 #include <string>
@@ -62,6 +63,21 @@ bool linux_file_system::clear_attributes(const std::string& path, std::string& e
     }
     if (has_hidden_name(plain)) unhidden_.emplace(plain);
     return true;
+}
+
+file_access linux_file_system::access(const std::string& path) {
+    const raw_path raw(path);
+    struct stat facts;
+    if (lstat(raw.c_str(), &facts) != 0 || !S_ISREG(facts.st_mode)) return {};
+    return {true, facts.st_mode & 0777, facts.st_uid, facts.st_gid};
+}
+
+void linux_file_system::restore_access(const std::string& path, const file_access& access) {
+    const raw_path raw(path);
+    if (!access.known || !this->access(path).known) return;
+    // Only an administrator gives files away; the permissions are the user's.
+    if (fchownat(AT_FDCWD, raw.c_str(), access.owner, access.group, AT_SYMLINK_NOFOLLOW) != 0) errno = 0;
+    if (fchmodat(AT_FDCWD, raw.c_str(), access.mode, AT_SYMLINK_NOFOLLOW) != 0) errno = 0;
 }
 
 }  // namespace corvane

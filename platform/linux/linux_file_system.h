@@ -20,6 +20,8 @@ class linux_file_system : public file_system {
     std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) override;
     path_attributes attributes(const std::string& path) override;
     bool clear_attributes(const std::string& path, std::string& error) override;
+    file_access access(const std::string& path) override;
+    void restore_access(const std::string& path, const file_access& access) override;
     file_facts facts(std::string_view path) override;
     std::string resolve(const std::string& path) override;
     bool identity(const std::string& path, file_identity& identity) override;

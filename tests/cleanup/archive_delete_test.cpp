@@ -216,6 +216,21 @@ TEST(ArchiveDelete, AnArchiveThatIsEmptyAfterwardsHasNothingLeft) {
     EXPECT_EQ(p.last_message().find("压缩包内仍有"), std::string::npos);
 }
 
+TEST(ArchiveDelete, AnArchiveThatTheToolWroteAnewIsOpenToNobodyElse) {
+    archive_deleting p;
+    p.put_zip("/z.zip", {nine("a"), nine("b")});
+    p.files.modes["/z.zip"] = 0600;
+    const auto work = p.desktop.on_start;
+    p.desktop.on_start = [&](const texts& arguments) {
+        p.files.modes["/z.zip"] = 0644;
+        return work(arguments);
+    };
+    p.show_entries({"/z.zip*a"});
+    p.run_recycle();
+    EXPECT_EQ(p.archives["/z.zip"].size(), 1u);
+    EXPECT_EQ(p.files.modes["/z.zip"], 0600u);
+}
+
 TEST(ArchiveDelete, TheToolIsWaitedForAndThePanelTellsOfIt) {
     archive_deleting p;
     p.desktop.waits_for_process = 3;

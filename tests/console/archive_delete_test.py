@@ -21,7 +21,7 @@ from program_folder import lines_of, make_program_folder
 
 console = sys.argv[1]
 real_tool = shutil.which(sys.argv[2] if len(sys.argv) > 2 else "7z")
-rounds = int(sys.argv[3]) if len(sys.argv) > 3 else 8
+rounds = int(sys.argv[3]) if len(sys.argv) > 3 else 40
 failures = 0
 
 
@@ -178,6 +178,7 @@ def members_with_chinese_names(root):
     archive = os.path.join(place.data, "archive 包.zip")
     subprocess.run([real_tool, "a", "-tzip", archive, "."], cwd=os.path.join(place.data, "source"), check=True,
                    stdout=subprocess.DEVNULL)
+    os.chmod(archive, 0o640)
     before = contents(archive)
     expect("all are inside", sorted(before), sorted(names))
     place.install("7z")
@@ -185,6 +186,7 @@ def members_with_chinese_names(root):
     status, output = place.run([f"{archive}*{as_listed(name.encode())}" for name in gone])
     expect("status", status, 0)
     expect("inside", contents(archive), {name: before[name] for name in names if name not in gone})
+    expect("open to the same", oct(os.stat(archive).st_mode & 0o777), oct(0o640))
     expect("on the disk", all(os.path.exists(os.path.join(place.data, "source", name)) for name in names), True)
     expect("runs", [line for line in output.splitlines() if line.startswith("shell")],
            ["\t".join(["shell", "start", os.path.join(place.tools, "7z"), "d", "-spd", archive, "@" + place.list_file])])
@@ -366,7 +368,7 @@ def random_archives(root):
             with open(os.path.join(place.data, name), "rb") as file:
                 alive.add(file.read())
         expect(f"round {number}: no content is lost", contents - alive, set())
-    expect("some members have gone", gone_altogether > rounds / 2, True)
+    expect("some members have gone", gone_altogether > rounds / 4, True)
 
 
 def dry(root):

@@ -136,5 +136,36 @@ TEST(MemoryAttributes, ClearingWorksAsOnTheDisk) {
     EXPECT_TRUE(files.attributes("/d/fixed").read_only);
 }
 
+TEST_F(Attributes, AFileWrittenAnewGetsTheAccessBackThatItHad) {
+    const std::string path = root + "file";
+    std::ofstream(path) << "old";
+    chmod(path.c_str(), 0640);
+    const bool is_administrator = chown(path.c_str(), 1234, 1235) == 0;
+    const file_access access = files.access(path);
+    ASSERT_TRUE(access.known);
+    disk::remove(path);
+    std::ofstream(path) << "new";
+    chmod(path.c_str(), 0666);
+    files.restore_access(path, access);
+    EXPECT_EQ(mode(path), 0640u);
+    struct stat facts {};
+    lstat(path.c_str(), &facts);
+    EXPECT_EQ(facts.st_uid == 1234 && facts.st_gid == 1235, is_administrator);
+}
+
+TEST_F(Attributes, OnlyAFileThatIsThereHasAnAccessThatIsKnown) {
+    const std::string path = root + "file";
+    std::ofstream(path) << "x";
+    disk::create_symlink(path, root + "link");
+    chmod(path.c_str(), 0600);
+    EXPECT_FALSE(files.access(root + "gone").known);
+    EXPECT_FALSE(files.access(make_directory("folder")).known);
+    EXPECT_FALSE(files.access(root + "link").known);
+    file_access open{true, 0666, 0, 0};
+    files.restore_access(root + "link", open);
+    files.restore_access(path, {});
+    EXPECT_EQ(mode(path), 0600u) << "neither through the link nor with what is not known";
+}
+
 }  // namespace
 }  // namespace corvane

@@ -47,6 +47,7 @@ class memory_file_system : public file_system {
     std::map<std::string, std::int64_t> bytes_read;
     std::vector<std::string> removed;  // by remove_file, in order
     std::set<std::string> recycle_directories;
+    std::map<std::string, std::uint32_t> modes;  // permissions, by path
     std::string write_failure_path;  // writing this file fails, with the words below
     std::string write_failure_words = "disk full";
     bool claimed_by_another = false;
@@ -63,6 +64,10 @@ class memory_file_system : public file_system {
     std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) override;
     path_attributes attributes(const std::string& path) override;
     bool clear_attributes(const std::string& path, std::string& error) override;
+    file_access access(const std::string& path) override { return {has(path), modes[path], 0, 0}; }
+    void restore_access(const std::string& path, const file_access& access) override {
+        if (access.known) modes[path] = access.mode;
+    }
     file_facts facts(std::string_view path) override;
     std::string resolve(const std::string& path) override;
     bool identity(const std::string& path, file_identity& identity) override;
