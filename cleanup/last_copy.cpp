@@ -35,8 +35,7 @@ last_copy::last_copy(Tavrel& form) : form_(form), files_(form.outside.files), sh
         const std::string_view a = list.text_cell(row, 3);
         const std::string_view b = list.text_cell(row, 4);
         for (const auto& [path, column] : {std::pair(a, 3), std::pair(b, 4)})
-            if (is_marked(list, row, column))
-                (is_archive_member(path) ? touched_archives_ : marked_files_).insert(archive_path_of(path));
+            if (is_marked(list, row, column)) touched_archives_.insert(archive_path_of(path));
         if (is_blank(a) || is_blank(b)) continue;
         const std::size_t root_a = root_of(member_of(a));
         const std::size_t root_b = root_of(member_of(b));
@@ -115,15 +114,12 @@ bool last_copy::is_keeper(std::string_view keeper, leaving& file) {
 
 bool last_copy::is_entry_keeper(std::string_view keeper, leaving& file) {
     const std::string_view archive = archive_path_of(keeper);
-    // Inside one archive a file may leave for another that stays. Elsewhere one that is to be changed keeps
-    // nothing.
-    const bool within = !file.on_disk && archive_path_of(file.path) == archive;
-    if (file.length <= unsigned_length || (!within && touched_archives_.count(archive) != 0) ||
-        marked_files_.count(archive) != 0 || taken_.count(archive) != 0 || lies_in_recycle_directory(archive))
+    if (file.length <= unsigned_length || touched_archives_.count(archive) != 0 ||
+        taken_.count(archive) != 0 || lies_in_recycle_directory(archive))
         return false;
     const archive_member* member = member_at(keeper, file.length);
     if (member == nullptr || (file.by_content && !has_checksum(file, member->crc))) return false;
-    if (!within) trusted_archives_.insert(archive);
+    trusted_archives_.insert(archive);
     return true;
 }
 

@@ -26,10 +26,10 @@ class last_copy {
     // True when `path`, of a row of `length` bytes, may go: it is still the regular file of that length, and
     // another member of its group is still there: on the disk, another physical file or a second link of this
     // one, of that length, not in a recycle directory and not taken in this run; in an archive, a file of
-    // that name and length while the archive stands, is not marked, and nothing in it is to go but from
-    // beside that file. With `by_content` what keeps a file on the disk must be equal byte for byte, and
-    // where one of the two is in an archive, of one checksum; that yields between blocks. An archive entry
-    // itself is looked for only then.
+    // that name and length while the archive stands and neither it nor anything in it is marked. With
+    // `by_content` what keeps a file on the disk must be equal byte for byte, and where one of the two is in
+    // an archive, of one checksum; that yields between blocks. An archive entry itself is looked for only
+    // then.
     bool may_go(std::string_view path, std::int64_t length, bool by_content);
     // `path` has gone or is on its way: it keeps nobody any more.
     void take(std::string_view path);
@@ -73,8 +73,7 @@ class last_copy {
     std::unordered_map<std::size_t, group> groups_;  // by root
     std::unordered_map<std::string, bool> recycle_folders_;
     std::unordered_set<std::string_view> taken_;
-    std::unordered_set<std::string_view> marked_files_;      // on the disk
-    std::unordered_set<std::string_view> touched_archives_;  // an entry of theirs is marked
+    std::unordered_set<std::string_view> touched_archives_;  // marked themselves, or an entry of theirs is
     std::unordered_set<std::string_view> trusted_archives_;  // kept a file in this run: they and theirs stay
 };
 

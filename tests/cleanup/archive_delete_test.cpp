@@ -183,20 +183,36 @@ TEST(ArchiveDelete, OfTwinsThatAreBothMarkedTheFileOnTheDiskStays) {
     EXPECT_TRUE(p.files.has("/disk/1"));
 }
 
-TEST(ArchiveDelete, AnEntryGoesForItsTwinInTheSameArchive) {
+TEST(ArchiveDelete, ATwinInAnArchiveThatIsChangedKeepsNoEntry) {
     archive_deleting p;
+    p.put_zip("/y.zip", {nine("a"), nine("b")});
     p.put_zip("/z.zip", {nine("a"), nine("b")});
-    p.show_files({{9, "/z.zip*a", "/z.zip*b"}});
+    p.show_files({{9, "/y.zip*a", "/y.zip*b"}, {9, "/z.zip*a", "/disk/1"}});
     p.mark(1, 4);
-    p.run_recycle();
-    EXPECT_EQ(p.lists, (std::vector<texts>{{"b"}}));
-    // But not both of them.
-    p.show_files({{9, "/z.zip*a", "/z.zip*b"}});
+    p.mark(2, 3);
+    p.run_recycle({box_answer::yes, box_answer::no});
+    EXPECT_EQ(p.desktop.started, (std::vector<texts>{p.command("/z.zip")}));
+    EXPECT_EQ(p.cells(4), (texts{"/y.zip*b", "/disk/1"}));
+}
+
+TEST(ArchiveDelete, ATwinInAnotherArchiveKeepsAnEntryAndItsArchiveFromChange) {
+    archive_deleting p;
+    p.put_zip("/y.zip", {nine("a"), nine("b")});
     p.put_zip("/z.zip", {nine("a"), nine("b")});
-    p.mark(1, 3);
+    p.show_files({{9, "/y.zip*a", "/z.zip*a"}});
     p.mark(1, 4);
     p.run_recycle({box_answer::yes, box_answer::no});
-    EXPECT_EQ(p.archives["/z.zip"].size(), 1u);
+    EXPECT_EQ(p.lists, (std::vector<texts>{{"a"}}));
+    EXPECT_EQ(p.archives["/y.zip"].size(), 2u);
+    // Of another checksum by now.
+    zip_member other = nine("a");
+    other.crc ^= 1;
+    p.put_zip("/z.zip", {nine("a"), nine("b")});
+    p.put_zip("/y.zip", {other, nine("b")});
+    p.show_files({{9, "/y.zip*a", "/z.zip*a"}});
+    p.mark(1, 4);
+    p.run_recycle({box_answer::yes, box_answer::no});
+    EXPECT_EQ(p.archives["/z.zip"].size(), 2u);
 }
 
 TEST(ArchiveDelete, AToolThatFailsLeavesTheArchiveAndTheReportSaysWhatIsInIt) {

@@ -18,11 +18,13 @@ class archive_probe {
     std::string read(std::string bytes);
     // Of the last archive.
     std::int32_t members() const { return program_.state.walk_count; }
+    // Over the bytes of its names.
+    unsigned name_sum() const { return name_sum_; }
 
   private:
     test_program program_;
     std::string path_;
-    unsigned name_sum_ = 0;     // of the raw names, so that they are read
+    unsigned name_sum_ = 0;
     std::size_t least_member_;  // bytes of an archive that one member takes at least
 };
 
