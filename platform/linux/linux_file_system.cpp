@@ -1,23 +1,16 @@
 #include "platform/linux/linux_file_system.h"
 
-#include <dirent.h>
 #include <errno.h>
 #include <fcntl.h>
-#include <linux/magic.h>
 #include <pwd.h>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
-#include <sys/sysmacros.h>
-#include <sys/vfs.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <iterator>
-#include <vector>
 
+#include "platform/linux/device_number.h"
 #include "platform/linux/linux_files.h"
 #include "platform/linux/raw_path.h"
 
@@ -25,82 +18,8 @@ namespace corvane {
 
 namespace {
 
-constexpr std::uint64_t device_of(std::uint64_t major, std::uint64_t minor) {
-    return major << 32 | minor;
-}
-
-std::uint64_t device_of(const struct stat& facts) {
-    return device_of(major(facts.st_dev), minor(facts.st_dev));
-}
-
 // Last-write times count 100 ns since 1601-01-01; the Unix epoch is this many seconds later.
 constexpr std::int64_t seconds_1601_to_1970 = 11'644'473'600;
-
-class linux_directory_reader : public directory_reader {
-  public:
-    linux_directory_reader(int descriptor, file_identity identity)
-        : descriptor_(descriptor), identity_(identity), buffer_(buffer_size) {}
-    ~linux_directory_reader() override { close(descriptor_); }
-
-    bool next(std::string_view& name, entry_kind& kind) override {
-        for (;;) {
-            if (at_ >= filled_) {
-                const long count = syscall(SYS_getdents64, descriptor_, buffer_.data(), buffer_.size());
-                failed_ = count < 0;
-                if (count <= 0) return false;
-                filled_ = static_cast<std::size_t>(count);
-                at_ = 0;
-            }
-            const char* record = buffer_.data() + at_;
-            std::uint16_t length;
-            std::memcpy(&length, record + offsetof(dirent64, d_reclen), sizeof length);
-            const auto type = static_cast<unsigned char>(record[offsetof(dirent64, d_type)]);
-            const char* raw = record + offsetof(dirent64, d_name);
-            at_ += length;
-            const std::string_view raw_name(raw);
-            if (raw_name == "." || raw_name == "..") continue;
-            kind = kind_of(type, raw);
-            if (needs_mapping(raw_name)) {
-                mapped_.clear();
-                append_text(mapped_, raw_name);
-                name = mapped_;
-            } else {
-                name = raw_name;
-            }
-            return true;
-        }
-    }
-
-    bool failed() const override { return failed_; }
-    file_identity identity() const override { return identity_; }
-
-  private:
-    static constexpr std::size_t buffer_size = 32 * 1024;
-
-    entry_kind kind_of(unsigned char type, const char* raw) const {
-        struct stat facts;
-        if (type == DT_UNKNOWN) {
-            if (fstatat(descriptor_, raw, &facts, AT_SYMLINK_NOFOLLOW) != 0) return entry_kind::other;
-            type = S_ISREG(facts.st_mode)   ? DT_REG
-                   : S_ISDIR(facts.st_mode) ? DT_DIR
-                   : S_ISLNK(facts.st_mode) ? DT_LNK
-                                            : DT_FIFO;
-        }
-        if (type == DT_REG) return entry_kind::file;
-        if (type == DT_DIR) return entry_kind::directory;
-        if (type == DT_LNK && fstatat(descriptor_, raw, &facts, 0) == 0 && S_ISDIR(facts.st_mode))
-            return entry_kind::link_to_directory;
-        return entry_kind::other;
-    }
-
-    int descriptor_;
-    file_identity identity_;
-    std::vector<char> buffer_;
-    std::size_t at_ = 0;
-    std::size_t filled_ = 0;
-    bool failed_ = false;
-    std::string mapped_;
-};
 
 std::string real_path(const std::string& path) {
     const raw_path raw(path);
@@ -132,59 +51,6 @@ linux_file_system::linux_file_system()
 
 linux_file_system::~linux_file_system() {
     if (claim_ >= 0) close(claim_);
-}
-
-bool linux_file_system::is_pseudo_device(int descriptor, std::uint64_t device) {
-    const auto known = pseudo_devices_.find(device);
-    if (known != pseudo_devices_.end()) return known->second;
-    static constexpr std::uint32_t pseudo_types[] = {PROC_SUPER_MAGIC,
-                                                     SYSFS_MAGIC,
-                                                     CGROUP_SUPER_MAGIC,
-                                                     CGROUP2_SUPER_MAGIC,
-                                                     DEBUGFS_MAGIC,
-                                                     TRACEFS_MAGIC,
-                                                     SECURITYFS_MAGIC,
-                                                     SELINUX_MAGIC,
-                                                     DEVPTS_SUPER_MAGIC,
-                                                     PSTOREFS_MAGIC,
-                                                     BPF_FS_MAGIC,
-                                                     EFIVARFS_MAGIC,
-                                                     BINFMTFS_MAGIC,
-                                                     NSFS_MAGIC,
-                                                     SOCKFS_MAGIC,
-                                                     PIPEFS_MAGIC,
-                                                     AAFS_MAGIC,
-                                                     RDTGROUP_SUPER_MAGIC,
-                                                     0x62656570 /*configfs*/,
-                                                     0x65735543 /*fusectl*/,
-                                                     0x19800202 /*mqueue*/,
-                                                     0x67596969 /*rpc_pipefs*/};
-    struct statfs facts;
-    bool pseudo = false;
-    if (fstatfs(descriptor, &facts) == 0) {
-        const auto type = static_cast<std::uint32_t>(facts.f_type);
-        pseudo = std::find(std::begin(pseudo_types), std::end(pseudo_types), type) != std::end(pseudo_types);
-    }
-    return pseudo_devices_[device] = pseudo;
-}
-
-std::unique_ptr<directory_reader> linux_file_system::open_directory(const std::string& path,
-                                                                    std::string& error) {
-    const raw_path raw(path);
-    const int descriptor = open(raw.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    struct stat facts;
-    if (descriptor < 0 || fstat(descriptor, &facts) != 0) {
-        error = std::strerror(errno);
-        if (descriptor >= 0) close(descriptor);
-        return nullptr;
-    }
-    if (is_pseudo_device(descriptor, device_of(facts))) {
-        error = std::strerror(EACCES);
-        close(descriptor);
-        return nullptr;
-    }
-    return std::make_unique<linux_directory_reader>(descriptor,
-                                                    file_identity{device_of(facts), facts.st_ino});
 }
 
 file_facts linux_file_system::facts(std::string_view path) {
