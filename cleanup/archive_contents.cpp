@@ -31,7 +31,8 @@ bool is_rar_archive(std::string_view path) {
     return path.size() >= type.size() && upper_case(path.substr(path.size() - type.size())) == type;
 }
 
-archive_contents::archive_contents(Tavrel& form, const std::string& path) {
+archive_contents::archive_contents(Tavrel& form, const std::string& path)
+    : most_members_(static_cast<std::size_t>(form.state.limits.files)) {
     if (!form.outside.files.facts(path).exists) return;
     whole_ = is_rar_archive(path) ? read_rar(form, path, *this)
                                   : is_empty_zip(form.outside.files, path) || read_zip(form, path, *this);
@@ -41,6 +42,7 @@ archive_contents::archive_contents(Tavrel& form, const std::string& path) {
 }
 
 bool archive_contents::take(const archive_record& record) {
+    if (members_.size() >= most_members_) return false;
     archive_member member;
     member.name = record.name;
     member.raw_name = record.raw_name;

@@ -47,6 +47,7 @@ class archive_contents : private archive_sink {
     bool take(const archive_record& record) override;
     void report(std::string_view) override {}
 
+    std::size_t most_members_;  // as many as the file list may hold
     std::vector<archive_member> members_;
     std::unordered_multimap<std::string_view, std::size_t> numbers_;  // of the files, by name
     bool whole_ = false;

@@ -139,6 +139,13 @@ TEST(ToolNames, ANameOfTheCodePageGoesOnlyWithItsUnicodeForm) {
     EXPECT_TRUE(q.desktop.started.empty()) << "a form of another name is not taken";
 }
 
+TEST(ToolNames, AnArchiveOfMoreMembersThanTheListMayHoldIsNotTouched) {
+    archive_deleting p;
+    p.state.limits.files = 2;
+    p.delete_one("a", {nine("a"), nine("b"), nine("c")});
+    EXPECT_TRUE(p.desktop.started.empty());
+}
+
 TEST(FindRarTool, TakesTheFirstThatIsInstalled) {
     test_program p;
     std::string found = "old";
