@@ -23,12 +23,12 @@
 #include "core/main_menu.h"
 #include "core/option_lists.h"
 #include "core/progress.h"
+#include "core/rar_reader.h"
 #include "core/text_format.h"
+#include "core/zip_reader.h"
 #include "names/name_tasks.h"
 #include "search/file_list_store.h"
-#include "core/rar_reader.h"
 #include "search/search_task.h"
-#include "core/zip_reader.h"
 
 namespace corvane {
 

@@ -1,5 +1,5 @@
-// What the readers of archive directories hand on: one record for each file or directory inside. The walk takes
-// them into the file list, the deletion looks its entries up in them.
+// What the readers of archive directories hand on: one record for each file or directory inside. The walk
+// takes them into the file list, the deletion looks its entries up in them.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@ namespace corvane {
 
 // The views are valid until the sink returns.
 struct archive_record {
-    std::string_view name;      // from code page 936, what would break a line or an entry mapped
+    std::string_view name;  // from code page 936, what would break a line or an entry mapped
     // The bytes of the name, of a ZIP those of its Unicode form where it has a valid one. Empty where it is
     // not certain what a tool takes for the name.
     std::string_view raw_name;

@@ -40,7 +40,8 @@ class shell {
     // The full path of a program that is started by its bare name; empty when there is none.
     virtual std::string find_program(const std::string& name) = 0;
     // Starts a program, the first argument, without waiting for it. It has no input and no terminal, what it
-    // prints is dropped, and the files that it makes are the user's alone. Null when it cannot be started, with the system's words in `reason`.
+    // prints is dropped, and the files that it makes are the user's alone. Null when it cannot be started,
+    // with the system's words in `reason`.
     virtual std::unique_ptr<started_process> start_process(const std::vector<std::string>& arguments,
                                                            std::string& reason) = 0;
     virtual shell_result set_clipboard(const std::string& text) = 0;

@@ -48,7 +48,7 @@ class memory_file_system : public file_system {
     std::vector<std::string> removed;  // by remove_file, in order
     std::set<std::string> recycle_directories;
     std::map<std::string, std::uint32_t> modes;  // permissions, by path
-    std::string write_failure_path;  // writing this file fails, with the words below
+    std::string write_failure_path;              // writing this file fails, with the words below
     std::string write_failure_words = "disk full";
     bool claimed_by_another = false;
     std::vector<volume> mounted;
