@@ -153,6 +153,8 @@ void program::bind_handlers() {
     form.bind("Command46_Click", [this] { Command46_Click(main_); });
     form.bind("Command47_Click", [this] { Command47_Click(main_); });
     form.bind("Timer2_Timer", [this] { Timer2_Timer(main_); });
+    // A hook for a tool that has to be registered; 7z and rar need none.
+    form.bind("rar_reg_para", [] {});
     form.bind("lock_tasks", [this] { lock_tasks(main_); });
     form.bind("unlock_tasks", [this] { unlock_tasks(main_); });
     form.bind("写Tavrel环境文件", [this] { 写Tavrel环境文件(main_); });

@@ -94,12 +94,15 @@ bool deletion_run::delete_in_archives() {
     // What goes from an archive cannot be restored, so its twin is read.
     const archive_deletion done =
         delete_archive_entries(form_, [this](std::size_t number, const archive_member& member) {
+            // The list is a file, which others can write to.
+            if (number >= entries_.size()) return false;
             const taken_cell& cell = entries_[number];
             return member.length == static_cast<std::uint64_t>(cell.length) &&
                    copies_.may_go(cell.path, cell.length, true);
         });
     if (form_.state.quit_requested) return false;
-    for (const std::size_t number : done.left_alone) put_back(entries_[number]);
+    for (const std::size_t number : done.left_alone)
+        if (number < entries_.size()) put_back(entries_[number]);
     if (done.failed) {
         // The cell in hand is the last one of the list; there is nothing in it any more.
         list_.set_colour(entries_.back().row, entries_.back().column, mark_blue);

@@ -215,6 +215,18 @@ TEST(ArchiveDelete, ATwinInAnotherArchiveKeepsAnEntryAndItsArchiveFromChange) {
     EXPECT_EQ(p.archives["/z.zip"].size(), 2u);
 }
 
+TEST(ArchiveDelete, ALineThatNoMarkWroteIsNotDeleted) {
+    archive_deleting p;
+    p.put_zip("/z.zip", {nine("a"), nine("b")});
+    p.state.archive_mark_count = 7;  // of earlier runs
+    p.show_entries({"/z.zip*a"});
+    p.files.on_commit = [&](const std::string& path) {
+        if (path == "/prog/winrar_del_file.txt") p.files.add_file(path, "/z.zip*a\r\n/z.zip*b\r\n");
+    };
+    p.run_recycle({box_answer::yes, box_answer::no});
+    EXPECT_EQ(p.lists, (std::vector<texts>{{"a"}}));
+}
+
 TEST(ArchiveDelete, AToolThatFailsLeavesTheArchiveAndTheReportSaysWhatIsInIt) {
     archive_deleting p;
     p.tool_works = false;

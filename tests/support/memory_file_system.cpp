@@ -64,6 +64,7 @@ class memory_writer : public file_writer {
     }
     bool commit() override {
         files_.place(path_).content = content_;
+        if (files_.on_commit) files_.on_commit(path_);
         return true;
     }
     const std::string& error() const override { return error_; }

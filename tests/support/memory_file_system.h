@@ -1,6 +1,7 @@
 // A disk in memory with scripted faults. Records what was opened, so that a test can say what was not read.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -47,8 +48,9 @@ class memory_file_system : public file_system {
     std::map<std::string, std::int64_t> bytes_read;
     std::vector<std::string> removed;  // by remove_file, in order
     std::set<std::string> recycle_directories;
-    std::map<std::string, std::uint32_t> modes;  // permissions, by path
-    std::string write_failure_path;              // writing this file fails, with the words below
+    std::map<std::string, std::uint32_t> modes;         // permissions, by path
+    std::function<void(const std::string&)> on_commit;  // right after a file has come to its place
+    std::string write_failure_path;                     // writing this file fails, with the words below
     std::string write_failure_words = "disk full";
     bool claimed_by_another = false;
     std::vector<volume> mounted;
