@@ -310,7 +310,7 @@ def closing(root):
     """The program closes while the tool works: it does not wait, and the tool comes to its end."""
     place = Place(root, "closing")
     place.install("7z", 'read line < "${4#@}"; /bin/sleep 3; read again < "${4#@}"\n'
-                        'echo "$line $again" > "$TOOL_LOG/done"\n')
+                        'echo "$line $again" > "$TOOL_LOG/part"; /bin/mv "$TOOL_LOG/part" "$TOOL_LOG/done"\n')
     archive, entry = one_pair(place)
     started = time.monotonic()
     status, output = place.run([entry], more=["at_yield 8 quit"])

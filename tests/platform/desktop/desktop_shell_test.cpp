@@ -216,10 +216,13 @@ TEST_F(DesktopShell, OpensADocumentByItsAssociation) {
         result = desktop.open_document(path);
     }
     ASSERT_TRUE(result.done) << result.reason;
-    for (int attempt = 0; attempt < 200 && !fs::exists(seen); ++attempt)
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    // The copy is there before its content is.
     std::string content;
-    std::ifstream(seen) >> content;
+    for (int attempt = 0; attempt < 500 && content != "content"; ++attempt) {
+        if (attempt > 0) std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        content.clear();
+        std::ifstream(seen) >> content;
+    }
     EXPECT_EQ(content, "content");
 }
 
