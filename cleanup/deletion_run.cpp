@@ -92,14 +92,13 @@ bool deletion_run::delete_in_archives() {
         return true;
     }
     // What goes from an archive cannot be restored, so its twin is read.
-    const archive_deletion done =
-        delete_archive_entries(form_, [this](std::size_t number, const archive_member& member) {
-            // The list is a file, which others can write to.
-            if (number >= entries_.size()) return false;
-            const taken_cell& cell = entries_[number];
-            return member.length == static_cast<std::uint64_t>(cell.length) &&
-                   copies_.may_go(cell.path, cell.length, true);
-        });
+    const archive_deletion done = delete_archive_entries(form_, [this](std::size_t number,
+                                                                       const archive_member& member) {
+        // The list is a file, which others can write to.
+        if (number >= entries_.size()) return false;
+        const taken_cell& cell = entries_[number];
+        return member.length == static_cast<std::uint64_t>(cell.length) && copies_.may_go(cell.path, member);
+    });
     if (form_.state.quit_requested) return false;
     for (const std::size_t number : done.left_alone)
         if (number < entries_.size()) put_back(entries_[number]);

@@ -72,26 +72,28 @@ void last_copy::give_back(std::string_view path) {
 }
 
 bool last_copy::may_go(std::string_view path, std::int64_t length, bool by_content) {
-    leaving file{path, length, by_content, !is_archive_member(path), {}, {}};
-    if (trusted_archives_.count(archive_path_of(path)) != 0) return false;
-    if (file.on_disk) {
-        file.facts = files_.facts(path);
-        if (!file.facts.exists || file.facts.length != length) return false;
-    } else if (by_content) {
-        const archive_member* member = member_at(path, length);
-        if (member == nullptr) return false;
-        file.crc = member->crc;
-    }
+    if (is_archive_member(path)) return has_keeper({path, length, false, false, {}, {}});
+    const file_facts facts = files_.facts(path);
+    if (!facts.exists || facts.length != length) return false;
+    return has_keeper({path, length, by_content, true, facts, {}});
+}
+
+bool last_copy::may_go(std::string_view path, const archive_member& member) {
+    return has_keeper({path, static_cast<std::int64_t>(member.length), true, false, {}, member.crc});
+}
+
+bool last_copy::has_keeper(leaving file) {
+    if (trusted_archives_.count(archive_path_of(file.path)) != 0) return false;
     // Only a list of equal files has copies; elsewhere the user removes what has none.
     if (form_.state.list_mode != 0) return true;
-    const auto found = number_.find(path);
+    const auto found = number_.find(file.path);
     if (found == number_.end()) return false;
     // From where the last keeper was found on: in a group of many marked files the search goes round once.
     group& members = groups_[root_of(found->second)];
     for (std::size_t step = 0; step < members.numbers.size(); ++step) {
         const std::size_t at = (members.next + step) % members.numbers.size();
         const std::string_view keeper = paths_[members.numbers[at]];
-        if (keeper == path || !is_keeper(keeper, file)) continue;
+        if (keeper == file.path || !is_keeper(keeper, file)) continue;
         members.next = at;
         return true;
     }

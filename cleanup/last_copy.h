@@ -27,10 +27,11 @@ class last_copy {
     // another member of its group is still there: on the disk, another physical file or a second link of this
     // one, of that length, not in a recycle directory and not taken in this run; in an archive, a file of
     // that name and length while the archive stands and neither it nor anything in it is marked. With
-    // `by_content` what keeps a file on the disk must be equal byte for byte, and where one of the two is in
-    // an archive, of one checksum; that yields between blocks. An archive entry itself is looked for only
-    // then.
+    // `by_content` what keeps a file on the disk must be equal byte for byte, in an archive of its checksum;
+    // that yields between blocks. An archive entry itself is not looked for.
     bool may_go(std::string_view path, std::int64_t length, bool by_content);
+    // The same for an entry that stands in its archive as `member`: what keeps it must have its checksum.
+    bool may_go(std::string_view path, const archive_member& member);
     // `path` has gone or is on its way: it keeps nobody any more.
     void take(std::string_view path);
     // It stays after all.
@@ -47,6 +48,7 @@ class last_copy {
         std::optional<std::uint32_t> crc;  // once it is known
     };
 
+    bool has_keeper(leaving file);
     bool is_keeper(std::string_view keeper, leaving& file);
     bool is_entry_keeper(std::string_view keeper, leaving& file);
     bool has_checksum(leaving& file, std::uint32_t crc);
