@@ -78,7 +78,7 @@ struct better_fields {
 std::string_view unicode_form(const archive_input& archive, const extra_field& field,
                               std::string_view raw_name) {
     constexpr std::size_t before = 5;
-    if (field.length <= before || archive.bytes_at(field.start, 1)[0] > 1 ||
+    if (field.length <= before || static_cast<unsigned char>(archive.bytes_at(field.start, 1)[0]) > 1 ||
         archive.u32_at(field.start + 1) != checksum(std::as_bytes(std::span(raw_name))))
         return {};
     const std::string_view form = archive.bytes_at(field.start + before, field.length - before);
@@ -117,6 +117,17 @@ bool read_end_record(archive_input& archive, run_state& state, const std::string
     return end_record == tail_search::found;
 }
 
+// True when the end record in the buffer, which the reading has come to at `position`, is that of the
+// directory that was read: of as many records, from the same place, and with nothing behind its comment.
+// Where two end records disagree a tool may see another directory.
+bool ends_directory(const archive_input& archive, std::int64_t position, std::uint32_t directory,
+                    std::uint32_t records) {
+    if (archive.hex32_forward_at(1) == long_end_signature)
+        return archive.u32_at(33) == records && archive.u32_at(49) == directory;
+    return archive.u16_at(11) == (records & 0xFFFF) && archive.u32_at(17) == directory &&
+           position + end_record_length + archive.u16_at(21) == archive.length();
+}
+
 }  // namespace
 
 bool read_zip(Tavrel& form, const std::string& path, archive_sink& sink) {
@@ -127,11 +138,14 @@ bool read_zip(Tavrel& form, const std::string& path, archive_sink& sink) {
     if (directory == kept_elsewhere) return false;
     const std::int64_t limit = archive.length() - end_reserve;
     std::string name;
-    for (std::int64_t position = directory; position < limit;) {
+    std::uint32_t records = 0;
+    std::int64_t position = directory;
+    for (; position < limit; ++records) {
         if (!archive.read(position)) return false;
         const std::size_t shift = archive.hex16_at(1) == "4453" ? leading_block_length : 0;
         const std::string signature = archive.hex32_forward_at(1);
-        if (signature == end_signature || signature == long_end_signature) return true;
+        if (signature == end_signature || signature == long_end_signature)
+            return ends_directory(archive, position, directory, records);
         const bool is_unicode = (archive.u16_at(9 + shift) & unicode_flag) != 0;
         const std::string crc_text = archive.hex32_at(17 + shift);
         const std::uint32_t uncompressed_size = archive.u32_at(25 + shift);
@@ -164,7 +178,9 @@ bool read_zip(Tavrel& form, const std::string& path, archive_sink& sink) {
             record.raw_name = {};
         if (!sink.take(record)) return false;
     }
-    return true;
+    // No header starts here; where a directory ends in front of it, its end record does.
+    return archive.read(position) && archive.hex32_forward_at(1) == end_signature &&
+           ends_directory(archive, position, directory, records);
 }
 
 }  // namespace corvane

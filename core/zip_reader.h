@@ -10,8 +10,8 @@ class archive_sink;
 class Tavrel;
 
 // Hands each record of the directory to the sink, in its order; `path` is opened and named in the report.
-// Nothing is unpacked, and no header is checked: what the end record points to is the directory. False when
-// the reading ended before the directory did.
+// Nothing is unpacked, and no header is checked: what the end record points to is the directory. True when
+// the directory was read to its end and is the one that every end record speaks of.
 bool read_zip(Tavrel& form, const std::string& path, archive_sink& sink);
 
 }  // namespace corvane

@@ -93,6 +93,43 @@ TEST(ToolNames, AMemberThatTheToolMeetsUnderTheSameNameKeepsBoth) {
     EXPECT_TRUE(p.desktop.started.empty());
 }
 
+TEST(ToolNames, AnArchiveOfWhichTheEndRecordsDisagreeIsNotTouched) {
+    // A second directory and end record in the comment: other tools may read the first.
+    const std::string inner = zip_image({nine("a"), nine("b")});
+    const std::string whole = zip_image({nine("a"), nine("b")}, "comment");
+    const auto started = [](const std::string& bytes) {
+        archive_deleting p;
+        p.show_entries({"/z.zip*a"});
+        p.files.add_file("/z.zip", bytes);
+        p.tool_works = false;
+        p.run_recycle({box_answer::yes, box_answer::no});
+        return p.desktop.started.size();
+    };
+    EXPECT_EQ(started(inner), 1u);
+    EXPECT_EQ(started(whole), 1u);
+    EXPECT_EQ(started(inner + "trailing bytes, of which no comment speaks"), 0u);
+    std::string fewer = inner;
+    fewer.replace(fewer.size() - 12, 2, low_bytes(1, 2));
+    EXPECT_EQ(started(fewer), 0u) << "the end record counts one";
+    // The end record that is met at the directory's end names another directory than the one in the comment.
+    std::string other = zip_image({nine("a"), nine("b")}, std::string(22, 'c'));
+    const std::string fake = other.substr(other.size() - 44, 20) + low_bytes(0, 2);
+    other.replace(other.size() - 22, 22, fake);
+    EXPECT_EQ(started(other), 1u) << "both name the same";
+    other.replace(other.size() - 44 + 16, 4, low_bytes(7, 4));
+    EXPECT_EQ(started(other), 0u);
+}
+
+TEST(ToolNames, AUnicodeFormOfAnUnknownVersionIsNotTaken) {
+    archive_deleting p;
+    const std::string gbk = "\xD6\xD0\xCE\xC4";
+    zip_member member = nine(gbk);
+    member.extra = zip_unicode_name(gbk, "中文");
+    member.extra[4] = '\x81';
+    p.delete_one("中文", {member, nine("other")});
+    EXPECT_TRUE(p.desktop.started.empty());
+}
+
 TEST(ToolNames, AnArchiveWithAZeroByteInANameIsNotTouched) {
     archive_deleting p;
     p.delete_one("a", {nine("a"), nine(std::string("b\0c", 3))});
