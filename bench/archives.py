@@ -10,8 +10,8 @@ import tempfile
 import time
 import zipfile
 
-SCAN_ARCHIVES = 55  # line of the settings file
-LISTS = ("比较文件_目录清单.txt", "不参加搜索的目录.txt", "不参加比较的文件类型.txt", "仅搜索的文件类型.txt")
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../tests/console"))
+from program_folder import make_program_folder  # noqa: E402
 
 
 def make_tree(directory, archives, entries):
@@ -21,17 +21,6 @@ def make_tree(directory, archives, entries):
         with zipfile.ZipFile(os.path.join(place, f"archive {number:05}.zip"), "w") as archive:
             for entry in range(entries):
                 archive.writestr(f"folder {entry % 7}/document {number:05} {entry:05}.txt", f"{number} {entry}")
-
-
-def make_program_dir(directory):
-    texts = {1, 13, 14, 15, 19, 20, 21, 22, 38, 39, 56, *range(94, 123)}
-    lines = ["" if line in texts else "0:00:00" if line in (34, 35) else " 0 " for line in range(1, 123)]
-    lines[SCAN_ARCHIVES - 1] = " 1 "
-    os.makedirs(directory)
-    for name in LISTS:
-        open(os.path.join(directory, name), "w").close()
-    with open(os.path.join(directory, "Tavrel环境.txt"), "wb") as file:
-        file.write("".join(line + "\r\n" for line in lines).encode())
 
 
 def run(console, program_dir, script):
@@ -55,7 +44,7 @@ def main():
         if not os.path.isdir(tree):
             make_tree(tree, given.archives, given.entries)
         program_dir = os.path.join(root, "program")
-        make_program_dir(program_dir)
+        make_program_folder(program_dir, scan_archives=True)
         selection = f"select {os.path.abspath(tree)}\n"
         base = min(run(console, program_dir, selection)[0] for _ in range(given.runs))
         search = selection + "call picture2_Click\nshow file_count\n"

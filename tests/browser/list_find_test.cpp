@@ -9,7 +9,6 @@ namespace {
 
 using namespace cell_colour;
 using texts = std::vector<std::string>;
-using colour_row = std::vector<std::uint32_t>;
 
 constexpr std::uint32_t found = colour_found;
 

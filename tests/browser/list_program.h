@@ -9,6 +9,13 @@
 
 namespace corvane {
 
+// The colours of a column, by the words of the tests.
+using colour_row = std::vector<std::uint32_t>;
+constexpr std::uint32_t black = cell_colour::colour_text;
+constexpr std::uint32_t red = cell_colour::mark_red;
+constexpr std::uint32_t gray = cell_colour::colour_gray;
+constexpr std::uint32_t purple = cell_colour::colour_archive;
+
 struct list_program : test_program {
     struct pair {
         std::int64_t length;

@@ -9,11 +9,6 @@ namespace {
 
 using namespace cell_colour;
 using texts = std::vector<std::string>;
-using colour_row = std::vector<std::uint32_t>;
-constexpr std::uint32_t black = colour_text;
-constexpr std::uint32_t red = mark_red;
-constexpr std::uint32_t gray = colour_gray;
-constexpr std::uint32_t purple = colour_archive;
 
 TEST(ColumnClick, GoesUpDownAndUpAgain) {
     five_rows p;

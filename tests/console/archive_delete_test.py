@@ -17,19 +17,12 @@ import time
 import zipfile
 import zlib
 
+from expectations import expect, finish
 from program_folder import lines_of, make_program_folder
 
 console = sys.argv[1]
 real_tool = shutil.which(sys.argv[2] if len(sys.argv) > 2 else "7z")
 rounds = int(sys.argv[3]) if len(sys.argv) > 3 else 40
-failures = 0
-
-
-def expect(what, found, wanted):
-    global failures
-    if found != wanted:
-        failures += 1
-        print(f"{what}: found {str(found)[:2000]!r}, expected {str(wanted)[:2000]!r}")
 
 
 class Place:
@@ -392,4 +385,4 @@ with tempfile.TemporaryDirectory(prefix="corvane_archive_delete_") as scratch:
                   random_archives, dry):
         story(scratch)
 
-sys.exit(1 if failures else 0)
+finish()

@@ -8,17 +8,10 @@ import sys
 import tempfile
 import zipfile
 
+from expectations import expect, finish
 from program_folder import lines_of, make_program_folder
 
 console = sys.argv[1]
-failures = 0
-
-
-def expect(what, found, wanted):
-    global failures
-    if found != wanted:
-        failures += 1
-        print(f"{what}: found {str(found)[:2000]!r}, expected {str(wanted)[:2000]!r}")
 
 
 class Listing:
@@ -270,4 +263,4 @@ with tempfile.TemporaryDirectory(prefix="corvane_archives_") as scratch:
     odd_archives(scratch)
     tree_and_archive(scratch)
 
-sys.exit(1 if failures else 0)
+finish()

@@ -12,15 +12,10 @@ import sys
 import tempfile
 import urllib.parse
 
+from expectations import expect, finish
+from program_folder import option_lists
+
 console, scratch = sys.argv[1:]
-failures = 0
-
-
-def expect(what, found, wanted):
-    global failures
-    if found != wanted:
-        failures += 1
-        print(f"{what}:\n  found    {found!r}\n  expected {wanted!r}")
 
 
 def make(path, content=None):
@@ -51,7 +46,7 @@ try:
     share = os.path.join(home, "share")
     for place in (program_dir, share):
         os.makedirs(place)
-    for name in ("不参加搜索的目录.txt", "不参加比较的文件类型.txt", "仅搜索的文件类型.txt"):
+    for name in option_lists:
         make(os.path.join(program_dir, name), "")
     environment = dict(os.environ, HOME=home, XDG_DATA_HOME=share)
     for name in ("DBUS_SESSION_BUS_ADDRESS", "GIO_USE_PORTALS"):
@@ -140,4 +135,4 @@ try:
 finally:
     shutil.rmtree(root)
 
-sys.exit(1 if failures else 0)
+finish()

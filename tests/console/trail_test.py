@@ -6,15 +6,10 @@ import sys
 import tempfile
 import time
 
+from expectations import expect, finish
+from program_folder import option_lists
+
 console = sys.argv[1]
-failures = 0
-
-
-def expect(what, found, wanted):
-    global failures
-    if found != wanted:
-        failures += 1
-        print(f"{what}: found {found!r}, expected {wanted!r}")
 
 
 def run(program_dir, script):
@@ -29,7 +24,7 @@ with tempfile.TemporaryDirectory() as root:
     data = os.path.join(root, "data")
     os.makedirs(program_dir)
     os.makedirs(data)
-    for name in ("不参加搜索的目录.txt", "不参加比较的文件类型.txt", "仅搜索的文件类型.txt"):
+    for name in option_lists:
         open(os.path.join(program_dir, name), "w").close()
     paths = [os.path.join(data, name) for name in ("a", "b")]
     for path in paths:
@@ -76,4 +71,4 @@ with tempfile.TemporaryDirectory() as root:
     expect("only once", "Frame_err\tvisible\t0" in lines, True)
     expect("still left out", lines[-1], "result_count\t1")
 
-sys.exit(1 if failures else 0)
+finish()

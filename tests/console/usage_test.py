@@ -4,19 +4,13 @@ import subprocess
 import sys
 import tempfile
 
+from expectations import expect, finish
+
 console = sys.argv[1]
-failures = 0
 
 
 def run(*arguments, given=b"", cwd=None):
     return subprocess.run([console, *arguments], input=given, capture_output=True, timeout=60, cwd=cwd)
-
-
-def expect(what, found, wanted):
-    global failures
-    if found != wanted:
-        failures += 1
-        print(f"{what}: found {found!r}, expected {wanted!r}")
 
 
 with tempfile.TemporaryDirectory() as root:
@@ -78,4 +72,4 @@ with tempfile.TemporaryDirectory() as root:
     first.stdout.close()
     expect("freed by the kill", run("--program-dir", program_dir, os.fsdecode(data)).returncode, 0)
 
-sys.exit(1 if failures else 0)
+finish()

@@ -6,7 +6,6 @@ namespace corvane {
 namespace {
 
 using texts = std::vector<std::string>;
-constexpr std::uint32_t gray = cell_colour::colour_gray;
 
 struct directory_program : name_program {
     explicit directory_program(const texts& directories) {

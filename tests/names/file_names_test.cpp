@@ -6,7 +6,6 @@ namespace corvane {
 namespace {
 
 using texts = std::vector<std::string>;
-constexpr std::uint32_t gray = cell_colour::colour_gray;
 
 TEST(SameFileName, FilesOfOneNameFormAStarAroundTheFirstInEitherCase) {
     name_program p({"/a/x.txt", "/b/X.TXT", "/c/sub/x.Txt", "/z/zz"});

@@ -8,7 +8,6 @@ namespace corvane {
 namespace {
 
 using texts = std::vector<std::string>;
-constexpr std::uint32_t gray = cell_colour::colour_gray;
 
 TEST(NameView, WhereTheCentreIsGoneItsPartnerBecomesTheCentre) {
     name_program p({"/d/1", "/d/2", "/d/3"});
