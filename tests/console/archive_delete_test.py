@@ -17,6 +17,7 @@ import time
 import zipfile
 import zlib
 
+from code_page import as_listed
 from expectations import expect, finish
 from program_folder import lines_of, make_program_folder
 
@@ -100,23 +101,6 @@ def digest(path):
 def contents(archive):
     with zipfile.ZipFile(archive) as opened:
         return {info.filename: opened.read(info) for info in opened.infolist() if not info.is_dir()}
-
-
-def as_listed(raw, behind=b""):
-    """A name by the rules of the code page; a lead byte at its end takes the byte behind."""
-    length = len(raw)
-    raw += behind
-    text, at = "", 0
-    while at < length and raw[at] != 0:
-        if raw[at] < 161:
-            mapped = raw[at] < 32 or raw[at] == 127 or raw[at] == 42
-            text += chr(0xF000 + raw[at] if mapped else raw[at])
-            at += 1
-            continue
-        character = raw[at:at + 2].decode("gbk", "replace")
-        text += character if len(character) == 1 else "\uFFFD"
-        at += 2
-    return text
 
 
 def write_zip(path, members):

@@ -8,6 +8,7 @@ import sys
 import tempfile
 import zipfile
 
+from code_page import as_listed
 from expectations import expect, finish
 from program_folder import lines_of, make_program_folder
 
@@ -33,29 +34,13 @@ class Listing:
         return sorted(entry[len(archive) + 1:] for entry in self.entries if entry.startswith(archive + "*"))
 
 
-def decoded(raw):
-    """A member's name by the rules of the code page."""
-    raw = raw.split(b"\0")[0]
-    text, at = "", 0
-    while at < len(raw):
-        if raw[at] < 161:
-            mapped = raw[at] < 32 or raw[at] == 127 or raw[at] == 42
-            text += chr(0xF000 + raw[at] if mapped else raw[at])
-            at += 1
-            continue
-        character = raw[at:at + 2].decode("gbk", "replace")
-        text += character if len(character) == 1 else "\uFFFD"
-        at += 2
-    return text
-
-
 def stored_name(info):
     return info.orig_filename.encode("utf-8" if info.flag_bits & 0x800 else "cp437")
 
 
 def members_by_zipfile(archive):
     with zipfile.ZipFile(archive) as opened:
-        return sorted(f"{decoded(stored_name(info))}*{info.CRC:08X}*{info.file_size}" for info in opened.infolist()
+        return sorted(f"{as_listed(stored_name(info))}*{info.CRC:08X}*{info.file_size}" for info in opened.infolist()
                       if not (info.CRC == 0 and info.orig_filename.endswith("/")))
 
 
