@@ -16,16 +16,13 @@
 #include "compare/abnormal_files.h"
 #include "compare/compare_task.h"
 #include "compare/similar_files.h"
-#include "core/directory_filter.h"
-#include "core/environment.h"
-#include "core/error_trail.h"
-#include "core/help.h"
-#include "core/main_menu.h"
-#include "core/option_lists.h"
-#include "core/progress.h"
-#include "core/rar_reader.h"
-#include "core/text_format.h"
-#include "core/zip_reader.h"
+#include "core/model/main_menu.h"
+#include "core/tasks/environment.h"
+#include "core/tasks/error_trail.h"
+#include "core/tasks/help.h"
+#include "core/tasks/option_lists.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_format.h"
 #include "names/name_tasks.h"
 #include "search/file_list_store.h"
 #include "search/search_task.h"
@@ -43,7 +40,7 @@ void check_selected_directories(Tavrel& form) {
     std::vector<std::string> kept{std::string()};
     for (std::int16_t i = 1; i <= state.selected_dir_count; ++i) {
         const std::string& directory = state.selected_dirs[static_cast<std::size_t>(i)];
-        if (path_exists(form, directory)) kept.push_back(directory);
+        if (path_exists(form.outside.files, directory)) kept.push_back(directory);
     }
     state.selected_dirs = std::move(kept);
     state.selected_dir_count = static_cast<std::int16_t>(state.selected_dirs.size() - 1);
@@ -55,8 +52,6 @@ program::program(ports outside, std::string program_dir)
     : main_(outside, std::move(program_dir)), directory_(main_), options_(main_) {
     main_.add_child(directory_);
     main_.add_child(options_);
-    readers_.read_zip = read_zip;
-    readers_.read_rar = read_rar;
     bind_handlers();
     wire_tasks(main_);
 }
@@ -119,7 +114,7 @@ void program::bind_handlers() {
     form.bind("Picture1_Click", [this] { directory_.open(); });
     form.bind("select_m_Click", [this] { options_.open(); });
     options_.bind_handlers();
-    bind_task("picture2_Click", [this] { picture2_Click(main_, readers_); });
+    bind_task("picture2_Click", [this] { picture2_Click(main_); });
     bind_task("Picture3_Click", [this] { Picture3_Click(main_); });
     bind_task("Picture4_Click", [this] { load_same_view(main_); });
     bind_task("Picture11_Click", [this] { Picture11_Click(main_); });
@@ -130,7 +125,7 @@ void program::bind_handlers() {
     bind_task("del_dir", [this] { del_dir_Click(main_); });
     bind_task("Command35_Click", [this] { Picture11_Click(main_); });
     bind_task("Command18_Click", [this] { Command18_Click(main_); });
-    bind_task("Command19_Click", [this] { Command19_Click(main_, readers_); });
+    bind_task("Command19_Click", [this] { Command19_Click(main_); });
     bind_task("Command21_Click", [this] { Command21_Click(main_); });
     bind_task("search_check_m_Click", [this] { search_check_m_Click(main_); });
     bind_task("Picture5_Click", [this] { delete_marked_recycle(main_); });

@@ -5,8 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/main_form.h"
-#include "search/archive_readers.h"
+#include "core/model/main_form.h"
 #include "search/directory_form.h"
 #include "search/options_form.h"
 
@@ -41,7 +40,6 @@ class program {
     Tavrel main_;
     directory_form directory_;
     options_form options_;
-    archive_readers readers_;
     bool closed_ = false;
 };
 

@@ -6,14 +6,14 @@
 
 #include "browser/file_date.h"
 #include "browser/same_view.h"
-#include "core/archive_entry.h"
-#include "core/date_text.h"
-#include "core/help.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_case.h"
-#include "core/text_file.h"
-#include "core/text_sort.h"
+#include "core/archives/archive_entry.h"
+#include "core/model/main_form.h"
+#include "core/tasks/help.h"
+#include "core/tasks/progress.h"
+#include "core/text/date_text.h"
+#include "core/text/text_case.h"
+#include "core/text/text_file.h"
+#include "core/text/text_sort.h"
 
 namespace corvane {
 

@@ -5,8 +5,8 @@
 #include "browser/list_marks.h"
 #include "browser/list_menu.h"
 #include "browser/same_view.h"
-#include "core/help.h"
-#include "core/main_form.h"
+#include "core/model/main_form.h"
+#include "core/tasks/help.h"
 
 namespace corvane {
 

@@ -4,8 +4,8 @@
 #include <string_view>
 
 #include "browser/list_marks.h"
-#include "core/main_form.h"
-#include "core/text_case.h"
+#include "core/model/main_form.h"
+#include "core/text/text_case.h"
 
 namespace corvane {
 

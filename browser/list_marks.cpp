@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string_view>
 
-#include "core/archive_entry.h"
-#include "core/main_form.h"
-#include "core/progress.h"
+#include "core/archives/archive_entry.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
 
 namespace corvane {
 

@@ -3,8 +3,8 @@
 #include "browser/list_acts.h"
 #include "browser/list_marks.h"
 #include "browser/same_view.h"
-#include "core/archive_entry.h"
-#include "core/main_form.h"
+#include "core/archives/archive_entry.h"
+#include "core/model/main_form.h"
 
 namespace corvane {
 

@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "browser/list_acts.h"
-#include "core/archive_entry.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_sort.h"
+#include "core/archives/archive_entry.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_sort.h"
 
 namespace corvane {
 

@@ -5,8 +5,8 @@
 
 #include "browser/file_date.h"
 #include "browser/same_view.h"
-#include "core/archive_entry.h"
-#include "core/main_form.h"
+#include "core/archives/archive_entry.h"
+#include "core/model/main_form.h"
 
 namespace corvane {
 

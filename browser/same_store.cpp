@@ -3,10 +3,10 @@
 #include <string>
 
 #include "browser/same_view.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_file.h"
-#include "core/text_format.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_file.h"
+#include "core/text/text_format.h"
 
 namespace corvane {
 

@@ -5,14 +5,13 @@
 #include <string_view>
 #include <vector>
 
-#include "core/archive_entry.h"
-#include "core/directory_filter.h"
-#include "core/help.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_file.h"
-#include "core/text_format.h"
-#include "core/text_sort.h"
+#include "core/archives/archive_entry.h"
+#include "core/model/main_form.h"
+#include "core/tasks/help.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_file.h"
+#include "core/text/text_format.h"
+#include "core/text/text_sort.h"
 
 namespace corvane {
 
@@ -39,7 +38,7 @@ class existence_filter {
         if (is_archive_member(path)) return true;
         if (path != last_path_) {
             last_path_ = path;
-            last_exists_ = path_exists(form_, last_path_);
+            last_exists_ = path_exists(form_.outside.files, last_path_);
         }
         return last_exists_;
     }

@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "browser/list_find.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_case.h"
-#include "core/text_format.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_case.h"
+#include "core/text/text_format.h"
 
 namespace corvane {
 

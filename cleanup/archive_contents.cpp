@@ -4,10 +4,10 @@
 #include <charconv>
 #include <span>
 
-#include "core/main_form.h"
-#include "core/rar_reader.h"
-#include "core/text_case.h"
-#include "core/zip_reader.h"
+#include "core/archives/rar_reader.h"
+#include "core/archives/zip_reader.h"
+#include "core/model/main_form.h"
+#include "core/text/text_case.h"
 
 namespace corvane {
 
@@ -34,8 +34,9 @@ bool is_rar_archive(std::string_view path) {
 archive_contents::archive_contents(Tavrel& form, const std::string& path)
     : most_members_(static_cast<std::size_t>(form.state.limits.files)) {
     if (!form.outside.files.facts(path).exists) return;
-    whole_ = is_rar_archive(path) ? read_rar(form, path, *this)
-                                  : is_empty_zip(form.outside.files, path) || read_zip(form, path, *this);
+    const archive_context context{form.outside.files, form.outside.encodings, form.state};
+    whole_ = is_rar_archive(path) ? read_rar(context, path, *this)
+                                  : is_empty_zip(form.outside.files, path) || read_zip(context, path, *this);
     numbers_.reserve(members_.size());
     for (std::size_t number = 0; number < members_.size(); ++number)
         if (!members_[number].directory) numbers_.emplace(members_[number].name, number);

@@ -10,7 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "core/archive_sink.h"
+#include "core/archives/archive_sink.h"
 #include "platform/file_system.h"
 
 namespace corvane {

@@ -5,10 +5,10 @@
 #include <span>
 
 #include "cleanup/archive_tool.h"
-#include "core/archive_entry.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_file.h"
+#include "core/archives/archive_entry.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_file.h"
 
 namespace corvane {
 

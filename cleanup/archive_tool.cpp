@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "core/main_form.h"
-#include "core/text_case.h"
-#include "core/utf8.h"
+#include "core/model/main_form.h"
+#include "core/text/text_case.h"
+#include "core/text/utf8.h"
 
 namespace corvane {
 

@@ -1,11 +1,10 @@
 #include "cleanup/deletion_run.h"
 
 #include "cleanup/recycle_batches.h"
-#include "core/archive_entry.h"
-#include "core/directory_filter.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_format.h"
+#include "core/archives/archive_entry.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_format.h"
 
 namespace corvane {
 
@@ -43,7 +42,7 @@ void deletion_run::take_cell(std::int32_t row, int column) {
         while (!cell.path.empty() && cell.path.back() == ' ') cell.path.pop_back();
     if (is_blank(cell.path)) return;
     const bool is_entry = is_archive_member(cell.path);
-    if (!is_entry && !path_exists(form_, cell.path)) return;
+    if (!is_entry && !path_exists(form_.outside.files, cell.path)) return;
     // What is no longer the row's file, or the last copy of it, is left alone with its attributes.
     if (!copies_.may_go(cell.path, cell.length, false)) return refuse(row, column);
     if (is_entry) return take_archive_entry(cell);

@@ -10,7 +10,7 @@
 
 #include "cleanup/archive_delete.h"
 #include "cleanup/last_copy.h"
-#include "core/text_file.h"
+#include "core/text/text_file.h"
 
 namespace corvane {
 

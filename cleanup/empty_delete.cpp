@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "cleanup/recycle_batches.h"
-#include "core/help.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_format.h"
+#include "core/model/main_form.h"
+#include "core/tasks/help.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_format.h"
 
 namespace corvane {
 

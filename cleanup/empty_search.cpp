@@ -4,10 +4,10 @@
 
 #include "cleanup/empty_view.h"
 #include "cleanup/empty_walk.h"
-#include "core/help.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_file.h"
+#include "core/model/main_form.h"
+#include "core/tasks/help.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_file.h"
 
 namespace corvane {
 

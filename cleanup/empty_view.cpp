@@ -4,12 +4,11 @@
 #include <string_view>
 
 #include "browser/same_view.h"
-#include "core/directory_filter.h"
-#include "core/help.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_file.h"
-#include "core/text_sort.h"
+#include "core/model/main_form.h"
+#include "core/tasks/help.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_file.h"
+#include "core/text/text_sort.h"
 
 namespace corvane {
 
@@ -31,7 +30,7 @@ void show_captions(Tavrel& form) {
 bool read_stored_list(Tavrel& form, bool& cut) {
     run_state& state = form.state;
     const std::string path = form.data_path("spasedir.txt");
-    if (!path_exists(form, path)) {
+    if (!path_exists(form.outside.files, path)) {
         form.inform(path + "  不存在,请运行查找空子目录");
         return false;
     }
@@ -72,7 +71,7 @@ bool fill_rows(Tavrel& form) {
     list_view& list = form.ListView1;
     list.share_texts(2, state.empty_dirs);
     for (std::int32_t i = 1; i <= state.empty_dir_count; ++i) {
-        if (path_exists(form, std::string(state.empty_dirs[i]))) {
+        if (path_exists(form.outside.files, std::string(state.empty_dirs[i]))) {
             const std::int32_t row = list.add_row();
             list.set_number(row, 1, row);
             list.set_shared_text(row, 2, state.empty_dirs.entry(i));

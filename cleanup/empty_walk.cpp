@@ -3,17 +3,20 @@
 #include <memory>
 #include <utility>
 
-#include "core/directory_filter.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_case.h"
-#include "core/text_format.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
+#include "core/text/path_text.h"
+#include "core/text/text_case.h"
+#include "core/text/text_format.h"
+#include "core/walk/directory_filter.h"
 
 namespace corvane {
 
 namespace {
 constexpr std::int32_t files_per_status = 213;
 }
+
+empty_walk::empty_walk(Tavrel& form) : form_(form), links_(form.outside.files) {}
 
 empty_walk::ending empty_walk::run() {
     run_state& state = form_.state;
@@ -24,8 +27,8 @@ empty_walk::ending empty_walk::run() {
     do {
         for (; i < state.dir_queue.size(); ++i) {
             // A copy: the queue grows while the directory is read.
-            const std::string directory = with_separator(form_, state.dir_queue[i]);
-            if (skip_directory(form_, directory)) continue;
+            const std::string directory = with_separator(state.dir_queue[i], form_.outside.files.separator());
+            if (skip_directory(form_.outside.files, form_.state.exclude_dir_text, directory)) continue;
             if (visited_.size() >= state.limits.empty_directories) {
                 full_ = true;
                 return ending::finished;
@@ -49,8 +52,11 @@ void empty_walk::queue_roots() {
     for (std::int16_t i = 1; i <= state.selected_dir_count; ++i) {
         const std::string& selected = state.selected_dirs[static_cast<std::size_t>(i)];
         if (is_blank(trimmed(selected))) continue;
-        const std::string directory = with_separator(form_, folds ? upper_case(selected) : selected);
-        if (!skip_directory(form_, directory) && links_.take_root(directory)) enqueue(directory);
+        const std::string directory =
+            with_separator(folds ? upper_case(selected) : selected, form_.outside.files.separator());
+        if (!skip_directory(form_.outside.files, form_.state.exclude_dir_text, directory) &&
+            links_.take_root(directory))
+            enqueue(directory);
     }
 }
 

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "core/text_column.h"
-#include "core/walk_links.h"
+#include "core/text/text_column.h"
+#include "core/walk/walk_links.h"
 
 namespace corvane {
 
@@ -19,7 +19,7 @@ class empty_walk {
   public:
     enum class ending { finished, cancelled, quit };
 
-    explicit empty_walk(Tavrel& form) : form_(form), links_(form) {}
+    explicit empty_walk(Tavrel& form);
 
     // Walks the selected directories once. Fills dir_queue and walk_count; Command28 ends it behind the
     // directory in hand, the closing of the program at the next name.

@@ -5,10 +5,10 @@
 #include <memory>
 #include <span>
 
-#include "core/archive_entry.h"
-#include "core/checksum.h"
-#include "core/main_form.h"
-#include "core/text_format.h"
+#include "core/archives/archive_entry.h"
+#include "core/archives/checksum.h"
+#include "core/model/main_form.h"
+#include "core/text/text_format.h"
 
 namespace corvane {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "core/main_form.h"
-#include "core/progress.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
 
 namespace corvane {
 

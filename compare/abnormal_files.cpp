@@ -4,11 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "core/archive_entry.h"
-#include "core/directory_filter.h"
-#include "core/help.h"
-#include "core/main_form.h"
-#include "core/progress.h"
+#include "core/archives/archive_entry.h"
+#include "core/model/main_form.h"
+#include "core/tasks/help.h"
+#include "core/tasks/progress.h"
 
 namespace corvane {
 
@@ -28,7 +27,7 @@ bool has_length(Tavrel& form, std::string_view path) {
 }
 
 bool is_found(Tavrel& form, std::string_view path) {
-    return !is_archive_member(path) && path_exists(form, std::string(path));
+    return !is_archive_member(path) && path_exists(form.outside.files, std::string(path));
 }
 
 }  // namespace

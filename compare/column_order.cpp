@@ -5,7 +5,7 @@
 #include <charconv>
 #include <numeric>
 
-#include "core/text_sort.h"
+#include "core/text/text_sort.h"
 
 namespace corvane {
 

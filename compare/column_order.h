@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "core/run_state.h"
+#include "core/model/run_state.h"
 
 namespace corvane {
 

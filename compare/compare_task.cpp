@@ -8,12 +8,12 @@
 #include "compare/history.h"
 #include "compare/preparation.h"
 #include "compare/result_store.h"
-#include "core/environment.h"
-#include "core/error_trail.h"
-#include "core/help.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_format.h"
+#include "core/model/main_form.h"
+#include "core/tasks/environment.h"
+#include "core/tasks/error_trail.h"
+#include "core/tasks/help.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_format.h"
 
 namespace corvane {
 

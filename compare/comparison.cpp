@@ -5,9 +5,9 @@
 
 #include "compare/estimate.h"
 #include "compare/group.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_format.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_format.h"
 
 namespace corvane {
 

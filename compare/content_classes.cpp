@@ -6,7 +6,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "core/checksum.h"
+#include "core/archives/checksum.h"
 
 namespace corvane {
 

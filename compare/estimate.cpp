@@ -3,10 +3,10 @@
 #include <cmath>
 #include <string>
 
-#include "core/error_trail.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_format.h"
+#include "core/model/main_form.h"
+#include "core/tasks/error_trail.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_format.h"
 
 namespace corvane {
 

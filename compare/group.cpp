@@ -7,11 +7,11 @@
 
 #include "compare/column_order.h"
 #include "compare/content_classes.h"
-#include "core/archive_entry.h"
-#include "core/checksum.h"
-#include "core/error_trail.h"
-#include "core/main_form.h"
-#include "core/text_case.h"
+#include "core/archives/archive_entry.h"
+#include "core/archives/checksum.h"
+#include "core/model/main_form.h"
+#include "core/tasks/error_trail.h"
+#include "core/text/text_case.h"
 
 namespace corvane {
 

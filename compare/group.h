@@ -8,7 +8,7 @@
 #include <span>
 #include <vector>
 
-#include "core/run_state.h"
+#include "core/model/run_state.h"
 
 namespace corvane {
 

@@ -7,13 +7,12 @@
 #include <string_view>
 
 #include "compare/column_order.h"
-#include "core/archive_entry.h"
-#include "core/directory_filter.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_file.h"
-#include "core/text_format.h"
-#include "core/text_sort.h"
+#include "core/archives/archive_entry.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_file.h"
+#include "core/text/text_format.h"
+#include "core/text/text_sort.h"
 
 namespace corvane {
 
@@ -171,7 +170,8 @@ class history_writer {
 void purge_history(Tavrel& form) {
     run_state& state = form.state;
     for (std::int32_t k = 1; k <= state.history_count; ++k) {
-        if (!path_exists(form, std::string(state.history_name[k]))) state.history_name.set(k, "");
+        if (!path_exists(form.outside.files, std::string(state.history_name[k])))
+            state.history_name.set(k, "");
         form.yield();
     }
 }

@@ -4,12 +4,12 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "core/archive_entry.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_case.h"
-#include "core/text_format.h"
-#include "core/text_sort.h"
+#include "core/archives/archive_entry.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_case.h"
+#include "core/text/text_format.h"
+#include "core/text/text_sort.h"
 
 namespace corvane {
 

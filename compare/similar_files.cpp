@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "core/directory_filter.h"
-#include "core/main_form.h"
-#include "core/text_format.h"
+#include "core/model/main_form.h"
+#include "core/text/path_text.h"
+#include "core/text/text_format.h"
 
 namespace corvane {
 
@@ -35,7 +35,7 @@ void Command31_Click(Tavrel& form) {
         form.outside.screen.choose_files("选择相似主文件", "(*.*)|*.*", form.state.similar_main_file);
     if (!chosen || chosen->empty()) return;
     std::vector<std::string> parts = parts_of(*chosen, form.outside.files.separator());
-    parts.front() = with_separator(form, parts.front());
+    parts.front() = with_separator(parts.front(), form.outside.files.separator());
     if (!is_blank(parts.front())) form.state.similar_main_file = parts.front();
     auto& rows = static_cast<list_box&>(*form.find("rela_file_list"));
     rows.clear();

@@ -4,8 +4,8 @@
 #include <cstdio>
 
 #include "console/typed_path.h"
-#include "core/state_table.h"
-#include "core/text_format.h"
+#include "core/model/state_table.h"
+#include "core/text/text_format.h"
 
 namespace corvane {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "console/script.h"
-#include "core/text_format.h"
+#include "core/text/text_format.h"
 
 namespace corvane {
 

@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-#include "core/main_form.h"
+#include "core/model/main_form.h"
 #include "forms/window_place.h"
 
 class QPushButton;

@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-#include "core/controls.h"
+#include "core/model/controls.h"
 
 namespace corvane {
 

@@ -1,6 +1,6 @@
 #include "forms/colours.h"
 
-#include "core/list_view.h"
+#include "core/model/list_view.h"
 
 namespace corvane {
 

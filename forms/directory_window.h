@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/main_form.h"
+#include "core/model/main_form.h"
 #include "forms/child_window.h"
 #include "forms/pick_views.h"
 #include "search/directory_form.h"

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "core/main_form.h"
+#include "core/model/main_form.h"
 
 class QCheckBox;
 class QLabel;

@@ -1,7 +1,7 @@
 #include "forms/front_end.h"
 
-#include "core/help.h"
-#include "core/progress.h"
+#include "core/tasks/help.h"
+#include "core/tasks/progress.h"
 #include "forms/directory_window.h"
 #include "forms/main_window.h"
 #include "forms/options_window.h"

@@ -4,7 +4,7 @@
 
 #include <QListView>
 
-#include "core/controls.h"
+#include "core/model/controls.h"
 
 namespace corvane {
 

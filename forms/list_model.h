@@ -3,7 +3,7 @@
 
 #include <QAbstractTableModel>
 
-#include "core/list_view.h"
+#include "core/model/list_view.h"
 
 namespace corvane {
 

@@ -208,7 +208,8 @@ void list_table::mousePressEvent(QMouseEvent* event) {
     const QPoint place = event->position().toPoint();
     const QModelIndex cell = indexAt(place);
     if (cell.isValid()) {
-        selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        selectionModel()->setCurrentIndex(cell,
+                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         list_.selected_row = cell.row() + 1;
     }
     setFocus(Qt::MouseFocusReason);

@@ -13,7 +13,7 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
-#include "core/help.h"
+#include "core/tasks/help.h"
 #include "forms/colour_bar_view.h"
 #include "forms/error_frame.h"
 #include "forms/icons.h"

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "core/main_form.h"
+#include "core/model/main_form.h"
 #include "forms/window_place.h"
 
 class QLabel;

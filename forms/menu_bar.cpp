@@ -6,8 +6,8 @@
 #include <map>
 #include <string_view>
 
-#include "core/main_menu.h"
-#include "core/task_table.h"
+#include "core/model/main_menu.h"
+#include "core/model/task_table.h"
 #include "forms/screen_text.h"
 
 namespace corvane {

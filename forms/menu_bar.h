@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "core/main_form.h"
+#include "core/model/main_form.h"
 
 class QAction;
 class QMenu;

@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "core/controls.h"
+#include "core/model/controls.h"
 
 namespace corvane {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "core/task_table.h"
+#include "core/model/task_table.h"
 #include "forms/colours.h"
 #include "forms/screen_text.h"
 #include "forms/task_button.h"

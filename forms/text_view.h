@@ -5,7 +5,7 @@
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 
-#include "core/controls.h"
+#include "core/model/controls.h"
 #include "forms/text_lines.h"
 
 namespace corvane {

@@ -3,7 +3,7 @@
 
 #include <QLabel>
 
-#include "core/main_form.h"
+#include "core/model/main_form.h"
 
 namespace corvane {
 

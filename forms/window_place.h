@@ -4,7 +4,7 @@
 #include <QElapsedTimer>
 #include <QPoint>
 
-#include "core/form_model.h"
+#include "core/model/form_model.h"
 
 class QWidget;
 

@@ -7,12 +7,13 @@
 #include <utility>
 #include <vector>
 
-#include "core/directory_filter.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_case.h"
-#include "core/text_format.h"
-#include "core/walk_links.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
+#include "core/text/path_text.h"
+#include "core/text/text_case.h"
+#include "core/text/text_format.h"
+#include "core/walk/directory_filter.h"
+#include "core/walk/walk_links.h"
 
 namespace corvane {
 
@@ -21,7 +22,7 @@ namespace {
 class directory_name_walk {
   public:
     explicit directory_name_walk(Tavrel& form)
-        : form_(form), state_(form.state), files_(form.outside.files), links_(form) {}
+        : form_(form), state_(form.state), files_(form.outside.files), links_(form.outside.files) {}
 
     std::int32_t run() {
         state_.dir_queue.assign(1, {});
@@ -47,9 +48,9 @@ class directory_name_walk {
             const std::string_view bare = trimmed(selected);
             if (is_blank(bare)) continue;
             // Where case counts, blanks at the end do, too.
-            const std::string directory =
-                with_separator(form_, files_.ignores_case() ? upper_case(bare) : selected);
-            if (skip_directory(form_, directory)) continue;
+            const std::string directory = with_separator(files_.ignores_case() ? upper_case(bare) : selected,
+                                                         form_.outside.files.separator());
+            if (skip_directory(form_.outside.files, form_.state.exclude_dir_text, directory)) continue;
             if (links_.take_root(directory)) enqueue(directory);
         }
     }
@@ -62,8 +63,9 @@ class directory_name_walk {
     }
 
     void read_one(std::size_t read_index) {
-        const std::string directory = with_separator(form_, std::exchange(state_.dir_queue[read_index], {}));
-        if (skip_directory(form_, directory)) return;
+        const std::string directory =
+            with_separator(std::exchange(state_.dir_queue[read_index], {}), form_.outside.files.separator());
+        if (skip_directory(form_.outside.files, form_.state.exclude_dir_text, directory)) return;
         state_.dir_queue[++found_] = directory;
         std::string error;
         const std::unique_ptr<directory_reader> reader = files_.open_directory(directory, error);

@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_case.h"
-#include "core/text_sort.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_case.h"
+#include "core/text/text_sort.h"
 
 namespace corvane {
 

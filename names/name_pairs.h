@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "core/text_column.h"
+#include "core/text/text_column.h"
 
 namespace corvane {
 

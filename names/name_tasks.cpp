@@ -3,11 +3,11 @@
 #include <cmath>
 #include <string>
 
-#include "core/error_trail.h"
-#include "core/help.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_format.h"
+#include "core/model/main_form.h"
+#include "core/tasks/error_trail.h"
+#include "core/tasks/help.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_format.h"
 #include "names/directory_walk.h"
 #include "names/name_pairs.h"
 #include "names/name_view.h"

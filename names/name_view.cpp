@@ -4,10 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "core/archive_entry.h"
-#include "core/directory_filter.h"
-#include "core/main_form.h"
-#include "core/progress.h"
+#include "core/archives/archive_entry.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
 #include "names/name_pairs.h"
 #include "names/star_centres.h"
 
@@ -35,7 +34,7 @@ constexpr name_view directory_view = {4,           "没有相同_目录名", fal
 
 // An archive member's text is no path of the disk.
 bool file_exists(Tavrel& form, std::string_view path) {
-    return !is_archive_member(path) && path_exists(form, std::string(path));
+    return !is_archive_member(path) && path_exists(form.outside.files, std::string(path));
 }
 
 constexpr int name_width = 2000;  // twips

@@ -8,7 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "core/text_column.h"
+#include "core/text/text_column.h"
 
 namespace corvane {
 

@@ -171,4 +171,9 @@ class file_system {
     virtual bool remove_data_file(const std::string& path, std::string& error) = 0;
 };
 
+// True when the path exists, as a file, a directory or anything else.
+inline bool path_exists(file_system& files, const std::string& path) {
+    return files.attributes(path).exists;
+}
+
 }  // namespace corvane

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "core/directory_filter.h"
-#include "core/help.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_format.h"
+#include "core/model/main_form.h"
+#include "core/tasks/help.h"
+#include "core/tasks/progress.h"
+#include "core/text/path_text.h"
+#include "core/text/text_format.h"
 
 namespace corvane {
 
@@ -104,9 +104,9 @@ void directory_form::load() {
     run_state& state = main_.state;
     const std::string stored_path = state.dir_select_path;
     fill_volumes();
-    const bool known = !state.current_dir.empty() && path_exists(main_, state.current_dir);
+    const bool known = !state.current_dir.empty() && path_exists(main_.outside.files, state.current_dir);
     Dir_select.text = known ? state.current_dir : volumes_.front().path;
-    if (!stored_path.empty() && path_exists(main_, stored_path)) Dir_select.text = stored_path;
+    if (!stored_path.empty() && path_exists(main_.outside.files, stored_path)) Dir_select.text = stored_path;
     Dir_select_Change();
     choose_tree_root();
     row_height = std::max(row_height, least_row_height);
@@ -125,7 +125,7 @@ void directory_form::fill_volumes() {
 
 // The chosen volume if the directory lies on it, else the innermost one that holds it, else the first.
 void directory_form::choose_tree_root() {
-    const std::string directory = with_separator(main_, Dir_select.text);
+    const std::string directory = with_separator(Dir_select.text, main_.outside.files.separator());
     tree_root_ = volumes_[static_cast<std::size_t>(main_.state.disk_index)].path;
     if (directory.starts_with(tree_root_)) return;
     tree_root_.clear();
@@ -213,7 +213,7 @@ void directory_form::List_disk_sele_Click(int row) {
 
 void directory_form::Dir_select_Change() {
     main_.state.dir_select_path = Dir_select.text;
-    main_.state.current_dir = with_separator(main_, Dir_select.text);
+    main_.state.current_dir = with_separator(Dir_select.text, main_.outside.files.separator());
 }
 
 void directory_form::Command_sele_Click() {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "core/form_model.h"
+#include "core/model/form_model.h"
 #include "platform/file_system.h"
 #include "search/directory_pick.h"
 

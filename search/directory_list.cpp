@@ -4,9 +4,9 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "core/directory_filter.h"
-#include "core/main_form.h"
-#include "core/progress.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
+#include "core/text/path_text.h"
 #include "search/directory_form.h"
 
 namespace corvane {
@@ -53,7 +53,9 @@ void directory_form::confirm_selection() {
     std::vector<std::string> rows;
     for (const list_box::row& row : list_selected_dir.rows()) rows.push_back(row.text);
     // Sorted by the text with its closing separator, a directory is followed at once by all that lies in it.
-    const auto closed = [this](const std::string& path) { return with_separator(main_, path); };
+    const auto closed = [this](const std::string& path) {
+        return with_separator(path, main_.outside.files.separator());
+    };
     std::sort(rows.begin(), rows.end());
     std::vector<std::size_t> order(rows.size());
     for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/controls.h"
+#include "core/model/controls.h"
 
 namespace corvane {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "core/main_form.h"
-#include "core/text_case.h"
-#include "core/text_file.h"
-#include "core/text_format.h"
+#include "core/model/main_form.h"
+#include "core/text/text_case.h"
+#include "core/text/text_file.h"
+#include "core/text/text_format.h"
 
 namespace corvane {
 

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "core/controls.h"
-#include "core/option_lists.h"
+#include "core/model/controls.h"
+#include "core/tasks/option_lists.h"
 
 namespace corvane {
 

@@ -2,13 +2,12 @@
 
 #include <algorithm>
 
-#include "core/directory_filter.h"
-#include "core/environment.h"
-#include "core/help.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_file.h"
-#include "core/text_format.h"
+#include "core/model/main_form.h"
+#include "core/tasks/environment.h"
+#include "core/tasks/help.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_file.h"
+#include "core/text/text_format.h"
 #include "search/options_menu.h"
 
 namespace corvane {
@@ -159,7 +158,7 @@ void options_form::store_check(std::size_t number) {
 void options_form::read_common_types() {
     List4.clear();
     const std::string path = main_.data_path("常用文件扩展名.txt");
-    if (!path_exists(main_, path)) return main_.inform(path + "  不存在");
+    if (!path_exists(main_.outside.files, path)) return main_.inform(path + "  不存在");
     line_reader reader(main_.outside.files, path);
     if (!reader.is_open()) return main_.complain(path + "\r\n" + reader.error());
     std::string_view line;
@@ -196,7 +195,7 @@ void options_form::add_common_types(option_list_edit& list) {
 
 void options_form::edit_file(const char* name, const char* seed) {
     const std::string path = main_.data_path(name);
-    if (!path_exists(main_, path)) {
+    if (!path_exists(main_.outside.files, path)) {
         main_.inform(path + " 不存在");
         line_writer writer(main_.outside.files, path);
         writer.line(seed);
@@ -247,8 +246,8 @@ void options_form::Check1_Click() {
 void options_form::open_file_manager() {
     const std::string& last = main_.state.current_dir;
     const std::string root = main_.outside.files.separator() == '\\' ? "c:\\" : "/";
-    const shell_result result =
-        main_.outside.desktop.open_document(!last.empty() && path_exists(main_, last) ? last : root);
+    const shell_result result = main_.outside.desktop.open_document(
+        !last.empty() && path_exists(main_.outside.files, last) ? last : root);
     if (!result.done) return main_.complain(result.reason);
     Timer1.enabled = visible && !tiled_;
 }

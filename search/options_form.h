@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/form_model.h"
+#include "core/model/form_model.h"
 #include "search/option_list_edit.h"
 
 namespace corvane {

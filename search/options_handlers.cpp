@@ -1,6 +1,6 @@
 // The handlers of the options window under their names.
-#include "core/help.h"
-#include "core/main_form.h"
+#include "core/model/main_form.h"
+#include "core/tasks/help.h"
 #include "search/options_form.h"
 
 namespace corvane {

@@ -2,11 +2,10 @@
 
 #include <string>
 
-#include "core/help.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_format.h"
-#include "search/archive_readers.h"
+#include "core/model/main_form.h"
+#include "core/tasks/help.h"
+#include "core/tasks/progress.h"
+#include "core/text/text_format.h"
 #include "search/file_list_store.h"
 #include "search/walker.h"
 
@@ -17,7 +16,7 @@ namespace {
 constexpr std::int32_t small_list_rows = 32'737;
 }  // namespace
 
-void picture2_Click(Tavrel& form, const archive_readers& readers) {
+void picture2_Click(Tavrel& form) {
     if (help_mode_opens(form, 11)) return;
     run_state& state = form.state;
     state.task_start_time = tick_seconds(form);
@@ -38,7 +37,7 @@ void picture2_Click(Tavrel& form, const archive_readers& readers) {
     state.file_list_loaded = 0;
     form.yield();
     form.yield();
-    if (!list_files(form, readers) || state.quit_requested) return;
+    if (!list_files(form) || state.quit_requested) return;
     if (state.file_count == 0) {
         form.complain(
             "没搜索到文件。\r\n请检查 [不参加比较的文件类型] 和 [不参加搜索的目录]。或看看目录选择的内容");
@@ -68,11 +67,11 @@ void picture2_Click(Tavrel& form, const archive_readers& readers) {
     pointer_glide(form, "Tavrel", "Picture3");
 }
 
-void Command19_Click(Tavrel& form, const archive_readers& readers) {
+void Command19_Click(Tavrel& form) {
     // A walk that is refused leaves walk_count as it was; an old count does not fit a list since used up.
     form.state.walk_count = 0;
     form.state.file_count = 0;
-    if (!list_files(form, readers) || form.state.quit_requested) return;
+    if (!list_files(form) || form.state.quit_requested) return;
     form.state.file_list_loaded = -1;
     form.state.list_sorted_flag = 0;
     form.run("Picture3_Click");

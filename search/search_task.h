@@ -4,13 +4,12 @@
 namespace corvane {
 
 class Tavrel;
-struct archive_readers;
 
 // Walks the selected directories anew and writes 文件清单.txt.
-void picture2_Click(Tavrel& form, const archive_readers& readers);
+void picture2_Click(Tavrel& form);
 
 // The walk alone, without storing its list, then find same files.
-void Command19_Click(Tavrel& form, const archive_readers& readers);
+void Command19_Click(Tavrel& form);
 
 // Search, then find same files, without the user in between.
 void search_check_m_Click(Tavrel& form);

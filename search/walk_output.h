@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
-#include "core/archive_entry.h"
-#include "core/archive_sink.h"
-#include "core/run_state.h"
-#include "core/text_file.h"
+#include "core/archives/archive_entry.h"
+#include "core/archives/archive_sink.h"
+#include "core/model/run_state.h"
+#include "core/text/text_file.h"
 
 namespace corvane {
 

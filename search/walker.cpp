@@ -6,16 +6,18 @@
 #include <string_view>
 #include <vector>
 
-#include "core/directory_filter.h"
-#include "core/environment.h"
-#include "core/main_form.h"
-#include "core/progress.h"
-#include "core/text_case.h"
-#include "core/text_file.h"
-#include "core/text_format.h"
-#include "core/text_sort.h"
-#include "core/walk_links.h"
-#include "search/archive_readers.h"
+#include "core/archives/rar_reader.h"
+#include "core/archives/zip_reader.h"
+#include "core/model/main_form.h"
+#include "core/tasks/environment.h"
+#include "core/tasks/progress.h"
+#include "core/text/path_text.h"
+#include "core/text/text_case.h"
+#include "core/text/text_file.h"
+#include "core/text/text_format.h"
+#include "core/text/text_sort.h"
+#include "core/walk/directory_filter.h"
+#include "core/walk/walk_links.h"
 #include "search/walk_output.h"
 
 namespace corvane {
@@ -45,7 +47,7 @@ bool rejects_type(const run_state& state, const std::string& type) {
 // The directory that the user looked at last must be readable. False: the reason has been shown.
 bool current_directory_answers(Tavrel& form) {
     const std::string& directory = form.state.current_dir;
-    if (directory.empty() || !path_exists(form, directory)) return true;
+    if (directory.empty() || !path_exists(form.outside.files, directory)) return true;
     message box;
     if (form.outside.files.open_directory(directory, box.text)) return true;
     box.title = "Deferred Error Test,请选择新的目录";
@@ -76,13 +78,12 @@ class wide_path_panel {
 // One walk. Owns what lives as long as it.
 class directory_walk {
   public:
-    directory_walk(Tavrel& form, const archive_readers& readers, walk_output& output)
+    directory_walk(Tavrel& form, walk_output& output)
         : form_(form),
           state_(form.state),
           files_(form.outside.files),
-          readers_(readers),
           output_(output),
-          links_(form) {}
+          links_(form.outside.files) {}
 
     void run() {
         queue_roots();
@@ -102,8 +103,8 @@ class directory_walk {
         for (std::int16_t i = 1; i <= state_.selected_dir_count; ++i) {
             const std::string& selected = state_.selected_dirs[static_cast<std::size_t>(i)];
             if (is_blank(trimmed(selected))) continue;
-            const std::string directory = with_separator(form_, selected);
-            if (skip_directory(form_, directory)) continue;
+            const std::string directory = with_separator(selected, form_.outside.files.separator());
+            if (skip_directory(form_.outside.files, form_.state.exclude_dir_text, directory)) continue;
             if (links_.take_root(directory)) enqueue(directory);
         }
     }
@@ -117,13 +118,14 @@ class directory_walk {
 
     void list_one(std::size_t read_index) {
         // A copy: the queue grows while the directory is read.
-        const std::string directory = with_separator(form_, state_.dir_queue[read_index]);
+        const std::string directory =
+            with_separator(state_.dir_queue[read_index], form_.outside.files.separator());
         if (state_.walk_count - last_shown_ > files_per_path) {
             form_.panel(2, "正在搜索" + directory);
             show_elapsed(form_);
             last_shown_ = state_.walk_count;
         }
-        if (skip_directory(form_, directory)) return;
+        if (skip_directory(form_.outside.files, form_.state.exclude_dir_text, directory)) return;
         std::string error;
         const std::unique_ptr<directory_reader> reader = files_.open_directory(directory, error);
         if (!reader) return;
@@ -150,8 +152,8 @@ class directory_walk {
         if (state_.scan_archives == 1 || state_.only_type_length > 0 || state_.exclude_type_length > 0) {
             const std::string type = type_of(path);
             if (state_.scan_archives == 1) {
-                if (type == ".RAR ") read_archive(readers_.read_rar, path);
-                if (type == ".ZIP ") read_archive(readers_.read_zip, path);
+                if (type == ".RAR ") read_archive(read_rar, path);
+                if (type == ".ZIP ") read_archive(read_zip, path);
             }
             if (!rejects_type(state_, type)) output_.add(path);
         } else {
@@ -163,10 +165,9 @@ class directory_walk {
         }
     }
 
-    template <class reader>
-    void read_archive(const reader& read, const std::string& path) {
+    void read_archive(decltype(read_zip)& read, const std::string& path) {
         const std::int32_t errors_before = state_.archive_error_count;
-        if (read) read(form_, path, output_);
+        read({files_, form_.outside.encodings, state_}, path, output_);
         if (state_.archive_error_count != errors_before) output_.show_report();
     }
 
@@ -177,7 +178,6 @@ class directory_walk {
     Tavrel& form_;
     run_state& state_;
     file_system& files_;
-    const archive_readers& readers_;
     walk_output& output_;
     walk_links links_;
     std::int32_t last_shown_ = 0;
@@ -192,7 +192,7 @@ void write_advice(line_writer& report) {
 
 }  // namespace
 
-bool walk_directories(Tavrel& form, const archive_readers& readers) {
+bool walk_directories(Tavrel& form) {
     run_state& state = form.state;
     if (!current_directory_answers(form)) return true;
     state.walk_count = 0;
@@ -210,7 +210,7 @@ bool walk_directories(Tavrel& form, const archive_readers& readers) {
     }
     {
         const wide_path_panel room(form.StatusBar1);
-        directory_walk(form, readers, output).run();
+        directory_walk(form, output).run();
     }
     if (state.scan_archives == 1) form.panel(2, "");
     if (state.archive_error_count > 0) write_advice(report);
@@ -222,10 +222,10 @@ bool walk_directories(Tavrel& form, const archive_readers& readers) {
     return true;
 }
 
-bool list_files(Tavrel& form, const archive_readers& readers) {
+bool list_files(Tavrel& form) {
     run_state& state = form.state;
     写Tavrel环境文件(form);
-    if (!walk_directories(form, readers)) return false;
+    if (!walk_directories(form)) return false;
     if (state.quit_requested) return true;
     state.file_count = state.walk_count;
     state.file_len.assign(static_cast<std::size_t>(state.file_count) + 1, 0);

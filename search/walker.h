@@ -5,13 +5,12 @@
 namespace corvane {
 
 class Tavrel;
-struct archive_readers;
 
 // Saves the selection, walks, sorts. After it file_count is valid, unless quit_requested was set: then it
 // stays 0. Returns false when a file could not be written; the failure has been reported.
-bool list_files(Tavrel& form, const archive_readers& readers);
+bool list_files(Tavrel& form);
 
 // The walk itself: fills dir_queue, file_list and walk_count, and writes the archive error report.
-bool walk_directories(Tavrel& form, const archive_readers& readers);
+bool walk_directories(Tavrel& form);
 
 }  // namespace corvane

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Writes the ranges of Unicode's simple upper-case or lower-case mapping.
 
-    python3 tools/make_case_table.py upper > core/upper_case_table.inc
-    python3 tools/make_case_table.py lower > core/lower_case_table.inc
+    python3 tools/make_case_table.py upper > core/text/upper_case_table.inc
+    python3 tools/make_case_table.py lower > core/text/lower_case_table.inc
 """
 import sys
 import unicodedata

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/checksum.h"
+#include "core/archives/checksum.h"
 #include "tests/browser/list_program.h"
 #include "tests/support/archive_images.h"
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "core/main_form.h"
-#include "core/progress.h"
+#include "core/model/main_form.h"
+#include "core/tasks/progress.h"
 #include "tests/cleanup/empty_program.h"
 
 namespace corvane {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/main_form.h"
+#include "core/model/main_form.h"
 #include "tests/cleanup/empty_program.h"
 
 namespace corvane {

@@ -1,7 +1,7 @@
 // The road round the comparison: preparation, panels, cancel, close, result files, history.
 #include <gtest/gtest.h>
 
-#include "core/help.h"
+#include "core/tasks/help.h"
 #include "tests/support/test_program.h"
 
 namespace corvane {

@@ -1,7 +1,7 @@
 // The decision that two files are the same, rule by rule, over a disk in memory that tells what was read.
 #include <gtest/gtest.h>
 
-#include "core/checksum.h"
+#include "core/archives/checksum.h"
 #include "tests/support/test_program.h"
 
 namespace corvane {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "core/main_menu.h"
+#include "core/model/main_menu.h"
 #include "tests/support/test_program.h"
 
 namespace corvane {

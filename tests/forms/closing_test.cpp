@@ -7,7 +7,7 @@
 #include <QTest>
 #include <QTimer>
 
-#include "core/progress.h"
+#include "core/tasks/progress.h"
 #include "forms/main_window.h"
 #include "tests/forms/forms_program.h"
 

@@ -8,7 +8,7 @@
 #include <QTest>
 #include <QUrl>
 
-#include "core/progress.h"
+#include "core/tasks/progress.h"
 #include "forms/directory_model.h"
 #include "forms/directory_window.h"
 #include "forms/selected_list.h"

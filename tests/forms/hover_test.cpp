@@ -6,7 +6,7 @@
 #include <QSplitter>
 #include <QTest>
 
-#include "core/progress.h"
+#include "core/tasks/progress.h"
 #include "forms/directory_window.h"
 #include "forms/main_window.h"
 #include "forms/task_button.h"

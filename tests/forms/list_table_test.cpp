@@ -1,16 +1,16 @@
 // ListView1 on the screen: texts, colours, selection, a million rows.
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QHeaderView>
-#include <QApplication>
 #include <QImage>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTest>
 #include <cmath>
 
-#include "core/progress.h"
+#include "core/tasks/progress.h"
 #include "forms/colours.h"
 #include "forms/list_model.h"
 #include "forms/list_table.h"

@@ -6,8 +6,8 @@
 #include <QMenuBar>
 #include <QTest>
 
-#include "core/progress.h"
-#include "core/task_table.h"
+#include "core/model/task_table.h"
+#include "core/tasks/progress.h"
 #include "forms/main_window.h"
 #include "forms/panel_bar.h"
 #include "forms/task_button.h"

@@ -12,7 +12,7 @@
 #include <QTimer>
 #include <QUrl>
 
-#include "core/progress.h"
+#include "core/tasks/progress.h"
 #include "forms/option_list_view.h"
 #include "forms/options_window.h"
 #include "tests/forms/forms_program.h"

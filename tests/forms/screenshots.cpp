@@ -7,7 +7,7 @@
 #include <QTimer>
 #include <cstdio>
 
-#include "core/progress.h"
+#include "core/tasks/progress.h"
 #include "forms/directory_window.h"
 #include "forms/fonts.h"
 #include "forms/main_window.h"

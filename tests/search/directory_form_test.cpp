@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/progress.h"
+#include "core/tasks/progress.h"
 #include "tests/support/test_program.h"
 
 namespace corvane {

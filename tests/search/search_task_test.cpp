@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "core/archive_entry.h"
-#include "core/help.h"
+#include "core/archives/archive_entry.h"
+#include "core/tasks/help.h"
 #include "tests/support/test_program.h"
 
 namespace corvane {

@@ -2,10 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "core/archive_sink.h"
-#include "core/directory_filter.h"
-#include "search/archive_readers.h"
+#include "core/walk/directory_filter.h"
 #include "search/search_task.h"
+#include "tests/support/archive_images.h"
 #include "tests/support/test_program.h"
 
 namespace corvane {
@@ -139,7 +138,7 @@ TEST(Walk, ShowsTheCountAndYieldsAtEachMultipleOf561) {
     texts shown;
     for (std::int64_t yield = 1; yield < 60; ++yield)
         p.screen.acts[yield] = [&] { shown.push_back(p.form.StatusBar1.panel(1)); };
-    walk_directories(p.form, {});
+    walk_directories(p.form);
     EXPECT_EQ(shown, (texts{"561", "1122"}));
 }
 
@@ -154,7 +153,7 @@ TEST(Walk, DirectoriesThatVanishOrGrowMeanwhileAreSurvived) {
         p.files.erase("/d/b/f");
         p.files.add_file("/d/c/new");
     };
-    walk_directories(p.form, {});
+    walk_directories(p.form);
     EXPECT_EQ(p.state.walk_count, 602);
 }
 
@@ -165,7 +164,7 @@ TEST(Walk, ThePathInTheStatusBarChangesOnlyAfterMoreThan100NewFiles) {
     p.files.add_file("/d/c/f");
     p.state.scan_archives = 0;
     p.select({"/d/a", "/d/b", "/d/c"});
-    walk_directories(p.form, {});
+    walk_directories(p.form);
     EXPECT_EQ(p.form.StatusBar1.panel(2), "正在搜索/d/b/");
 }
 
@@ -175,7 +174,7 @@ TEST(Walk, TakesARejectedFileIntoAccountForItsYield) {
     p.state.exclude_type_length = 5;
     for (int i = 0; i < 4; ++i) p.files.add_file("/d/" + std::to_string(i) + ".tmp");
     p.select({"/d"});
-    walk_directories(p.form, {});
+    walk_directories(p.form);
     EXPECT_EQ(p.screen.yields, 4);  // the count stands at 0, a multiple
 }
 
@@ -231,10 +230,10 @@ TEST(SkipDirectory, AHiddenRecyclerAtTheTopOfADriveIsPassedOver) {
     p.files.add_directory("E:\\RECYCLER");
     p.files.add_directory("D:\\DATA\\RECYCLER").hidden = true;
     p.files.add_directory("D:\\recycled").hidden = true;
-    EXPECT_TRUE(skip_directory(p.form, "D:\\RECYCLER\\"));
-    EXPECT_TRUE(skip_directory(p.form, "D:\\recycled\\"));
-    EXPECT_FALSE(skip_directory(p.form, "E:\\RECYCLER\\"));
-    EXPECT_FALSE(skip_directory(p.form, "D:\\DATA\\RECYCLER\\"));
+    EXPECT_TRUE(skip_directory(p.form.outside.files, p.form.state.exclude_dir_text, "D:\\RECYCLER\\"));
+    EXPECT_TRUE(skip_directory(p.form.outside.files, p.form.state.exclude_dir_text, "D:\\recycled\\"));
+    EXPECT_FALSE(skip_directory(p.form.outside.files, p.form.state.exclude_dir_text, "E:\\RECYCLER\\"));
+    EXPECT_FALSE(skip_directory(p.form.outside.files, p.form.state.exclude_dir_text, "D:\\DATA\\RECYCLER\\"));
 }
 
 TEST(SkipDirectory, TheDesktopsTrashIsPassedOver) {
@@ -253,58 +252,42 @@ TEST(Walk, WorksWithBackslashesUnchanged) {
     EXPECT_EQ(p.listed(), texts{"D:\\data\\s\\f.txt"});
 }
 
-struct archive_calls {
-    archive_readers readers;
-    texts calls;
-    archive_calls() {
-        readers.read_zip = [this](Tavrel&, const std::string& path, archive_sink& sink) {
-            calls.push_back("zip " + path);
-            archive_record record;
-            record.name = "in.txt";
-            record.crc_text = "00C0FFEE";
-            record.length = 77;
-            return sink.take(record);
-        };
-        readers.read_rar = [this](Tavrel&, const std::string& path, archive_sink&) {
-            calls.push_back("rar " + path);
-            return true;
-        };
-    }
-};
+// A ZIP with one member, listed as "<path>*in.txt*00C0FFEE*77".
+std::string one_member_zip(const std::string& comment = {}) {
+    return zip_image({{.name = "in.txt", .crc = 0x00C0FFEE, .size = 77, .comment = comment}});
+}
 
 TEST(Archives, AreReadOnlyWhileTheOptionIsOn) {
     test_program p;
-    archive_calls archives;
-    p.files.add_file("/d/a.ZIP");
-    p.files.add_file("/d/b.rar");
+    p.files.add_file("/d/a.ZIP", one_member_zip());
+    p.files.add_file("/d/b.rar", rar_image({{.name = "r.txt", .crc = 0x1234, .size = 5, .data = "hello"}}));
     p.select({"/d"});
-    list_files(p.form, archives.readers);
-    EXPECT_TRUE(archives.calls.empty());
+    list_files(p.form);
+    EXPECT_EQ(p.files.total_opened(), 0);
+    EXPECT_EQ(p.listed(), (texts{"/d/a.ZIP", "/d/b.rar"}));
     p.state.scan_archives = 1;
-    list_files(p.form, archives.readers);
-    EXPECT_EQ(archives.calls, (texts{"zip /d/a.ZIP", "rar /d/b.rar"}));
-    EXPECT_EQ(p.listed(), (texts{"/d/a.ZIP", "/d/a.ZIP*in.txt*00C0FFEE*77", "/d/b.rar"}));
+    list_files(p.form);
+    EXPECT_EQ(p.listed(),
+              (texts{"/d/a.ZIP", "/d/a.ZIP*in.txt*00C0FFEE*77", "/d/b.rar", "/d/b.rar*r.txt*00001234*5"}));
 }
 
 TEST(Archives, AnExcludedArchiveStillAddsItsEntries) {
     test_program p;
-    archive_calls archives;
-    p.files.add_file("/d/a.zip");
+    p.files.add_file("/d/a.zip", one_member_zip());
     p.select({"/d"});
     p.state.scan_archives = 1;
     p.state.exclude_type_text = ".ZIP ";
     p.state.exclude_type_length = 5;
-    list_files(p.form, archives.readers);
+    list_files(p.form);
     EXPECT_EQ(p.listed(), texts{"/d/a.zip*in.txt*00C0FFEE*77"});
 }
 
 TEST(Archives, TheDisplayListIsCutAndKeepsRepeats) {
     test_program p;
-    archive_calls archives;
-    p.files.add_file("/d/a.zip");
+    p.files.add_file("/d/a.zip", one_member_zip());
     p.select({"/d"});
     p.state.scan_archives = 1;
-    picture2_Click(p.form, archives.readers);
+    picture2_Click(p.form);
     EXPECT_EQ(p.stored_lines("文件清单.txt"), (texts{"/d/a.zip", "/d/a.zip*in.txt*00C0FFEE*77"}));
     EXPECT_EQ(p.stored_lines("temp.txt"), (texts{"/d/a.zip", "/d/a.zip"}));
     EXPECT_EQ(p.form.RichTextBox2.path(), "/prog/temp.txt");
@@ -324,18 +307,13 @@ TEST(Archives, TheErrorReportIsEmptiedByEverySearchAndHeadedWhileTheOptionIsOn) 
 
 TEST(Archives, AReportWithErrorsGetsTheAdviceAndIsOpened) {
     test_program p;
-    archive_readers readers;
-    readers.read_zip = [](Tavrel&, const std::string&, archive_sink& sink) {
-        sink.report("bad");
-        return false;
-    };
-    p.files.add_file("/d/a.zip");
+    p.files.add_file("/d/a.zip", one_member_zip("a comment"));
     p.select({"/d"});
     p.state.scan_archives = 1;
-    walk_directories(p.form, readers);
+    walk_directories(p.form);
     EXPECT_EQ(p.stored_lines("err.txt"),
-              (texts{"压缩包错误清单", "bad", "", "压缩包错误的验证方法", "1.选中所列的一个文件", "2.复制",
-                     "3.放在地址栏,或者贴到 <开始\\运行>,回车,即可运行."}));
+              (texts{"压缩包错误清单", "/d/a.zip  *in.txt   有附加的信息,可疑", "", "压缩包错误的验证方法",
+                     "1.选中所列的一个文件", "2.复制", "3.放在地址栏,或者贴到 <开始\\运行>,回车,即可运行."}));
     EXPECT_EQ(p.desktop.calls, texts{"open /prog/err.txt"});
 }
 

@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "core/checksum.h"
+#include "core/archives/checksum.h"
 
 namespace corvane {
 

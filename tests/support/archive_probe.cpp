@@ -1,9 +1,9 @@
 #include "tests/support/archive_probe.h"
 
-#include "core/archive_entry.h"
-#include "core/archive_input.h"
-#include "core/rar_reader.h"
-#include "core/zip_reader.h"
+#include "core/archives/archive_entry.h"
+#include "core/archives/archive_input.h"
+#include "core/archives/rar_reader.h"
+#include "core/archives/zip_reader.h"
 #include "search/walk_output.h"
 
 namespace corvane {
@@ -50,10 +50,11 @@ std::string archive_probe::read(std::string bytes) {
     std::string error;
     line_writer report(program_.files.overwrite_file("/prog/err.txt", error), error);
     walk_output output(state, report);
+    const archive_context context{program_.files, program_.encodings, state};
     if (least_member_ == 1)
-        read_rar(program_.form, path_, output);
+        read_rar(context, path_, output);
     else
-        read_zip(program_.form, path_, output);
+        read_zip(context, path_, output);
     report.finish();
 
     if (program_.files.open_now != 0) return "left open";

@@ -1,0 +1,158 @@
+#include "core/model/list_view.h"
+
+#include <algorithm>
+
+namespace corvane {
+
+namespace {
+std::size_t at(std::int32_t row) {
+    return static_cast<std::size_t>(row - 1);
+}
+std::size_t index_of(int column) {
+    return static_cast<std::size_t>(column);
+}
+}  // namespace
+
+void list_view::clear_columns() {
+    columns_.clear();
+    cells_.clear();
+    row_count_ = 0;
+    selected_row = 0;
+    ++layout_revision_;
+}
+
+void list_view::add_column(list_column column) {
+    columns_.push_back(std::move(column));
+    columns_.back().width = std::max(columns_.back().width, 0);
+    column_cells cells;
+    if (columns_.back().content == cell_content::number)
+        cells.numbers.resize(static_cast<std::size_t>(row_count_));
+    else
+        cells.texts.resize(row_count_);
+    cells_.push_back(std::move(cells));
+    ++layout_revision_;
+}
+
+void list_view::set_column_width(int column, int twips) {
+    list_column& target = columns_[index_of(column)];
+    twips = std::max(twips, 0);
+    if (target.width == twips) return;
+    target.width = twips;
+    ++layout_revision_;
+}
+
+void list_view::share_texts(int column, const text_column& source) {
+    text_column& texts = cells_[index_of(column)].texts;
+    texts.clear_and_share(source);
+    texts.resize(row_count_);
+}
+
+void list_view::clear_rows() {
+    for (column_cells& cells : cells_) cells = column_cells();
+    row_count_ = 0;
+    selected_row = 0;
+    ++layout_revision_;
+}
+
+void list_view::reserve_rows(std::int32_t count) {
+    for (std::size_t column = 1; column < cells_.size(); ++column) {
+        if (columns_[column].content == cell_content::number)
+            cells_[column].numbers.reserve(static_cast<std::size_t>(count));
+        else
+            cells_[column].texts.reserve(count);
+    }
+}
+
+std::int32_t list_view::add_row() {
+    ++row_count_;
+    for (std::size_t column = 1; column < cells_.size(); ++column) {
+        column_cells& cells = cells_[column];
+        if (columns_[column].content == cell_content::number)
+            cells.numbers.push_back(0);
+        else
+            cells.texts.resize(row_count_);
+        if (!cells.colours.empty()) cells.colours.push_back(cell_colour::colour_text);
+    }
+    ++layout_revision_;
+    return row_count_;
+}
+
+void list_view::set_text(std::int32_t row, int column, std::string_view words) {
+    cells_[index_of(column)].texts.set(row, words);
+    ++cell_revision_;
+}
+
+void list_view::set_shared_text(std::int32_t row, int column, const char* entry) {
+    cells_[index_of(column)].texts.set_entry(row, entry);
+    ++cell_revision_;
+}
+
+void list_view::set_number(std::int32_t row, int column, std::int64_t number) {
+    cells_[index_of(column)].numbers[at(row)] = number;
+    ++cell_revision_;
+}
+
+void list_view::reorder(const std::vector<std::int32_t>& order) {
+    for (column_cells& cells : cells_) {
+        if (!cells.numbers.empty()) {
+            std::vector<std::int64_t> numbers;
+            numbers.reserve(cells.numbers.size());
+            for (const std::int32_t row : order) numbers.push_back(cells.numbers[at(row)]);
+            cells.numbers = std::move(numbers);
+        }
+        if (!cells.colours.empty()) {
+            std::vector<std::uint32_t> colours;
+            colours.reserve(cells.colours.size());
+            for (const std::int32_t row : order) colours.push_back(cells.colours[at(row)]);
+            cells.colours = std::move(colours);
+        }
+        std::vector<const char*>& entries = cells.texts.entries();
+        if (entries.size() == order.size() + 1) {
+            const std::vector<const char*> old = entries;
+            for (std::size_t n = 0; n < order.size(); ++n)
+                entries[n + 1] = old[static_cast<std::size_t>(order[n])];
+        }
+    }
+    if (selected_row > 0) {
+        const auto found = std::find(order.begin(), order.end(), selected_row);
+        selected_row = found == order.end() ? 0 : static_cast<std::int32_t>(found - order.begin()) + 1;
+    }
+    ++cell_revision_;
+}
+
+std::string list_view::cell(std::int32_t row, int column) const {
+    if (column == 0) return {};
+    if (columns_[index_of(column)].content == cell_content::number)
+        return std::to_string(number_cell(row, column));
+    return std::string(text_cell(row, column));
+}
+
+std::string_view list_view::text_cell(std::int32_t row, int column) const {
+    return cells_[index_of(column)].texts[row];
+}
+
+const char* list_view::text_entry(std::int32_t row, int column) const {
+    return cells_[index_of(column)].texts.entry(row);
+}
+
+std::int64_t list_view::number_cell(std::int32_t row, int column) const {
+    return cells_[index_of(column)].numbers[at(row)];
+}
+
+std::uint32_t list_view::colour(std::int32_t row, int column) const {
+    const std::vector<std::uint32_t>& colours = cells_[index_of(column)].colours;
+    return colours.empty() ? cell_colour::colour_text : colours[at(row)];
+}
+
+void list_view::set_colour(std::int32_t row, int column, std::uint32_t colour) {
+    std::vector<std::uint32_t>& colours = cells_[index_of(column)].colours;
+    if (colours.empty()) {
+        if (colour == cell_colour::colour_text) return;
+        colours.reserve(cells_[index_of(column)].texts.entries().capacity());
+        colours.resize(static_cast<std::size_t>(row_count_), cell_colour::colour_text);
+    }
+    colours[at(row)] = colour;
+    ++cell_revision_;
+}
+
+}  // namespace corvane

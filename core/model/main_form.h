@@ -1,0 +1,107 @@
+// The main form: its controls, the run state, the ports and the table of handlers. Every task is a procedure
+// over this one object. A lower folder reaches a task of a higher one by its handler's name, never by an
+// include.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "core/model/form_model.h"
+#include "core/model/list_view.h"
+#include "core/model/main_layout.h"
+#include "core/model/run_state.h"
+#include "core/model/task_hover.h"
+#include "core/model/window_follow.h"
+#include "platform/ports.h"
+
+namespace corvane {
+
+// Value of mouse_pointer while a click opens a help topic in place of running the task.
+constexpr int help_pointer = 14;
+
+class Tavrel : public form_model {
+  public:
+    // `program_dir` ends in the separator. The ports outlive the form.
+    Tavrel(ports outside, std::string program_dir);
+
+    run_state state;
+    ports outside;
+    int mouse_pointer = 0;
+
+    // Pictures 1 to 8 are the task pictures; 0 is not used.
+    std::array<control*, 9> pictures{};
+    std::array<control*, 9> labels{};  // Label3(0) to Label3(8)
+    control& Picture11;
+    status_bar& StatusBar1;
+    list_view& ListView1;
+    list_box& listleft;
+    list_box& List1;
+    text_pane& RichTextBox2;
+    colour_bar& pic_gressbar1;
+    control& Command28;
+    control& Label4;
+    control& Frame4;
+    control& Picture10;
+    control& samefile_disp1;
+    control& samefile_disp2;
+    control& Text3;  // "目录层数" of the export frame
+    control& Text4;  // "不导出的后缀类型" of the export frame
+    control& Frame_err;
+    control& txt_disp_err_file;
+    control& Check1;  // "比对时避开该文件"
+    control& Command46;
+    control& Command47;
+    control& Frame1;  // "[文件2]栏按序号删除": opens and closes
+    control& Text1;
+    control& Text2;
+    control& Command7;
+    control& Command26;
+    control& Splitter;
+    control& tiptext;
+    timer_control& Timer2;
+    control& debug_err;  // menu check "追错"
+
+    // The other windows of the program, in the order in which they were announced. Not owned.
+    void add_child(form_model& child) { children_.push_back(&child); }
+    const std::vector<form_model*>& children() const { return children_; }
+    form_model* child(std::string_view name) const;
+
+    // What the handlers of ListView1 are called for; filled before the call.
+    list_pointer list_event;
+    // A menu that is to pop up at the pointer, by its top entry; the front end shows it and empties the name.
+    std::string popup_menu;
+
+    main_layout layout;
+    hover_state hover;
+    follow_state follow;
+
+    // Handlers are found by their stated names, without case in a-z.
+    void bind(std::string_view handler, std::function<void()> procedure);
+    bool has_handler(std::string_view handler) const;
+    // Runs a handler; false when no such handler is bound.
+    bool run(std::string_view handler);
+
+    std::string data_path(std::string_view file_name) const {
+        std::string path = state.program_dir;
+        return path.append(file_name);
+    }
+    void panel(int number, std::string words) { StatusBar1.panel(number) = std::move(words); }
+    void yield() { outside.screen.yield(); }
+
+    // Shows a box titled "提示". The short form is for what only informs.
+    void inform(const std::string& words, int context = 1000);
+    // For what could not be done; counts as a failure of the run.
+    void complain(const std::string& words, int context = 1000, bool help_button = false);
+    // Yes/No under the title "提示".
+    bool confirm(const std::string& words);
+
+  private:
+    std::unordered_map<std::string, std::function<void()>> handlers_;
+    std::vector<form_model*> children_;
+};
+
+}  // namespace corvane
