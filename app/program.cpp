@@ -37,13 +37,13 @@ constexpr char version[] = "1.0.0";  // major, minor, revision
 // Drops selected directories that are gone; the others move up in order.
 void check_selected_directories(Tavrel& form) {
     run_state& state = form.state;
-    std::vector<std::string> kept{std::string()};
+    column<std::string> kept;
     for (std::int16_t i = 1; i <= state.selected_dir_count; ++i) {
-        const std::string& directory = state.selected_dirs[static_cast<std::size_t>(i)];
+        const std::string& directory = state.selected_dirs[i];
         if (path_exists(form.outside.files, directory)) kept.push_back(directory);
     }
     state.selected_dirs = std::move(kept);
-    state.selected_dir_count = static_cast<std::int16_t>(state.selected_dirs.size() - 1);
+    state.selected_dir_count = static_cast<std::int16_t>(state.selected_dirs.size());
 }
 
 }  // namespace

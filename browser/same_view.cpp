@@ -61,7 +61,7 @@ bool read_rows(Tavrel& form, line_reader& reader) {
     text_column& files2 = state.result_file2;
     files1.clear();
     files2.clear_and_share(files1);
-    state.result_length.assign(1, 0);
+    state.result_length.clear();
     std::string_view line;
     std::string length, path1;
     std::int32_t i = 0;
@@ -163,13 +163,13 @@ void sort_result_rows(Tavrel& form, std::int32_t low, std::int32_t high) {
     std::vector<std::int64_t> lengths(rows.size());
     for (std::size_t n = 0; n < rows.size(); ++n) {
         files2[n] = state.result_file2.entry(rows[n].row);
-        lengths[n] = state.result_length[static_cast<std::size_t>(rows[n].row)];
+        lengths[n] = state.result_length[rows[n].row];
     }
     for (std::size_t n = 0; n < rows.size(); ++n) {
         const std::int32_t i = low + static_cast<std::int32_t>(n);
         state.result_file1.set_entry(i, rows[n].entry);
         state.result_file2.set_entry(i, files2[n]);
-        state.result_length[static_cast<std::size_t>(i)] = lengths[n];
+        state.result_length[i] = lengths[n];
     }
 }
 
@@ -188,7 +188,7 @@ void fill_same_rows(Tavrel& form) {
     std::string_view previous;
     for (std::int32_t i = 1; i <= state.same_count; ++i) {
         form.yield();
-        const std::int64_t length = state.result_length[static_cast<std::size_t>(i)];
+        const std::int64_t length = state.result_length[i];
         const std::string_view path1 = state.result_file1[i];
         const std::int32_t row = list.add_row();
         list.set_number(row, 1, i);
@@ -213,7 +213,7 @@ void fill_same_rows(Tavrel& form) {
     // The columns share their texts with the cells, so reading back is taking over the entries.
     state.same_count = list.row_count();
     for (std::int32_t row = 1; row <= state.same_count; ++row) {
-        state.result_length[static_cast<std::size_t>(row)] = list.number_cell(row, 2);
+        state.result_length[row] = list.number_cell(row, 2);
         state.result_file1.set_entry(row, list.text_entry(row, 3));
         state.result_file2.set_entry(row, list.text_entry(row, 4));
     }

@@ -71,7 +71,7 @@ void fill_rows(Tavrel& form, const filter_words& words, const std::unordered_set
         const std::string_view path1 = state.result_file1[i];
         const bool listed = test.is_listed(path1) || test.is_listed(state.result_file2[i]);
         if (listed != words.shows_listed) continue;
-        const std::int64_t length = state.result_length[static_cast<std::size_t>(i)];
+        const std::int64_t length = state.result_length[i];
         const std::int32_t row = list.add_row();
         list.set_number(row, 1, i);
         list.set_number(row, 2, length);

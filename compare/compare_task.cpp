@@ -19,6 +19,8 @@ namespace corvane {
 
 namespace {
 
+constexpr std::int32_t files_per_status = 813;
+
 // The list in memory, or the stored one. False: there is none, and the user has been told, or the program
 // ends.
 bool take_file_list(Tavrel& form) {
@@ -37,6 +39,59 @@ bool take_file_list(Tavrel& form) {
     return false;
 }
 
+bool load_history(Tavrel& form) {
+    const history_reading reading = {[&form](std::int32_t rows) {
+                                         form.panel(7, "查相同文件_预处理");
+                                         bar_colours(form, 128, 65535, 0xF5F9EC);
+                                         bar_scale(form, rows);
+                                         form.pic_gressbar1.visible = true;
+                                     },
+                                     [&form](std::int32_t row) {
+                                         bar_draw(form, row);
+                                         show_elapsed(form);
+                                         form.yield();
+                                         return !form.state.quit_requested;
+                                     }};
+    if (!read_history(form.outside.files, form.state, form.state.limits.files, reading)) return false;
+    if (form.state.history_count > 0) form.pic_gressbar1.visible = false;
+    return true;
+}
+
+void show_bytes(Tavrel& form) {
+    form.panel(2, "字节:" + group_digits(form.state.total_bytes) + form.state.size_unit);
+}
+
+bool check_attributes(Tavrel& form, bool& members_seen) {
+    run_state& state = form.state;
+    const auto reaches = [&](std::int32_t i) {
+        if (i % files_per_status == 0) {
+            bar_draw(form, i);
+            show_bytes(form);
+            show_elapsed(form);
+        }
+        form.yield();
+        return !state.quit_requested;
+    };
+    if (!refresh_attributes(form.outside.files, state, state, members_seen, reaches)) return false;
+    form.panel(7, "核对属性完毕");
+    scale_size(state.total_bytes, state.size_unit);
+    show_bytes(form);
+    return true;
+}
+
+bool store_history(Tavrel& form) {
+    run_state& state = form.state;
+    // Forgets files that are gone, on about one run in sixty.
+    if (form.outside.screen.now().second % 60 == 1)
+        purge_history(form.outside.files, state, [&form] { form.yield(); });
+    bar_colours(form, 128, 65535, 0xF5F9EC);
+    bar_scale(form, state.file_count);
+    std::string error;
+    if (merge_history(form.outside.files, state, state, error)) return true;
+    report_write_failure(form, state.history_path, error);
+    return false;
+}
+
 // Up to the first file of the comparison. False when quit_requested was met.
 bool prepare(Tavrel& form) {
     run_state& state = form.state;
@@ -52,16 +107,17 @@ bool prepare(Tavrel& form) {
     form.panel(7, "查相同文件_核对属性");
     bar_colours(form, 255, 0x6AC4C1, 0xCFCFCF);
     bar_scale(form, state.file_count - 1);
-    size_columns(form);
+    size_columns(state, state);
     form.yield();
 
     bool members_seen = false;
-    if (!refresh_attributes(form, members_seen)) return false;
+    if (!check_attributes(form, members_seen)) return false;
     if (!state.list_sorted_flag) Command18_Click(form);
     state.list_sorted_flag = -1;
-    if (members_seen) take_member_signatures(form);
-    reuse_history(form);
-    if (state.same_suffix_only) fill_suffix_column(form);
+    if (members_seen) take_member_signatures(state);
+    form.panel(7, "核对文件历史数据");
+    reuse_history(state, state);
+    if (state.same_suffix_only) fill_suffix_column(state);
     return true;
 }
 
@@ -85,7 +141,7 @@ bool store_results(Tavrel& form) {
     form.Label4.visible = false;
     state.same_fresh_flag = -1;
     bool written = write_same_files(form) && write_different_files(form);
-    if (written && state.file_count > history_threshold) written = merge_history(form);
+    if (written && state.file_count > history_threshold) written = store_history(form);
     form.pic_gressbar1.visible = false;
     form.Command28.visible = false;
     return written;
@@ -112,7 +168,7 @@ void Picture3_Click(Tavrel& form) {
     state.base_time = form.outside.screen.seconds();
     if (!take_file_list(form)) return;
 
-    blank_avoided_files(form);
+    state.search_upper_bound = blank_avoided_files(state, state, state.search_upper_bound);
     lock_tasks(form);
     if (!prepare(form)) return;
     set_up_comparison(form);
@@ -148,9 +204,8 @@ void Command18_Click(Tavrel& form) {
     // A view lays its rows over file_list, and before a comparison there are no columns: nothing to order
     // then.
     const run_state& state = form.state;
-    const std::size_t size = static_cast<std::size_t>(state.file_count) + 1;
-    if (state.file_list.size() == state.file_count && state.file_date_hi.size() == size &&
-        state.file_len.size() == size)
+    if (state.file_list.size() == state.file_count && state.file_date_hi.size() == state.file_count &&
+        state.file_len.size() == state.file_count)
         sort_by_length_and_name(form.state);
 }
 

@@ -155,8 +155,7 @@ void search_repeat_dir_name_Click(Tavrel& form) {
     if (count == 0) return unlock_tasks(form);
     text_column directories;
     directories.reserve(count);
-    for (std::int32_t k = 1; k <= count; ++k)
-        directories.push_back(state.dir_queue[static_cast<std::size_t>(k)]);
+    for (std::int32_t k = 1; k <= count; ++k) directories.push_back(state.dir_queue[k]);
     bar_scale(form, count);
     const bool complete = find_pairs(form, directories, count, directory_name_of, "查同名目录");
     if (state.quit_requested) return;

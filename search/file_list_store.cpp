@@ -66,7 +66,7 @@ void Command21_Click(Tavrel& form) {
         form.run("Picture1_Click");
         return;
     }
-    state.file_len.assign(static_cast<std::size_t>(state.file_count) + 1, 0);
+    state.file_len.assign(state.file_count, 0);
     form.ListView1.visible = false;
     form.RichTextBox2.visible = true;
     form.RichTextBox2.load_file(path);
