@@ -5,7 +5,12 @@
 #include "browser/list_find.h"
 #include "browser/list_marks.h"
 #include "browser/list_menu.h"
+#include "browser/list_sort.h"
+#include "browser/list_views.h"
+#include "browser/row_panel.h"
+#include "browser/same_store.h"
 #include "browser/same_view.h"
+#include "browser/type_filter.h"
 #include "core/model/main_form.h"
 
 namespace corvane {
@@ -13,8 +18,7 @@ namespace corvane {
 namespace {
 
 void result_refresh_Click(Tavrel& form) {
-    if (form.state.list_mode == 0) load_same_view(form);
-    if (form.state.list_mode == 1) form.call(handlers::show_empty_directories);
+    if (const handler_name* refresh = shown_view(form).refresh) form.call(*refresh);
 }
 
 }  // namespace

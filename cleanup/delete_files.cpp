@@ -2,7 +2,8 @@
 
 #include <string>
 
-#include "browser/same_view.h"
+#include "browser/list_views.h"
+#include "browser/same_store.h"
 #include "cleanup/deletion_run.h"
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
@@ -87,11 +88,12 @@ void run_deletion(Tavrel& form, deletion_road road, const char* words, const cha
 }  // namespace
 
 void delete_marked_recycle(Tavrel& form) {
-    if (form.state.list_mode == 1) {
+    const deletion_rule deletes = shown_view(form).deletes;
+    if (deletes == deletion_rule::empty_directories) {
         form.call(handlers::delete_empty_directories);
         return;
     }
-    if (form.state.list_mode == 3) return form.inform("因文件内容不一定相同,请在资源管理器中选择删除");
+    if (deletes == deletion_rule::left_to_file_manager) return form.inform(names_are_not_contents);
     if (help_mode_opens(form, 20) || !has_result(form)) return;
     const task_scope task(form);
     if (!form.confirm("将所选定的文件放入回收站吗?\r\n    Y 放入回收站\r\n    N 直接删除"))
@@ -100,7 +102,7 @@ void delete_marked_recycle(Tavrel& form) {
 }
 
 void delete_marked_direct(Tavrel& form) {
-    if (form.state.list_mode != 0) {
+    if (shown_view(form).deletes != deletion_rule::files) {
         form.inform("非相同文件状态,不能删除");
         return;
     }

@@ -62,7 +62,9 @@ TEST(TaskScope, TheViewAtTheEndOfAComparisonDoesNotUnlockIt) {
     p.files.add_file("/d/a", "x");
     p.files.add_file("/d/b", "x");
     p.screen.on_message = [&](const message& shown) {
-        if (shown.title == "检查同内容文件完毕") EXPECT_TRUE(tasks_locked(p.form));
+        if (shown.title == "检查同内容文件完毕") {
+            EXPECT_TRUE(tasks_locked(p.form));
+        }
     };
     p.compare({"/d"});
     EXPECT_EQ(p.screen.messages.size(), 1u);
@@ -74,6 +76,7 @@ TEST(TaskScope, AWriteThatFailsFreesTheTasksAndHidesBarAndButton) {
         test_program p;
         p.files.add_file("/d/a", "x");
         p.files.add_file("/d/b", "x");
+        p.files.add_file("/d/c", "another");
         p.files.write_failure_path = std::string("/prog/") + store;
         p.compare({"/d"});
         EXPECT_EQ(p.last_message(), p.files.write_failure_path + "\r\ndisk full");
