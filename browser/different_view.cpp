@@ -10,6 +10,7 @@
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/date_text.h"
 #include "core/text/text_case.h"
 #include "core/text/text_file.h"
@@ -91,7 +92,7 @@ void Picture11_Click(Tavrel& form) {
     form.panel(5, "不相同文件数:" + std::to_string(state.different_count));
     form.panel(7, "显示不相同文件");
     if (state.different_count == 0) return form.inform("没有不相同文件");
-    lock_tasks(form);
+    const task_scope task(form);
     form.ListView1.clear_rows();
     form.ListView1.visible = false;
     set_headers(form);
@@ -110,7 +111,6 @@ void Picture11_Click(Tavrel& form) {
     layout_list(form);
     form.pic_gressbar1.visible = false;
     show_elapsed(form);
-    unlock_tasks(form);
 }
 
 }  // namespace corvane

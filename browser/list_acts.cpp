@@ -132,12 +132,12 @@ void ListView1_DblClick(Tavrel& form) {
 void ListView1_KeyDown(Tavrel& form) {
     const list_pointer& event = form.list_event;
     if (event.key_code == key_f3) {
-        form.run("again_search");
+        form.start(handlers::find_again);
     } else if (event.key_code == key_f && event.ctrl && !event.shift) {
-        form.run("search_in_result");
+        form.start(handlers::find_in_list);
     } else if (event.key_code == key_delete && !event.ctrl && !event.shift) {
-        if (form.state.list_mode == 0) form.run("delete_marked_recycle");
-        if (form.state.list_mode == 1) form.run("Picture8_Click");
+        if (form.state.list_mode == 0) form.start(handlers::delete_marked_files);
+        if (form.state.list_mode == 1) form.start(handlers::delete_empty_directories);
         if (form.state.list_mode == 3) form.inform("因文件内容不一定相同,请在资源管理器中选择删除");
     }
 }

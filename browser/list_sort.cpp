@@ -77,7 +77,7 @@ void ListView1_ColumnClick(Tavrel& form) {
     list_view& list = form.ListView1;
     const int clicked = form.list_event.column;
     // A task that works on the rows, like a deletion, counts on their order.
-    if (tasks_locked(form)) return;
+    if (form.task_runs()) return;
     if (state.list_mode == 4 || clicked < 0 || clicked >= list.column_count()) return;
     const std::string header = list.columns()[static_cast<std::size_t>(clicked)].header;
     state.sort_descending = header == state.last_sort_column ? -1 : 0;

@@ -9,6 +9,7 @@
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_file.h"
 #include "core/text/text_format.h"
 #include "core/text/text_sort.h"
@@ -117,11 +118,10 @@ void load_same_view(Tavrel& form) {
 
     line_reader reader(form.outside.files, state.same_file_path);
     if (!reader.is_open()) return reject_load(form);
-    lock_tasks(form);
+    task_scope task(form);
     std::string_view line;
     if (!reader.next(line)) {
-        reject_load(form);
-        return unlock_tasks(form);
+        return reject_load(form);
     }
     state.same_count = 0;
     if (reader.next(line))
@@ -136,8 +136,7 @@ void load_same_view(Tavrel& form) {
     if (!complete) state.same_count = state.limits.result_rows;
     form.pic_gressbar1.draw(state.same_count);
     if (state.same_count == 0) {
-        reject_load(form);
-        return unlock_tasks(form);
+        return reject_load(form);
     }
     sort_result_rows(form, 1, state.same_count);
     form.ListView1.visible = false;
@@ -147,7 +146,7 @@ void load_same_view(Tavrel& form) {
     form.panel(7, "显示相同文件");
     form.ListView1.visible = true;
     form.pic_gressbar1.visible = false;
-    unlock_tasks(form);
+    task.close();
     state.same_fresh_flag = 0;
     if (!complete) form.complain("相同文件太多，只显示前 " + std::to_string(state.same_count) + " 条。");
 }

@@ -8,6 +8,7 @@
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_format.h"
 
 namespace corvane {
@@ -102,7 +103,7 @@ void Picture8_Click(Tavrel& form) {
     if (state.empty_dir_count == 0) return form.complain("没有选中的要删除的空目录,请重选");
     // The options window stores 1 for a check: the question is kept for a setting that says -1.
     if (state.delete_prompt_on == -1 && !form.confirm("空目录放入回收站吗？")) return;
-    lock_tasks(form);
+    const task_scope task(form);
     bar_scale(form, list.row_count());
     form.pic_gressbar1.visible = true;
     form.panel(5, "已删除:0");
@@ -126,7 +127,6 @@ void Picture8_Click(Tavrel& form) {
     form.pic_gressbar1.visible = false;
     show_elapsed(form);
     report(form, count);
-    unlock_tasks(form);
 }
 
 void del_dir_Click(Tavrel& form) {

@@ -7,6 +7,7 @@
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_file.h"
 #include "core/text/text_sort.h"
 
@@ -110,11 +111,8 @@ void show_directories(Tavrel& form) {
 
 void Picture7_Click(Tavrel& form) {
     if (help_mode_opens(form, 39)) return;
-    // At the end of a search the task is that of the search, which unlocks it.
-    const bool inside_search = tasks_locked(form);
-    if (!inside_search) lock_tasks(form);
+    const task_scope task(form);
     show_directories(form);
-    if (!inside_search && !form.state.quit_requested) unlock_tasks(form);
 }
 
 }  // namespace corvane

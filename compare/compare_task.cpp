@@ -13,6 +13,7 @@
 #include "core/tasks/error_trail.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_format.h"
 
 namespace corvane {
@@ -27,7 +28,7 @@ bool take_file_list(Tavrel& form) {
     run_state& state = form.state;
     if (!state.file_list_loaded) {
         form.panel(7, "查相同文件_读暂存文件清单");
-        form.run("Command21_Click");
+        form.call(handlers::read_file_list);
         form.panel(7, "查相同文件");
         // An empty list has been reported by the reader.
         if (state.file_count == 0) return false;
@@ -35,7 +36,7 @@ bool take_file_list(Tavrel& form) {
     if (state.quit_requested) return false;
     if (state.file_count > 0) return true;
     form.complain("没有文件，请重新选择目录", 1009, true);
-    form.run("Picture1_Click");
+    form.call(handlers::choose_directories);
     return false;
 }
 
@@ -169,7 +170,7 @@ void Picture3_Click(Tavrel& form) {
     if (!take_file_list(form)) return;
 
     state.search_upper_bound = blank_avoided_files(state, state, state.search_upper_bound);
-    lock_tasks(form);
+    task_scope task(form);
     if (!prepare(form)) return;
     set_up_comparison(form);
     const comparison_outcome outcome = compare_files(form);
@@ -179,19 +180,19 @@ void Picture3_Click(Tavrel& form) {
     const double elapsed = form.outside.screen.seconds() - state.base_time;
     const double base = state.base_time;
     show_elapsed(form);
-    form.run("load_same_view");
+    form.call(handlers::show_same_files);
     state.base_time = base;
     if (state.quit_requested) return;
     show_elapsed(form);
     form.panel(5, "");
     if (state.shutdown_after_task) {
-        unlock_tasks(form);
-        form.run("start_shutdown");
+        task.close();
+        form.call(handlers::start_shutdown);
         return;
     }
     write_run_record(form, state.file_count, static_cast<std::int32_t>(std::floor(elapsed)));
     show_closing_message(form, outcome.files_checked, elapsed);
-    unlock_tasks(form);
+    task.close();
     form.find("debug_err")->value = 0;
     state.error_trail_on = 0;
 }

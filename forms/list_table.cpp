@@ -140,7 +140,7 @@ void list_table::place_in_twips() {
 void list_table::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     place_in_twips();
-    form_.run("layout_list");
+    form_.call(handlers::lay_out_list);
     if (list_.layout_revision() == shown_layout_) return;
     taking_over_ = true;
     if (cells_->same_columns() && cells_->shown_rows() == list_.row_count()) {

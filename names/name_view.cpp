@@ -74,7 +74,7 @@ void show_names(Tavrel& form, const name_view& view) {
     list_view& list = form.ListView1;
     if (state.result_count == 0) {
         form.inform(view.no_pairs);
-        return unlock_tasks(form);
+        return;
     }
     list.clear_rows();
     list.clear_columns();
@@ -100,7 +100,6 @@ void show_names(Tavrel& form, const name_view& view) {
     form.panel(3, view.panel_word);
     form.panel(4, std::to_string(state.result_count) + view.unit);
     form.pic_gressbar1.visible = false;
-    unlock_tasks(form);
     state.same_fresh_flag = 0;
 }
 

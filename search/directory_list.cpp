@@ -106,8 +106,8 @@ bool directory_form::confirm_and_close(bool compare_next) {
 }
 
 void directory_form::cmd_dir_firm_Click() {
-    if (tasks_locked(main_)) return;
-    if (confirm_and_close(true)) main_.run("search_check_m_Click");
+    if (main_.task_runs()) return;
+    if (confirm_and_close(true)) main_.start(handlers::search_and_compare);
 }
 
 void directory_form::Command34_Click() {
