@@ -53,6 +53,10 @@ struct file_facts {
     std::int32_t date_low = 0;
     std::uint64_t link_count = 1;
     file_identity identity;
+    // In nanoseconds since 1970; 0 where the system does not tell. The change time also moves with rights,
+    // links and names, and cannot be set back.
+    std::int64_t modified_ns = 0;
+    std::int64_t changed_ns = 0;
 };
 
 enum class volume_kind { home, root, other };
@@ -68,7 +72,8 @@ struct file_access {
 // True when nothing tells that the file has changed between the two.
 inline bool same_state(const file_facts& a, const file_facts& b) {
     return a.exists == b.exists && a.identity == b.identity && a.length == b.length &&
-           a.date_high == b.date_high && a.date_low == b.date_low;
+           a.date_high == b.date_high && a.date_low == b.date_low && a.modified_ns == b.modified_ns &&
+           a.changed_ns == b.changed_ns;
 }
 
 // A place where a search can start.

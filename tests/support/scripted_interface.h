@@ -40,7 +40,7 @@ class scripted_interface : public user_interface {
         messages.push_back(shown);
         if (on_message) on_message(shown);
         if (shown.buttons == box_buttons::ok) return box_answer::ok;
-        if (answers.empty()) return box_answer::no;
+        if (answers.empty()) return box_answer::dismissed;
         const box_answer answer = answers.front();
         answers.pop_front();
         return answer;
