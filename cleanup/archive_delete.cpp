@@ -102,8 +102,7 @@ class archive_runs {
     }
 
     bool write_list(const std::vector<std::string>& lines) {
-        std::string error;
-        line_writer list(form_.outside.files.overwrite_file(list_path_, error), error);
+        line_writer list(form_.outside.files.overwrite_file(list_path_));
         for (const std::string& line : lines) list.line(line);
         if (list.finish()) return true;
         form_.complain(list_path_ + "\r\n" + list.error());
@@ -111,8 +110,7 @@ class archive_runs {
     }
 
     bool start_tool(const std::string& tool, const std::string& archive) {
-        std::string reason;
-        tool_ = form_.outside.desktop.start_process(tool_command(form_, tool, archive, list_path_), reason);
+        tool_ = form_.outside.desktop.start_process(tool_command(form_, tool, archive, list_path_)).object;
         return tool_ != nullptr;
     }
 

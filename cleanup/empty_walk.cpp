@@ -74,8 +74,7 @@ void empty_walk::enqueue(std::string directory) {
 bool empty_walk::list_one(const std::string& directory) {
     visited_.push_back(directory);
     marks_.push_back(entries());
-    std::string error;
-    const std::unique_ptr<directory_reader> reader = form_.outside.files.open_directory(directory, error);
+    const outcome_with<directory_reader> reader = form_.outside.files.open_directory(directory);
     if (!reader) {
         ++beside_;
         return true;

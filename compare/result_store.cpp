@@ -17,8 +17,7 @@ constexpr std::int32_t files_per_status = 1000;
 bool write_same_files(Tavrel& form) {
     run_state& state = form.state;
     if (state.result_count == 0) {
-        std::string ignored;
-        form.outside.files.remove_data_file(state.same_file_path, ignored);
+        form.outside.files.remove_data_file(state.same_file_path);
         return true;
     }
     bar_colours(form, 255, 0x400040, 0xC0C0C0);

@@ -67,8 +67,7 @@ class directory_name_walk {
             with_separator(std::exchange(state_.dir_queue[read_index], {}), form_.outside.files.separator());
         if (skip_directory(form_.outside.files, form_.state.exclude_dir_text, directory)) return;
         state_.dir_queue[++found_] = directory;
-        std::string error;
-        const std::unique_ptr<directory_reader> reader = files_.open_directory(directory, error);
+        const outcome_with<directory_reader> reader = files_.open_directory(directory);
         if (reader) {
             links_.note_listed(reader->identity());
             take_entries(*reader, directory);

@@ -246,9 +246,9 @@ void options_form::Check1_Click() {
 void options_form::open_file_manager() {
     const std::string& last = main_.state.current_dir;
     const std::string root = main_.outside.files.separator() == '\\' ? "c:\\" : "/";
-    const shell_result result = main_.outside.desktop.open_document(
+    const outcome result = main_.outside.desktop.open_document(
         !last.empty() && path_exists(main_.outside.files, last) ? last : root);
-    if (!result.done) return main_.complain(result.reason);
+    if (!result) return main_.complain(result.reason);
     Timer1.enabled = visible && !tiled_;
 }
 

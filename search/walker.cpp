@@ -48,8 +48,10 @@ bool rejects_type(const run_state& state, const std::string& type) {
 bool current_directory_answers(Tavrel& form) {
     const std::string& directory = form.state.current_dir;
     if (directory.empty() || !path_exists(form.outside.files, directory)) return true;
+    const outcome read = form.outside.files.open_directory(directory);
+    if (read) return true;
     message box;
-    if (form.outside.files.open_directory(directory, box.text)) return true;
+    box.text = read.reason;
     box.title = "Deferred Error Test,请选择新的目录";
     box.failure = true;
     form.outside.screen.show_message(box);
@@ -126,8 +128,7 @@ class directory_walk {
             last_shown_ = state_.walk_count;
         }
         if (skip_directory(form_.outside.files, form_.state.exclude_dir_text, directory)) return;
-        std::string error;
-        const std::unique_ptr<directory_reader> reader = files_.open_directory(directory, error);
+        const outcome_with<directory_reader> reader = files_.open_directory(directory);
         if (!reader) return;
         links_.note_listed(reader->identity());
 
@@ -201,8 +202,7 @@ bool walk_directories(Tavrel& form) {
 
     state.archive_error_path = form.data_path("err.txt");
     state.archive_error_count = 0;
-    std::string error;
-    line_writer report(form.outside.files.overwrite_file(state.archive_error_path, error), error);
+    line_writer report(form.outside.files.overwrite_file(state.archive_error_path));
     walk_output output(state, report);
     if (state.scan_archives == 1) {
         report.line("压缩包错误清单");

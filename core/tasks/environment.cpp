@@ -124,8 +124,7 @@ void read_environment(Tavrel& form) {
         form.place = {state.main_left, state.main_top, state.main_width, state.main_height};
         if (state.tree_levels < 1) state.tree_levels = 4;
     } else {
-        std::string error;
-        form.outside.files.remove_data_file(path, error);
+        form.outside.files.remove_data_file(path);
     }
     form.Text3.text = std::to_string(state.export_levels);
     form.Text4.text = state.export_skip_types;

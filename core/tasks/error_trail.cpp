@@ -43,8 +43,8 @@ void debug_err_anly_Click(Tavrel& form) {
 }
 
 void Command46_Click(Tavrel& form) {
-    const shell_result result = form.outside.desktop.show_in_file_manager(form.txt_disp_err_file.text);
-    if (!result.done) form.complain(result.reason);
+    const outcome result = form.outside.desktop.show_in_file_manager(form.txt_disp_err_file.text);
+    if (!result) form.complain(result.reason);
 }
 
 void Command47_Click(Tavrel& form) {
@@ -76,8 +76,7 @@ void read_avoid_list(Tavrel& form) {
 
 void note_in_trail(Tavrel& form, std::string_view path) {
     if (form.state.error_trail_on != -1) return;
-    std::string error;
-    form.outside.files.put_text(form.data_path(trail_name), std::string(path) + "\r\n", error);
+    form.outside.files.put_text(form.data_path(trail_name), std::string(path) + "\r\n");
 }
 
 void read_run_records(Tavrel& form) {

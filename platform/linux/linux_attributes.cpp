@@ -4,12 +4,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstring>
 #include <string>
 #include <string_view>
 
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/raw_path.h"
+#include "platform/linux/system_failure.h"
 
 namespace corvane {
 
@@ -47,22 +47,17 @@ path_attributes linux_file_system::attributes(const std::string& path) {
     return result;
 }
 
-bool linux_file_system::clear_attributes(const std::string& path, std::string& error) {
+outcome linux_file_system::clear_attributes(const std::string& path) {
     const std::string_view plain = without_separator(path);
     const raw_path raw(plain);
     struct stat facts;
-    if (lstat(raw.c_str(), &facts) != 0) {
-        error = std::strerror(errno);
-        return false;
-    }
+    if (lstat(raw.c_str(), &facts) != 0) return system_failure();
     // A link has no permissions of its own.
     if (!S_ISLNK(facts.st_mode) && (facts.st_mode & S_IWUSR) == 0 &&
-        fchmodat(AT_FDCWD, raw.c_str(), (facts.st_mode & 07777) | S_IWUSR, AT_SYMLINK_NOFOLLOW) != 0) {
-        error = std::strerror(errno);
-        return false;
-    }
+        fchmodat(AT_FDCWD, raw.c_str(), (facts.st_mode & 07777) | S_IWUSR, AT_SYMLINK_NOFOLLOW) != 0)
+        return system_failure();
     if (has_hidden_name(plain)) unhidden_.emplace(plain);
-    return true;
+    return outcome::success();
 }
 
 file_access linux_file_system::access(const std::string& path) {

@@ -6,20 +6,20 @@
 #include <unordered_set>
 
 #include "platform/file_system.h"
+#include "platform/linux/descriptor.h"
 
 namespace corvane {
 
 class linux_file_system : public file_system {
   public:
     linux_file_system();
-    ~linux_file_system() override;
 
     char separator() const override { return '/'; }
     bool ignores_case() const override { return false; }
     std::vector<volume> volumes() override;
-    std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) override;
+    outcome_with<directory_reader> open_directory(const std::string& path) override;
     path_attributes attributes(const std::string& path) override;
-    bool clear_attributes(const std::string& path, std::string& error) override;
+    outcome clear_attributes(const std::string& path) override;
     file_access access(const std::string& path) override;
     void restore_access(const std::string& path, const file_access& access) override;
     file_facts facts(std::string_view path) override;
@@ -28,24 +28,24 @@ class linux_file_system : public file_system {
     bool is_recycle_directory(const std::string& path) override;
     std::int64_t read_start(std::string_view path, std::span<std::byte> buffer,
                             std::size_t expected) override;
-    std::unique_ptr<file_reader> open_file(std::string_view path, std::string& error) override;
-    std::unique_ptr<file_writer> replace_file(const std::string& path, std::string& error) override;
-    std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) override;
-    bool put_text(const std::string& path, std::string_view text, std::string& error) override;
+    outcome_with<file_reader> open_file(std::string_view path) override;
+    outcome_with<file_writer> replace_file(const std::string& path) override;
+    outcome_with<file_writer> overwrite_file(const std::string& path) override;
+    outcome put_text(const std::string& path, std::string_view text) override;
     bool can_write_into(const std::string& directory) override;
     bool claim_directory(const std::string& directory) override;
-    bool remove_file(const std::string& path, std::string& error) override;
-    bool remove_data_file(const std::string& path, std::string& error) override;
+    outcome remove_file(const std::string& path) override;
+    outcome remove_data_file(const std::string& path) override;
 
   private:
     // True for proc, sysfs, cgroup and their like. Asked once a device.
-    bool is_pseudo_device(int descriptor, std::uint64_t device);
+    bool is_pseudo_device(const descriptor& directory, std::uint64_t device);
 
     std::string trash_directory_;  // the user's trash, with a closing separator; text, resolved
     std::string recycle_name_;     // ".Trash-<uid>"
     std::unordered_map<std::uint64_t, bool> pseudo_devices_;
     std::unordered_set<std::string> unhidden_;  // without a closing separator; no longer count as hidden
-    int claim_ = -1;                            // descriptor of the claimed directory
+    descriptor claim_;                          // the claimed directory
 };
 
 }  // namespace corvane
