@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "app/version.h"
 #include "browser/different_view.h"
 #include "browser/list_acts.h"
 #include "browser/list_find.h"
@@ -32,7 +33,6 @@ namespace corvane {
 namespace {
 
 constexpr char program_name[] = "Corvane";
-constexpr char version[] = "1.0.0";  // major, minor, revision
 
 // Drops selected directories that are gone; the others move up in order.
 void check_selected_directories(Tavrel& form) {
@@ -188,7 +188,7 @@ bool program::start() {
         look_for_rar_tool(main_);
         options_.restore_place();
     }
-    state.base_title = main_.caption + " V" + version;
+    state.base_title = main_.caption + " V" + program_version;
     state.base_title +=
         is_blank(state.last_used) ? "        欢迎您使用" : "        上次使用时间：" + state.last_used;
     main_.caption = state.base_title;
