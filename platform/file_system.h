@@ -45,8 +45,8 @@ struct path_attributes {
     bool read_only = false;
 };
 
-// What the comparison needs of one regular file. The last-write time is in 100 ns units since 1601-01-01
-// UTC, split in two signed halves as the history file stores it.
+// What the comparison needs of one regular file. The last-write time is a file_time, in two halves as the
+// history file stores it.
 struct file_facts {
     bool exists = false;  // false: gone, no regular file, or the question failed
     std::int64_t length = 0;

@@ -9,6 +9,7 @@
 
 #include <cstdlib>
 
+#include "platform/file_time.h"
 #include "platform/linux/device_number.h"
 #include "platform/linux/linux_files.h"
 #include "platform/linux/raw_path.h"
@@ -17,9 +18,6 @@
 namespace corvane {
 
 namespace {
-
-// Last-write times count 100 ns since 1601-01-01; the Unix epoch is this many seconds later.
-constexpr std::int64_t seconds_1601_to_1970 = 11'644'473'600;
 
 std::string real_path(const std::string& path) {
     const raw_path raw(path);
@@ -58,10 +56,9 @@ file_facts linux_file_system::facts(std::string_view path) {
         return result;
     result.exists = true;
     result.length = static_cast<std::int64_t>(facts.stx_size);
-    const auto time = static_cast<std::uint64_t>(
-        (facts.stx_mtime.tv_sec + seconds_1601_to_1970) * 10'000'000 + facts.stx_mtime.tv_nsec / 100);
-    result.date_high = static_cast<std::int32_t>(static_cast<std::uint32_t>(time >> 32));
-    result.date_low = static_cast<std::int32_t>(static_cast<std::uint32_t>(time));
+    const file_time time = to_file_time(facts.stx_mtime.tv_sec, facts.stx_mtime.tv_nsec);
+    result.date_high = time.high;
+    result.date_low = time.low;
     result.link_count = facts.stx_nlink;
     result.identity = {device_of(facts.stx_dev_major, facts.stx_dev_minor), facts.stx_ino};
     return result;
