@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/progress.h"
 #include "core/text/text_file.h"
 #include "core/text/text_format.h"
@@ -40,7 +41,7 @@ bool write_same_files(Tavrel& form) {
 
 bool write_different_files(Tavrel& form) {
     run_state& state = form.state;
-    const std::string path = form.data_path("不相同文件.txt");
+    const std::string path = form.data_path(data_file::different_files);
     bar_scale(form, state.file_count);
     bar_colours(form, 0xA00000, 0x1744F7, 0xAAF0F0);
     line_writer writer(form.outside.files, path);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/environment.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
@@ -157,7 +158,7 @@ void options_form::store_check(std::size_t number) {
 
 void options_form::read_common_types() {
     List4.clear();
-    const std::string path = main_.data_path("常用文件扩展名.txt");
+    const std::string path = main_.data_path(data_file::common_types);
     if (!path_exists(main_.outside.files, path)) return main_.inform(path + "  不存在");
     line_reader reader(main_.outside.files, path);
     if (!reader.is_open()) return main_.complain(path + "\r\n" + reader.error());

@@ -9,6 +9,7 @@
 #include "core/archives/rar_reader.h"
 #include "core/archives/zip_reader.h"
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/environment.h"
 #include "core/tasks/progress.h"
 #include "core/text/path_text.h"
@@ -200,7 +201,7 @@ bool walk_directories(Tavrel& form) {
     state.file_list.clear();
     state.dir_queue.assign(1, {});
 
-    state.archive_error_path = form.data_path("err.txt");
+    state.archive_error_path = form.data_path(data_file::archive_errors);
     state.archive_error_count = 0;
     line_writer report(form.outside.files.overwrite_file(state.archive_error_path));
     walk_output output(state, report);

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/text/text_file.h"
 
 namespace corvane {
@@ -13,13 +14,12 @@ void open_beside_program(Tavrel& form, const std::string& name) {
 }
 
 void open_notes(Tavrel& form) {
-    static constexpr char notes[] = "备记录.txt";
-    const std::string path = form.data_path(notes);
+    const std::string path = form.data_path(data_file::notes);
     if (!form.outside.files.attributes(path).exists) {
         line_writer writer(form.outside.files, path);
         if (!writer.finish()) return form.complain(path + "\r\n" + writer.error());
     }
-    open_beside_program(form, notes);
+    open_beside_program(form, data_file::notes);
 }
 
 void open_manual(Tavrel& form) {
@@ -29,7 +29,7 @@ void open_manual(Tavrel& form) {
 void open_topic(Tavrel& form, int topic) {
     std::string digits = std::to_string(topic);
     if (digits.size() < 2) digits.insert(0, 1, '0');
-    const outcome result = form.outside.desktop.open_help_topic(form.data_path("Corvane帮助.chm"),
+    const outcome result = form.outside.desktop.open_help_topic(form.data_path(data_file::help),
                                                                 "aux" + digits + "_Corvane帮助_Link.htm");
     if (!result) form.complain(result.reason);
 }
