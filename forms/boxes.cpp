@@ -29,10 +29,6 @@ QMessageBox::Icon icon_of(box_icon icon) {
     }
 }
 
-QString lines_of(const std::string& text) {
-    return screen_text(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-}
-
 }  // namespace
 
 box_answer qt_user_interface::show_message(const message& shown) {
@@ -42,7 +38,7 @@ box_answer qt_user_interface::show_message(const message& shown) {
     QMessageBox box(window());
     box.setWindowTitle(screen_line(shown.title));
     box.setTextFormat(Qt::PlainText);
-    box.setText(lines_of(shown.text));
+    box.setText(screen_lines(shown.text));
     box.setIcon(icon_of(shown.icon));
     const QAbstractButton* yes = nullptr;
     if (asks) {
@@ -70,7 +66,7 @@ std::optional<std::string> qt_user_interface::ask_text(const std::string& title,
     sync();
     QInputDialog dialog(window());
     dialog.setWindowTitle(screen_line(title));
-    dialog.setLabelText(lines_of(prompt));
+    dialog.setLabelText(screen_lines(prompt));
     dialog.setTextValue(QString::fromStdString(initial));
     dialog.setOkButtonText(QStringLiteral("确定"));
     dialog.setCancelButtonText(QStringLiteral("取消"));

@@ -8,6 +8,7 @@
 
 #include "core/model/main_menu.h"
 #include "core/model/task_table.h"
+#include "forms/mirror.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -58,16 +59,13 @@ void menu_bar::sync(bool tasks_locked) {
     // A pointer that asks for a topic is a state that the menu shows.
     const bool asks_for_help = form_.mouse_pointer == help_pointer;
     for (const entry& line : entries_) {
-        QAction& action = *line.action;
-        const QString words = screen_line(line.model->caption);
-        if (action.text() != words) action.setText(words);
-        const bool enabled = line.model->enabled && (!line.parent || line.parent->enabled) &&
-                             !(tasks_locked && line.starts_task);
-        if (action.isEnabled() != enabled) action.setEnabled(enabled);
-        if (action.isVisible() != line.model->visible) action.setVisible(line.model->visible);
+        mirror_text(line.action, screen_line(line.model->caption));
+        mirror_enabled(line.action, line.model->enabled && (!line.parent || line.parent->enabled) &&
+                                        !(tasks_locked && line.starts_task));
+        mirror_visible(line.action, line.model->visible);
         const bool checked = line.model->value != 0 || (asks_for_help && line.model->name() == "help_spirit");
-        if (action.isCheckable() != checked) action.setCheckable(checked);
-        if (action.isChecked() != checked) action.setChecked(checked);
+        if (line.action->isCheckable() != checked) line.action->setCheckable(checked);
+        mirror_checked(line.action, checked);
     }
 }
 
