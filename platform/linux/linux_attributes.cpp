@@ -1,4 +1,5 @@
-// Attributes of a path on Linux: hidden is a leading dot, read-only is no write permission at all.
+#include "platform/linux/linux_attributes.h"
+
 #include <errno.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -7,7 +8,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/linux/linux_file_system.h"
 #include "platform/linux/raw_path.h"
 #include "platform/linux/system_failure.h"
 
@@ -27,7 +27,7 @@ bool has_hidden_name(std::string_view path) {
 
 }  // namespace
 
-path_attributes linux_file_system::attributes(const std::string& path) {
+path_attributes linux_attributes::of(const std::string& path) const {
     const std::string_view plain = without_separator(path);
     const raw_path raw(plain);
     struct stat facts;
@@ -47,7 +47,7 @@ path_attributes linux_file_system::attributes(const std::string& path) {
     return result;
 }
 
-outcome linux_file_system::clear_attributes(const std::string& path) {
+outcome linux_attributes::clear(const std::string& path) {
     const std::string_view plain = without_separator(path);
     const raw_path raw(plain);
     struct stat facts;
@@ -60,14 +60,14 @@ outcome linux_file_system::clear_attributes(const std::string& path) {
     return outcome::success();
 }
 
-file_access linux_file_system::access(const std::string& path) {
+file_access linux_attributes::access(const std::string& path) const {
     const raw_path raw(path);
     struct stat facts;
     if (lstat(raw.c_str(), &facts) != 0 || !S_ISREG(facts.st_mode)) return {};
     return {true, facts.st_mode & 0777, facts.st_uid, facts.st_gid};
 }
 
-void linux_file_system::restore_access(const std::string& path, const file_access& access) {
+void linux_attributes::restore_access(const std::string& path, const file_access& access) const {
     const raw_path raw(path);
     if (!access.known || !this->access(path).known) return;
     // Only an administrator gives files away; the permissions are the user's.

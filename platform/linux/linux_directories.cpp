@@ -1,5 +1,5 @@
-// Listing a directory: one system call for a buffer of entries, and no question about an entry whose kind
-// stands in it.
+#include "platform/linux/linux_directories.h"
+
 #include <dirent.h>
 #include <errno.h>
 #include <fcntl.h>
@@ -13,9 +13,7 @@
 #include <iterator>
 #include <vector>
 
-#include "platform/linux/descriptor.h"
 #include "platform/linux/device_number.h"
-#include "platform/linux/linux_file_system.h"
 #include "platform/linux/raw_path.h"
 #include "platform/linux/system_failure.h"
 
@@ -91,7 +89,7 @@ class linux_directory_reader : public directory_reader {
 
 }  // namespace
 
-bool linux_file_system::is_pseudo_device(const descriptor& directory, std::uint64_t device) {
+bool linux_directories::is_pseudo_device(const descriptor& directory, std::uint64_t device) {
     const auto known = pseudo_devices_.find(device);
     if (known != pseudo_devices_.end()) return known->second;
     static constexpr std::uint32_t pseudo_types[] = {PROC_SUPER_MAGIC,
@@ -125,7 +123,7 @@ bool linux_file_system::is_pseudo_device(const descriptor& directory, std::uint6
     return pseudo_devices_[device] = pseudo;
 }
 
-outcome_with<directory_reader> linux_file_system::open_directory(const std::string& path) {
+outcome_with<directory_reader> linux_directories::open(const std::string& path) {
     const raw_path raw(path);
     descriptor directory = descriptor::open(raw.c_str(), O_RDONLY | O_DIRECTORY);
     struct stat facts;
