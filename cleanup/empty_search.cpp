@@ -8,6 +8,7 @@
 #include "core/settings/data_files.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_file.h"
 
 namespace corvane {
@@ -19,7 +20,6 @@ constexpr int topic = 38;
 void end_search(Tavrel& form) {
     form.pic_gressbar1.visible = false;
     form.Label4.visible = false;
-    unlock_tasks(form);
 }
 
 // Writes the empty ones of the first `finished` directories and counts them into `found`. False: the program
@@ -53,12 +53,12 @@ void find_empty_directories(Tavrel& form) {
     form.Label4.visible = false;
     state.base_time = form.outside.screen.seconds();
     form.StatusBar1.clear_figures();
-    lock_tasks(form);
+    const task_scope task(form);
     form.panel(7, "查找空目录");
     state.walk_count = 0;
     if (state.selected_dir_count == 0) {
         form.complain("没有选定的目录，请在[目录选择]中选定目录");
-        return unlock_tasks(form);
+        return;
     }
     form.Command28.caption = "取消[查找空目录]";
     form.Command28.visible = true;

@@ -20,12 +20,12 @@ empty_walk::empty_walk(Tavrel& form) : form_(form), links_(form.outside.files) {
 
 empty_walk::ending empty_walk::run() {
     run_state& state = form_.state;
-    state.dir_queue.assign(1, {});
+    state.dir_queue.clear();
     queue_roots();
     form_.listleft.clear();
-    std::size_t i = 1;
+    std::int32_t i = 1;
     do {
-        for (; i < state.dir_queue.size(); ++i) {
+        for (; i <= state.dir_queue.size(); ++i) {
             // A copy: the queue grows while the directory is read.
             const std::string directory = with_separator(state.dir_queue[i], form_.outside.files.separator());
             if (skip_directory(form_.outside.files, form_.state.exclude_dir_text, directory)) continue;
@@ -42,7 +42,7 @@ empty_walk::ending empty_walk::run() {
         // Where it was met it has been counted, and a selected one is no entry of any directory here.
         enqueue(std::move(link));
         --beside_;
-    } while (i < state.dir_queue.size());
+    } while (i <= state.dir_queue.size());
     return ending::finished;
 }
 
@@ -50,7 +50,7 @@ void empty_walk::queue_roots() {
     run_state& state = form_.state;
     const bool folds = form_.outside.files.ignores_case();
     for (std::int16_t i = 1; i <= state.selected_dir_count; ++i) {
-        const std::string& selected = state.selected_dirs[static_cast<std::size_t>(i)];
+        const std::string& selected = state.selected_dirs[i];
         if (is_blank(trimmed(selected))) continue;
         const std::string directory =
             with_separator(folds ? upper_case(selected) : selected, form_.outside.files.separator());
@@ -62,8 +62,8 @@ void empty_walk::queue_roots() {
 
 // What does not fit is an entry of its directory all the same.
 void empty_walk::enqueue(std::string directory) {
-    std::vector<std::string>& queue = form_.state.dir_queue;
-    if (static_cast<std::int32_t>(queue.size()) > form_.state.limits.directories) {
+    column<std::string>& queue = form_.state.dir_queue;
+    if (queue.size() >= form_.state.limits.directories) {
         full_ = true;
         ++beside_;
     } else {
@@ -110,7 +110,7 @@ void empty_walk::take_directory(const std::string& directory, std::string found)
     if (form_.state.show_run_filename) {
         std::string& shown = form_.Label4.caption;
         shown = "目录数:";
-        shown.append(std::to_string(form_.state.dir_queue.size() - 1)).append("  ").append(directory);
+        shown.append(std::to_string(form_.state.dir_queue.size())).append("  ").append(directory);
     }
     form_.panel(1, figure());
     show_elapsed(form_);
@@ -131,11 +131,11 @@ void empty_walk::show_failure(const std::string& name) {
 }
 
 std::string empty_walk::figure() const {
-    return "搜索目录:" + std::to_string(form_.state.dir_queue.size() - 1);
+    return "搜索目录:" + std::to_string(form_.state.dir_queue.size());
 }
 
 std::int64_t empty_walk::entries() const {
-    return form_.state.walk_count + static_cast<std::int64_t>(form_.state.dir_queue.size() - 1) + beside_;
+    return form_.state.walk_count + form_.state.dir_queue.size() + beside_;
 }
 
 bool empty_walk::is_empty(std::int32_t k) const {

@@ -16,7 +16,7 @@ namespace corvane {
 namespace {
 
 // Opening the directory selection or the options touches nothing that a running task works on.
-bool starts_task(std::string_view menu) {
+bool waits_for_task(std::string_view menu) {
     if (menu == "select_m") return false;
     for (const task_entry& task : task_table())
         if (menu == task.menu) return std::string_view(task.picture) != "Picture1";
@@ -51,7 +51,7 @@ menu_bar::menu_bar(Tavrel& form, QMenuBar& bar, std::function<void(const std::st
         action->setShortcut(QKeySequence(QString::fromLatin1(line.shortcut)));
         QObject::connect(action, &QAction::triggered, &bar,
                          [act, name = std::string(line.name)] { act(name); });
-        entries_.push_back({model, action, form.find(parent), starts_task(line.name)});
+        entries_.push_back({model, action, form.find(parent), waits_for_task(line.name)});
     }
 }
 

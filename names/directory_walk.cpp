@@ -25,18 +25,18 @@ class directory_name_walk {
         : form_(form), state_(form.state), files_(form.outside.files), links_(form.outside.files) {}
 
     std::int32_t run() {
-        state_.dir_queue.assign(1, {});
+        state_.dir_queue.clear();
         queue_roots();
-        std::size_t read_index = 1;
+        std::int32_t read_index = 1;
         do {
-            for (; read_index < state_.dir_queue.size() && !state_.quit_requested; ++read_index)
+            for (; read_index <= state_.dir_queue.size() && !state_.quit_requested; ++read_index)
                 read_one(read_index);
             std::string link = links_.next();
             if (!link.empty()) enqueue(std::move(link));
-        } while (read_index < state_.dir_queue.size() && !state_.quit_requested);
+        } while (read_index <= state_.dir_queue.size() && !state_.quit_requested);
         // What has been read makes room for what was found; those passed over leave no entry.
-        state_.dir_queue.resize(found_ + 1);
-        const auto found = static_cast<std::int32_t>(found_);
+        state_.dir_queue.resize(found_);
+        const std::int32_t found = found_;
         if (full_) form_.complain("目录太多，只查前 " + std::to_string(found) + " 个目录。");
         return found;
     }
@@ -44,7 +44,7 @@ class directory_name_walk {
   private:
     void queue_roots() {
         for (std::int16_t i = 1; i <= state_.selected_dir_count; ++i) {
-            const std::string& selected = state_.selected_dirs[static_cast<std::size_t>(i)];
+            const std::string& selected = state_.selected_dirs[i];
             const std::string_view bare = trimmed(selected);
             if (is_blank(bare)) continue;
             // Where case counts, blanks at the end do, too.
@@ -56,13 +56,13 @@ class directory_name_walk {
     }
 
     void enqueue(std::string directory) {
-        if (static_cast<std::int32_t>(state_.dir_queue.size()) > state_.limits.directories)
+        if (state_.dir_queue.size() >= state_.limits.directories)
             full_ = true;
         else
             state_.dir_queue.push_back(std::move(directory));
     }
 
-    void read_one(std::size_t read_index) {
+    void read_one(std::int32_t read_index) {
         const std::string directory =
             with_separator(std::exchange(state_.dir_queue[read_index], {}), form_.outside.files.separator());
         if (skip_directory(form_.outside.files, form_.state.exclude_dir_text, directory)) return;
@@ -98,7 +98,7 @@ class directory_name_walk {
         return path;
     }
 
-    std::size_t count() const { return state_.dir_queue.size() - 1; }
+    std::int32_t count() const { return state_.dir_queue.size(); }
 
     void show_count() {
         if (count() == shown_) return;
@@ -110,8 +110,8 @@ class directory_name_walk {
     run_state& state_;
     file_system& files_;
     walk_links links_;
-    std::size_t found_ = 0;
-    std::size_t shown_ = 0;
+    std::int32_t found_ = 0;
+    std::int32_t shown_ = 0;
     bool full_ = false;
 };
 

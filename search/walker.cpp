@@ -90,21 +90,21 @@ class directory_walk {
 
     void run() {
         queue_roots();
-        std::size_t read_index = 1;
+        std::int32_t read_index = 1;
         std::string link;
         do {
-            for (; read_index < state_.dir_queue.size(); ++read_index) list_one(read_index);
+            for (; read_index <= state_.dir_queue.size(); ++read_index) list_one(read_index);
             // Links come after everything that is reached without one.
             link = links_.next();
             if (!link.empty()) enqueue(std::move(link));
-        } while (read_index < state_.dir_queue.size());
+        } while (read_index <= state_.dir_queue.size());
         if (queue_full_ || output_.full()) report_limit();
     }
 
   private:
     void queue_roots() {
         for (std::int16_t i = 1; i <= state_.selected_dir_count; ++i) {
-            const std::string& selected = state_.selected_dirs[static_cast<std::size_t>(i)];
+            const std::string& selected = state_.selected_dirs[i];
             if (is_blank(trimmed(selected))) continue;
             const std::string directory = with_separator(selected, form_.outside.files.separator());
             if (skip_directory(form_.outside.files, form_.state.exclude_dir_text, directory)) continue;
@@ -113,13 +113,13 @@ class directory_walk {
     }
 
     void enqueue(std::string directory) {
-        if (static_cast<std::int32_t>(state_.dir_queue.size()) > state_.limits.directories)
+        if (state_.dir_queue.size() >= state_.limits.directories)
             queue_full_ = true;
         else
             state_.dir_queue.push_back(std::move(directory));
     }
 
-    void list_one(std::size_t read_index) {
+    void list_one(std::int32_t read_index) {
         // A copy: the queue grows while the directory is read.
         const std::string directory =
             with_separator(state_.dir_queue[read_index], form_.outside.files.separator());
@@ -199,7 +199,7 @@ bool walk_directories(Tavrel& form) {
     if (!current_directory_answers(form)) return true;
     state.walk_count = 0;
     state.file_list.clear();
-    state.dir_queue.assign(1, {});
+    state.dir_queue.clear();
 
     state.archive_error_path = form.data_path(data_file::archive_errors);
     state.archive_error_count = 0;
@@ -229,8 +229,8 @@ bool list_files(Tavrel& form) {
     if (!walk_directories(form)) return false;
     if (state.quit_requested) return true;
     state.file_count = state.walk_count;
-    state.file_len.assign(static_cast<std::size_t>(state.file_count) + 1, 0);
-    state.first_root = state.dir_queue.size() > 1 ? state.dir_queue[1] : std::string();
+    state.file_len.assign(state.file_count, 0);
+    state.first_root = !state.dir_queue.empty() ? state.dir_queue[1] : std::string();
     sort_text_array(state.file_list, 1, state.file_count);
     form.panel(1, "搜索出:" + std::to_string(state.file_count));
     return true;
