@@ -66,10 +66,10 @@ void find_empty_directories(Tavrel& form) {
     state.cancel_task = 0;
 
     empty_walk walk(form);
-    const empty_walk::ending ending = walk.run();
-    if (ending == empty_walk::ending::quit) return;
+    const walk_course ending = walk.run();
+    if (ending == walk_course::quit) return;
     form.Command28.visible = false;
-    const bool cancelled = ending == empty_walk::ending::cancelled;
+    const bool cancelled = ending == walk_course::cancelled;
     const std::int32_t finished = walk.visited_count() - (cancelled ? 1 : 0);
     if (finished == 0) {
         if (!cancelled) form.complain("没有找到任何目录，请重新在[目录选择]中选定目录");
