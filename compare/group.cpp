@@ -127,7 +127,7 @@ void file_group::read_signature(std::int32_t j, std::vector<std::byte>& buffer) 
 }
 
 void file_group::whole_file_signature(std::int32_t j, std::vector<std::byte>& buffer) {
-    constexpr std::int64_t stream_block = 256 * 1024;
+    constexpr std::int64_t stream_block = 256 * std::int64_t{1024};
     std::string error;
     const std::unique_ptr<file_reader> reader = form_.outside.files.open_file(state_.file_list[j], error);
     if (!reader) return mark_bad(j);
@@ -207,10 +207,11 @@ bool file_group::accepted_unread(std::int32_t i, std::int32_t j) const {
 bool file_group::equal_contents(std::int32_t i, std::int32_t j) {
     if (content_class_[place(i)] == 0 || content_class_[place(j)] == 0) {
         std::vector<std::int32_t> members{i};
-        std::vector<content_candidate> candidates;
         // Nothing before j can be asked about again: it was the same as i, or it differs and has its class.
         for (std::int32_t k = j; k <= end_; k = next_candidate(i, k))
             if (k == j || !signature_mode_ || !accepted_unread(i, k)) members.push_back(k);
+        std::vector<content_candidate> candidates;
+        candidates.reserve(members.size());
         for (const std::int32_t k : members)
             candidates.push_back({state_.file_list[k], contents_.at(k - first_)});
         const auto keep_going = [this] {

@@ -21,7 +21,7 @@ child_window::child_window(Tavrel& main, form_model& form, std::function<void(co
 void child_window::sync_window() {
     const QString title = screen_line(form_.caption);
     if (windowTitle() != title) setWindowTitle(title);
-    if (form_.visible && isHidden()) open();
+    if (form_.visible && isHidden()) open_window();
     if (!form_.visible && !isHidden()) hide();
     sync_place();
 }
@@ -30,7 +30,7 @@ void child_window::sync_place() {
     if (isVisible()) place_.apply();
 }
 
-void child_window::open() {
+void child_window::open_window() {
     before_open();
     if (place_.is_known()) {
         place_.apply();
