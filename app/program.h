@@ -1,7 +1,6 @@
 // Puts the program together: state, form models, handlers, ports. Both front ends make one of these.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -31,11 +30,8 @@ class program {
     void tick();
 
   private:
-    void bind_handlers();
-    void bind_list();
-    void bind_names();
-    // For a task: it does not start while another one runs, whichever way it is asked for.
-    void bind_task(std::string_view handler, std::function<void()> procedure);
+    // The tables of all folders on the main form.
+    void join_handlers();
 
     Tavrel main_;
     directory_form directory_;

@@ -5,11 +5,12 @@
 #include <string_view>
 
 #include "browser/file_date.h"
-#include "browser/same_view.h"
+#include "browser/list_views.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/date_text.h"
 #include "core/text/text_case.h"
 #include "core/text/text_file.h"
@@ -20,6 +21,7 @@ namespace corvane {
 namespace {
 
 constexpr std::int32_t files_per_status = 621;
+constexpr int date_cell = 3;
 
 // System folders consist of these; they are never shown.
 bool is_left_out(std::string_view path) {
@@ -48,20 +50,10 @@ bool read_stored_list(Tavrel& form) {
     return true;
 }
 
-void set_headers(Tavrel& form) {
-    list_view& list = form.ListView1;
-    list.clear_columns();
-    list.add_column({"", 100, text_alignment::left, cell_content::text});
-    list.add_column({"序号", 700, text_alignment::right, cell_content::number});
-    list.add_column({"长度", 1000, text_alignment::right, cell_content::number});
-    list.add_column({"日期", 2100, text_alignment::left, cell_content::text});
-    list.add_column({"不相同文件", list.place.width - 3500 - 450, text_alignment::left, cell_content::text});
-}
-
-void fill_rows(Tavrel& form) {
+void fill_rows(Tavrel& form, const list_view_row& view) {
     run_state& state = form.state;
     list_view& list = form.ListView1;
-    list.share_texts(4, state.different_files);
+    list.share_texts(view.first_path, state.different_files);
     for (std::int32_t i = 1; i <= state.different_count; ++i) {
         form.yield();
         if (state.quit_requested) return;
@@ -72,10 +64,10 @@ void fill_rows(Tavrel& form) {
         if (!facts.exists) continue;
         const std::int32_t row = list.add_row();
         list.set_number(row, 1, row);
-        list.set_number(row, 2, facts.length);
+        list.set_number(row, view.length_column, facts.length);
         const local_time date = file_date(form, facts);
-        list.set_text(row, 3, date_text(date) + ' ' + time_text(date));
-        list.set_shared_text(row, 4, state.different_files.entry(i));
+        list.set_text(row, date_cell, date_text(date) + ' ' + time_text(date));
+        list.set_shared_text(row, view.first_path, state.different_files.entry(i));
     }
 }
 
@@ -91,26 +83,24 @@ void Picture11_Click(Tavrel& form) {
     form.panel(5, "不相同文件数:" + std::to_string(state.different_count));
     form.panel(7, "显示不相同文件");
     if (state.different_count == 0) return form.inform("没有不相同文件");
-    lock_tasks(form);
-    form.ListView1.clear_rows();
+    const task_scope task(form);
+    const list_view_row& view = view_of(list_modes::different_files);
     form.ListView1.visible = false;
-    set_headers(form);
+    set_columns(form.ListView1, view);
     form.outside.screen.repaint();
-    state.list_mode = 2;
-    form.ListView1.help_context = 1015;
-    form.ListView1.tooltip =
-        "双击鼠标，选中；Shift+鼠标，区域选择。双击序号栏，弹出对应目录的资源管理器.右键打开文件.";
+    state.list_mode = view.list_mode;
+    form.ListView1.help_context = view.help_context;
+    form.ListView1.tooltip = view.tooltip;
     form.RichTextBox2.visible = false;
     sort_text_array(state.different_files, 1, state.different_count);
     bar_colours(form, 13619151, 6997185, 16711680);
     bar_scale(form, state.different_count);
-    fill_rows(form);
+    fill_rows(form, view);
     if (state.quit_requested) return;
     form.ListView1.visible = true;
     layout_list(form);
     form.pic_gressbar1.visible = false;
     show_elapsed(form);
-    unlock_tasks(form);
 }
 
 }  // namespace corvane

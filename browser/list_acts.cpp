@@ -1,10 +1,12 @@
 #include "browser/list_acts.h"
 
+#include <span>
 #include <string>
 
 #include "browser/list_marks.h"
 #include "browser/list_menu.h"
-#include "browser/same_view.h"
+#include "browser/list_views.h"
+#include "browser/row_panel.h"
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 
@@ -16,46 +18,18 @@ constexpr int key_delete = 46;
 constexpr int key_f = 70;
 constexpr int key_f3 = 114;
 
-const char* view_name(int list_mode) {
-    static constexpr const char* names[] = {"选择要删除重复文件", "选择要删除空目录", "显示不相同文件",
-                                            "显示相同_文件名", "显示同名目录"};
-    return list_mode >= 0 && list_mode <= 4 ? names[list_mode] : "";
-}
-
-void enable(Tavrel& form, std::initializer_list<const char*> entries, bool enabled) {
+void enable(Tavrel& form, std::span<const char* const> entries, bool enabled) {
     for (const char* entry : entries) form.find(entry)->enabled = enabled && form.has_handler(entry);
 }
 
 void right_button(Tavrel& form) {
+    const list_view_row& view = shown_view(form);
     const int column = form.state.clicked_column;
-    switch (form.state.list_mode) {
-        case 0:
-            if (column <= 2) return enable(form, {"all_select", "all_not_select"}, false);
-            enable(form,
-                   {"all_select", "all_not_select", "open_same_file", "same_time_open_2file", "double_disp",
-                    "disp_same_file_attr", "search_in_result", "again_search", "only_disp", "not_list"},
-                   true);
-            break;
-        case 1:
-            enable(form,
-                   {"open_same_file", "same_time_open_2file", "double_disp", "search_in_result",
-                    "again_search", "only_disp", "not_list"},
-                   false);
-            break;
-        case 2:
-            if (column == 4 && form.state.clicked_row > 0)
-                open_quietly(form, form.ListView1.cell(form.state.clicked_row, 4));
-            return;
-        case 3:
-            if (column <= 2) return;
-            break;
-        case 4:
-            if (column <= 1) return;
-            enable(form, {"open_same_file", "only_disp", "not_list", "all_select", "all_not_select"}, false);
-            break;
-        default:
-            return;
-    }
+    if (view.right_opens_column != 0 && column == view.right_opens_column && form.state.clicked_row > 0)
+        open_quietly(form, form.ListView1.cell(form.state.clicked_row, column));
+    if (column < view.menu_from_column) return enable(form, view.left_off, false);
+    enable(form, view.menu_on, true);
+    enable(form, view.menu_off, false);
     form.popup_menu = "reprod";
 }
 
@@ -87,7 +61,7 @@ void locate_column(Tavrel& form) {
 void ListView1_MouseDown(Tavrel& form) {
     run_state& state = form.state;
     locate_column(form);
-    form.panel(7, view_name(state.list_mode));
+    form.panel(7, shown_view(form).mouse_word);
     const bool range = form.list_event.button == list_pointer::left_button && form.list_event.shift;
     if (range) {
         if (state.anchor_row == 0) return;
@@ -108,37 +82,28 @@ void ListView1_DblClick(Tavrel& form) {
     run_state& state = form.state;
     locate_column(form);
     if (state.clicked_row < 1 || state.clicked_row > form.ListView1.row_count()) return;
-    const int column = state.clicked_column;
-    switch (state.list_mode) {
-        case 0:
-            if (column < 3) return show_row_panel(form, state.clicked_row);
-            return mark_pair_cell(form);
-        case 1:
-            return mark_single_cell(form, 2);
-        case 2:
-            if (column < 4) return open_folder_of(form, form.ListView1.cell(state.clicked_row, 4));
-            return mark_single_cell(form, 4);
-        case 3:
-            if (column < 3) show_row_panel(form, state.clicked_row);
-            return;
-        case 4:
-            if (column < 2) show_row_panel(form, state.clicked_row);
-            return;
-        default:
-            return;
+    const list_view_row& view = shown_view(form);
+    if (state.clicked_column < view.first_path) {
+        if (view.left_of_paths == double_click::shows_row) return show_row_panel(form, state.clicked_row);
+        if (view.left_of_paths == double_click::opens_directory)
+            return open_folder_of(form, form.ListView1.cell(state.clicked_row, view.first_path));
+        if (view.left_of_paths != double_click::marks) return;
     }
+    if (view.marks == mark_rule::pairs) mark_pair_cell(form);
+    if (view.marks == mark_rule::single) mark_single_cell(form, view.first_path);
 }
 
 void ListView1_KeyDown(Tavrel& form) {
     const list_pointer& event = form.list_event;
     if (event.key_code == key_f3) {
-        form.run("again_search");
+        form.start(handlers::find_again);
     } else if (event.key_code == key_f && event.ctrl && !event.shift) {
-        form.run("search_in_result");
+        form.start(handlers::find_in_list);
     } else if (event.key_code == key_delete && !event.ctrl && !event.shift) {
-        if (form.state.list_mode == 0) form.run("delete_marked_recycle");
-        if (form.state.list_mode == 1) form.run("Picture8_Click");
-        if (form.state.list_mode == 3) form.inform("因文件内容不一定相同,请在资源管理器中选择删除");
+        const deletion_rule deletes = shown_view(form).deletes;
+        if (deletes == deletion_rule::files) form.start(handlers::delete_marked_files);
+        if (deletes == deletion_rule::empty_directories) form.start(handlers::delete_empty_directories);
+        if (deletes == deletion_rule::left_to_file_manager) form.inform(names_are_not_contents);
     }
 }
 

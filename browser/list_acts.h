@@ -12,8 +12,6 @@ void locate_column(Tavrel& form);
 void ListView1_MouseDown(Tavrel& form);
 void ListView1_Click(Tavrel& form);
 void ListView1_DblClick(Tavrel& form);
-// A click on a heading: sorts by it, the second time downward.
-void ListView1_ColumnClick(Tavrel& form);
 void ListView1_KeyDown(Tavrel& form);
 
 }  // namespace corvane

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "browser/list_marks.h"
+#include "browser/list_views.h"
 #include "core/model/main_form.h"
 #include "core/text/text_case.h"
 
@@ -34,15 +34,14 @@ class cell_finder {
 // Colours the first hit from `row` on and returns its row; 0 for none.
 std::int32_t colour_next_hit(Tavrel& form, std::int32_t row) {
     list_view& list = form.ListView1;
-    const path_columns columns = path_columns_of(form);
+    const auto& columns = shown_view(form).searched;
     cell_finder finder(list, form.state.find_text);
     for (; row <= list.row_count(); ++row) {
-        const int column = finder.is_hit(row, columns.a)   ? columns.a
-                           : finder.is_hit(row, columns.b) ? columns.b
-                                                           : 0;
-        if (column == 0) continue;
-        list.set_colour(row, column, colour_found);
-        return row;
+        for (const int column : columns) {
+            if (!finder.is_hit(row, column)) continue;
+            list.set_colour(row, column, colour_found);
+            return row;
+        }
     }
     return 0;
 }
@@ -56,8 +55,7 @@ void search_in_result_Click(Tavrel& form) {
         form.outside.screen.ask_text("输入框", "要搜索的文件名\r\n", state.find_text).value_or("");
     state.find_row = 0;
     state.find_text = lower_case(state.find_text);
-    const path_columns columns = path_columns_of(form);
-    for (const int column : {columns.a, columns.b}) {
+    for (const int column : shown_view(form).searched) {
         if (column >= list.column_count()) continue;
         for (std::int32_t row = 1; row <= list.row_count(); ++row)
             if (list.colour(row, column) == colour_found) list.set_colour(row, column, colour_text);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "browser/list_views.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 #include "core/tasks/progress.h"
@@ -33,29 +34,18 @@ void clear_unless_gray(list_view& list, std::int32_t row, int column) {
     if (list.colour(row, column) != colour_gray) list.set_colour(row, column, colour_text);
 }
 
-int other_path_column(int column) {
-    return column == 3 ? 4 : 3;
+int other_path_column(const list_view_row& view, int column) {
+    return column == view.first_path ? view.second_path : view.first_path;
 }
 
 // The column that a range toggles; 0 where nothing is marked.
 int range_column(const Tavrel& form) {
-    switch (form.state.list_mode) {
-        case 0:
-            return form.state.clicked_column;
-        case 1:
-            return 2;
-        case 2:
-            return 4;
-        default:
-            return 0;
-    }
+    const list_view_row& view = shown_view(form);
+    if (view.marks == mark_rule::pairs) return form.state.clicked_column;
+    return view.marks == mark_rule::single ? view.first_path : 0;
 }
 
 }  // namespace
-
-path_columns path_columns_of(const Tavrel& form) {
-    return form.state.list_mode == 4 ? path_columns{2, 3} : path_columns{3, 4};
-}
 
 void mark_range(Tavrel& form) {
     run_state& state = form.state;
@@ -73,8 +63,9 @@ void mark_range(Tavrel& form) {
         if (count > rows_per_status && (row - first + 1) % rows_per_status == 0) show_elapsed(form);
     };
     const int column = range_column(form);
-    const int other = other_path_column(column);
-    if (state.list_mode == 0 && has_column(list, other)) {
+    const list_view_row& view = shown_view(form);
+    const int other = other_path_column(view, column);
+    if (view.marks == mark_rule::pairs && has_column(list, other)) {
         for (std::int32_t row = first; row <= last; ++row) {
             clear_unless_gray(list, row, other);
             show_status(row);
@@ -95,17 +86,20 @@ void mark_pair_cell(Tavrel& form) {
     list_view& list = form.ListView1;
     const std::int32_t row = form.state.clicked_row;
     const int column = form.state.clicked_column;
+    const list_view_row& view = shown_view(form);
+    const int first = view.first_path;
+    const int second = view.second_path;
     // The two blanks of the second test are meant: it is not the same as the first.
-    if (list.cell(row, 3).compare(" ") <= 0 || list.cell(row, 4).compare("  ") <= 0)
+    if (list.cell(row, first).compare(" ") <= 0 || list.cell(row, second).compare("  ") <= 0)
         return form.inform("两边不能都删除,须保留一个");
     const std::uint32_t colour = list.colour(row, column);
     if (colour != colour_gray)
         list.set_colour(row, column, colour == mark_red ? plain_colour(list, row, column) : mark_red);
     list.selected_row = 0;
-    if (column == 3)
-        list.set_colour(row, 4, plain_colour(list, row, 4));
-    else if (list.colour(row, 3) != colour_gray)
-        list.set_colour(row, 3, plain_colour(list, row, 3));
+    if (column == first)
+        list.set_colour(row, second, plain_colour(list, row, second));
+    else if (list.colour(row, first) != colour_gray)
+        list.set_colour(row, first, plain_colour(list, row, first));
 }
 
 void mark_single_cell(Tavrel& form, int column) {
@@ -118,30 +112,37 @@ void mark_single_cell(Tavrel& form, int column) {
 void all_select_Click(Tavrel& form) {
     run_state& state = form.state;
     list_view& list = form.ListView1;
+    const list_view_row& view = shown_view(form);
     state.anchor_row = 1;
-    const int column = state.clicked_column;
-    if (state.list_mode == 0 && (column == 3 || column == 4)) {
-        for (std::int32_t row = 1; row <= list.row_count(); ++row) {
-            const bool gray = list.colour(row, 3) == colour_gray;
-            if (!gray) list.set_colour(row, 3, column == 3 ? mark_red : colour_text);
-            list.set_colour(row, 4, column == 3 ? colour_text : mark_red);
-        }
+    if (!view.marks_all) return;
+    const int first = view.first_path;
+    if (view.marks == mark_rule::single) {
+        if (!has_column(list, first)) return;
+        for (std::int32_t row = 1; row <= list.row_count(); ++row) list.set_colour(row, first, mark_red);
+        return;
     }
-    if (state.list_mode == 1 && has_column(list, 2))
-        for (std::int32_t row = 1; row <= list.row_count(); ++row) list.set_colour(row, 2, mark_red);
+    const int second = view.second_path;
+    if (state.clicked_column != first && state.clicked_column != second) return;
+    const bool marks_first = state.clicked_column == first;
+    for (std::int32_t row = 1; row <= list.row_count(); ++row) {
+        const bool gray = list.colour(row, first) == colour_gray;
+        if (!gray) list.set_colour(row, first, marks_first ? mark_red : colour_text);
+        list.set_colour(row, second, marks_first ? colour_text : mark_red);
+    }
 }
 
 void all_not_select_Click(Tavrel& form) {
     run_state& state = form.state;
     list_view& list = form.ListView1;
+    const list_view_row& view = shown_view(form);
     state.anchor_row = 1;
-    int column = 0;
-    if (state.list_mode == 0 && (state.clicked_column == 3 || state.clicked_column == 4))
-        column = state.clicked_column;
-    if (state.list_mode == 1) column = 2;
-    if (!has_column(list, column)) return;
+    if (!view.marks_all) return;
+    const bool pairs = view.marks == mark_rule::pairs;
+    const int column = pairs ? state.clicked_column : view.first_path;
+    if ((column != view.first_path && column != view.second_path) || !has_column(list, column)) return;
     for (std::int32_t row = 1; row <= list.row_count(); ++row)
-        if (column != 3 || list.colour(row, 3) != colour_gray) list.set_colour(row, column, colour_text);
+        if (!pairs || column != view.first_path || list.colour(row, column) != colour_gray)
+            list.set_colour(row, column, colour_text);
 }
 
 }  // namespace corvane

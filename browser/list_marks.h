@@ -7,15 +7,6 @@
 namespace corvane {
 
 class Tavrel;
-class list_view;
-
-// The two path columns of the current list_mode.
-struct path_columns {
-    int a;
-    int b;
-};
-path_columns path_columns_of(const Tavrel& form);
-
 // A Shift click: toggles the clicked column of every row from anchor_row to clicked_row.
 void mark_range(Tavrel& form);
 

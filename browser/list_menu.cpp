@@ -1,8 +1,8 @@
 #include "browser/list_menu.h"
 
 #include "browser/list_acts.h"
-#include "browser/list_marks.h"
-#include "browser/same_view.h"
+#include "browser/list_views.h"
+#include "browser/row_panel.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 
@@ -56,9 +56,11 @@ void open_same_file_Click(Tavrel& form) {
 void double_disp_Click(Tavrel& form) {
     const list_view& list = form.ListView1;
     const std::int32_t row = form.state.clicked_row;
-    if (row < 1 || row > list.row_count() || list.column_count() < 5) return;
-    open_quietly(form, list.cell(row, 3));
-    open_quietly(form, list.cell(row, 4));
+    if (row < 1 || row > list.row_count()) return;
+    const list_view_row& view = shown_view(form);
+    if (list.column_count() <= view.searched[1] || list.column_count() < 5) return;
+    open_quietly(form, list.cell(row, view.searched[0]));
+    open_quietly(form, list.cell(row, view.searched[1]));
 }
 
 void mnu_enter_dir_Click(Tavrel& form) {
@@ -73,9 +75,10 @@ void disp_same_file_attr_Click(Tavrel& form) {
     locate_column(form);
     run_state& state = form.state;
     if (state.clicked_row == 0) return;
-    const path_columns columns = path_columns_of(form);
-    const int column = state.list_mode == 1 ? 2 : state.clicked_column;
-    if (state.list_mode != 1 && column != columns.a && column != columns.b) return;
+    const list_view_row& view = shown_view(form);
+    const bool asked_of_clicked = view.property_column == 0;
+    const int column = asked_of_clicked ? state.clicked_column : view.property_column;
+    if (asked_of_clicked && column != view.searched[0] && column != view.searched[1]) return;
     if (state.clicked_row > form.ListView1.row_count() || column >= form.ListView1.column_count()) return;
     const std::string path = form.ListView1.cell(state.clicked_row, column);
     if (path.compare(" ") > 0) tell_what_lacks(form, form.outside.desktop.show_properties(path));

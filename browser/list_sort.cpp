@@ -1,10 +1,11 @@
-// Sorting ListView1 by a clicked heading, and what the new order does to the colours.
+#include "browser/list_sort.h"
+
 #include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "browser/list_acts.h"
+#include "browser/list_views.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 #include "core/tasks/progress.h"
@@ -16,27 +17,8 @@ using namespace cell_colour;
 
 namespace {
 
-struct sort_key {
-    int list_mode;
-    const char* header;
-    int column;
-};
-
-// A column of numbers is ordered by their values, which is the order of texts padded with zeros.
-constexpr sort_key sort_keys[] = {
-    {0, "序号", 1},       {0, "长度", 2},      {0, "重复文件1", 3}, {0, "重复文件2", 4},  {1, "序号", 1},
-    {1, "空目录", 2},     {2, "长度", 2},      {2, "日期", 3},      {2, "不相同文件", 4}, {3, "序号", 1},
-    {3, "同名文件名", 2}, {3, "同名文件1", 3}, {3, "同名文件2", 4},
-};
-
-// 0: this heading sorts nothing.
-int key_column(int list_mode, const std::string& header) {
-    for (const sort_key& key : sort_keys)
-        if (key.list_mode == list_mode && header == key.header) return key.column;
-    return 0;
-}
-
-// The rows in ascending order of a column; equal ones keep theirs.
+// The rows in ascending order of a column; equal ones keep theirs. A column of numbers is ordered by their
+// values, which is the order of texts padded with zeros.
 std::vector<std::int32_t> ascending_rows(const list_view& list, int column) {
     const std::int32_t count = list.row_count();
     std::vector<std::int32_t> order;
@@ -56,17 +38,21 @@ std::vector<std::int32_t> ascending_rows(const list_view& list, int column) {
     return order;
 }
 
-// Gray for a first path that stands in the row above. Wipes red and blue from column 3, and from column 4
-// where the cell lies inside an archive; other marks of column 4 stay. The difference is meant.
-void recolour(list_view& list, bool archives) {
+// Gray for a first path that stands in the row above. Wipes red and blue from the first path, and from the
+// second where the cell lies inside an archive; other marks of it stay. The difference is meant.
+void recolour(list_view& list, const list_view_row& view) {
+    const bool archives = view.colours == sort_colours::repeats_gray_archives_own;
+    const int first = view.first_path;
+    const int second = view.second_path;
     std::string_view previous;
     for (std::int32_t row = 1; row <= list.row_count(); ++row) {
-        const std::string_view path = list.text_cell(row, 3);
+        const std::string_view path = list.text_cell(row, first);
         std::uint32_t colour = path == previous ? colour_gray : colour_text;
         previous = path;
         if (archives && is_archive_member(path)) colour = colour_archive;
-        list.set_colour(row, 3, colour);
-        if (archives && is_archive_member(list.text_cell(row, 4))) list.set_colour(row, 4, colour_archive);
+        list.set_colour(row, first, colour);
+        if (archives && is_archive_member(list.text_cell(row, second)))
+            list.set_colour(row, second, colour_archive);
     }
 }
 
@@ -77,16 +63,16 @@ void ListView1_ColumnClick(Tavrel& form) {
     list_view& list = form.ListView1;
     const int clicked = form.list_event.column;
     // A task that works on the rows, like a deletion, counts on their order.
-    if (tasks_locked(form)) return;
-    if (state.list_mode == 4 || clicked < 0 || clicked >= list.column_count()) return;
+    if (form.task_runs()) return;
+    const list_view_row& view = shown_view(form);
+    if (!view.sorts || clicked < 0 || clicked >= list.column_count()) return;
     const std::string header = list.columns()[static_cast<std::size_t>(clicked)].header;
     state.sort_descending = header == state.last_sort_column ? -1 : 0;
-    const int column = key_column(state.list_mode, header);
-    if (column > 0 && column < list.column_count()) {
-        std::vector<std::int32_t> order = ascending_rows(list, column);
+    if (view.columns[static_cast<std::size_t>(clicked)].sorts) {
+        std::vector<std::int32_t> order = ascending_rows(list, clicked);
         if (state.sort_descending) std::reverse(order.begin(), order.end());
         list.reorder(order);
-        if (state.list_mode == 0 || state.list_mode == 3) recolour(list, state.list_mode == 0);
+        if (view.colours != sort_colours::stay) recolour(list, view);
     }
     state.last_sort_column = state.sort_descending ? std::string() : header;
 }

@@ -1,10 +1,11 @@
-// The panel that shows the two paths of a row with their dates and lengths.
+#include "browser/row_panel.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <string>
 
 #include "browser/file_date.h"
-#include "browser/same_view.h"
+#include "browser/list_views.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 
@@ -14,6 +15,7 @@ namespace {
 
 constexpr int twips_per_unit = 110;  // about one character of the panel's font
 constexpr int panel_height = 1300;
+constexpr int length_cell = 2;  // what an archive member's line says for its length
 
 std::string panel_date(Tavrel& form, const file_facts& facts) {
     const local_time time = file_date(form, facts);
@@ -26,7 +28,7 @@ std::string panel_line(Tavrel& form, const std::string& path, const std::string&
                        std::size_t width) {
     std::string line = path;
     line.resize(std::max(width, path.size()), ' ');
-    if (form.state.list_mode == 4) return line;
+    if (!shown_view(form).panel_shows_dates) return line;
     std::string date, length;
     const file_facts facts = form.outside.files.facts(path);
     if (facts.exists) {
@@ -51,13 +53,13 @@ local_time file_date(Tavrel& form, const file_facts& facts) {
 void show_row_panel(Tavrel& form, std::int32_t row) {
     list_view& list = form.ListView1;
     if (row < 1 || row > list.row_count()) return;
-    const int first = form.state.list_mode == 4 ? 2 : 3;
+    const int first = shown_view(form).searched[0];
     if (first + 1 >= list.column_count()) return;
     const std::string path1 = list.cell(row, first);
     const std::string path2 = list.cell(row, first + 1);
     const std::size_t width = std::max(path1.size(), path2.size()) + 4;
-    form.samefile_disp1.text = panel_line(form, path1, list.cell(row, 2), width);
-    form.samefile_disp2.text = panel_line(form, path2, list.cell(row, 2), width);
+    form.samefile_disp1.text = panel_line(form, path1, list.cell(row, length_cell), width);
+    form.samefile_disp2.text = panel_line(form, path2, list.cell(row, length_cell), width);
     const auto longest =
         static_cast<int>(std::max(form.samefile_disp1.text.size(), form.samefile_disp2.text.size()));
     rectangle& place = form.Frame4.place;

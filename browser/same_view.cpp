@@ -5,10 +5,12 @@
 #include <string_view>
 #include <vector>
 
+#include "browser/list_views.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_file.h"
 #include "core/text/text_format.h"
 #include "core/text/text_sort.h"
@@ -61,7 +63,7 @@ bool read_rows(Tavrel& form, line_reader& reader) {
     text_column& files2 = state.result_file2;
     files1.clear();
     files2.clear_and_share(files1);
-    state.result_length.assign(1, 0);
+    state.result_length.clear();
     std::string_view line;
     std::string length, path1;
     std::int32_t i = 0;
@@ -86,17 +88,6 @@ bool read_rows(Tavrel& form, line_reader& reader) {
     return true;
 }
 
-void set_headers(Tavrel& form) {
-    list_view& list = form.ListView1;
-    list.clear_columns();
-    const int path_width = (list.place.width - 2100) / 2;
-    list.add_column({"", 100, text_alignment::left, cell_content::text});
-    list.add_column({"序号", 700, text_alignment::right, cell_content::number});
-    list.add_column({"长度", 900, text_alignment::right, cell_content::number});
-    list.add_column({"重复文件1", path_width, text_alignment::left, cell_content::text});
-    list.add_column({"重复文件2", path_width, text_alignment::left, cell_content::text});
-}
-
 }  // namespace
 
 void load_same_view(Tavrel& form) {
@@ -104,9 +95,9 @@ void load_same_view(Tavrel& form) {
     run_state& state = form.state;
     form.labels[5]->caption = "删除选定的重复文件";
     form.find("Picture4")->tooltip = legend;
-    form.ListView1.help_context = 1015;
-    form.ListView1.tooltip =
-        "双击鼠标，选中；Shift+鼠标，区域选择。双击序号栏，弹出相同文件名称[显示框].右键弹出菜单";
+    const list_view_row& view = view_of(list_modes::same_files);
+    form.ListView1.help_context = view.help_context;
+    form.ListView1.tooltip = view.tooltip;
     form.RichTextBox2.visible = false;
     form.Frame4.visible = false;
     form.Label4.visible = false;
@@ -117,11 +108,10 @@ void load_same_view(Tavrel& form) {
 
     line_reader reader(form.outside.files, state.same_file_path);
     if (!reader.is_open()) return reject_load(form);
-    lock_tasks(form);
+    task_scope task(form);
     std::string_view line;
     if (!reader.next(line)) {
-        reject_load(form);
-        return unlock_tasks(form);
+        return reject_load(form);
     }
     state.same_count = 0;
     if (reader.next(line))
@@ -136,18 +126,17 @@ void load_same_view(Tavrel& form) {
     if (!complete) state.same_count = state.limits.result_rows;
     form.pic_gressbar1.draw(state.same_count);
     if (state.same_count == 0) {
-        reject_load(form);
-        return unlock_tasks(form);
+        return reject_load(form);
     }
     sort_result_rows(form, 1, state.same_count);
     form.ListView1.visible = false;
-    state.list_mode = 0;
-    set_headers(form);
+    state.list_mode = view.list_mode;
+    set_columns(form.ListView1, view);
     fill_same_rows(form);
     form.panel(7, "显示相同文件");
     form.ListView1.visible = true;
     form.pic_gressbar1.visible = false;
-    unlock_tasks(form);
+    task.close();
     state.same_fresh_flag = 0;
     if (!complete) form.complain("相同文件太多，只显示前 " + std::to_string(state.same_count) + " 条。");
 }
@@ -163,14 +152,31 @@ void sort_result_rows(Tavrel& form, std::int32_t low, std::int32_t high) {
     std::vector<std::int64_t> lengths(rows.size());
     for (std::size_t n = 0; n < rows.size(); ++n) {
         files2[n] = state.result_file2.entry(rows[n].row);
-        lengths[n] = state.result_length[static_cast<std::size_t>(rows[n].row)];
+        lengths[n] = state.result_length[rows[n].row];
     }
     for (std::size_t n = 0; n < rows.size(); ++n) {
         const std::int32_t i = low + static_cast<std::int32_t>(n);
         state.result_file1.set_entry(i, rows[n].entry);
         state.result_file2.set_entry(i, files2[n]);
-        state.result_length[static_cast<std::size_t>(i)] = lengths[n];
+        state.result_length[i] = lengths[n];
     }
+}
+
+void share_pair_texts(list_view& list, const result_state& result, const text_column& files1) {
+    const list_view_row& view = view_of(list_modes::same_files);
+    list.share_texts(view.first_path, files1);
+    list.share_texts(view.second_path, result.result_file2);
+}
+
+std::int32_t add_pair_row(list_view& list, const result_state& result, const text_column& files1,
+                          std::int32_t i) {
+    const list_view_row& view = view_of(list_modes::same_files);
+    const std::int32_t row = list.add_row();
+    list.set_number(row, 1, i);
+    list.set_number(row, view.length_column, result.result_length[i]);
+    list.set_shared_text(row, view.first_path, files1.entry(i));
+    list.set_shared_text(row, view.second_path, result.result_file2.entry(i));
+    return row;
 }
 
 void fill_same_rows(Tavrel& form) {
@@ -180,26 +186,23 @@ void fill_same_rows(Tavrel& form) {
     bar_scale(form, state.same_count);
     form.pic_gressbar1.visible = true;
     list.clear_rows();
-    list.share_texts(3, state.result_file1);
-    list.share_texts(4, state.result_file2);
+    const list_view_row& view = view_of(list_modes::same_files);
+    share_pair_texts(list, state, state.result_file1);
     list.reserve_rows(state.same_count);
     state.result_max_length = 0;
     state.total_bytes = 0;
     std::string_view previous;
     for (std::int32_t i = 1; i <= state.same_count; ++i) {
         form.yield();
-        const std::int64_t length = state.result_length[static_cast<std::size_t>(i)];
+        const std::int64_t length = state.result_length[i];
         const std::string_view path1 = state.result_file1[i];
-        const std::int32_t row = list.add_row();
-        list.set_number(row, 1, i);
-        list.set_number(row, 2, length);
-        list.set_shared_text(row, 3, state.result_file1.entry(i));
-        list.set_shared_text(row, 4, state.result_file2.entry(i));
-        if (is_archive_member(path1)) list.set_colour(row, 3, cell_colour::colour_archive);
-        if (is_archive_member(state.result_file2[i])) list.set_colour(row, 4, cell_colour::colour_archive);
+        const std::int32_t row = add_pair_row(list, state, state.result_file1, i);
+        if (is_archive_member(path1)) list.set_colour(row, view.first_path, cell_colour::colour_archive);
+        if (is_archive_member(state.result_file2[i]))
+            list.set_colour(row, view.second_path, cell_colour::colour_archive);
         state.total_bytes += static_cast<double>(length);
         state.result_max_length = std::max(state.result_max_length, length);
-        if (previous == path1) list.set_colour(row, 3, cell_colour::colour_gray);
+        if (previous == path1) list.set_colour(row, view.first_path, cell_colour::colour_gray);
         previous = path1;
         if (i == first_rows_shown) form.outside.screen.repaint();
         if (i % rows_per_fill_status == 0) {
@@ -213,9 +216,9 @@ void fill_same_rows(Tavrel& form) {
     // The columns share their texts with the cells, so reading back is taking over the entries.
     state.same_count = list.row_count();
     for (std::int32_t row = 1; row <= state.same_count; ++row) {
-        state.result_length[static_cast<std::size_t>(row)] = list.number_cell(row, 2);
-        state.result_file1.set_entry(row, list.text_entry(row, 3));
-        state.result_file2.set_entry(row, list.text_entry(row, 4));
+        state.result_length[row] = list.number_cell(row, view.length_column);
+        state.result_file1.set_entry(row, list.text_entry(row, view.first_path));
+        state.result_file2.set_entry(row, list.text_entry(row, view.second_path));
     }
     form.panel(3, "相同文件:" + std::to_string(state.same_count));
     scale_size(state.total_bytes, state.size_unit);

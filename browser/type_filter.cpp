@@ -1,12 +1,13 @@
-// The filters on file types: the list rebuilt from the result columns, which know neither marks nor
-// deletions.
+#include "browser/type_filter.h"
+
 #include <algorithm>
 #include <string>
 #include <string_view>
 #include <unordered_set>
 #include <vector>
 
-#include "browser/list_find.h"
+#include "browser/list_views.h"
+#include "browser/same_view.h"
 #include "core/model/main_form.h"
 #include "core/tasks/progress.h"
 #include "core/text/text_case.h"
@@ -62,8 +63,8 @@ void fill_rows(Tavrel& form, const filter_words& words, const std::unordered_set
     run_state& state = form.state;
     list_view& list = form.ListView1;
     list.clear_rows();
-    list.share_texts(3, state.result_file1);
-    list.share_texts(4, state.result_file2);
+    const int first = view_of(list_modes::same_files).first_path;
+    share_pair_texts(list, state, state.result_file1);
     std::string_view previous;
     type_test test(types);
     const std::int32_t last = std::min(state.same_count, state.result_file2.size());
@@ -71,15 +72,10 @@ void fill_rows(Tavrel& form, const filter_words& words, const std::unordered_set
         const std::string_view path1 = state.result_file1[i];
         const bool listed = test.is_listed(path1) || test.is_listed(state.result_file2[i]);
         if (listed != words.shows_listed) continue;
-        const std::int64_t length = state.result_length[static_cast<std::size_t>(i)];
-        const std::int32_t row = list.add_row();
-        list.set_number(row, 1, i);
-        list.set_number(row, 2, length);
-        list.set_shared_text(row, 3, state.result_file1.entry(i));
-        list.set_shared_text(row, 4, state.result_file2.entry(i));
+        const std::int32_t row = add_pair_row(list, state, state.result_file1, i);
         // Goes on from the scaled figure that the last load or filter left.
-        state.total_bytes += static_cast<double>(length);
-        if (path1 == previous) list.set_colour(row, 3, cell_colour::colour_gray);
+        state.total_bytes += static_cast<double>(state.result_length[i]);
+        if (path1 == previous) list.set_colour(row, first, cell_colour::colour_gray);
         previous = path1;
     }
 }
@@ -92,7 +88,7 @@ void filter(Tavrel& form, const filter_words& words) {
     if (answer.empty()) return;
     kept = answer;
     // Only the same-file view has these columns.
-    if (is_blank(answer) || state.list_mode != 0 || form.ListView1.column_count() < 5) return;
+    if (is_blank(answer) || !shown_view(form).holds_copies || form.ListView1.column_count() < 5) return;
     state.base_time = form.outside.screen.seconds();
     fill_rows(form, words, listed_types(answer));
     form.panel(3, "相同文件:" + std::to_string(form.ListView1.row_count()));

@@ -2,11 +2,13 @@
 
 #include <string>
 
-#include "browser/same_view.h"
+#include "browser/list_views.h"
+#include "browser/same_store.h"
 #include "cleanup/deletion_run.h"
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_format.h"
 
 namespace corvane {
@@ -56,7 +58,6 @@ void close_run(Tavrel& form, const deletion_run& run, const char* words) {
         report += "\r\n如需删除隐藏或只读文件,请按 yes,并重新运行<删除内容相同文件>";
         if (form.confirm(report)) state.force_protected = -1;
     }
-    unlock_tasks(form);
 }
 
 // From the first row to the report. `words` begin the panel while the run scans, `report` the report.
@@ -74,7 +75,7 @@ void run_deletion(Tavrel& form, deletion_road road, const char* words, const cha
     if (run.marked() == 0 && state.archive_del_count == 0) {
         form.pic_gressbar1.visible = false;
         tell_nothing_marked(form);
-        return unlock_tasks(form);
+        return;
     }
     if (road == deletion_road::direct) state.force_protected = 0;
     if (!run.send_batches()) return;
@@ -87,28 +88,28 @@ void run_deletion(Tavrel& form, deletion_road road, const char* words, const cha
 }  // namespace
 
 void delete_marked_recycle(Tavrel& form) {
-    if (form.state.list_mode == 1) {
-        form.run("Picture8_Click");
+    const deletion_rule deletes = shown_view(form).deletes;
+    if (deletes == deletion_rule::empty_directories) {
+        form.call(handlers::delete_empty_directories);
         return;
     }
-    if (form.state.list_mode == 3) return form.inform("因文件内容不一定相同,请在资源管理器中选择删除");
+    if (deletes == deletion_rule::left_to_file_manager) return form.inform(names_are_not_contents);
     if (help_mode_opens(form, 20) || !has_result(form)) return;
-    lock_tasks(form);
+    const task_scope task(form);
     if (!form.confirm("将所选定的文件放入回收站吗?\r\n    Y 放入回收站\r\n    N 直接删除"))
         return delete_marked_direct(form);
     run_deletion(form, deletion_road::recycle, "删除分析:", "放入回收站:");
 }
 
 void delete_marked_direct(Tavrel& form) {
-    if (form.state.list_mode != 0) {
+    if (shown_view(form).deletes != deletion_rule::files) {
         form.inform("非相同文件状态,不能删除");
-        return unlock_tasks(form);
+        return;
     }
-    if (help_mode_opens(form, 20) || !has_result(form)) return unlock_tasks(form);
-    lock_tasks(form);
+    if (help_mode_opens(form, 20) || !has_result(form)) return;
+    const task_scope task(form);
     // The words speak of the recycle bin; what a Yes does is direct all the same.
-    if (form.state.delete_prompt_on == 1 && !form.confirm("将所选定的文件放入回收站吗?"))
-        return unlock_tasks(form);
+    if (form.state.delete_prompt_on == 1 && !form.confirm("将所选定的文件放入回收站吗?")) return;
     run_deletion(form, deletion_road::direct, "删除 :", "已删除:");
 }
 

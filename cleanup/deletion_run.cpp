@@ -1,5 +1,6 @@
 #include "cleanup/deletion_run.h"
 
+#include "browser/list_views.h"
 #include "cleanup/recycle_batches.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
@@ -18,14 +19,19 @@ constexpr std::int32_t rows_per_clock = 100;
 }  // namespace
 
 deletion_run::deletion_run(Tavrel& form, deletion_road road, const char* words)
-    : form_(form), list_(form.ListView1), road_(road), words_(words), copies_(form) {}
+    : form_(form),
+      list_(form.ListView1),
+      view_(view_of(list_modes::same_files)),
+      road_(road),
+      words_(words),
+      copies_(form) {}
 
 bool deletion_run::scan() {
     const std::int32_t rows = list_.row_count();
     for (std::int32_t row = 1; row <= rows; ++row) {
         form_.yield();
         if (form_.state.quit_requested) return false;
-        for (const int column : {3, 4}) take_cell(row, column);
+        for (const int column : {view_.first_path, view_.second_path}) take_cell(row, column);
         show_progress(row);
     }
     return true;
@@ -36,7 +42,7 @@ void deletion_run::take_cell(std::int32_t row, int column) {
     const std::uint32_t colour = list_.colour(row, column);
     if (colour != mark_red && !(colour == mark_blue && form_.state.force_protected)) return;
     ++marked_;
-    taken_cell cell{row, column, list_.cell(row, column), parse_number(list_.cell(row, 2))};
+    taken_cell cell{row, column, list_.cell(row, column), parse_number(list_.cell(row, view_.length_column))};
     // Where case counts, blanks at the end do, too: without them it would be another file's name.
     if (form_.outside.files.ignores_case())
         while (!cell.path.empty() && cell.path.back() == ' ') cell.path.pop_back();

@@ -15,6 +15,7 @@
 namespace corvane {
 
 class list_view;
+struct list_view_row;
 class Tavrel;
 
 enum class deletion_road { recycle, direct };
@@ -61,6 +62,7 @@ class deletion_run {
 
     Tavrel& form_;
     list_view& list_;
+    const list_view_row& view_;  // the columns of the pairs
     deletion_road road_;
     std::string words_;
     last_copy copies_;

@@ -4,10 +4,12 @@
 #include <string_view>
 #include <vector>
 
+#include "browser/list_views.h"
 #include "cleanup/recycle_batches.h"
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_format.h"
 
 namespace corvane {
@@ -15,8 +17,6 @@ namespace corvane {
 using namespace cell_colour;
 
 namespace {
-
-constexpr int path_column = 2;
 
 // What one run has come to.
 struct tallies {
@@ -61,6 +61,7 @@ bool is_protected(Tavrel& form, const std::string& path) {
 
 void take_row(Tavrel& form, std::int32_t row, tallies& count) {
     list_view& list = form.ListView1;
+    const int path_column = shown_view(form).first_path;
     const std::uint32_t colour = list.colour(row, path_column);
     if (colour != mark_red && !(colour == mark_blue && form.state.force_protected)) return;
     const std::string path = without_trailing_blanks(list.cell(row, path_column));
@@ -95,14 +96,15 @@ void Picture8_Click(Tavrel& form) {
     if (help_mode_opens(form, 40)) return;
     run_state& state = form.state;
     list_view& list = form.ListView1;
-    if (state.list_mode != 1) return form.complain("非空目录状态,不能删除");
+    if (shown_view(form).deletes != deletion_rule::empty_directories)
+        return form.complain("非空目录状态,不能删除");
     form.RichTextBox2.visible = false;
     state.base_time = form.outside.screen.seconds();
     form.panel(7, "删除空目录");
     if (state.empty_dir_count == 0) return form.complain("没有选中的要删除的空目录,请重选");
     // The options window stores 1 for a check: the question is kept for a setting that says -1.
     if (state.delete_prompt_on == -1 && !form.confirm("空目录放入回收站吗？")) return;
-    lock_tasks(form);
+    const task_scope task(form);
     bar_scale(form, list.row_count());
     form.pic_gressbar1.visible = true;
     form.panel(5, "已删除:0");
@@ -126,11 +128,10 @@ void Picture8_Click(Tavrel& form) {
     form.pic_gressbar1.visible = false;
     show_elapsed(form);
     report(form, count);
-    unlock_tasks(form);
 }
 
 void del_dir_Click(Tavrel& form) {
-    if (form.state.list_mode == 1) Picture8_Click(form);
+    if (shown_view(form).deletes == deletion_rule::empty_directories) Picture8_Click(form);
 }
 
 }  // namespace corvane

@@ -7,6 +7,7 @@
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_file.h"
 
 namespace corvane {
@@ -18,7 +19,6 @@ constexpr int topic = 38;
 void end_search(Tavrel& form) {
     form.pic_gressbar1.visible = false;
     form.Label4.visible = false;
-    unlock_tasks(form);
 }
 
 // Writes the empty ones of the first `finished` directories and counts them into `found`. False: the program
@@ -52,12 +52,12 @@ void find_empty_directories(Tavrel& form) {
     form.Label4.visible = false;
     state.base_time = form.outside.screen.seconds();
     form.StatusBar1.clear_figures();
-    lock_tasks(form);
+    const task_scope task(form);
     form.panel(7, "查找空目录");
     state.walk_count = 0;
     if (state.selected_dir_count == 0) {
         form.complain("没有选定的目录，请在[目录选择]中选定目录");
-        return unlock_tasks(form);
+        return;
     }
     form.Command28.caption = "取消[查找空目录]";
     form.Command28.visible = true;
@@ -65,10 +65,10 @@ void find_empty_directories(Tavrel& form) {
     state.cancel_task = 0;
 
     empty_walk walk(form);
-    const empty_walk::ending ending = walk.run();
-    if (ending == empty_walk::ending::quit) return;
+    const walk_course ending = walk.run();
+    if (ending == walk_course::quit) return;
     form.Command28.visible = false;
-    const bool cancelled = ending == empty_walk::ending::cancelled;
+    const bool cancelled = ending == walk_course::cancelled;
     const std::int32_t finished = walk.visited_count() - (cancelled ? 1 : 0);
     if (finished == 0) {
         if (!cancelled) form.complain("没有找到任何目录，请重新在[目录选择]中选定目录");

@@ -3,10 +3,11 @@
 #include <string>
 #include <string_view>
 
-#include "browser/same_view.h"
+#include "browser/list_views.h"
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_file.h"
 #include "core/text/text_sort.h"
 
@@ -15,6 +16,7 @@ namespace corvane {
 namespace {
 
 void show_captions(Tavrel& form) {
+    const list_view_row& view = view_of(list_modes::empty_directories);
     form.labels[5]->caption = "删除选定的空目录";
     form.RichTextBox2.visible = false;
     form.state.base_time = form.outside.screen.seconds();
@@ -22,8 +24,8 @@ void show_captions(Tavrel& form) {
     form.panel(1, "全部目录数");
     form.panel(3, "空目录数");
     form.panel(7, "显示空目录");
-    form.ListView1.help_context = 1039;
-    form.ListView1.tooltip = "双击鼠标，选中；Shift+鼠标，区域选择。右键，打开目录.";
+    form.ListView1.help_context = view.help_context;
+    form.ListView1.tooltip = view.tooltip;
 }
 
 // The stored directories. False: the reason has been shown. `cut` tells that they did not all fit.
@@ -56,25 +58,17 @@ bool read_stored_list(Tavrel& form, bool& cut) {
     return false;
 }
 
-void set_headers(Tavrel& form) {
-    list_view& list = form.ListView1;
-    list.clear_rows();
-    list.clear_columns();
-    list.add_column({"", 100, text_alignment::left, cell_content::text});
-    list.add_column({"序号", 700, text_alignment::right, cell_content::number});
-    list.add_column({"空目录", list.place.width - 1000, text_alignment::left, cell_content::text});
-}
-
 // False: the program is closing.
 bool fill_rows(Tavrel& form) {
     run_state& state = form.state;
     list_view& list = form.ListView1;
-    list.share_texts(2, state.empty_dirs);
+    const int path_column = shown_view(form).first_path;
+    list.share_texts(path_column, state.empty_dirs);
     for (std::int32_t i = 1; i <= state.empty_dir_count; ++i) {
         if (path_exists(form.outside.files, std::string(state.empty_dirs[i]))) {
             const std::int32_t row = list.add_row();
             list.set_number(row, 1, row);
-            list.set_shared_text(row, 2, state.empty_dirs.entry(i));
+            list.set_shared_text(row, path_column, state.empty_dirs.entry(i));
         }
         bar_draw(form, i);
         if (state.quit_requested) return false;
@@ -86,10 +80,11 @@ void show_directories(Tavrel& form) {
     run_state& state = form.state;
     list_view& list = form.ListView1;
     show_captions(form);
+    const list_view_row& view = view_of(list_modes::empty_directories);
     bool cut = false;
     if (!read_stored_list(form, cut)) return;
-    set_headers(form);
-    state.list_mode = 1;
+    set_columns(list, view);
+    state.list_mode = view.list_mode;
     sort_text_array(state.empty_dirs, 1, state.empty_dir_count);
     list.visible = false;
     bar_scale(form, state.empty_dir_count);
@@ -110,11 +105,8 @@ void show_directories(Tavrel& form) {
 
 void Picture7_Click(Tavrel& form) {
     if (help_mode_opens(form, 39)) return;
-    // At the end of a search the task is that of the search, which unlocks it.
-    const bool inside_search = tasks_locked(form);
-    if (!inside_search) lock_tasks(form);
+    const task_scope task(form);
     show_directories(form);
-    if (!inside_search && !form.state.quit_requested) unlock_tasks(form);
 }
 
 }  // namespace corvane

@@ -5,25 +5,21 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "core/text/text_column.h"
-#include "core/walk/walk_links.h"
+#include "core/walk/tree_walk.h"
 
 namespace corvane {
 
 class Tavrel;
-struct run_state;
 
-class empty_walk {
+class empty_walk : private walk_visitor {
   public:
-    enum class ending { finished, cancelled, quit };
-
-    explicit empty_walk(Tavrel& form);
+    explicit empty_walk(Tavrel& form) : form_(form) {}
 
     // Walks the selected directories once. Fills dir_queue and walk_count; Command28 ends it behind the
     // directory in hand, the closing of the program at the next name.
-    ending run();
+    walk_course run();
 
     // In the order of the visit, from 1. The last one of a cancelled walk is not finished.
     std::int32_t visited_count() const { return visited_.size(); }
@@ -31,28 +27,24 @@ class empty_walk {
     // False for what could not be read to its end, and for a link.
     bool is_empty(std::int32_t k) const;
     // Directories were left out because a limit was reached.
-    bool limit_reached() const { return full_; }
+    bool limit_reached() const { return limit_reached_; }
 
   private:
-    void queue_roots();
-    void enqueue(std::string directory);
-    // False: the program is closing.
-    bool list_one(const std::string& directory);
-    void take_directory(const std::string& directory, std::string found);
+    walk_course enter(const std::string& directory) override;
+    walk_course entry(const std::string& directory, std::string_view name, entry_kind kind) override;
+    walk_course leave(const std::string& directory, directory_reading reading,
+                      const std::string& last_name) override;
+    void links_begin() override;
+    void show_directory(const std::string& directory);
     void take_file();
     void show_failure(const std::string& name);
     std::string figure() const;
-    // Files and queue entries so far, and what counts like them.
-    std::int64_t entries() const;
 
     Tavrel& form_;
-    walk_links links_;
     text_column visited_;
-    std::vector<std::int64_t> marks_{0};  // entries() at the start of each visit
-    // Entries that are neither files nor queued, less links that are queued without being an entry again.
-    std::int64_t beside_ = 0;
-    std::int32_t first_link_ = 0;  // the visit from which on links are listed; 0: none
-    bool full_ = false;
+    column<char> holds_something_;  // 1 also for what could not be seen; parallel to visited_
+    std::int32_t first_link_ = 0;   // the visit from which on links are listed; 0: none
+    bool limit_reached_ = false;
 };
 
 }  // namespace corvane

@@ -5,6 +5,7 @@
 #include <memory>
 #include <span>
 
+#include "browser/list_views.h"
 #include "core/archives/archive_entry.h"
 #include "core/archives/checksum.h"
 #include "core/model/main_form.h"
@@ -28,13 +29,14 @@ bool is_marked(const list_view& list, std::int32_t row, int column) {
 
 last_copy::last_copy(Tavrel& form) : form_(form), files_(form.outside.files), shelf_(form) {
     const list_view& list = form.ListView1;
-    if (form.state.list_mode != 0 || list.column_count() < 5) return;
+    const list_view_row& view = shown_view(form);
+    if (!view.holds_copies || list.column_count() <= view.second_path) return;
     const auto count = static_cast<std::size_t>(list.row_count());
     number_.reserve(count * 2);
     for (std::int32_t row = 1; row <= list.row_count(); ++row) {
-        const std::string_view a = list.text_cell(row, 3);
-        const std::string_view b = list.text_cell(row, 4);
-        for (const auto& [path, column] : {std::pair(a, 3), std::pair(b, 4)})
+        const std::string_view a = list.text_cell(row, view.first_path);
+        const std::string_view b = list.text_cell(row, view.second_path);
+        for (const auto& [path, column] : {std::pair(a, view.first_path), std::pair(b, view.second_path)})
             if (is_marked(list, row, column)) touched_archives_.insert(archive_path_of(path));
         if (is_blank(a) || is_blank(b)) continue;
         const std::size_t root_a = root_of(member_of(a));
@@ -85,7 +87,7 @@ bool last_copy::may_go(std::string_view path, const archive_member& member) {
 bool last_copy::has_keeper(leaving file) {
     if (trusted_archives_.count(archive_path_of(file.path)) != 0) return false;
     // Only a list of equal files has copies; elsewhere the user removes what has none.
-    if (form_.state.list_mode != 0) return true;
+    if (!shown_view(form_).holds_copies) return true;
     const auto found = number_.find(file.path);
     if (found == number_.end()) return false;
     // From where the last keeper was found on: in a group of many marked files the search goes round once.

@@ -39,7 +39,7 @@ void Command44_Click(Tavrel& form) {
     state.base_time = form.outside.screen.seconds();
     if (!state.file_list_loaded) {
         form.panel(7, "查异常文件_读暂存文件清单");
-        form.run("Command21_Click");
+        form.call(handlers::read_file_list);
         form.panel(7, "查异常文件");
     }
     if (state.quit_requested) return;

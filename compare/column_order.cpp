@@ -12,13 +12,13 @@ namespace corvane {
 namespace {
 
 // Puts the values of first.. in the order of `old_places`, counted from 0 at `first`.
-template <class Value>
-void reorder(std::vector<Value>& column, std::int32_t first, const std::vector<std::int32_t>& old_places) {
-    std::vector<Value> moved(old_places.size());
-    const auto base = static_cast<std::size_t>(first);
+template <class Values>
+void reorder(Values& values, std::int32_t first, const std::vector<std::int32_t>& old_places) {
+    const auto range = values.range(first, first + static_cast<std::int32_t>(old_places.size()) - 1);
+    std::vector<typename decltype(range)::value_type> moved(old_places.size());
     for (std::size_t i = 0; i < old_places.size(); ++i)
-        moved[i] = column[base + static_cast<std::size_t>(old_places[i])];
-    std::copy(moved.begin(), moved.end(), column.begin() + first);
+        moved[i] = range[static_cast<std::size_t>(old_places[i])];
+    std::copy(moved.begin(), moved.end(), range.begin());
 }
 
 bool is_identity(const std::vector<std::int32_t>& places) {
@@ -62,43 +62,42 @@ signature_key key_of(std::int32_t signature, std::int32_t place) {
 
 }  // namespace
 
-void sort_by_length_and_name(run_state& state) {
-    const std::int32_t count = state.file_count;
+void sort_by_length_and_name(file_columns& files) {
+    const std::int32_t count = files.file_count;
     if (count < 2) return;
     std::vector<std::int32_t> places;
-    if (names_ascend(state.file_list, 1, count)) {
+    if (names_ascend(files.file_list, 1, count)) {
         places.resize(static_cast<std::size_t>(count));
         std::iota(places.begin(), places.end(), 0);
     } else {
-        places = places_by_name(state.file_list, 1, count);
+        places = places_by_name(files.file_list, 1, count);
     }
     // In name order already, so that a stable sort by length leaves names ascending within a length.
     std::vector<std::pair<std::int64_t, std::int32_t>> keyed(places.size());
-    for (std::size_t i = 0; i < places.size(); ++i)
-        keyed[i] = {state.file_len[static_cast<std::size_t>(places[i]) + 1], places[i]};
+    for (std::size_t i = 0; i < places.size(); ++i) keyed[i] = {files.file_len[places[i] + 1], places[i]};
     std::stable_sort(keyed.begin(), keyed.end(),
                      [](const auto& a, const auto& b) { return a.first < b.first; });
     for (std::size_t i = 0; i < places.size(); ++i) places[i] = keyed[i].second;
 
     if (is_identity(places)) return;
-    reorder(state.file_list.entries(), 1, places);
-    reorder(state.file_len, 1, places);
-    reorder(state.file_date_hi, 1, places);
-    reorder(state.file_date_lo, 1, places);
-    reorder(state.file_ok, 1, places);
-    reorder(state.file_place, 1, places);
+    reorder(files.file_list, 1, places);
+    reorder(files.file_len, 1, places);
+    reorder(files.file_date_hi, 1, places);
+    reorder(files.file_date_lo, 1, places);
+    reorder(files.file_ok, 1, places);
+    reorder(files.file_place, 1, places);
 }
 
-std::vector<std::int32_t> sort_group(run_state& state, std::int32_t first, std::int32_t last) {
+std::vector<std::int32_t> sort_group(file_columns& files, std::int32_t first, std::int32_t last) {
     const auto count = static_cast<std::size_t>(last - first + 1);
     std::vector<signature_key> keys;
     keys.reserve(count);
-    if (names_ascend(state.file_list, first, last)) {
+    if (names_ascend(files.file_list, first, last)) {
         for (std::int32_t place = 0; place <= last - first; ++place)
-            keys.push_back(key_of(state.file_crc[static_cast<std::size_t>(first + place)], place));
+            keys.push_back(key_of(files.file_crc[first + place], place));
     } else {
-        for (const std::int32_t place : places_by_name(state.file_list, first, last))
-            keys.push_back(key_of(state.file_crc[static_cast<std::size_t>(first + place)], place));
+        for (const std::int32_t place : places_by_name(files.file_list, first, last))
+            keys.push_back(key_of(files.file_crc[first + place], place));
     }
     std::stable_sort(keys.begin(), keys.end(), [](const signature_key& a, const signature_key& b) {
         return a.high != b.high ? a.high < b.high : a.low < b.low;
@@ -106,25 +105,25 @@ std::vector<std::int32_t> sort_group(run_state& state, std::int32_t first, std::
     std::vector<std::int32_t> places(count);
     for (std::size_t i = 0; i < count; ++i) places[i] = keys[i].place;
     if (is_identity(places)) return places;
-    reorder(state.file_list.entries(), first, places);
-    reorder(state.file_date_hi, first, places);
-    reorder(state.file_date_lo, first, places);
-    reorder(state.file_crc, first, places);
-    reorder(state.file_bad, first, places);
-    reorder(state.file_ok, first, places);
-    reorder(state.file_place, first, places);
+    reorder(files.file_list, first, places);
+    reorder(files.file_date_hi, first, places);
+    reorder(files.file_date_lo, first, places);
+    reorder(files.file_crc, first, places);
+    reorder(files.file_bad, first, places);
+    reorder(files.file_ok, first, places);
+    reorder(files.file_place, first, places);
     return places;
 }
 
-void sort_by_name(run_state& state) {
-    if (state.file_count < 2) return;
-    const std::vector<std::int32_t> places = places_by_name(state.file_list, 1, state.file_count);
+void sort_by_name(file_columns& files) {
+    if (files.file_count < 2) return;
+    const std::vector<std::int32_t> places = places_by_name(files.file_list, 1, files.file_count);
     if (is_identity(places)) return;
-    reorder(state.file_list.entries(), 1, places);
-    reorder(state.file_len, 1, places);
-    reorder(state.file_date_hi, 1, places);
-    reorder(state.file_date_lo, 1, places);
-    reorder(state.file_crc, 1, places);
+    reorder(files.file_list, 1, places);
+    reorder(files.file_len, 1, places);
+    reorder(files.file_date_hi, 1, places);
+    reorder(files.file_date_lo, 1, places);
+    reorder(files.file_crc, 1, places);
 }
 
 }  // namespace corvane

@@ -5,19 +5,19 @@
 #include <cstdint>
 #include <vector>
 
-#include "core/model/run_state.h"
+#include "core/state/file_columns.h"
 
 namespace corvane {
 
 // Orders file_list, file_len, both dates, file_ok and file_place by length, then name.
-void sort_by_length_and_name(run_state& state);
+void sort_by_length_and_name(file_columns& files);
 
 // Orders the range first to last of file_list, both dates, file_crc, file_bad, file_ok and file_place by the
 // signature's decimal text, then the name. The other columns keep their places, on purpose. Returns for each
 // new place, counted from 0, the old one.
-std::vector<std::int32_t> sort_group(run_state& state, std::int32_t first, std::int32_t last);
+std::vector<std::int32_t> sort_group(file_columns& files, std::int32_t first, std::int32_t last);
 
 // Orders file_list, file_len, both dates and file_crc by name alone.
-void sort_by_name(run_state& state);
+void sort_by_name(file_columns& files);
 
 }  // namespace corvane

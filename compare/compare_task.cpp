@@ -13,11 +13,14 @@
 #include "core/tasks/error_trail.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_format.h"
 
 namespace corvane {
 
 namespace {
+
+constexpr std::int32_t files_per_status = 813;
 
 // The list in memory, or the stored one. False: there is none, and the user has been told, or the program
 // ends.
@@ -25,7 +28,7 @@ bool take_file_list(Tavrel& form) {
     run_state& state = form.state;
     if (!state.file_list_loaded) {
         form.panel(7, "查相同文件_读暂存文件清单");
-        form.run("Command21_Click");
+        form.call(handlers::read_file_list);
         form.panel(7, "查相同文件");
         // An empty list has been reported by the reader.
         if (state.file_count == 0) return false;
@@ -33,7 +36,60 @@ bool take_file_list(Tavrel& form) {
     if (state.quit_requested) return false;
     if (state.file_count > 0) return true;
     form.complain("没有文件，请重新选择目录", 1009, true);
-    form.run("Picture1_Click");
+    form.call(handlers::choose_directories);
+    return false;
+}
+
+bool load_history(Tavrel& form) {
+    const history_reading reading = {[&form](std::int32_t rows) {
+                                         form.panel(7, "查相同文件_预处理");
+                                         bar_colours(form, 128, 65535, 0xF5F9EC);
+                                         bar_scale(form, rows);
+                                         form.pic_gressbar1.visible = true;
+                                     },
+                                     [&form](std::int32_t row) {
+                                         bar_draw(form, row);
+                                         show_elapsed(form);
+                                         form.yield();
+                                         return !form.state.quit_requested;
+                                     }};
+    if (!read_history(form.outside.files, form.state, form.state.limits.files, reading)) return false;
+    if (form.state.history_count > 0) form.pic_gressbar1.visible = false;
+    return true;
+}
+
+void show_bytes(Tavrel& form) {
+    form.panel(2, "字节:" + group_digits(form.state.total_bytes) + form.state.size_unit);
+}
+
+bool check_attributes(Tavrel& form, bool& members_seen) {
+    run_state& state = form.state;
+    const auto reaches = [&](std::int32_t i) {
+        if (i % files_per_status == 0) {
+            bar_draw(form, i);
+            show_bytes(form);
+            show_elapsed(form);
+        }
+        form.yield();
+        return !state.quit_requested;
+    };
+    if (!refresh_attributes(form.outside.files, state, state, members_seen, reaches)) return false;
+    form.panel(7, "核对属性完毕");
+    scale_size(state.total_bytes, state.size_unit);
+    show_bytes(form);
+    return true;
+}
+
+bool store_history(Tavrel& form) {
+    run_state& state = form.state;
+    // Forgets files that are gone, on about one run in sixty.
+    if (form.outside.screen.now().second % 60 == 1)
+        purge_history(form.outside.files, state, [&form] { form.yield(); });
+    bar_colours(form, 128, 65535, 0xF5F9EC);
+    bar_scale(form, state.file_count);
+    std::string error;
+    if (merge_history(form.outside.files, state, state, error)) return true;
+    report_write_failure(form, state.history_path, error);
     return false;
 }
 
@@ -52,16 +108,17 @@ bool prepare(Tavrel& form) {
     form.panel(7, "查相同文件_核对属性");
     bar_colours(form, 255, 0x6AC4C1, 0xCFCFCF);
     bar_scale(form, state.file_count - 1);
-    size_columns(form);
+    size_columns(state, state);
     form.yield();
 
     bool members_seen = false;
-    if (!refresh_attributes(form, members_seen)) return false;
+    if (!check_attributes(form, members_seen)) return false;
     if (!state.list_sorted_flag) Command18_Click(form);
     state.list_sorted_flag = -1;
-    if (members_seen) take_member_signatures(form);
-    reuse_history(form);
-    if (state.same_suffix_only) fill_suffix_column(form);
+    if (members_seen) take_member_signatures(state);
+    form.panel(7, "核对文件历史数据");
+    reuse_history(state, state);
+    if (state.same_suffix_only) fill_suffix_column(state);
     return true;
 }
 
@@ -85,7 +142,7 @@ bool store_results(Tavrel& form) {
     form.Label4.visible = false;
     state.same_fresh_flag = -1;
     bool written = write_same_files(form) && write_different_files(form);
-    if (written && state.file_count > history_threshold) written = merge_history(form);
+    if (written && state.file_count > history_threshold) written = store_history(form);
     form.pic_gressbar1.visible = false;
     form.Command28.visible = false;
     return written;
@@ -112,8 +169,8 @@ void Picture3_Click(Tavrel& form) {
     state.base_time = form.outside.screen.seconds();
     if (!take_file_list(form)) return;
 
-    blank_avoided_files(form);
-    lock_tasks(form);
+    state.search_upper_bound = blank_avoided_files(state, state, state.search_upper_bound);
+    task_scope task(form);
     if (!prepare(form)) return;
     set_up_comparison(form);
     const comparison_outcome outcome = compare_files(form);
@@ -123,19 +180,19 @@ void Picture3_Click(Tavrel& form) {
     const double elapsed = form.outside.screen.seconds() - state.base_time;
     const double base = state.base_time;
     show_elapsed(form);
-    form.run("load_same_view");
+    form.call(handlers::show_same_files);
     state.base_time = base;
     if (state.quit_requested) return;
     show_elapsed(form);
     form.panel(5, "");
     if (state.shutdown_after_task) {
-        unlock_tasks(form);
-        form.run("start_shutdown");
+        task.close();
+        form.call(handlers::start_shutdown);
         return;
     }
     write_run_record(form, state.file_count, static_cast<std::int32_t>(std::floor(elapsed)));
     show_closing_message(form, outcome.files_checked, elapsed);
-    unlock_tasks(form);
+    task.close();
     form.find("debug_err")->value = 0;
     state.error_trail_on = 0;
 }
@@ -148,9 +205,8 @@ void Command18_Click(Tavrel& form) {
     // A view lays its rows over file_list, and before a comparison there are no columns: nothing to order
     // then.
     const run_state& state = form.state;
-    const std::size_t size = static_cast<std::size_t>(state.file_count) + 1;
-    if (state.file_list.size() == state.file_count && state.file_date_hi.size() == size &&
-        state.file_len.size() == size)
+    if (state.file_list.size() == state.file_count && state.file_date_hi.size() == state.file_count &&
+        state.file_len.size() == state.file_count)
         sort_by_length_and_name(form.state);
 }
 

@@ -6,6 +6,7 @@
 #include "compare/estimate.h"
 #include "compare/group.h"
 #include "core/model/main_form.h"
+#include "core/tasks/error_trail.h"
 #include "core/tasks/progress.h"
 #include "core/text/text_format.h"
 
@@ -20,13 +21,17 @@ constexpr std::int32_t pairs_per_status = 8;
 
 class comparison {
   public:
-    explicit comparison(Tavrel& form) : form_(form), state_(form.state), estimate_(form), group_(form) {}
+    explicit comparison(Tavrel& form)
+        : form_(form),
+          state_(form.state),
+          estimate_(form),
+          group_(form.outside.files, form.state, events_of(form)) {}
 
     comparison_outcome run() {
         double last_status = form_.outside.screen.seconds();
         std::int32_t i = 1;
         for (; i < state_.file_count; ++i) {
-            if (!state_.file_ok[at(i)] || state_.file_matched[at(i)]) continue;
+            if (!state_.file_ok[i] || state_.file_matched[i]) continue;
             form_.yield();
             if (state_.cancel_task) return {comparison_end::cancelled, i};
             if (state_.quit_requested) return {comparison_end::quit, i};
@@ -42,26 +47,35 @@ class comparison {
             }
             bar_draw(form_, i);
             group_.clear_archive_flag();
-            if (state_.file_len[at(i)] == 0) {
+            if (state_.file_len[i] == 0) {
                 i = pair_empty_files(i);
                 continue;
             }
             if (group_.end() <= i && !group_.open(i)) return {comparison_end::quit, i};
-            if (state_.file_ok[at(i)] && group_.end() > i) compare_with_later(i);
+            if (state_.file_ok[i] && group_.end() > i) compare_with_later(i);
         }
         if (state_.quit_requested) return {comparison_end::quit, i};
         return {comparison_end::finished, state_.file_count};
     }
 
   private:
-    static std::size_t at(std::int32_t i) { return static_cast<std::size_t>(i); }
+    static group_events events_of(Tavrel& form) {
+        return {[&form] {
+                    form.yield();
+                    return !form.state.quit_requested;
+                },
+                [&form](std::string_view path) { note_in_trail(form, path); },
+                [&form](std::string_view path) {
+                    if (form.state.show_run_filename) form.Label4.caption = path;
+                }};
+    }
 
     // Pairs every empty file with the first; these files keep counting as different ones, too. Returns the
     // last of them.
     std::int32_t pair_empty_files(std::int32_t i) {
         std::int32_t k = i + 1;
-        for (; k <= state_.file_count && state_.file_len[at(k)] == 0; ++k)
-            if (state_.file_ok[at(k)] && !is_one_physical_file(i, k)) add_pair(i, k);
+        for (; k <= state_.file_count && state_.file_len[k] == 0; ++k)
+            if (state_.file_ok[k] && !is_one_physical_file(i, k)) add_pair(i, k);
         return k - 1;
     }
 
@@ -78,8 +92,7 @@ class comparison {
     // Two paths of a file that has a single link, as behind a bind mount, are no pair: deleting one of them
     // would delete the file.
     bool is_one_physical_file(std::int32_t i, std::int32_t j) {
-        if (state_.file_place[at(i)] == 0 || state_.file_place[at(i)] != state_.file_place[at(j)])
-            return false;
+        if (state_.file_place[i] == 0 || state_.file_place[i] != state_.file_place[j]) return false;
         if (state_.file_list[i] == state_.file_list[j]) return false;
         const file_facts a = form_.outside.files.facts(state_.file_list[i]);
         const file_facts b = form_.outside.files.facts(state_.file_list[j]);
@@ -97,10 +110,10 @@ class comparison {
             add_pair(j, i);
         else
             add_pair(i, j);
-        state_.file_has_twin[at(i)] = 1;
-        state_.file_has_twin[at(j)] = 1;
-        state_.file_matched[at(j)] = 1;
-        state_.same_bytes += static_cast<double>(state_.file_len[at(i)]);
+        state_.file_has_twin[i] = 1;
+        state_.file_has_twin[j] = 1;
+        state_.file_matched[j] = 1;
+        state_.same_bytes += static_cast<double>(state_.file_len[i]);
         if (state_.result_count % pairs_per_status != 0) return;
         double shown = state_.same_bytes;
         scale_size(shown, state_.size_unit);

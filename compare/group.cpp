@@ -9,8 +9,6 @@
 #include "compare/content_classes.h"
 #include "core/archives/archive_entry.h"
 #include "core/archives/checksum.h"
-#include "core/model/main_form.h"
-#include "core/tasks/error_trail.h"
 #include "core/text/text_case.h"
 
 namespace corvane {
@@ -22,45 +20,13 @@ constexpr std::int64_t direct_signature_length = 4;  // up to this length the by
 
 }  // namespace
 
-void held_contents::clear() {
-    bytes_.clear();
-    extents_.clear();
-}
-
-bool held_contents::hold(std::int32_t place, std::span<const std::byte> bytes) {
-    if (bytes_.size() + bytes.size() > memory_bound) return false;
-    const auto index = static_cast<std::size_t>(place);
-    if (extents_.size() <= index) extents_.resize(index + 1);
-    extents_[index] = {bytes_.size(), bytes.size()};
-    bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
-    return true;
-}
-
-void held_contents::reorder(const std::vector<std::int32_t>& old_places) {
-    if (extents_.empty()) return;
-    extents_.resize(old_places.size());
-    std::vector<extent> moved(old_places.size());
-    for (std::size_t i = 0; i < moved.size(); ++i)
-        moved[i] = extents_[static_cast<std::size_t>(old_places[i])];
-    extents_ = std::move(moved);
-}
-
-std::span<const std::byte> held_contents::at(std::int32_t place) const {
-    const auto index = static_cast<std::size_t>(place);
-    if (index >= extents_.size()) return {};
-    return std::span(bytes_).subspan(extents_[index].offset, extents_[index].length);
-}
-
-file_group::file_group(Tavrel& form)
-    : form_(form),
-      state_(form.state),
-      same_suffix_only_(static_cast<std::int32_t>(state_.file_ext.size()) > state_.file_count) {}
+file_group::file_group(file_system& disk, file_columns& files, group_events events)
+    : disk_(disk), files_(files), events_(std::move(events)), same_suffix_only_(!files.file_ext.empty()) {}
 
 bool file_group::open(std::int32_t i) {
-    const auto first = static_cast<std::size_t>(i);
-    if (is_archive_member(state_.file_list[i])) archive_flag_ = true;
+    if (is_archive_member(files_.file_list[i])) archive_flag_ = true;
     signature_mode_ = false;
-    if (state_.file_len[first] != last_length_) {
+    if (files_.file_len[i] != last_length_) {
         first_ = i;
         contents_.clear();
         next_of_suffix_.clear();
@@ -74,11 +40,11 @@ bool file_group::open(std::int32_t i) {
 }
 
 void file_group::find_end(std::int32_t i) {
-    last_length_ = state_.file_len[static_cast<std::size_t>(i)];
-    for (std::int32_t j = i + 1; j <= state_.file_count; ++j) {
+    last_length_ = files_.file_len[i];
+    for (std::int32_t j = i + 1; j <= files_.file_count; ++j) {
         // Before the length is looked at: a member of the next length counts for this group.
-        if (is_archive_member(state_.file_list[j])) archive_flag_ = true;
-        if (state_.file_len[static_cast<std::size_t>(j)] != last_length_) {
+        if (is_archive_member(files_.file_list[j])) archive_flag_ = true;
+        if (files_.file_len[j] != last_length_) {
             end_ = j - 1;
             return;
         }
@@ -90,29 +56,27 @@ bool file_group::compute_signatures(std::int32_t i) {
     signature_mode_ = true;
     std::vector<std::byte> buffer;
     for (std::int32_t j = i; j <= end_; ++j) {
-        const std::string_view name = state_.file_list[j];
-        note_in_trail(form_, name);
-        form_.yield();
-        if (state_.quit_requested) return false;
-        if (state_.show_run_filename) form_.Label4.caption = name;
-        if (state_.file_crc[static_cast<std::size_t>(j)] != 0) continue;
+        const std::string_view name = files_.file_list[j];
+        events_.touches(name);
+        if (!events_.keep_going()) return false;
+        events_.shows(name);
+        if (files_.file_crc[j] != 0) continue;
         read_signature(j, buffer);
-        form_.yield();
+        events_.keep_going();
     }
-    contents_.reorder(sort_group(state_, i, end_));
+    contents_.reorder(sort_group(files_, i, end_));
     return true;
 }
 
 void file_group::read_signature(std::int32_t j, std::vector<std::byte>& buffer) {
-    if (last_length_ < 0 || is_archive_member(state_.file_list[j])) return mark_bad(j);
+    if (last_length_ < 0 || is_archive_member(files_.file_list[j])) return mark_bad(j);
     const bool partial = last_length_ > signature_block;
     if (partial && archive_flag_) return whole_file_signature(j, buffer);
     const auto wanted = static_cast<std::size_t>(std::min(last_length_, signature_block));
     // One byte more than the length: a file that has grown is not the one that was listed.
     buffer.resize(wanted + 1);
     const std::size_t asked = partial ? wanted : wanted + 1;
-    const std::int64_t count =
-        form_.outside.files.read_start(state_.file_list[j], std::span(buffer.data(), asked), wanted);
+    const std::int64_t count = disk_.read_start(files_.file_list[j], std::span(buffer.data(), asked), wanted);
     if (count != static_cast<std::int64_t>(wanted)) return mark_bad(j);
     const std::span<const std::byte> bytes(buffer.data(), wanted);
     contents_.hold(j - first_, bytes);
@@ -120,16 +84,16 @@ void file_group::read_signature(std::int32_t j, std::vector<std::byte>& buffer) 
         std::uint32_t signature = 0;
         for (std::size_t at = 0; at < wanted; ++at)
             signature |= static_cast<std::uint32_t>(bytes[at]) << (8 * at);
-        state_.file_crc[static_cast<std::size_t>(j)] = static_cast<std::int32_t>(signature);
+        files_.file_crc[j] = static_cast<std::int32_t>(signature);
     } else {
-        state_.file_crc[static_cast<std::size_t>(j)] = static_cast<std::int32_t>(checksum(bytes));
+        files_.file_crc[j] = static_cast<std::int32_t>(checksum(bytes));
     }
 }
 
 void file_group::whole_file_signature(std::int32_t j, std::vector<std::byte>& buffer) {
     constexpr std::int64_t stream_block = 256 * std::int64_t{1024};
     std::string error;
-    const std::unique_ptr<file_reader> reader = form_.outside.files.open_file(state_.file_list[j], error);
+    const std::unique_ptr<file_reader> reader = disk_.open_file(files_.file_list[j], error);
     if (!reader) return mark_bad(j);
     reader->will_read(0);
     buffer.resize(stream_block);
@@ -141,15 +105,15 @@ void file_group::whole_file_signature(std::int32_t j, std::vector<std::byte>& bu
         sum.add(std::span(buffer.data(), static_cast<std::size_t>(count)));
         at += count;
         if (count < stream_block) break;
-        form_.yield();
+        events_.keep_going();
     }
     if (at != last_length_) return mark_bad(j);
-    state_.file_crc[static_cast<std::size_t>(j)] = static_cast<std::int32_t>(sum.value());
+    files_.file_crc[j] = static_cast<std::int32_t>(sum.value());
 }
 
 void file_group::mark_bad(std::int32_t j) {
-    state_.file_bad[static_cast<std::size_t>(j)] = 1;
-    state_.file_ok[static_cast<std::size_t>(j)] = 0;
+    files_.file_bad[j] = 1;
+    files_.file_ok[j] = 0;
 }
 
 void file_group::chain_suffixes(std::int32_t i) {
@@ -157,7 +121,7 @@ void file_group::chain_suffixes(std::int32_t i) {
     next_of_suffix_.assign(static_cast<std::size_t>(end_ - first_) + 1, end_ + 1);
     std::unordered_map<std::int32_t, std::int32_t> next;
     for (std::int32_t j = end_; j >= i; --j) {
-        const auto found = next.try_emplace(state_.file_ext[static_cast<std::size_t>(j)], end_ + 1).first;
+        const auto found = next.try_emplace(files_.file_ext[j], end_ + 1).first;
         next_of_suffix_[place(j)] = found->second;
         found->second = j;
     }
@@ -168,14 +132,12 @@ std::int32_t file_group::next_candidate(std::int32_t i, std::int32_t j) const {
         j = next_of_suffix_.empty() ? j + 1 : next_of_suffix_[place(j)];
         if (j > end_) return end_ + 1;
         if (signatures_differ(i, j)) return end_ + 1;  // ordered by signature: no later file can match
-        const auto file = static_cast<std::size_t>(j);
-        if (!state_.file_matched[file] && state_.file_ok[file]) return j;
+        if (!files_.file_matched[j] && files_.file_ok[j]) return j;
     }
 }
 
 bool file_group::signatures_differ(std::int32_t i, std::int32_t j) const {
-    return signature_mode_ &&
-           state_.file_crc[static_cast<std::size_t>(i)] != state_.file_crc[static_cast<std::size_t>(j)];
+    return signature_mode_ && files_.file_crc[i] != files_.file_crc[j];
 }
 
 bool file_group::same(std::int32_t i, std::int32_t j) {
@@ -188,18 +150,16 @@ bool file_group::same(std::int32_t i, std::int32_t j) {
 
 // Same name, same time, same length and same checksum of the whole file: accepted without a byte comparison.
 bool file_group::accepted_unread(std::int32_t i, std::int32_t j) const {
-    const auto a = static_cast<std::size_t>(i);
-    const auto b = static_cast<std::size_t>(j);
-    if (last_length_ >= signature_block || state_.file_date_hi[a] != state_.file_date_hi[b] ||
-        state_.file_date_lo[a] != state_.file_date_lo[b])
+    if (last_length_ >= signature_block || files_.file_date_hi[i] != files_.file_date_hi[j] ||
+        files_.file_date_lo[i] != files_.file_date_lo[j])
         return false;
-    const char separator = form_.outside.files.separator();
-    const std::string_view name_a = state_.file_list[i];
-    const std::string_view name_b = state_.file_list[j];
+    const char separator = disk_.separator();
+    const std::string_view name_a = files_.file_list[i];
+    const std::string_view name_b = files_.file_list[j];
     const std::size_t cut_a = name_a.rfind(separator);
     const std::size_t cut_b = name_b.rfind(separator);
     if (cut_a == std::string_view::npos || cut_b == std::string_view::npos)
-        return !same_suffix_only_ || state_.file_ext[a] == state_.file_ext[b];
+        return !same_suffix_only_ || files_.file_ext[i] == files_.file_ext[j];
     return upper_case(name_a.substr(cut_a + 1)) == upper_case(name_b.substr(cut_b + 1));
 }
 
@@ -213,16 +173,9 @@ bool file_group::equal_contents(std::int32_t i, std::int32_t j) {
         std::vector<content_candidate> candidates;
         candidates.reserve(members.size());
         for (const std::int32_t k : members)
-            candidates.push_back({state_.file_list[k], contents_.at(k - first_)});
-        const auto keep_going = [this] {
-            form_.yield();
-            return state_.quit_requested == 0;
-        };
-        std::function<void(std::string_view)> before_read;
-        if (state_.error_trail_on == -1)
-            before_read = [this](std::string_view path) { note_in_trail(form_, path); };
+            candidates.push_back({files_.file_list[k], contents_.at(k - first_)});
         const std::vector<std::int32_t> classes =
-            classify_contents(form_.outside.files, candidates, last_length_, keep_going, before_read);
+            classify_contents(disk_, candidates, last_length_, events_.keep_going, events_.touches);
         std::int32_t highest = 0;
         for (std::size_t m = 0; m < members.size(); ++m) {
             highest = std::max(highest, classes[m] + 1);

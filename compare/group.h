@@ -4,42 +4,32 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
+#include <string_view>
 #include <vector>
 
-#include "core/model/run_state.h"
+#include "compare/held_contents.h"
+#include "core/state/file_columns.h"
+#include "platform/file_system.h"
 
 namespace corvane {
 
-class Tavrel;
-
-// Contents that the signature pass has read and that are held until the group is left. Bounded.
-class held_contents {
-  public:
-    void clear();
-    // False when the bound is reached; `bytes` is then not held.
-    bool hold(std::int32_t place, std::span<const std::byte> bytes);
-    // Places move with their files: place i takes what stood at old_places[i].
-    void reorder(const std::vector<std::int32_t>& old_places);
-    // Places count from 0 within the group. Empty when nothing is held.
-    std::span<const std::byte> at(std::int32_t place) const;
-
-  private:
-    static constexpr std::size_t memory_bound = 16 << 20;
-
-    struct extent {
-        std::size_t offset = 0;
-        std::size_t length = 0;
-    };
-
-    std::vector<std::byte> bytes_;
-    std::vector<extent> extents_;
+// What a group calls while it reads. All are set.
+struct group_events {
+    // Lets waiting events run; false when the program is closing.
+    std::function<bool()> keep_going;
+    // A file is about to be touched.
+    std::function<void(std::string_view path)> touches;
+    // A file's signature is about to be taken.
+    std::function<void(std::string_view path)> shows;
 };
 
 class file_group {
   public:
-    explicit file_group(Tavrel& form);
+    // The columns are prepared: sized, filled, ordered by length and name. All outlive the group.
+    file_group(file_system& disk, file_columns& files, group_events events);
 
     std::int32_t end() const { return end_; }
     bool archive_flag() const { return archive_flag_; }
@@ -47,7 +37,7 @@ class file_group {
     void clear_archive_flag() { archive_flag_ = false; }
 
     // Opens the group of file i, which has a length other than 0. Three or more files, or two of which one
-    // may be an archive member, get signatures and are ordered by them. False when quit_requested was met.
+    // may be an archive member, get signatures and are ordered by them. False when the program is closing.
     bool open(std::int32_t i);
 
     // The next file after j that could be the same as i, at most end(); end() + 1 when there is none. Files
@@ -69,8 +59,9 @@ class file_group {
     bool equal_contents(std::int32_t i, std::int32_t j);
     std::size_t place(std::int32_t i) const { return static_cast<std::size_t>(i - first_); }
 
-    Tavrel& form_;
-    run_state& state_;
+    file_system& disk_;
+    file_columns& files_;
+    group_events events_;
     // As it stood when the suffix column was filled: the option may be switched while a comparison runs.
     const bool same_suffix_only_;
     std::int64_t last_length_ = 0;

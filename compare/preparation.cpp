@@ -5,8 +5,6 @@
 #include <unordered_map>
 
 #include "core/archives/archive_entry.h"
-#include "core/model/main_form.h"
-#include "core/tasks/progress.h"
 #include "core/text/text_case.h"
 #include "core/text/text_format.h"
 #include "core/text/text_sort.h"
@@ -14,8 +12,6 @@
 namespace corvane {
 
 namespace {
-
-constexpr std::int32_t files_per_status = 813;
 
 // Cuts the text behind the last "*", and the "*", off the entry, and returns it.
 std::string cut_field(text_column& list, std::int32_t index) {
@@ -40,105 +36,85 @@ std::int32_t parse_hexadecimal(std::string_view text) {
     return static_cast<std::int32_t>(number);
 }
 
-void take_facts(run_state& state, std::size_t i, const file_facts& facts) {
-    state.file_ok[i] = facts.exists;
+void take_facts(file_columns& files, std::int32_t i, const file_facts& facts) {
+    files.file_ok[i] = facts.exists;
     if (!facts.exists) return;
-    state.file_len[i] = facts.length;
-    state.file_date_hi[i] = facts.date_high;
-    state.file_date_lo[i] = facts.date_low;
+    files.file_len[i] = facts.length;
+    files.file_date_hi[i] = facts.date_high;
+    files.file_date_lo[i] = facts.date_low;
     // Several links are several files: removing one keeps the other.
-    if (facts.link_count == 1) state.file_place[i] = file_identity_hash()(facts.identity) | 1;
-}
-
-void show_bytes(Tavrel& form) {
-    form.panel(2, "字节:" + group_digits(form.state.total_bytes) + form.state.size_unit);
+    if (facts.link_count == 1) files.file_place[i] = file_identity_hash()(facts.identity) | 1;
 }
 
 }  // namespace
 
-void blank_avoided_files(Tavrel& form) {
-    run_state& state = form.state;
-    for (std::int32_t a = 1; a <= state.avoid_count; ++a) {
-        const search_result found = find_text(state.file_list, state.avoid_files[a], 1, state.file_count);
-        state.search_upper_bound = found.upper_bound;
-        if (found.index > 0) state.file_list.set(found.index, "");
+std::int32_t blank_avoided_files(file_columns& files, const trail_state& trail, std::int32_t upper_bound) {
+    for (std::int32_t a = 1; a <= trail.avoid_count; ++a) {
+        const search_result found = find_text(files.file_list, trail.avoid_files[a], 1, files.file_count);
+        upper_bound = found.upper_bound;
+        if (found.index > 0) files.file_list.set(found.index, "");
     }
+    return upper_bound;
 }
 
-void size_columns(Tavrel& form) {
-    run_state& state = form.state;
-    const std::size_t size = static_cast<std::size_t>(state.file_count) + 1;
-    state.file_len.assign(size, 0);
-    state.file_date_hi.assign(size, 0);
-    state.file_date_lo.assign(size, 0);
-    state.file_crc.assign(size, 0);
-    state.file_place.assign(size, 0);
-    for (std::vector<std::uint8_t>* flags :
-         {&state.file_ok, &state.file_bad, &state.file_matched, &state.file_has_twin, &state.file_in_archive})
-        flags->assign(size, 0);
-    state.file_ext.assign(1, 0);
-    for (std::vector<std::int32_t>& row : state.same_pair) row.assign(1, 0);
-    state.result_count = 0;
-    state.same_bytes = 0;
-    state.different_count = 0;
+void size_columns(file_columns& files, result_state& result) {
+    const std::int32_t count = files.file_count;
+    files.file_len.assign(count, 0);
+    for (column<std::int32_t>* values : {&files.file_date_hi, &files.file_date_lo, &files.file_crc})
+        values->assign(count, 0);
+    files.file_place.assign(count, 0);
+    for (column<std::uint8_t>* flags :
+         {&files.file_ok, &files.file_bad, &files.file_matched, &files.file_has_twin, &files.file_in_archive})
+        flags->assign(count, 0);
+    files.file_ext.clear();
+    for (column<std::int32_t>& row : result.same_pair) row.clear();
+    result.result_count = 0;
+    result.same_bytes = 0;
+    result.different_count = 0;
 }
 
-bool refresh_attributes(Tavrel& form, bool& members_seen) {
-    run_state& state = form.state;
+bool refresh_attributes(file_system& disk, file_columns& files, result_state& result, bool& members_seen,
+                        const std::function<bool(std::int32_t)>& reaches) {
     members_seen = false;
-    state.total_bytes = 0;
-    state.size_unit.clear();
-    for (std::int32_t i = 1; i <= state.file_count; ++i) {
-        const auto file = static_cast<std::size_t>(i);
-        const std::string_view name = state.file_list[i];
-        state.file_ok[file] = !name.empty();
+    result.total_bytes = 0;
+    result.size_unit.clear();
+    for (std::int32_t i = 1; i <= files.file_count; ++i) {
+        const std::string_view name = files.file_list[i];
+        files.file_ok[i] = !name.empty();
         if (name.empty()) continue;
         if (is_archive_member(name)) {
-            state.file_len[file] = parse_number(cut_field(state.file_list, i));
+            files.file_len[i] = parse_number(cut_field(files.file_list, i));
             members_seen = true;
         } else {
-            take_facts(state, file, form.outside.files.facts(name));
+            take_facts(files, i, disk.facts(name));
         }
-        state.total_bytes += static_cast<double>(state.file_len[file]);
-        if (i % files_per_status == 0) {
-            bar_draw(form, i);
-            show_bytes(form);
-            show_elapsed(form);
-        }
-        form.yield();
-        if (state.quit_requested) return false;
+        result.total_bytes += static_cast<double>(files.file_len[i]);
+        if (!reaches(i)) return false;
     }
-    form.panel(7, "核对属性完毕");
-    scale_size(state.total_bytes, state.size_unit);
-    show_bytes(form);
     return true;
 }
 
-void take_member_signatures(Tavrel& form) {
-    run_state& state = form.state;
-    for (std::int32_t i = 1; i <= state.file_count; ++i) {
-        if (!is_archive_member(state.file_list[i])) continue;
-        const auto file = static_cast<std::size_t>(i);
-        state.file_crc[file] = parse_hexadecimal(cut_field(state.file_list, i));
-        state.file_in_archive[file] = 1;
+void take_member_signatures(file_columns& files) {
+    for (std::int32_t i = 1; i <= files.file_count; ++i) {
+        if (!is_archive_member(files.file_list[i])) continue;
+        files.file_crc[i] = parse_hexadecimal(cut_field(files.file_list, i));
+        files.file_in_archive[i] = 1;
     }
 }
 
-void fill_suffix_column(Tavrel& form) {
-    run_state& state = form.state;
-    state.suffix_texts.clear();
-    state.file_ext.assign(static_cast<std::size_t>(state.file_count) + 1, 0);
+void fill_suffix_column(file_columns& files) {
+    files.suffix_texts.clear();
+    files.file_ext.assign(files.file_count, 0);
     std::unordered_map<std::string, std::int32_t> numbers{{std::string(), 0}};
-    for (std::int32_t i = 1; i <= state.file_count; ++i) {
-        const std::string_view name = state.file_list[i];
+    for (std::int32_t i = 1; i <= files.file_count; ++i) {
+        const std::string_view name = files.file_list[i];
         const std::size_t dot = name.rfind('.');
         if (dot == std::string_view::npos) continue;
         const auto next = static_cast<std::int32_t>(numbers.size());
-        state.file_ext[static_cast<std::size_t>(i)] =
-            numbers.emplace(upper_case(name.substr(dot + 1)), next).first->second;
+        files.file_ext[i] = numbers.emplace(upper_case(name.substr(dot + 1)), next).first->second;
     }
-    state.suffix_texts.resize(numbers.size());
-    for (const auto& [text, number] : numbers) state.suffix_texts[static_cast<std::size_t>(number)] = text;
+    files.suffix_texts.resize(numbers.size());
+    for (const auto& [text, number] : numbers) files.suffix_texts[static_cast<std::size_t>(number)] = text;
 }
 
 }  // namespace corvane

@@ -27,9 +27,9 @@ bool write_same_files(Tavrel& form) {
     writer.line(padded_same_file_title());
     writer.number(state.result_count);
     for (std::int32_t n = 1; n <= state.result_count; ++n) {
-        const std::int32_t a = state.same_pair[1][static_cast<std::size_t>(n)];
-        const std::int32_t b = state.same_pair[2][static_cast<std::size_t>(n)];
-        writer.number(state.file_len[static_cast<std::size_t>(a)]);
+        const std::int32_t a = state.same_pair[1][n];
+        const std::int32_t b = state.same_pair[2][n];
+        writer.number(state.file_len[a]);
         writer.line(state.file_list[a]);
         writer.line(state.file_list[b]);
         if (n % rows_per_status == 0) form.pic_gressbar1.draw(n);
@@ -48,7 +48,7 @@ bool write_different_files(Tavrel& form) {
     state.different_count = 0;
     state.different_files.clear();
     for (std::int32_t i = 1; i <= state.file_count; ++i) {
-        if (!state.file_has_twin[static_cast<std::size_t>(i)]) {
+        if (!state.file_has_twin[i]) {
             writer.line(state.file_list[i]);
             state.different_files.push_back(state.file_list[i]);
             ++state.different_count;

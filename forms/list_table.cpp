@@ -9,6 +9,7 @@
 #include <cmath>
 #include <utility>
 
+#include "browser/list_views.h"
 #include "forms/colours.h"
 #include "forms/list_cell_painter.h"
 #include "forms/list_model.h"
@@ -140,7 +141,7 @@ void list_table::place_in_twips() {
 void list_table::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     place_in_twips();
-    form_.run("layout_list");
+    form_.call(handlers::lay_out_list);
     if (list_.layout_revision() == shown_layout_) return;
     taking_over_ = true;
     if (cells_->same_columns() && cells_->shown_rows() == list_.row_count()) {
@@ -170,9 +171,9 @@ list_pointer list_table::pointer_at(QPoint place, const QMouseEvent& event) cons
 
 list_pointer list_table::pointer_at_current() const {
     list_pointer pointer;
-    const int first_path = form_.state.list_mode == 4 || form_.state.list_mode == 1 ? 2 : 3;
+    const list_view_row& view = shown_view(form_);
     int column = currentIndex().column();
-    if (column < first_path) column = form_.state.list_mode == 2 ? 4 : first_path;
+    if (column < std::min(view.first_path, view.searched[0])) column = view.first_path;
     for (int before = 0; before < column; ++before)
         pointer.x += list_.columns()[static_cast<std::size_t>(before)].width;
     ++pointer.x;
@@ -198,7 +199,7 @@ void list_table::reveal_row() {
 void list_table::show_sort_sign(int column) {
     const std::string& header = list_.columns()[static_cast<std::size_t>(column)].header;
     const bool sorted = form_.state.sort_descending != 0 || form_.state.last_sort_column == header;
-    horizontalHeader()->setSortIndicatorShown(sorted && !header.empty() && form_.state.list_mode != 4);
+    horizontalHeader()->setSortIndicatorShown(sorted && !header.empty() && shown_view(form_).sorts);
     horizontalHeader()->setSortIndicator(
         column, form_.state.sort_descending != 0 ? Qt::DescendingOrder : Qt::AscendingOrder);
 }

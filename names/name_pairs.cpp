@@ -49,13 +49,13 @@ void build_name_keys(run_state& state, const text_column& paths, std::int32_t co
                      char separator) {
     state.name_key.clear();
     state.name_key.reserve(count);
-    state.name_index.resize(at(count) + 1);
+    state.name_index.resize(count);
     std::string key;
     for (std::int32_t i = 1; i <= count; ++i) {
         key.clear();
         append_upper_case(key, part(paths[i], separator));
         state.name_key.push_back(key);
-        state.name_index[at(i)] = i;
+        state.name_index[i] = i;
     }
 }
 
@@ -63,20 +63,19 @@ void sort_name_keys(run_state& state, std::int32_t low, std::int32_t high) {
     if (low >= high) return;
     std::vector<text_row> rows;
     rows.reserve(at(high - low) + 1);
-    for (std::int32_t i = low; i <= high; ++i)
-        rows.push_back({state.name_key.entry(i), state.name_index[at(i)]});
+    for (std::int32_t i = low; i <= high; ++i) rows.push_back({state.name_key.entry(i), state.name_index[i]});
     sort_rows_by_text(rows);
     for (std::int32_t i = low; i <= high; ++i) {
         state.name_key.set_entry(i, rows[at(i - low)].entry);
-        state.name_index[at(i)] = rows[at(i - low)].row;
+        state.name_index[i] = rows[at(i - low)].row;
     }
 }
 
 bool scan_name_keys(Tavrel& form, const text_column& paths, std::int32_t count) {
     run_state& state = form.state;
-    std::vector<std::int32_t>& first = state.same_pair[1];
-    std::vector<std::int32_t>& second = state.same_pair[2];
-    for (std::vector<std::int32_t>& row : state.same_pair) row.assign(1, 0);
+    column<std::int32_t>& first = state.same_pair[1];
+    column<std::int32_t>& second = state.same_pair[2];
+    for (column<std::int32_t>& row : state.same_pair) row.clear();
     const std::int32_t step = std::max(1, count / status_updates);
     std::string_view current_key;
     std::int32_t current = 0;
@@ -84,7 +83,7 @@ bool scan_name_keys(Tavrel& form, const text_column& paths, std::int32_t count) 
     bool complete = true;
     for (std::int32_t i = 1; i < count; ++i) {
         if (i % step == 0) show_scan_status(form, i);
-        const std::int32_t index = state.name_index[at(i)];
+        const std::int32_t index = state.name_index[i];
         if (state.name_key[i] != current_key) {
             current_key = state.name_key[i];
             current = index;
@@ -113,8 +112,8 @@ void take_name_pairs(run_state& state, const text_column& paths) {
     second.clear_and_share(paths);
     second.reserve(state.result_count);
     for (std::int32_t k = 1; k <= state.result_count; ++k) {
-        first.push_entry(paths.entry(state.same_pair[1][at(k)]));
-        second.push_entry(paths.entry(state.same_pair[2][at(k)]));
+        first.push_entry(paths.entry(state.same_pair[1][k]));
+        second.push_entry(paths.entry(state.same_pair[2][k]));
     }
     state.result_file2 = std::move(second);
     state.file_list = std::move(first);

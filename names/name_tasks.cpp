@@ -7,6 +7,7 @@
 #include "core/tasks/error_trail.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_format.h"
 #include "names/directory_walk.h"
 #include "names/name_pairs.h"
@@ -68,7 +69,6 @@ void close_task(Tavrel& form, const closing_words& words, std::int32_t checked, 
     box.icon = box_icon::information;
     form.outside.screen.show_message(box);
     if (!complete) form.complain("同名的太多，只显示前 " + std::to_string(state.result_count) + " 条。");
-    unlock_tasks(form);
 }
 
 // The list as the search left it, or a new search. False: there is none, and the user knows, or the program
@@ -77,7 +77,7 @@ bool take_searched_files(Tavrel& form) {
     run_state& state = form.state;
     if (!state.file_list_loaded) {
         const double start = state.base_time;
-        form.run("picture2_Click");
+        form.call(handlers::search_files);
         state.base_time = start;
         form.panel(7, file_task);
         // A search that was refused has said why and leaves an old count.
@@ -86,7 +86,7 @@ bool take_searched_files(Tavrel& form) {
     if (state.quit_requested) return false;
     if (state.file_count > 0) return true;
     form.complain("没有文件，请重新选择目录", 1009, true);
-    form.run("Picture1_Click");
+    form.call(handlers::choose_directories);
     return false;
 }
 
@@ -96,7 +96,7 @@ void check_file_names(Tavrel& form, key_part part) {
     start_clock(form);
     form.panel(7, file_task);
     if (!take_searched_files(form)) return;
-    lock_tasks(form);
+    const task_scope task(form);
     state.file_list_loaded = 0;
     const std::int32_t count = state.file_count;
     form.panel(1, "文件数:" + std::to_string(count));
@@ -148,15 +148,14 @@ void search_repeat_dir_name_Click(Tavrel& form) {
     if (help_mode_opens(form, 38)) return;
     run_state& state = form.state;
     start_clock(form);
-    lock_tasks(form);
+    const task_scope task(form);
     form.panel(7, "查找同名目录");
     const std::int32_t count = find_directories(form);
     if (state.quit_requested) return;
-    if (count == 0) return unlock_tasks(form);
+    if (count == 0) return;
     text_column directories;
     directories.reserve(count);
-    for (std::int32_t k = 1; k <= count; ++k)
-        directories.push_back(state.dir_queue[static_cast<std::size_t>(k)]);
+    for (std::int32_t k = 1; k <= count; ++k) directories.push_back(state.dir_queue[k]);
     bar_scale(form, count);
     const bool complete = find_pairs(form, directories, count, directory_name_of, "查同名目录");
     if (state.quit_requested) return;

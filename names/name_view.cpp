@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "browser/list_views.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 #include "core/tasks/progress.h"
@@ -17,41 +18,22 @@ namespace {
 constexpr std::int32_t rows_per_status = 1000;
 constexpr std::int32_t first_rows_shown = 100;
 constexpr int bar_margin = 100;
+constexpr int name_cell = 2;  // where the view shows the name itself
 
 struct name_view {
     std::int16_t list_mode;
     const char* no_pairs;
-    bool has_name_cell;
-    const char* first_header;
-    const char* second_header;
     const char* panel_word;
     const char* unit;
 };
 
-constexpr name_view file_view = {3, "没有相同_文件名", true, "同名文件1", "同名文件2", "同名文件:", "个文件"};
-constexpr name_view directory_view = {4,           "没有相同_目录名", false,   "同名目录1",
-                                      "同名目录2", "同名目录:",       "个目录"};
+constexpr name_view file_view = {list_modes::same_file_names, "没有相同_文件名", "同名文件:", "个文件"};
+constexpr name_view directory_view = {list_modes::same_directory_names, "没有相同_目录名",
+                                      "同名目录:", "个目录"};
 
 // An archive member's text is no path of the disk.
 bool file_exists(Tavrel& form, std::string_view path) {
     return !is_archive_member(path) && path_exists(form.outside.files, std::string(path));
-}
-
-constexpr int name_width = 2000;  // twips
-
-// Both paths share what the other columns leave.
-int path_width(const list_view& list, const name_view& view) {
-    return std::max(0, (list.place.width - 1200 - (view.has_name_cell ? name_width : 0)) / 2);
-}
-
-void set_headers(list_view& list, const name_view& view) {
-    const int width = path_width(list, view);
-    list.add_column({"", 100, text_alignment::left, cell_content::text});
-    list.add_column({"序号", 700, text_alignment::right, cell_content::number});
-    if (view.has_name_cell)
-        list.add_column({"同名文件名", name_width, text_alignment::left, cell_content::text});
-    list.add_column({view.first_header, width, text_alignment::left, cell_content::text});
-    list.add_column({view.second_header, width, text_alignment::left, cell_content::text});
 }
 
 void place_bar(Tavrel& form) {
@@ -74,11 +56,11 @@ void show_names(Tavrel& form, const name_view& view) {
     list_view& list = form.ListView1;
     if (state.result_count == 0) {
         form.inform(view.no_pairs);
-        return unlock_tasks(form);
+        return;
     }
-    list.clear_rows();
-    list.clear_columns();
-    list.tooltip = "双击鼠标，选中；Shift+鼠标，区域选择。双击序号栏，弹出相同文件名称[显示框].右键弹出菜单";
+    const list_view_row& columns = view_of(view.list_mode);
+    set_columns(list, columns);
+    list.tooltip = columns.tooltip;
     // The result takes the room of what showed the list of files, and its rows are not those of the open
     // panel.
     form.RichTextBox2.visible = false;
@@ -88,19 +70,16 @@ void show_names(Tavrel& form, const name_view& view) {
     bar_scale(form, state.result_count);
     form.pic_gressbar1.visible = true;
     place_bar(form);
-    set_headers(list, view);
     form.panel(7, "同名文件");
     fill_name_rows(form);
     if (state.quit_requested) return;
     list.visible = true;
     // The room may have grown by that of the text pane.
     form.outside.screen.repaint();
-    for (const int column : {list.column_count() - 2, list.column_count() - 1})
-        list.set_column_width(column, path_width(list, view));
+    renew_widths(list, columns);
     form.panel(3, view.panel_word);
     form.panel(4, std::to_string(state.result_count) + view.unit);
     form.pic_gressbar1.visible = false;
-    unlock_tasks(form);
     state.same_fresh_flag = 0;
 }
 
@@ -117,11 +96,13 @@ void show_same_directory_names(Tavrel& form) {
 void fill_name_rows(Tavrel& form) {
     run_state& state = form.state;
     list_view& list = form.ListView1;
-    const bool has_name_cell = state.list_mode != directory_view.list_mode;
-    const int first_cell = has_name_cell ? 3 : 2;
+    const list_view_row& view = shown_view(form);
+    const int first_cell = view.first_path;
+    const int second_cell = view.second_path;
+    const bool has_name_cell = first_cell > name_cell;
     const char separator = form.outside.files.separator();
     list.share_texts(first_cell, state.file_list);
-    list.share_texts(first_cell + 1, state.result_file2);
+    list.share_texts(second_cell, state.result_file2);
     list.reserve_rows(state.result_count);
     star_centres centres;
     std::string_view previous;
@@ -140,9 +121,9 @@ void fill_name_rows(Tavrel& form) {
         if (kept) {
             const std::int32_t row = list.add_row();
             list.set_number(row, 1, row);
-            if (has_name_cell) list.set_text(row, 2, file_name_of(path, separator));
+            if (has_name_cell) list.set_text(row, name_cell, file_name_of(path, separator));
             list.set_shared_text(row, first_cell, state.file_list.entry(k));
-            list.set_shared_text(row, first_cell + 1, state.result_file2.entry(k));
+            list.set_shared_text(row, second_cell, state.result_file2.entry(k));
             if (path == previous) list.set_colour(row, first_cell, cell_colour::colour_gray);
         }
         previous = path;

@@ -94,7 +94,7 @@ void directory_form::open() {
     state.selected_dir_backup = state.selected_dirs;
     state.selected_dir_backup_count = state.selected_dir_count;
     for (std::int16_t i = 1; i <= state.selected_dir_count; ++i)
-        list_selected_dir.add(state.selected_dirs[static_cast<std::size_t>(i)]);
+        list_selected_dir.add(state.selected_dirs[i]);
     if (!visible) load();
     open_following(main_, *this);
     visible = true;

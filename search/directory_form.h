@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/model/form_model.h"
+#include "core/model/handlers.h"
 #include "platform/file_system.h"
 #include "search/directory_pick.h"
 
@@ -41,6 +42,9 @@ class directory_form : public form_model {
     // The volume below which the tree shows Dir_select; ends in the separator.
     const std::string& tree_root() const { return tree_root_; }
     const std::vector<volume>& volumes() const { return volumes_; }
+
+    // The handlers of the task and of the window, which they hold on to.
+    handler_table handlers();
 
     // Fills the list from selected_dirs, keeps a copy for "放弃", and shows the window. The entry of the
     // task.

@@ -70,18 +70,18 @@ void directory_form::confirm_selection() {
             outer = closed(rows[i]);
     }
     list_selected_dir.clear();
-    state.selected_dirs.assign(1, {});
+    state.selected_dirs.clear();
     bool full = false;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         if (!kept[i]) continue;
-        if (static_cast<std::int32_t>(state.selected_dirs.size()) > state.limits.selected_directories) {
+        if (state.selected_dirs.size() >= state.limits.selected_directories) {
             full = true;
             break;
         }
         list_selected_dir.add(rows[i]);
         state.selected_dirs.push_back(rows[i]);
     }
-    state.selected_dir_count = static_cast<std::int16_t>(state.selected_dirs.size() - 1);
+    state.selected_dir_count = static_cast<std::int16_t>(state.selected_dirs.size());
     if (full) main_.complain("选中的目录太多，只取前 " + std::to_string(state.selected_dir_count) + " 个。");
 }
 
@@ -106,8 +106,8 @@ bool directory_form::confirm_and_close(bool compare_next) {
 }
 
 void directory_form::cmd_dir_firm_Click() {
-    if (tasks_locked(main_)) return;
-    if (confirm_and_close(true)) main_.run("search_check_m_Click");
+    if (main_.task_runs()) return;
+    if (confirm_and_close(true)) main_.start(handlers::search_and_compare);
 }
 
 void directory_form::Command34_Click() {
@@ -118,7 +118,7 @@ void directory_form::cmd_dir_discard_Click() {
     flight_.land();
     list_selected_dir.clear();
     for (std::int16_t i = 1; i <= main_.state.selected_dir_backup_count; ++i)
-        list_selected_dir.add(main_.state.selected_dir_backup[static_cast<std::size_t>(i)]);
+        list_selected_dir.add(main_.state.selected_dir_backup[i]);
 }
 
 }  // namespace corvane

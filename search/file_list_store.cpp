@@ -63,10 +63,10 @@ void Command21_Click(Tavrel& form) {
 
     if (state.file_count == 0) {
         form.complain("没有文件，请重新选择目录,重新搜索", 1009, true);
-        form.run("Picture1_Click");
+        form.call(handlers::choose_directories);
         return;
     }
-    state.file_len.assign(static_cast<std::size_t>(state.file_count) + 1, 0);
+    state.file_len.assign(state.file_count, 0);
     form.ListView1.visible = false;
     form.RichTextBox2.visible = true;
     form.RichTextBox2.load_file(path);

@@ -31,14 +31,12 @@ std::string first_word(std::string_view text) {
 
 void option_list_edit::fill() {
     rows_.clear();
-    const std::vector<std::string>& entries = place_of(main_, list_).entries;
-    for (std::size_t i = 1; i < entries.size(); ++i)
-        if (!trimmed(entries[i]).empty())
-            rows_.add_checked(text_behind_flag(entries[i]), entries[i].front() == '1');
+    for (const std::string& entry : place_of(main_, list_).entries)
+        if (!trimmed(entry).empty()) rows_.add_checked(text_behind_flag(entry), entry.front() == '1');
 }
 
 void option_list_edit::apply() {
-    std::vector<std::string> entries{std::string()};
+    column<std::string> entries;
     for (const list_box::row& row : rows_.rows()) entries.push_back(line_of(row));
     take_entries(main_, list_, std::move(entries));
 }

@@ -204,8 +204,8 @@ void options_form::edit_file(const char* name, const char* seed) {
     open_beside_program(main_, name);
 }
 
-void options_form::reload(option_list_edit& list, const char* reader) {
-    main_.run(reader);
+void options_form::reload(option_list_edit& list, void (*read)(Tavrel&)) {
+    read(main_);
     list.fill();
 }
 
@@ -230,17 +230,17 @@ void options_form::Command4_Click() {
     }
     if (!failures.empty()) main_.complain(failures);
     const std::array<std::string, 3> texts = active_texts();
-    if (texts == kept_texts_ || tasks_locked(main_)) return;
+    if (texts == kept_texts_ || main_.task_runs()) return;
     if (!main_.confirm("搜索选项已变化，是否重新搜索")) return;
     kept_texts_ = texts;
-    main_.run("picture2_Click");
+    main_.start(handlers::search_files);
 }
 
 void options_form::Check1_Click() {
     const bool on = checks[1]->value != 0;
     store_check(1);
     main_.state.tips_on = on ? -1 : 0;
-    main_.run(on ? "tooltiphelp_true" : "tooltiphelp_false");
+    main_.call(on ? handlers::tooltips_on : handlers::tooltips_off);
 }
 
 void options_form::open_file_manager() {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/model/form_model.h"
+#include "core/model/handlers.h"
 #include "search/option_list_edit.h"
 
 namespace corvane {
@@ -30,8 +31,9 @@ class options_form : public form_model {
     control& Command5;
     timer_control& Timer1;
 
-    // Binds every handler of the window on the main form, as "Form_no_dire.NAME".
-    void bind_handlers();
+    // The handlers of the task and of the window, the latter as "Form_no_dire.NAME". They hold on to the
+    // window.
+    handler_table handlers();
     // Takes the place that the settings hold, if they hold one. Before the first opening this keeps a write
     // of the settings from losing it.
     void restore_place();
@@ -60,16 +62,13 @@ class options_form : public form_model {
     void add_by_hand(option_list_edit& list, const char* prompt);
     void add_common_types(option_list_edit& list);
     void edit_file(const char* name, const char* seed);
-    void reload(option_list_edit& list, const char* reader);
+    void reload(option_list_edit& list, void (*read)(Tavrel&));
     void Check1_Click();
     void open_file_manager();
     void Timer1_Timer();
-    void bind_list_handlers();
-    void bind_file_handlers();
-    void bind_option_handlers();
-    void bind(const std::string& name, void (options_form::*handler)());
-    template <class Procedure>
-    void bind(const std::string& name, Procedure procedure);
+    void add_list_handlers(handler_table& table);
+    void add_file_handlers(handler_table& table);
+    void add_option_handlers(handler_table& table);
     std::array<std::string, 3> active_texts() const;
 
     Tavrel& main_;

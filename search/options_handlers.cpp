@@ -5,23 +5,37 @@
 
 namespace corvane {
 
-void options_form::bind(const std::string& handler, void (options_form::*procedure)()) {
-    main_.bind(name() + "." + handler, [this, procedure] { (this->*procedure)(); });
+namespace {
+
+// Adds handlers of one window.
+class window_handlers {
+  public:
+    window_handlers(handler_table& table, options_form& window) : table_(table), window_(window) {}
+
+    void operator()(const std::string& name, std::function<void()> procedure) {
+        table_.push_back(
+            {window_.name() + "." + name, [procedure = std::move(procedure)](Tavrel&) { procedure(); }});
+    }
+
+  private:
+    handler_table& table_;
+    options_form& window_;
+};
+
+}  // namespace
+
+handler_table options_form::handlers() {
+    handler_table table;
+    table.push_back({"select_m_Click", [this](Tavrel&) { open(); }});
+    table.push_back({name() + ".Form_Unload", [this](Tavrel&) { Form_Unload(); }});
+    add_list_handlers(table);
+    add_file_handlers(table);
+    add_option_handlers(table);
+    return table;
 }
 
-template <class Procedure>
-void options_form::bind(const std::string& handler, Procedure procedure) {
-    main_.bind(name() + "." + handler, procedure);
-}
-
-void options_form::bind_handlers() {
-    bind("Form_Unload", &options_form::Form_Unload);
-    bind_list_handlers();
-    bind_file_handlers();
-    bind_option_handlers();
-}
-
-void options_form::bind_list_handlers() {
+void options_form::add_list_handlers(handler_table& table) {
+    window_handlers bind(table, *this);
     struct checking {
         option_list_edit& list;
         const char* check_all;
@@ -43,7 +57,8 @@ void options_form::bind_list_handlers() {
     bind("add_new_only_search", [this] { add_by_hand(only_types_, "输入新增的<仅搜索>的文件类型,如: xls"); });
 }
 
-void options_form::bind_file_handlers() {
+void options_form::add_file_handlers(handler_table& table) {
+    window_handlers bind(table, *this);
     static constexpr char type_seed[] = ".ani";
     static constexpr char described_seed[] = ".ani 动画鼠标";
     struct editing {
@@ -58,23 +73,24 @@ void options_form::bind_file_handlers() {
                                 editing{"look_type_type", "文件类型归类.txt", described_seed},
                                 editing{"look_type_itemize", "文件扩展名列表.txt", described_seed}})
         bind(each.entry, [this, each] { edit_file(each.file, each.seed); });
-    bind("DIR_REFRESH", [this] { reload(directories_, "读不参加搜索的目录"); });
-    bind("refresh_no_search", [this] { reload(left_out_types_, "读不参加比较的文件类型"); });
-    bind("only_search_refresh", [this] { reload(only_types_, "读仅搜索的文件类型"); });
-    bind("refresh", &options_form::read_common_types);
-    bind("open_dir", &options_form::open_file_manager);
+    bind("DIR_REFRESH", [this] { reload(directories_, 读不参加搜索的目录); });
+    bind("refresh_no_search", [this] { reload(left_out_types_, 读不参加比较的文件类型); });
+    bind("only_search_refresh", [this] { reload(only_types_, 读仅搜索的文件类型); });
+    bind("refresh", [this] { read_common_types(); });
+    bind("open_dir", [this] { open_file_manager(); });
 }
 
-void options_form::bind_option_handlers() {
-    bind("Check1_Click", &options_form::Check1_Click);
+void options_form::add_option_handlers(handler_table& table) {
+    window_handlers bind(table, *this);
+    bind("Check1_Click", [this] { Check1_Click(); });
     for (std::size_t i = 2; i <= 5; ++i) bind(checks[i]->name() + "_Click", [this, i] { store_check(i); });
-    bind("Command1_Click", &options_form::open_file_manager);
+    bind("Command1_Click", [this] { open_file_manager(); });
     for (std::size_t i = 0; i < Command2.size(); ++i)
         bind(Command2[i]->name() + "_Click", [this, i] { Command2_Click(static_cast<int>(i)); });
-    bind("Command3_Click", &options_form::read_common_types);
-    bind("Command4_Click", &options_form::Command4_Click);
-    bind("Timer1_Timer", &options_form::Timer1_Timer);
-    const auto bind_help = [this](const char* entry, int topic) {
+    bind("Command3_Click", [this] { read_common_types(); });
+    bind("Command4_Click", [this] { Command4_Click(); });
+    bind("Timer1_Timer", [this] { Timer1_Timer(); });
+    const auto bind_help = [this, &bind](const char* entry, int topic) {
         bind(entry, [this, topic] { open_topic(main_, topic); });
     };
     bind_help("Command5_Click", 22);

@@ -5,6 +5,7 @@
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_format.h"
 #include "search/file_list_store.h"
 #include "search/walker.h"
@@ -28,10 +29,10 @@ void picture2_Click(Tavrel& form) {
     form.ListView1.visible = false;
     if (state.selected_dir_count == 0) {
         form.complain("请选择要清理的目录", 1009, true);
-        form.run("Picture1_Click");
+        form.call(handlers::choose_directories);
         return;
     }
-    lock_tasks(form);
+    task_scope task(form);
     state.walk_count = 0;
     state.file_count = 0;
     state.file_list_loaded = 0;
@@ -41,7 +42,6 @@ void picture2_Click(Tavrel& form) {
     if (state.file_count == 0) {
         form.complain(
             "没搜索到文件。\r\n请检查 [不参加比较的文件类型] 和 [不参加搜索的目录]。或看看目录选择的内容");
-        unlock_tasks(form);
         return;
     }
     show_elapsed(form);
@@ -63,7 +63,7 @@ void picture2_Click(Tavrel& form) {
     show_elapsed(form);
     state.file_list_loaded = -1;
     state.list_sorted_flag = 0;
-    unlock_tasks(form);
+    task.close();
     pointer_glide(form, "Tavrel", "Picture3");
 }
 
@@ -74,7 +74,7 @@ void Command19_Click(Tavrel& form) {
     if (!list_files(form) || form.state.quit_requested) return;
     form.state.file_list_loaded = -1;
     form.state.list_sorted_flag = 0;
-    form.run("Picture3_Click");
+    form.call(handlers::find_same_files);
 }
 
 void search_check_m_Click(Tavrel& form) {
@@ -86,9 +86,9 @@ void search_check_m_Click(Tavrel& form) {
     }
     form.panel(7, "搜索和比对");
     const double start = form.outside.screen.seconds();
-    form.run("picture2_Click");
+    picture2_Click(form);
     if (state.quit_requested || state.file_count <= 0 || !state.file_list_loaded) return;
-    form.run("Picture3_Click");
+    form.call(handlers::find_same_files);
     if (state.quit_requested) return;
     form.panel(6, format_elapsed(form.outside.screen.seconds() - start, 1));
     form.panel(7, "搜索和比对");

@@ -1,23 +1,18 @@
 #include "search/walker.h"
 
-#include <algorithm>
-#include <memory>
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "core/archives/rar_reader.h"
 #include "core/archives/zip_reader.h"
 #include "core/model/main_form.h"
 #include "core/tasks/environment.h"
 #include "core/tasks/progress.h"
-#include "core/text/path_text.h"
 #include "core/text/text_case.h"
 #include "core/text/text_file.h"
-#include "core/text/text_format.h"
 #include "core/text/text_sort.h"
-#include "core/walk/directory_filter.h"
-#include "core/walk/walk_links.h"
+#include "core/walk/tree_walk.h"
 #include "search/walk_output.h"
 
 namespace corvane {
@@ -75,79 +70,25 @@ class wide_path_panel {
     int widths_[4];
 };
 
-// One walk. Owns what lives as long as it.
-class directory_walk {
+class search_visitor : public walk_visitor {
   public:
-    directory_walk(Tavrel& form, walk_output& output)
-        : form_(form),
-          state_(form.state),
-          files_(form.outside.files),
-          output_(output),
-          links_(form.outside.files) {}
+    search_visitor(Tavrel& form, walk_output& output)
+        : form_(form), state_(form.state), files_(form.outside.files), output_(output) {}
 
-    void run() {
-        queue_roots();
-        std::size_t read_index = 1;
-        std::string link;
-        do {
-            for (; read_index < state_.dir_queue.size(); ++read_index) list_one(read_index);
-            // Links come after everything that is reached without one.
-            link = links_.next();
-            if (!link.empty()) enqueue(std::move(link));
-        } while (read_index < state_.dir_queue.size());
-        if (queue_full_ || output_.full()) report_limit();
+    void reached(const std::string& directory) override {
+        if (state_.walk_count - last_shown_ <= files_per_path) return;
+        form_.panel(2, "正在搜索" + directory);
+        show_elapsed(form_);
+        last_shown_ = state_.walk_count;
+    }
+
+    walk_course entry(const std::string& directory, std::string_view name, entry_kind kind) override {
+        state_.current_path.assign(directory).append(name);
+        if (kind == entry_kind::file) take_file(state_.current_path);
+        return walk_course::go_on;
     }
 
   private:
-    void queue_roots() {
-        for (std::int16_t i = 1; i <= state_.selected_dir_count; ++i) {
-            const std::string& selected = state_.selected_dirs[static_cast<std::size_t>(i)];
-            if (is_blank(trimmed(selected))) continue;
-            const std::string directory = with_separator(selected, form_.outside.files.separator());
-            if (skip_directory(form_.outside.files, form_.state.exclude_dir_text, directory)) continue;
-            if (links_.take_root(directory)) enqueue(directory);
-        }
-    }
-
-    void enqueue(std::string directory) {
-        if (static_cast<std::int32_t>(state_.dir_queue.size()) > state_.limits.directories)
-            queue_full_ = true;
-        else
-            state_.dir_queue.push_back(std::move(directory));
-    }
-
-    void list_one(std::size_t read_index) {
-        // A copy: the queue grows while the directory is read.
-        const std::string directory =
-            with_separator(state_.dir_queue[read_index], form_.outside.files.separator());
-        if (state_.walk_count - last_shown_ > files_per_path) {
-            form_.panel(2, "正在搜索" + directory);
-            show_elapsed(form_);
-            last_shown_ = state_.walk_count;
-        }
-        if (skip_directory(form_.outside.files, form_.state.exclude_dir_text, directory)) return;
-        std::string error;
-        const std::unique_ptr<directory_reader> reader = files_.open_directory(directory, error);
-        if (!reader) return;
-        links_.note_listed(reader->identity());
-
-        std::string& path = state_.current_path;
-        std::string last_name;
-        std::string_view name;
-        entry_kind kind;
-        while (reader->next(name, kind)) {
-            if (name == last_name) break;  // a find that keeps giving one entry
-            last_name = name;
-            path.assign(directory).append(name);
-            if (kind == entry_kind::directory)
-                enqueue(path + files_.separator());
-            else if (kind == entry_kind::link_to_directory)
-                links_.wait(path + files_.separator());
-            else if (kind == entry_kind::file)
-                take_file(path);
-        }
-    }
-
     void take_file(const std::string& path) {
         if (state_.scan_archives == 1 || state_.only_type_length > 0 || state_.exclude_type_length > 0) {
             const std::string type = type_of(path);
@@ -171,18 +112,23 @@ class directory_walk {
         if (state_.archive_error_count != errors_before) output_.show_report();
     }
 
-    void report_limit() {
-        form_.complain("文件或目录太多，清单只含前 " + std::to_string(state_.walk_count) + " 个文件。");
-    }
-
     Tavrel& form_;
     run_state& state_;
     file_system& files_;
     walk_output& output_;
-    walk_links links_;
     std::int32_t last_shown_ = 0;
-    bool queue_full_ = false;
 };
+
+void walk(Tavrel& form, walk_output& output) {
+    run_state& state = form.state;
+    const walk_rules rules = {
+        .excluded = state.exclude_dir_text, .limit = state.limits.directories, .ends_at_repeat = true};
+    search_visitor visitor(form, output);
+    const std::span<std::string> selected = state.selected_dirs.range(1, state.selected_dir_count);
+    const walk_result result = walk_tree(form.outside.files, selected, state.dir_queue, rules, visitor);
+    if (result.limit_reached || output.full())
+        form.complain("文件或目录太多，清单只含前 " + std::to_string(state.walk_count) + " 个文件。");
+}
 
 void write_advice(line_writer& report) {
     for (const char* line : {"", "压缩包错误的验证方法", "1.选中所列的一个文件", "2.复制",
@@ -197,7 +143,6 @@ bool walk_directories(Tavrel& form) {
     if (!current_directory_answers(form)) return true;
     state.walk_count = 0;
     state.file_list.clear();
-    state.dir_queue.assign(1, {});
 
     state.archive_error_path = form.data_path("err.txt");
     state.archive_error_count = 0;
@@ -210,7 +155,7 @@ bool walk_directories(Tavrel& form) {
     }
     {
         const wide_path_panel room(form.StatusBar1);
-        directory_walk(form, output).run();
+        walk(form, output);
     }
     if (state.scan_archives == 1) form.panel(2, "");
     if (state.archive_error_count > 0) write_advice(report);
@@ -228,8 +173,8 @@ bool list_files(Tavrel& form) {
     if (!walk_directories(form)) return false;
     if (state.quit_requested) return true;
     state.file_count = state.walk_count;
-    state.file_len.assign(static_cast<std::size_t>(state.file_count) + 1, 0);
-    state.first_root = state.dir_queue.size() > 1 ? state.dir_queue[1] : std::string();
+    state.file_len.assign(state.file_count, 0);
+    state.first_root = !state.dir_queue.empty() ? state.dir_queue[1] : std::string();
     sort_text_array(state.file_list, 1, state.file_count);
     form.panel(1, "搜索出:" + std::to_string(state.file_count));
     return true;

@@ -106,11 +106,10 @@ void list_view::reorder(const std::vector<std::int32_t>& order) {
             for (const std::int32_t row : order) colours.push_back(cells.colours[at(row)]);
             cells.colours = std::move(colours);
         }
-        std::vector<const char*>& entries = cells.texts.entries();
-        if (entries.size() == order.size() + 1) {
-            const std::vector<const char*> old = entries;
-            for (std::size_t n = 0; n < order.size(); ++n)
-                entries[n + 1] = old[static_cast<std::size_t>(order[n])];
+        if (cells.texts.size() == static_cast<std::int32_t>(order.size())) {
+            const std::span<const char*> entries = cells.texts.range(1, cells.texts.size());
+            const std::vector<const char*> old(entries.begin(), entries.end());
+            for (std::size_t n = 0; n < order.size(); ++n) entries[n] = old[at(order[n])];
         }
     }
     if (selected_row > 0) {
@@ -148,7 +147,7 @@ void list_view::set_colour(std::int32_t row, int column, std::uint32_t colour) {
     std::vector<std::uint32_t>& colours = cells_[index_of(column)].colours;
     if (colours.empty()) {
         if (colour == cell_colour::colour_text) return;
-        colours.reserve(cells_[index_of(column)].texts.entries().capacity());
+        colours.reserve(cells_[index_of(column)].texts.capacity());
         colours.resize(static_cast<std::size_t>(row_count_), cell_colour::colour_text);
     }
     colours[at(row)] = colour;

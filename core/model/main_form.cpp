@@ -1,5 +1,8 @@
 #include "core/model/main_form.h"
 
+#include <algorithm>
+#include <stdexcept>
+
 #include "core/model/main_menu.h"
 #include "core/model/task_table.h"
 #include "core/settings/environment_table.h"
@@ -116,19 +119,90 @@ form_model* Tavrel::child(std::string_view name) const {
     return nullptr;
 }
 
-void Tavrel::bind(std::string_view handler, std::function<void()> procedure) {
-    handlers_[folded_name(handler)] = std::move(procedure);
+void Tavrel::bind(handler added) {
+    std::string key = folded_name(added.name);
+    handlers_[std::move(key)] = std::move(added);
 }
 
-bool Tavrel::has_handler(std::string_view handler) const {
-    return handlers_.count(folded_name(handler)) != 0;
+void Tavrel::bind(const handler_table& table) {
+    for (const handler& each : table) bind(each);
 }
 
-bool Tavrel::run(std::string_view handler) {
-    const auto found = handlers_.find(folded_name(handler));
-    if (found == handlers_.end()) return false;
-    found->second();
+void Tavrel::bind(std::string_view name, std::function<void()> procedure) {
+    bind({std::string(name), [procedure = std::move(procedure)](Tavrel&) { procedure(); }});
+}
+
+void Tavrel::expect(std::string_view name) {
+    bind({std::string(name), {}});
+}
+
+const handler* Tavrel::find_handler(std::string_view name) const {
+    const auto found = handlers_.find(folded_name(name));
+    return found == handlers_.end() ? nullptr : &found->second;
+}
+
+bool Tavrel::has_handler(std::string_view name) const {
+    const handler* found = find_handler(name);
+    return found != nullptr && found->procedure;
+}
+
+bool Tavrel::is_expected(std::string_view name) const {
+    const handler* found = find_handler(name);
+    return found != nullptr && !found->procedure;
+}
+
+std::vector<std::string> Tavrel::handler_names() const {
+    std::vector<std::string> names;
+    for (const auto& [key, each] : handlers_)
+        if (each.procedure) names.push_back(each.name);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+class Tavrel::running_handler {
+  public:
+    running_handler(Tavrel& form, const handler& running)
+        : form_(form), name_(running.name), is_task_(running.starts_task), yields_(form.yields_) {
+        if (is_task_) ++form_.running_tasks_;
+        if (form_.trace) start_ = form_.outside.screen.seconds();
+    }
+    ~running_handler() {
+        if (is_task_) --form_.running_tasks_;
+        if (form_.trace) form_.trace(name_, form_.outside.screen.seconds() - start_, form_.yields_ - yields_);
+    }
+    running_handler(const running_handler&) = delete;
+    running_handler& operator=(const running_handler&) = delete;
+
+  private:
+    Tavrel& form_;
+    std::string name_;
+    bool is_task_;
+    std::int64_t yields_;
+    double start_ = 0;
+};
+
+bool Tavrel::run(std::string_view name) {
+    if (!has_handler(name)) return false;
+    // A copy: the handler may be bound anew while it runs.
+    const handler found = *find_handler(name);
+    if (found.starts_task && task_runs()) return true;
+    const running_handler running(*this, found);
+    found.procedure(*this);
     return true;
+}
+
+void Tavrel::start(handler_name name) {
+    if (!run(name.text) && !is_expected(name.text))
+        throw std::logic_error(std::string("no handler ") + name.text);
+}
+
+void Tavrel::call(handler_name name) {
+    if (has_handler(name.text)) {
+        const std::function<void(Tavrel&)> procedure = find_handler(name.text)->procedure;
+        procedure(*this);
+    } else if (!is_expected(name.text)) {
+        throw std::logic_error(std::string("no handler ") + name.text);
+    }
 }
 
 void Tavrel::inform(const std::string& words, int context) {

@@ -1,6 +1,5 @@
 // The main form: its controls, the run state, the ports and the table of handlers. Every task is a procedure
-// over this one object. A lower folder reaches a task of a higher one by its handler's name, never by an
-// include.
+// over this one object. A folder reaches a task of another one by its handler's name, never by an include.
 #pragma once
 
 #include <array>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "core/model/form_model.h"
+#include "core/model/handlers.h"
 #include "core/model/list_view.h"
 #include "core/model/main_layout.h"
 #include "core/model/run_state.h"
@@ -79,18 +79,40 @@ class Tavrel : public form_model {
     hover_state hover;
     follow_state follow;
 
-    // Handlers are found by their stated names, without case in a-z.
-    void bind(std::string_view handler, std::function<void()> procedure);
-    bool has_handler(std::string_view handler) const;
-    // Runs a handler; false when no such handler is bound.
-    bool run(std::string_view handler);
+    // Handlers are found by their stated names, without case in a-z. A later one takes the place of an
+    // earlier one.
+    void bind(handler added);
+    void bind(const handler_table& table);
+    void bind(std::string_view name, std::function<void()> procedure);
+    // A name that will have a handler in a later version: calling it does nothing.
+    void expect(std::string_view name);
+    bool has_handler(std::string_view name) const;
+    bool is_expected(std::string_view name) const;
+    std::vector<std::string> handler_names() const;
+
+    // For the outer edge: what the user or a script does. A task does not start while another one runs. False
+    // when no such handler is bound.
+    bool run(std::string_view name);
+    // The same from inside the program, where the name exists; throws std::logic_error where it does not.
+    void start(handler_name name);
+    // A step of the task that runs: not refused. Throws like start.
+    void call(handler_name name);
+    // True from the start of a task to its end, also while it shows no lock.
+    bool task_runs() const { return running_tasks_ > 0 || open_scopes > 0 || state.tasks_locked; }
+    int open_scopes = 0;  // of task_scope
+
+    // Told after each handler that the outer edge ran: its name, seconds, and the yields meanwhile.
+    std::function<void(std::string_view name, double seconds, std::int64_t yields)> trace;
 
     std::string data_path(std::string_view file_name) const {
         std::string path = state.program_dir;
         return path.append(file_name);
     }
     void panel(int number, std::string words) { StatusBar1.panel(number) = std::move(words); }
-    void yield() { outside.screen.yield(); }
+    void yield() {
+        ++yields_;
+        outside.screen.yield();
+    }
 
     // Shows a box titled "提示". The short form is for what only informs.
     void inform(const std::string& words, int context = 1000);
@@ -100,7 +122,14 @@ class Tavrel : public form_model {
     bool confirm(const std::string& words);
 
   private:
-    std::unordered_map<std::string, std::function<void()>> handlers_;
+    // Ends with the handler, however it ends.
+    class running_handler;
+
+    const handler* find_handler(std::string_view name) const;
+
+    std::unordered_map<std::string, handler> handlers_;  // by folded name; an expected one has no procedure
+    int running_tasks_ = 0;
+    std::int64_t yields_ = 0;
     std::vector<form_model*> children_;
 };
 

@@ -54,7 +54,7 @@ void Form_Resize(Tavrel& form) {
     cancel.left = left.left + left.width - cancel.width;
     form.Splitter.place.height = left.height;
     place_list_view(form);
-    form.run("layout_list");
+    form.call(handlers::lay_out_list);
 }
 
 void Splitter_MouseDown(Tavrel& form, int x) {
@@ -72,7 +72,7 @@ void Splitter_MouseUp(Tavrel& form) {
     form.layout.split_last_x = main_layout::no_drag;
     form.listleft.place.width = form.Splitter.place.left - form.listleft.place.left;
     place_list_view(form);
-    form.run("layout_list");
+    form.call(handlers::lay_out_list);
 }
 
 }  // namespace corvane

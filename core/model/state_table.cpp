@@ -26,6 +26,9 @@ std::string figure(double number) {
 std::string as_text(const std::string& value) {
     return value;
 }
+std::string as_text(flag value) {
+    return std::to_string(int{value});
+}
 std::string as_text(double value) {
     return figure(value);
 }
@@ -41,11 +44,11 @@ reader scalar(Value Slice::*member) {
 }
 
 template <class Slice, class Value>
-reader column(std::vector<Value> Slice::*member) {
+reader values(column<Value> Slice::*member) {
     return [member](const run_state& state, std::int64_t index) -> std::optional<std::string> {
-        const std::vector<Value>& values = state.*member;
-        if (index < 1 || index >= static_cast<std::int64_t>(values.size())) return {};
-        return as_text(values[static_cast<std::size_t>(index)]);
+        const column<Value>& all = state.*member;
+        if (!all.has(index)) return {};
+        return as_text(all[static_cast<std::int32_t>(index)]);
     };
 }
 
@@ -70,9 +73,9 @@ const std::map<std::string, reader, std::less<>>& table() {
         {"archive_path", scalar(&run_state::archive_path)},
         {"archive_length", scalar(&run_state::archive_length)},
         {"archive_damaged", scalar(&run_state::archive_damaged)},
-        {"no_dirs", column(&run_state::no_dirs)},
-        {"no_types", column(&run_state::no_types)},
-        {"only_types", column(&run_state::only_types)},
+        {"no_dirs", values(&run_state::no_dirs)},
+        {"no_types", values(&run_state::no_types)},
+        {"only_types", values(&run_state::only_types)},
         {"no_dir_count", scalar(&run_state::no_dir_count)},
         {"no_type_count", scalar(&run_state::no_type_count)},
         {"only_type_count", scalar(&run_state::only_type_count)},
@@ -118,26 +121,26 @@ const std::map<std::string, reader, std::less<>>& table() {
         {"find_row", scalar(&run_state::find_row)},
         {"different_files",
          texts([](const run_state& state) -> const text_column& { return state.different_files; })},
-        {"dir_queue", column(&run_state::dir_queue)},
-        {"selected_dirs", column(&run_state::selected_dirs)},
-        {"file_len", column(&run_state::file_len)},
-        {"file_date_hi", column(&run_state::file_date_hi)},
-        {"file_date_lo", column(&run_state::file_date_lo)},
-        {"file_crc", column(&run_state::file_crc)},
-        {"file_ok", column(&run_state::file_ok)},
-        {"file_bad", column(&run_state::file_bad)},
-        {"file_matched", column(&run_state::file_matched)},
-        {"file_has_twin", column(&run_state::file_has_twin)},
-        {"file_in_archive", column(&run_state::file_in_archive)},
-        {"result_length", column(&run_state::result_length)},
-        {"history_len", column(&run_state::history_len)},
-        {"history_crc", column(&run_state::history_crc)},
+        {"dir_queue", values(&run_state::dir_queue)},
+        {"selected_dirs", values(&run_state::selected_dirs)},
+        {"file_len", values(&run_state::file_len)},
+        {"file_date_hi", values(&run_state::file_date_hi)},
+        {"file_date_lo", values(&run_state::file_date_lo)},
+        {"file_crc", values(&run_state::file_crc)},
+        {"file_ok", values(&run_state::file_ok)},
+        {"file_bad", values(&run_state::file_bad)},
+        {"file_matched", values(&run_state::file_matched)},
+        {"file_has_twin", values(&run_state::file_has_twin)},
+        {"file_in_archive", values(&run_state::file_in_archive)},
+        {"result_length", values(&run_state::result_length)},
+        {"history_len", values(&run_state::history_len)},
+        {"history_crc", values(&run_state::history_crc)},
         {"file_list", texts([](const run_state& state) -> const text_column& { return state.file_list; })},
         {"result_file1",
          texts([](const run_state& state) -> const text_column& { return state.result_file1; })},
         {"result_file2",
          texts([](const run_state& state) -> const text_column& { return state.result_file2; })},
-        {"name_index", column(&run_state::name_index)},
+        {"name_index", values(&run_state::name_index)},
         {"name_key", texts([](const run_state& state) -> const text_column& { return state.name_key; })},
         {"history_name",
          texts([](const run_state& state) -> const text_column& { return state.history_name; })},

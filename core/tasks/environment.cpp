@@ -36,7 +36,7 @@ bool write_selected_directories(Tavrel& form) {
     const std::string path = form.data_path(directory_list_name);
     line_writer writer(form.outside.files, path);
     for (std::int16_t i = 1; i <= form.state.selected_dir_count; ++i)
-        writer.line(form.state.selected_dirs[static_cast<std::size_t>(i)]);
+        writer.line(form.state.selected_dirs[i]);
     return finish(form, writer, path);
 }
 
@@ -58,7 +58,7 @@ void set_action_text(run_state& state) {
 
 void read_selected_directories(Tavrel& form) {
     run_state& state = form.state;
-    state.selected_dirs.assign(1, {});
+    state.selected_dirs.clear();
     state.selected_dir_count = 0;
     const std::string path = form.data_path(directory_list_name);
     if (!form.outside.files.attributes(path).exists) return form.inform(path + "  不存在");
@@ -67,10 +67,10 @@ void read_selected_directories(Tavrel& form) {
     std::string_view line;
     bool full = false;
     while (!full && reader.next(line)) {
-        full = static_cast<std::int32_t>(state.selected_dirs.size()) > state.limits.selected_directories;
-        if (!full) state.selected_dirs.emplace_back(line);
+        full = state.selected_dirs.size() >= state.limits.selected_directories;
+        if (!full) state.selected_dirs.push_back(std::string(line));
     }
-    state.selected_dir_count = static_cast<std::int16_t>(state.selected_dirs.size() - 1);
+    state.selected_dir_count = static_cast<std::int16_t>(state.selected_dirs.size());
     if (full) form.complain(path + "\r\n只取前 " + std::to_string(state.selected_dir_count) + " 行。");
 }
 

@@ -2,7 +2,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "core/model/main_form.h"
 #include "core/text/path_text.h"
@@ -14,7 +13,7 @@ namespace corvane {
 
 namespace {
 
-using entry_list = std::vector<std::string>;
+using entry_list = column<std::string>;
 
 // What a line of the file becomes; empty: no entry.
 std::string entry_of(Tavrel& form, option_list list, std::string_view line) {
@@ -29,13 +28,13 @@ void read_list(Tavrel& form, option_list list) {
     if (!form.outside.files.attributes(place.path).exists) return form.inform(place.path + "  不存在");
     line_reader reader(form.outside.files, place.path);
     if (!reader.is_open()) return form.complain(place.path + "\r\n" + reader.error());
-    entry_list read{std::string()};
+    entry_list read;
     std::string_view line;
     bool full = false;
     while (!full && reader.next(line)) {
         const std::string entry = entry_of(form, list, line);
         if (entry.empty()) continue;
-        full = static_cast<std::int32_t>(read.size()) > place.capacity;
+        full = read.size() >= place.capacity;
         if (!full) read.push_back(entry);
     }
     take_entries(form, list, std::move(read));
@@ -46,8 +45,7 @@ void read_list(Tavrel& form, option_list list) {
 // blanks names nothing.
 std::string active_text(Tavrel& form, option_list list, const entry_list& entries) {
     std::string active;
-    for (std::size_t i = 1; i < entries.size(); ++i) {
-        const std::string_view entry = entries[i];
+    for (const std::string_view entry : entries) {
         if (!entry.starts_with('1') || trimmed(entry.substr(1)).empty()) continue;
         const std::string name = upper_case(entry.substr(1));
         active += list == option_list::left_out_directories
@@ -72,10 +70,10 @@ option_list_place place_of(Tavrel& form, option_list list) {
     }
 }
 
-void take_entries(Tavrel& form, option_list list, std::vector<std::string> entries) {
+void take_entries(Tavrel& form, option_list list, entry_list entries) {
     run_state& state = form.state;
     std::string active = active_text(form, list, entries);
-    const auto count = static_cast<std::int16_t>(entries.size() - 1);
+    const auto count = static_cast<std::int16_t>(entries.size());
     place_of(form, list).entries = std::move(entries);
     switch (list) {
         case option_list::left_out_directories:

@@ -4,7 +4,8 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
+
+#include "core/text/column.h"
 
 namespace corvane {
 
@@ -15,14 +16,14 @@ enum class option_list { left_out_directories, left_out_types, only_types };
 // Where a list stands: the full path of its file, its array in the run state, how many entries that takes.
 struct option_list_place {
     std::string path;
-    std::vector<std::string>& entries;
+    column<std::string>& entries;
     std::int32_t capacity;
 };
 option_list_place place_of(Tavrel& form, option_list list);
 
-// The entries, with their flags and from index 1, become the array of the list; its count, active string and
+// The entries, with their flags, become the array of the list; its count, active string and
 // length follow. In the string every directory ends in the separator, also where the entry does not.
-void take_entries(Tavrel& form, option_list list, std::vector<std::string> entries);
+void take_entries(Tavrel& form, option_list list, column<std::string> entries);
 
 // Each reads its file and sets its array, count and active string. A missing file is told and changes
 // nothing; one that cannot be read is told with the system's words and changes nothing. Lines beyond the

@@ -76,7 +76,6 @@ void ask_for_shutdown(Tavrel& form) {
 
 void report_write_failure(Tavrel& form, const std::string& path, const std::string& reason) {
     form.complain(path + "\r\n" + reason);
-    unlock_tasks(form);
 }
 
 }  // namespace corvane

@@ -10,11 +10,11 @@ namespace corvane {
 class Tavrel;
 
 // Disables Picture1 to Picture8 and the menus 文件操作_m, 目录操作_m, 文件清单_M. unlock_tasks enables the
-// same set, except pictures without a task. A task calls the first at its start, the second at every way out.
+// same set, except pictures without a task. Tasks leave both to their task_scope.
 void lock_tasks(Tavrel& form);
 void unlock_tasks(Tavrel& form);
 
-// True between the two: no other task may start then.
+// True between the two.
 bool tasks_locked(const Tavrel& form);
 
 // Whole seconds of the clock.
@@ -36,7 +36,7 @@ void pointer_glide(Tavrel& form, const std::string& form_name, const std::string
 // Asks whether the shutdown after the task stands. No takes it back.
 void ask_for_shutdown(Tavrel& form);
 
-// Ends a task because a file could not be written: the system's words, the file, and the tasks unlocked.
+// A file could not be written: the file and the system's words. The task ends.
 void report_write_failure(Tavrel& form, const std::string& path, const std::string& reason);
 
 }  // namespace corvane

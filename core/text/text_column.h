@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -50,6 +51,8 @@ class text_column {
     // Drops the entries and shares the arena of `other`, so that entries can be taken over from it.
     void clear_and_share(const text_column& other);
     void reserve(std::int32_t count) { entries_.reserve(static_cast<std::size_t>(count) + 1); }
+    // Entries that fit without new memory.
+    std::size_t capacity() const { return entries_.capacity(); }
     // Entries beyond the old size are empty texts.
     void resize(std::int32_t count) { entries_.resize(static_cast<std::size_t>(count) + 1, empty_entry); }
 
@@ -59,9 +62,11 @@ class text_column {
         entries_[static_cast<std::size_t>(index)] = entry;
     }
     void push_entry(const char* entry) { entries_.push_back(entry); }
-    // Direct access for sorting: element 0 of the vector is not used.
-    std::vector<const char*>& entries() { return entries_; }
-    const std::vector<const char*>& entries() const { return entries_; }
+    // Direct access for sorting to the entries first to last, both included.
+    std::span<const char*> range(std::int32_t first, std::int32_t last) {
+        return std::span(entries_).subspan(static_cast<std::size_t>(first),
+                                           static_cast<std::size_t>(last - first + 1));
+    }
 
   private:
     static const char empty_entry[sizeof(std::uint32_t)];

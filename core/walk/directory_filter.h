@@ -1,4 +1,4 @@
-// skip_directory: the directories that no walk opens. Shared by every walk over directories.
+// skip_directory: the directories that no walk opens. Asked by tree_walk.
 #pragma once
 
 #include <string>

@@ -1,5 +1,6 @@
 // Which links a walk follows. A link waits for the end of the walk and is followed only if the place that it
 // leads to has not been listed and is no ancestor: a loop ends at once, and no file is reached on two roads.
+// A part of tree_walk; nothing else uses it.
 #pragma once
 
 #include <cstddef>

@@ -16,7 +16,7 @@ TEST(Start, DropsSelectedDirectoriesThatAreGoneAndKeepsTheOrder) {
     p.files.add_file("/prog/比较文件_目录清单.txt", "/b\r\n/gone\r\n/a\r\n");
     p.add_used_folder();
     p.corvane.start();
-    EXPECT_EQ(p.state.selected_dirs, (texts{"", "/b", "/a"}));
+    EXPECT_EQ(p.state.selected_dirs, (column<std::string>{"/b", "/a"}));
     EXPECT_EQ(p.state.selected_dir_count, 2);
     EXPECT_FALSE(p.corvane.directory_window().visible);
 }

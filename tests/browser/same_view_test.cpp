@@ -1,3 +1,5 @@
+#include "browser/row_panel.h"
+#include "browser/same_store.h"
 #include "browser/same_view.h"
 
 #include <gtest/gtest.h>

@@ -20,7 +20,7 @@ TEST(EmptySearch, ListsWhatHoldsNothingInTheOrderOfTheVisit) {
         p.find_empty({"/d"}, entry);
         EXPECT_EQ(p.files.content_of("/prog/spasedir.txt"), "/d/z/\r\n/d/a/deep/\r\n") << entry;
         EXPECT_EQ(p.state.dir_queue,
-                  (texts{"", "/d/", "/d/a/", "/d/full/", "/d/z/", "/d/a/deep/", "/d/full/sub/"}));
+                  (column<std::string>{"/d/", "/d/a/", "/d/full/", "/d/z/", "/d/a/deep/", "/d/full/sub/"}));
         EXPECT_FALSE(p.state.tasks_locked);
     }
 }

@@ -19,7 +19,7 @@ struct named : forms_program {
         for (const char* path :
              {"/d/a/one.txt", "/d/b/one.txt", "/d/c/one.txt", "/d/x/same/p", "/d/y/same/q"})
             files.add_file(path, path);
-        form.state.selected_dirs = {"", "/d"};
+        form.state.selected_dirs = {"/d"};
         form.state.selected_dir_count = 1;
     }
     void run(const char* entry) {

@@ -97,7 +97,7 @@ void save_other_views(forms_program& shown, folder_of_pictures& pictures) {
         if (QWidget* box = QApplication::activeModalWidget()) box->close();
     });
     closer.start(20);
-    state.selected_dirs = {"", "/home/li"};
+    state.selected_dirs = {"/home/li"};
     state.selected_dir_count = 1;
     shown.form.run("picture2_Click");
     shown.form.run("mnu_same_filename_Click");

@@ -12,7 +12,7 @@ struct directory_program : name_program {
         for (const std::string& path : directories) files.add_directory(path);
     }
     void check_directories(const texts& selected) { check("search_repeat_dir_name", selected); }
-    texts queue() const { return {state.dir_queue.begin() + 1, state.dir_queue.end()}; }
+    texts queue() const { return {state.dir_queue.begin(), state.dir_queue.end()}; }
 };
 
 TEST(SameDirectoryName, PairsDirectoriesOfOneNameInEitherCase) {

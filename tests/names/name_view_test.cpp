@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "core/tasks/task_scope.h"
 #include "tests/names/name_program.h"
 
 namespace corvane {
@@ -65,9 +66,11 @@ TEST(NameView, WithoutAPairTheListStaysAndTheTasksAreFree) {
     name_program p;
     p.show({{1, "/a", "/b"}});
     p.hold({});
-    p.state.tasks_locked = true;
-    show_same_names(p.form);
-    show_same_directory_names(p.form);
+    {
+        const task_scope task(p.form);
+        show_same_names(p.form);
+        show_same_directory_names(p.form);
+    }
     EXPECT_EQ(p.said(), (texts{"提示|没有相同_文件名", "提示|没有相同_目录名"}));
     EXPECT_EQ(p.list().row_count(), 1);
     EXPECT_EQ(p.state.list_mode, 0);

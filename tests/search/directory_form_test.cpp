@@ -164,7 +164,7 @@ TEST(DirectoryPick, ConfirmingTakesWhatIsOnItsWay) {
     c.window.open();
     c.press(right, 0, 3);
     c.window.Command34_Click();
-    EXPECT_EQ(c.state.selected_dirs, (texts{"", "/d/3"}));
+    EXPECT_EQ(c.state.selected_dirs, (column<std::string>{"/d/3"}));
     EXPECT_FALSE(c.window.visible);
 }
 
@@ -275,7 +275,7 @@ TEST(DirectoryConfirm, AnInnerDirectoryDropsOutAndALikeNamedOneStays) {
     directory_form& window = p.corvane.directory_window();
     window.add_paths({"C:\\AB\\", "C:\\A\\B\\", "C:\\A\\"});
     window.confirm_selection();
-    EXPECT_EQ(p.state.selected_dirs, (texts{"", "C:\\AB\\", "C:\\A\\"}));
+    EXPECT_EQ(p.state.selected_dirs, (column<std::string>{"C:\\AB\\", "C:\\A\\"}));
 }
 
 TEST(DirectoryConfirm, ARowThatDroppedOutStillDropsItsOwnChildren) {
@@ -284,7 +284,7 @@ TEST(DirectoryConfirm, ARowThatDroppedOutStillDropsItsOwnChildren) {
     // "C:\A" sorts before "C:\A\B" and "C:\A\B\C"; "C:\A!" stands between them in byte order.
     window.add_paths({"C:\\A\\B\\C", "C:\\A!", "C:\\A\\B", "C:\\A"});
     window.confirm_selection();
-    EXPECT_EQ(p.state.selected_dirs, (texts{"", "C:\\A", "C:\\A!"}));
+    EXPECT_EQ(p.state.selected_dirs, (column<std::string>{"C:\\A", "C:\\A!"}));
 }
 
 TEST(DirectoryConfirm, WithoutRowsTheTwoButtonsTellHowToPick) {
@@ -316,7 +316,7 @@ TEST(DirectoryDiscard, PutsTheListBackAndLeavesTheSelectionAlone) {
     c.fly();
     EXPECT_EQ(c.list(), texts{"/d/1"});
     EXPECT_TRUE(c.window.visible);
-    EXPECT_EQ(c.state.selected_dir_backup, (texts{"", "/d/1"}));
+    EXPECT_EQ(c.state.selected_dir_backup, (column<std::string>{"/d/1"}));
     EXPECT_EQ(c.state.selected_dir_backup_count, 1);
 }
 

@@ -17,7 +17,7 @@ TEST(OptionSave, SavingWritesFlagAndTextAndRebuildsTheRunState) {
     p.screen.answers = {box_answer::no};
     p.run("Command4_Click");
     EXPECT_EQ(p.stored_lines("不参加比较的文件类型.txt"), (texts{"1.Bak", "0.tmp"}));
-    EXPECT_EQ(p.state.no_types, (texts{"", "1.Bak", "0.tmp"}));
+    EXPECT_EQ(p.state.no_types, (column<std::string>{"1.Bak", "0.tmp"}));
     EXPECT_EQ(p.state.no_type_count, 2);
     EXPECT_EQ(p.state.exclude_type_text, ".BAK ");
     EXPECT_EQ(p.state.exclude_type_length, 5);
@@ -36,7 +36,7 @@ TEST(OptionSave, EachListHasItsOwnFileAndString) {
     EXPECT_EQ(p.state.exclude_type_text, ".O ");
     EXPECT_EQ(p.state.only_type_text, ".JPG ");
     EXPECT_EQ(p.state.only_type_length, 5);
-    EXPECT_EQ(p.state.only_types, (texts{"", "1.jpg"}));
+    EXPECT_EQ(p.state.only_types, (column<std::string>{"1.jpg"}));
 }
 
 TEST(OptionSave, ABlankRowIsNotWrittenAndNamesNothing) {

@@ -197,7 +197,7 @@ TEST(DirectorySelection, KeepsOnlyOuterDirectoriesAndOneCopy) {
     directory_form& window = p.corvane.directory_window();
     window.add_paths({"/a/b/", "/a/", "/ab/", "/c", "/c/d", "/c"});
     window.confirm_selection();
-    EXPECT_EQ(p.state.selected_dirs, (texts{"", "/a/", "/ab/", "/c"}));
+    EXPECT_EQ(p.state.selected_dirs, (column<std::string>{"/a/", "/ab/", "/c"}));
     EXPECT_EQ(p.state.selected_dir_count, 3);
 }
 
@@ -231,7 +231,7 @@ TEST(DirectorySelection, DiscardPutsTheListBackAndLeavesTheSelection) {
     p.corvane.directory_window().add_paths({"/b"});
     p.form.run("目录选择.cmd_dir_discard_Click");
     ASSERT_EQ(p.corvane.directory_window().list_selected_dir.rows().size(), 1u);
-    EXPECT_EQ(p.state.selected_dirs, (texts{"", "/a"}));
+    EXPECT_EQ(p.state.selected_dirs, (column<std::string>{"/a"}));
     EXPECT_TRUE(p.corvane.directory_window().visible);
 }
 

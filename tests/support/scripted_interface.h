@@ -17,6 +17,7 @@ namespace corvane {
 class scripted_interface : public user_interface {
   public:
     std::vector<message> messages;
+    std::function<void(const message&)> on_message;  // while a box is up
     std::deque<box_answer> answers;
     struct question {
         std::string title, prompt, initial;
@@ -37,6 +38,7 @@ class scripted_interface : public user_interface {
 
     box_answer show_message(const message& shown) override {
         messages.push_back(shown);
+        if (on_message) on_message(shown);
         if (shown.buttons == box_buttons::ok) return box_answer::ok;
         if (answers.empty()) return box_answer::no;
         const box_answer answer = answers.front();

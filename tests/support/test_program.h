@@ -31,8 +31,8 @@ struct test_program {
             if (!files.has(program_dir + list)) files.add_file(program_dir + list);
     }
     void select(const std::vector<std::string>& directories) {
-        state.selected_dirs.assign(1, {});
-        state.selected_dirs.insert(state.selected_dirs.end(), directories.begin(), directories.end());
+        state.selected_dirs.clear();
+        for (const std::string& directory : directories) state.selected_dirs.push_back(directory);
         state.selected_dir_count = static_cast<std::int16_t>(directories.size());
     }
     void search(const std::vector<std::string>& directories) {

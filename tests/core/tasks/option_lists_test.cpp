@@ -13,7 +13,7 @@ TEST(OptionLists, DirectoriesInForceMakeTheActiveText) {
     test_program p;
     p.files.add_file("/prog/不参加搜索的目录.txt", "1/c/Windows\r\n0/c/temp\r\n1/d/temp/\r\n");
     读不参加搜索的目录(p.form);
-    EXPECT_EQ(p.state.no_dirs, (texts{"", "1/C/WINDOWS/", "0/C/TEMP/", "1/D/TEMP/"}));
+    EXPECT_EQ(p.state.no_dirs, (column<std::string>{"1/C/WINDOWS/", "0/C/TEMP/", "1/D/TEMP/"}));
     EXPECT_EQ(p.state.no_dir_count, 3);
     EXPECT_EQ(p.state.exclude_dir_text, "/C/WINDOWS/ /D/TEMP/ ");
     EXPECT_EQ(p.state.exclude_dir_length, 21);
@@ -31,7 +31,7 @@ TEST(OptionLists, AnEmptyDirectoryLineIsTheSeparatorAlone) {
     test_program p;
     p.files.add_file("/prog/不参加搜索的目录.txt", "\r\n1/a\r\n");
     读不参加搜索的目录(p.form);
-    EXPECT_EQ(p.state.no_dirs, (texts{"", "/", "1/A/"}));
+    EXPECT_EQ(p.state.no_dirs, (column<std::string>{"/", "1/A/"}));
     EXPECT_EQ(p.state.exclude_dir_text, "/A/ ");
 }
 
@@ -46,7 +46,7 @@ TEST(OptionLists, TypesKeepTheirCaseInTheArrayAndBlankLinesAreLeftOut) {
     test_program p;
     p.files.add_file("/prog/不参加比较的文件类型.txt", "1.tmp\r\n \r\n\r\n0.Bak\r\n1.日志\r\n");
     读不参加比较的文件类型(p.form);
-    EXPECT_EQ(p.state.no_types, (texts{"", "1.tmp", "0.Bak", "1.日志"}));
+    EXPECT_EQ(p.state.no_types, (column<std::string>{"1.tmp", "0.Bak", "1.日志"}));
     EXPECT_EQ(p.state.no_type_count, 3);
     EXPECT_EQ(p.state.exclude_type_text, ".TMP .日志 ");
     EXPECT_EQ(p.state.exclude_type_length, 13);

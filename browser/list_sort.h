@@ -1,0 +1,11 @@
+// Sorting ListView1 by a clicked heading, and what the new order does to the colours.
+#pragma once
+
+namespace corvane {
+
+class Tavrel;
+
+// A click on a heading, list_event.column: sorts by it, the second time downward.
+void ListView1_ColumnClick(Tavrel& form);
+
+}  // namespace corvane

@@ -1,0 +1,23 @@
+// Signatures of earlier runs, ordered by name. A slice of the run state.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/text/column.h"
+#include "core/text/text_column.h"
+
+namespace corvane {
+
+struct history_state {
+    std::string history_path;
+    text_column history_name;
+    column<std::int64_t> history_len;
+    column<std::int32_t> history_date_hi;
+    column<std::int32_t> history_date_lo;
+    column<std::int32_t> history_crc;
+    std::int32_t history_count = 0;
+    std::int32_t search_upper_bound = 0;  // where the last binary search stopped
+};
+
+}  // namespace corvane

@@ -1,0 +1,42 @@
+// What a comparison or a name check has found, and what its view holds. A slice of the run state.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "core/text/column.h"
+#include "core/text/flag.h"
+#include "core/text/text_column.h"
+
+namespace corvane {
+
+struct result_state {
+    std::string same_file_path;  // the same-file result
+    flag same_fresh_flag;
+
+    // Pairs: row 1 and row 2 of each column; row 0 is not used.
+    std::array<column<std::int32_t>, 3> same_pair;
+    std::int32_t result_count = 0;
+    double same_bytes = 0;
+    text_column different_files;  // the files without a twin; index 1 to different_count
+    std::int32_t different_count = 0;
+    double total_bytes = 0;
+    std::string size_unit;
+
+    // Comparison keys of the name checks with the index of the file or directory that each belongs to.
+    text_column name_key;
+    column<std::int32_t> name_index;
+
+    // The same-file result as the view holds it, beside result_file1.
+    std::int32_t same_count = 0;
+    column<std::int64_t> result_length;
+    text_column result_file2;
+    std::int64_t result_max_length = 0;
+
+    // Directories of spasedir.txt as the empty-directory view read them; index 1 to empty_dir_count.
+    text_column empty_dirs;
+    std::int32_t empty_dir_count = 0;
+};
+
+}  // namespace corvane

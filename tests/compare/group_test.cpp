@@ -1,0 +1,104 @@
+// A group alone: columns, a disk in memory and nothing of the program around them.
+#include "compare/group.h"
+
+#include <gtest/gtest.h>
+
+#include "compare/preparation.h"
+#include "tests/support/memory_file_system.h"
+
+namespace corvane {
+namespace {
+
+struct group_case {
+    memory_file_system disk;
+    file_columns files;
+    result_state result;
+    std::vector<std::string> touched;
+    int turns = 0;
+    int turns_left = 1'000'000;
+
+    void add(const std::string& path, std::string content) { disk.add_file(path, std::move(content)); }
+    // Lists the paths, which share a length, and takes their facts.
+    void list(const std::vector<std::string>& paths) {
+        for (const std::string& path : paths) files.file_list.push_back(path);
+        files.file_count = files.file_list.size();
+        size_columns(files, result);
+        bool members = false;
+        refresh_attributes(disk, files, result, members, [](std::int32_t) { return true; });
+        if (members) take_member_signatures(files);
+    }
+    file_group make() {
+        return {disk,
+                files,
+                {[this] { return ++turns, --turns_left > 0; },
+                 [this](std::string_view path) { touched.emplace_back(path); }, [](std::string_view) {}}};
+    }
+};
+
+TEST(Group, TwoFilesGetNoSignature) {
+    group_case c;
+    c.add("/a", "12345");
+    c.add("/b", "12345");
+    c.list({"/a", "/b"});
+    file_group group = c.make();
+    ASSERT_TRUE(group.open(1));
+    EXPECT_EQ(group.end(), 2);
+    EXPECT_EQ(c.files.file_crc, (column<std::int32_t>{0, 0}));
+    EXPECT_TRUE(group.same(1, 2));
+}
+
+TEST(Group, OfThreeFilesTheSignaturesOrderThemAndEndTheSearchForTwins) {
+    group_case c;
+    // Up to four bytes the content is the signature: 2, 10 and 1, ordered as texts.
+    c.add("/a", "\x02");
+    c.add("/b", "\x0A");
+    c.add("/c", "\x01");
+    c.list({"/a", "/b", "/c"});
+    file_group group = c.make();
+    ASSERT_TRUE(group.open(1));
+    EXPECT_EQ(c.files.file_crc, (column<std::int32_t>{1, 10, 2}));
+    EXPECT_EQ(c.files.file_list[1], "/c");
+    EXPECT_EQ(group.next_candidate(1, 1), 4) << "behind the end: no twin";
+    EXPECT_EQ(c.touched, (std::vector<std::string>{"/a", "/b", "/c"}));
+}
+
+TEST(Group, AFileThatCannotBeReadTakesNoPart) {
+    group_case c;
+    for (const char* path : {"/a", "/b", "/c"}) c.add(path, "equal");
+    c.disk.add_file("/b", "equal").unreadable = true;
+    c.list({"/a", "/b", "/c"});
+    file_group group = c.make();
+    ASSERT_TRUE(group.open(1));
+    int bad = 0;
+    for (std::int32_t i = 1; i <= 3; ++i) {
+        if (!c.files.file_bad[i]) continue;
+        ++bad;
+        EXPECT_EQ(c.files.file_list[i], "/b");
+        EXPECT_FALSE(c.files.file_ok[i]);
+    }
+    EXPECT_EQ(bad, 1);
+}
+
+TEST(Group, AClosingProgramEndsTheSignatures) {
+    group_case c;
+    for (const char* path : {"/a", "/b", "/c"}) c.add(path, "equal");
+    c.list({"/a", "/b", "/c"});
+    c.turns_left = 1;
+    file_group group = c.make();
+    EXPECT_FALSE(group.open(1));
+    EXPECT_EQ(c.disk.total_opened(), 0);
+}
+
+TEST(Group, OnlyEqualSuffixesAreCandidatesWhereTheColumnSaysSo) {
+    group_case c;
+    for (const char* path : {"/a.txt", "/b.jpg", "/c.TXT"}) c.add(path, "equal");
+    c.list({"/a.txt", "/b.jpg", "/c.TXT"});
+    fill_suffix_column(c.files);
+    file_group group = c.make();
+    ASSERT_TRUE(group.open(1));
+    EXPECT_EQ(group.next_candidate(1, 1), 3);
+    EXPECT_EQ(group.next_candidate(2, 2), 4);
+}
+
+}  // namespace
+}  // namespace corvane

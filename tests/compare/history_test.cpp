@@ -1,0 +1,102 @@
+// The signature history alone: rows in, rows out, a handful of files.
+#include "compare/history.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/memory_file_system.h"
+
+namespace corvane {
+namespace {
+
+struct history_case {
+    memory_file_system disk;
+    history_state history;
+    file_columns files;
+    history_reading reading{[](std::int32_t) {}, [](std::int32_t) { return true; }};
+
+    history_case() { history.history_path = "/h"; }
+    bool read(const std::string& text, std::int32_t most = 100) {
+        disk.add_file("/h", text);
+        return read_history(disk, history, most, reading);
+    }
+    void add(const std::string& path, std::int64_t length, std::int32_t signature) {
+        files.file_list.push_back(path);
+        files.file_len.push_back(length);
+        files.file_date_hi.push_back(1);
+        files.file_date_lo.push_back(2);
+        files.file_crc.push_back(signature);
+        files.file_count = files.file_list.size();
+    }
+    std::string merged() {
+        std::string error;
+        EXPECT_TRUE(merge_history(disk, history, files, error)) << error;
+        return disk.content_of("/h");
+    }
+};
+
+TEST(HistoryFile, BothRowFormsAreRead) {
+    for (const char* row : {"/a\t5\t1\t2\t-7", "/a,5,1,2,-7"}) {
+        history_case c;
+        ASSERT_TRUE(c.read("1\r\n" + std::string(row) + "\r\n"));
+        ASSERT_EQ(c.history.history_count, 1);
+        EXPECT_EQ(c.history.history_name[1], "/a");
+        EXPECT_EQ(c.history.history_len[1], 5);
+        EXPECT_EQ(c.history.history_date_hi[1], 1);
+        EXPECT_EQ(c.history.history_date_lo[1], 2);
+        EXPECT_EQ(c.history.history_crc[1], -7);
+    }
+}
+
+TEST(HistoryFile, ANameMayHoldTheDelimiter) {
+    history_case c;
+    c.read("1\r\n/a,b,5,1,2,9\r\n");
+    EXPECT_EQ(c.history.history_name[1], "/a,b");
+}
+
+TEST(HistoryFile, AFileShorterThanItsCountLeavesEmptyRows) {
+    history_case c;
+    c.read("3\r\n/a\t5\t1\t2\t9\r\n");
+    EXPECT_EQ(c.history.history_count, 3);
+    EXPECT_EQ(c.history.history_name[3], "");
+}
+
+TEST(HistoryFile, NoMoreRowsThanTheLimitAreTaken) {
+    history_case c;
+    c.read("3\r\n/a\t1\t1\t2\t9\r\n/b\t1\t1\t2\t9\r\n/c\t1\t1\t2\t9\r\n", 2);
+    EXPECT_EQ(c.history.history_count, 2);
+}
+
+TEST(HistoryFile, AnUnchangedFileGetsItsSignatureBackAndAChangedOneDoesNot) {
+    history_case c;
+    c.read("2\r\n/a\t5\t1\t2\t77\r\n/b\t6\t1\t2\t88\r\n");
+    c.add("/a", 5, 0);
+    c.add("/b", 7, 0);
+    reuse_history(c.history, c.files);
+    EXPECT_EQ(c.files.file_crc, (column<std::int32_t>{77, 0}));
+}
+
+TEST(HistoryFile, MergingKeepsOldRowsAndTakesNewOnesByName) {
+    history_case c;
+    c.read("2\r\n/a\t5\t1\t2\t77\r\n/c\t6\t1\t2\t88\r\n");
+    c.add("/d", 9, 4);
+    c.add("/b", 8, 3);
+    c.add("/e", 8, 0);  // without a signature there is nothing to keep
+    EXPECT_EQ(c.merged(),
+              "4           \r\n/a\t5\t1\t2\t77\r\n/b\t8\t1\t2\t3\r\n/c\t6\t1\t2\t88\r\n/d\t9\t1\t2\t4\r\n");
+    EXPECT_EQ(c.history.history_count, 4);
+}
+
+TEST(HistoryFile, ThatCannotBeWrittenStaysWhole) {
+    history_case c;
+    const std::string before = "1\r\n/a\t5\t1\t2\t77\r\n";
+    c.read(before);
+    c.add("/b", 8, 3);
+    c.disk.write_failure_path = "/h";
+    std::string error;
+    EXPECT_FALSE(merge_history(c.disk, c.history, c.files, error));
+    EXPECT_EQ(error, "disk full");
+    EXPECT_EQ(c.disk.content_of("/h"), before);
+}
+
+}  // namespace
+}  // namespace corvane
