@@ -134,7 +134,7 @@ std::vector<recipe> small_files(random_source& random, double scale) {
 
 std::vector<recipe> photographs(random_source& random, double scale) {
     constexpr std::uint64_t least = 3 * 1024 * 1024 / 10;
-    constexpr std::uint64_t most = 12 * std::uint64_t{1024 * 1024};
+    constexpr std::uint64_t most = std::uint64_t{12} * 1024 * 1024;
     const std::uint64_t count = scaled(4'000, scale);
     const auto make = [&] {
         // The sixth power of an even spread: many short files, few long ones.
