@@ -4,6 +4,7 @@
 
 #include "app/still_to_come.h"
 #include "app/trace.h"
+#include "app/version.h"
 #include "browser/browser_handlers.h"
 #include "cleanup/archive_tool.h"
 #include "cleanup/cleanup_handlers.h"
@@ -22,7 +23,6 @@ namespace corvane {
 namespace {
 
 constexpr char program_name[] = "Corvane";
-constexpr char version[] = "1.0.0";  // major, minor, revision
 
 // Drops selected directories that are gone; the others move up in order.
 void check_selected_directories(Tavrel& form) {
@@ -75,7 +75,7 @@ bool program::start() {
         look_for_rar_tool(main_);
         options_.restore_place();
     }
-    state.base_title = main_.caption + " V" + version;
+    state.base_title = main_.caption + " V" + program_version;
     state.base_title +=
         is_blank(state.last_used) ? "        欢迎您使用" : "        上次使用时间：" + state.last_used;
     main_.caption = state.base_title;

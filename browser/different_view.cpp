@@ -8,6 +8,7 @@
 #include "browser/list_views.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
 #include "core/tasks/task_scope.h"
@@ -32,7 +33,7 @@ bool is_left_out(std::string_view path) {
 // False: the reason has been shown.
 bool read_stored_list(Tavrel& form) {
     run_state& state = form.state;
-    const std::string path = form.data_path("不相同文件.txt");
+    const std::string path = form.data_path(data_file::different_files);
     if (!form.outside.files.attributes(path).exists) {
         form.inform(path + "  不存在");
         return false;

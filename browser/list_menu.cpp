@@ -10,8 +10,8 @@ namespace corvane {
 
 namespace {
 
-void tell_what_lacks(Tavrel& form, const shell_result& result) {
-    if (!result.done && result.lacking) form.complain(result.reason);
+void tell_what_lacks(Tavrel& form, const outcome& result) {
+    if (!result && result.lacking) form.complain(result.reason);
 }
 
 // The cell under the last mouse event; empty without one.

@@ -42,14 +42,6 @@ std::string panel_line(Tavrel& form, const std::string& path, const std::string&
 
 }  // namespace
 
-local_time file_date(Tavrel& form, const file_facts& facts) {
-    constexpr std::int64_t seconds_1601_to_1970 = 11'644'473'600;
-    const std::uint64_t ticks = std::uint64_t{static_cast<std::uint32_t>(facts.date_high)} << 32 |
-                                static_cast<std::uint32_t>(facts.date_low);
-    return form.outside.screen.local_date(static_cast<std::int64_t>(ticks / 10'000'000) -
-                                          seconds_1601_to_1970);
-}
-
 void show_row_panel(Tavrel& form, std::int32_t row) {
     list_view& list = form.ListView1;
     if (row < 1 || row > list.row_count()) return;

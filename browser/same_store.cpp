@@ -4,6 +4,7 @@
 
 #include "browser/list_views.h"
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/progress.h"
 #include "core/text/text_file.h"
 #include "core/text/text_format.h"
@@ -18,7 +19,7 @@ bool rewrite_store(Tavrel& form) {
     bar_colours(form, 12632256, 4194368, 255);
     bar_scale(form, state.same_count);
     // One separator more is harmless.
-    const std::string path = state.program_dir + form.outside.files.separator() + "相同文件.txt";
+    const std::string path = state.program_dir + form.outside.files.separator() + data_file::same_files;
     line_writer writer(form.outside.files, path);
     writer.line(padded_same_file_title());
     writer.number(state.same_count);

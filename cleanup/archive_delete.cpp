@@ -7,6 +7,7 @@
 #include "cleanup/archive_tool.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/progress.h"
 #include "core/text/text_file.h"
 
@@ -14,7 +15,6 @@ namespace corvane {
 
 namespace {
 
-constexpr char list_name[] = "delrarfile.txt";
 constexpr double turn = 0.01;  // seconds between two yields while the tool works
 
 // An entry of the list, cut in two.
@@ -41,7 +41,7 @@ std::vector<listed_entry> read_entries(Tavrel& form) {
 class archive_runs {
   public:
     archive_runs(Tavrel& form, const std::function<bool(std::size_t, const archive_member&)>& may_go)
-        : form_(form), may_go_(may_go), list_path_(form.data_path(list_name)) {}
+        : form_(form), may_go_(may_go), list_path_(form.data_path(data_file::archive_members)) {}
 
     archive_deletion run() {
         const std::vector<listed_entry> entries = read_entries(form_);
@@ -102,8 +102,7 @@ class archive_runs {
     }
 
     bool write_list(const std::vector<std::string>& lines) {
-        std::string error;
-        line_writer list(form_.outside.files.overwrite_file(list_path_, error), error);
+        line_writer list(form_.outside.files.overwrite_file(list_path_));
         for (const std::string& line : lines) list.line(line);
         if (list.finish()) return true;
         form_.complain(list_path_ + "\r\n" + list.error());
@@ -111,8 +110,7 @@ class archive_runs {
     }
 
     bool start_tool(const std::string& tool, const std::string& archive) {
-        std::string reason;
-        tool_ = form_.outside.desktop.start_process(tool_command(form_, tool, archive, list_path_), reason);
+        tool_ = form_.outside.desktop.start_process(tool_command(form_, tool, archive, list_path_)).object;
         return tool_ != nullptr;
     }
 

@@ -60,8 +60,7 @@ void deletion_run::take_cell(std::int32_t row, int column) {
 }
 
 bool deletion_run::is_protected(const std::string& name, std::uint32_t colour) {
-    std::string error;
-    if (colour == mark_blue) form_.outside.files.clear_attributes(name, error);
+    if (colour == mark_blue) form_.outside.files.clear_attributes(name);
     const path_attributes found = form_.outside.files.attributes(name);
     return found.read_only || found.hidden;
 }
@@ -149,8 +148,7 @@ void deletion_run::delete_now(const taken_cell& cell) {
     const file_facts before = files.facts(cell.path);
     if (!copies_.may_go(cell.path, cell.length, true)) return refuse(cell.row, cell.column);
     const file_facts after = files.facts(cell.path);
-    std::string error;
-    if (!after.exists || !same_state(before, after) || !files.remove_file(cell.path, error))
+    if (!after.exists || !same_state(before, after) || !files.remove_file(cell.path))
         return refuse(cell.row, cell.column);
     copies_.take(cell.path);
     freed_ += static_cast<double>(after.length);

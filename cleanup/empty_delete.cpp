@@ -66,10 +66,8 @@ void take_row(Tavrel& form, std::int32_t row, tallies& count) {
     if (colour != mark_red && !(colour == mark_blue && form.state.force_protected)) return;
     const std::string path = without_trailing_blanks(list.cell(row, path_column));
     if (is_blank(path) || !names_directory(form, path) || !is_directory(form, path)) return;
-    if (colour == mark_blue) {
-        std::string error;  // a failure shows in the attributes
-        form.outside.files.clear_attributes(path, error);
-    }
+    // A failure shows in the attributes.
+    if (colour == mark_blue) form.outside.files.clear_attributes(path);
     if (is_protected(form, path)) {
         ++count.refused;
         list.set_colour(row, path_column, mark_blue);

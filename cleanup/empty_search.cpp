@@ -5,6 +5,7 @@
 #include "cleanup/empty_view.h"
 #include "cleanup/empty_walk.h"
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
 #include "core/tasks/task_scope.h"
@@ -31,7 +32,7 @@ bool store_empty(Tavrel& form, const empty_walk& walk, std::int32_t finished, st
         if (form.state.quit_requested) return false;
     }
     found = empty.size();
-    const std::string path = form.data_path("spasedir.txt");
+    const std::string path = form.data_path(data_file::empty_directories);
     line_writer writer(form.outside.files, path);
     for (std::int32_t i = 1; i <= found; ++i) writer.line(empty[i]);
     if (writer.finish()) return true;

@@ -5,6 +5,7 @@
 
 #include "browser/list_views.h"
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
 #include "core/tasks/task_scope.h"
@@ -31,7 +32,7 @@ void show_captions(Tavrel& form) {
 // The stored directories. False: the reason has been shown. `cut` tells that they did not all fit.
 bool read_stored_list(Tavrel& form, bool& cut) {
     run_state& state = form.state;
-    const std::string path = form.data_path("spasedir.txt");
+    const std::string path = form.data_path(data_file::empty_directories);
     if (!path_exists(form.outside.files, path)) {
         form.inform(path + "  不存在,请运行查找空子目录");
         return false;

@@ -179,8 +179,7 @@ class block_reader {
   public:
     block_reader(file_system& files, std::string_view path, std::int64_t length)
         : length_(length), bytes_(static_cast<std::size_t>(std::min(length, block_size)) + 1) {
-        std::string error;
-        file_ = files.open_file(path, error);
+        file_ = files.open_file(path).object;
         if (file_) file_->will_read(0);
     }
     // The block at `at`, which is below the length. Empty: it cannot be read, or the file is no longer of

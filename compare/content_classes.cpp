@@ -118,8 +118,7 @@ class content_sorter {
         if (before_read_ && last_read_ != i) before_read_(candidate.path);
         last_read_ = i;
         if (!readers_[i]) {
-            std::string error;
-            readers_[i] = files_.open_file(candidate.path, error);
+            readers_[i] = files_.open_file(candidate.path).object;
             if (!readers_[i]) return nullptr;
             readers_[i]->will_read(at);
         }

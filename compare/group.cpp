@@ -92,8 +92,7 @@ void file_group::read_signature(std::int32_t j, std::vector<std::byte>& buffer) 
 
 void file_group::whole_file_signature(std::int32_t j, std::vector<std::byte>& buffer) {
     constexpr std::int64_t stream_block = 256 * std::int64_t{1024};
-    std::string error;
-    const std::unique_ptr<file_reader> reader = disk_.open_file(files_.file_list[j], error);
+    const outcome_with<file_reader> reader = disk_.open_file(files_.file_list[j]);
     if (!reader) return mark_bad(j);
     reader->will_read(0);
     buffer.resize(stream_block);

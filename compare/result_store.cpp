@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/progress.h"
 #include "core/text/text_file.h"
 #include "core/text/text_format.h"
@@ -17,8 +18,7 @@ constexpr std::int32_t files_per_status = 1000;
 bool write_same_files(Tavrel& form) {
     run_state& state = form.state;
     if (state.result_count == 0) {
-        std::string ignored;
-        form.outside.files.remove_data_file(state.same_file_path, ignored);
+        form.outside.files.remove_data_file(state.same_file_path);
         return true;
     }
     bar_colours(form, 255, 0x400040, 0xC0C0C0);
@@ -41,7 +41,7 @@ bool write_same_files(Tavrel& form) {
 
 bool write_different_files(Tavrel& form) {
     run_state& state = form.state;
-    const std::string path = form.data_path("不相同文件.txt");
+    const std::string path = form.data_path(data_file::different_files);
     bar_scale(form, state.file_count);
     bar_colours(form, 0xA00000, 0x1744F7, 0xAAF0F0);
     line_writer writer(form.outside.files, path);

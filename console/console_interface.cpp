@@ -50,7 +50,8 @@ box_answer console_interface::show_message(const message& message) {
     failure_shown_ = failure_shown_ || message.failure;
     if (!question) return box_answer::ok;
     const std::optional<std::string> answer = next_answer();
-    return answer && (*answer == "yes" || *answer == "ok") ? box_answer::yes : box_answer::no;
+    if (!answer || *answer == "cancel") return box_answer::dismissed;
+    return *answer == "yes" || *answer == "ok" ? box_answer::yes : box_answer::no;
 }
 
 std::optional<std::string> console_interface::ask_text(const std::string& title, const std::string& prompt,

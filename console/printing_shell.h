@@ -13,20 +13,19 @@ class printing_shell : public shell, public power {
     printing_shell(record_output& output, shell& desktop, power& machine, bool dry)
         : output_(output), desktop_(desktop), machine_(machine), dry_(dry) {}
 
-    shell_result recycle(const std::string& path) override;
-    shell_result open_document(const std::string& path) override;
-    shell_result show_in_file_manager(const std::string& path) override;
-    shell_result show_properties(const std::string& path) override;
+    outcome recycle(const std::string& path) override;
+    outcome open_document(const std::string& path) override;
+    outcome show_in_file_manager(const std::string& path) override;
+    outcome show_properties(const std::string& path) override;
     // Looking is no act: not printed, and done in a dry run, too.
     std::string find_program(const std::string& name) override { return desktop_.find_program(name); }
-    std::unique_ptr<started_process> start_process(const std::vector<std::string>& arguments,
-                                                   std::string& reason) override;
-    shell_result set_clipboard(const std::string& text) override;
-    shell_result send_keys(const std::string& keys) override;
-    shell_result open_help_topic(const std::string& help_file, const std::string& topic) override;
-    shell_result log_off() override;
-    shell_result reboot() override;
-    shell_result power_off() override;
+    outcome_with<started_process> start_process(const std::vector<std::string>& arguments) override;
+    outcome set_clipboard(const std::string& text) override;
+    outcome send_keys(const std::string& keys) override;
+    outcome open_help_topic(const std::string& help_file, const std::string& topic) override;
+    outcome log_off() override;
+    outcome reboot() override;
+    outcome power_off() override;
 
   private:
     record_output& output_;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "console/find_control.h"
+#include "console/script_words.h"
 #include "console/typed_path.h"
 #include "core/model/state_table.h"
 #include "core/text/text_format.h"
@@ -42,9 +44,9 @@ bool script_runner::run_line(std::string_view line, int number) {
         const std::string_view name = take_word(rest);
         return set(name, rest) || complain(number, "unknown control", name);
     }
-    if (command == "mouse") return mouse(rest) || complain(number, "wrong control, act or row", rest);
-    if (command == "header") return header(rest) || complain(number, "wrong control or column", rest);
-    if (command == "key") return key(rest) || complain(number, "wrong control", rest);
+    if (command == "mouse") return input_.mouse(rest) || complain(number, "wrong control, act or row", rest);
+    if (command == "header") return input_.header(rest) || complain(number, "wrong control or column", rest);
+    if (command == "key") return input_.key(rest) || complain(number, "wrong control", rest);
     if (command == "at_yield") {
         const std::int64_t count = parse_number(take_word(rest));
         screen_.at_yield(count, [this, act = std::string(rest), number] {
@@ -78,20 +80,10 @@ bool script_runner::select(std::string_view path) {
     return true;
 }
 
-control* script_runner::find_control(std::string_view name, form_model** form) {
-    const std::size_t dot = name.find('.');
-    const bool named = dot != std::string_view::npos;
-    form_model* const window = program_.find_form(named ? name.substr(0, dot) : std::string_view());
-    if (form != nullptr) *form = window;
-    if (window == nullptr) return nullptr;
-    if (!named && program_.find_form(name) != nullptr) return program_.find_form(name);
-    return window->find(named ? name.substr(dot + 1) : name);
-}
-
 // The value of a list box is "ROW 0" or "ROW 1": the check mark of a row.
 bool script_runner::set(std::string_view name, std::string_view value) {
     form_model* form = nullptr;
-    control* target = find_control(name, &form);
+    control* target = find_control(program_, name, &form);
     if (target == nullptr) return false;
     if (target->kind() == control_kind::list_box) {
         auto& list = static_cast<list_box&>(*target);
@@ -150,7 +142,7 @@ void script_runner::show_list_view(const list_view& list) {
 }
 
 bool script_runner::show(std::string_view name) {
-    if (const control* shown = find_control(name, nullptr)) {
+    if (const control* shown = find_control(program_, name, nullptr)) {
         switch (shown->kind()) {
             case control_kind::list_box:
                 show_list_box(static_cast<const list_box&>(*shown));

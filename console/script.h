@@ -8,6 +8,7 @@
 #include "app/program.h"
 #include "console/console_interface.h"
 #include "console/records.h"
+#include "console/script_input.h"
 
 namespace corvane {
 
@@ -18,7 +19,7 @@ class script_runner {
   public:
     // All outlive the runner.
     script_runner(program& corvane, console_interface& screen, record_output& output)
-        : program_(corvane), screen_(screen), output_(output) {}
+        : program_(corvane), screen_(screen), output_(output), input_(corvane) {}
 
     // Runs every line, or up to the first that cannot be run or that ends the program; closes the form at the
     // end. Returns the exit status.
@@ -30,27 +31,17 @@ class script_runner {
     bool complain(int number, std::string_view what, std::string_view name);
     bool select(std::string_view path);
     bool set(std::string_view name, std::string_view value);
-    // What the user does with mouse and keys, in script_input.cpp.
-    bool mouse(std::string_view arguments);
-    bool mouse_on_box(list_box& list, std::string_view handler, std::string_view arguments);
-    bool mouse_on_view(list_view& list, std::string_view handler, std::string_view arguments);
-    bool header(std::string_view arguments);
-    bool key(std::string_view arguments);
     bool show(std::string_view name);
     void show_control(std::string_view name, const control& shown);
     void show_list_box(const list_box& list);
     void show_list_view(const list_view& list);
     void property(std::string_view name, std::string_view key, std::string_view value);
-    // "FORM.CONTROL" or "CONTROL" of the main form; null when unknown. `form` receives its window.
-    control* find_control(std::string_view name, form_model** form);
 
     program& program_;
     console_interface& screen_;
     record_output& output_;
+    script_input input_;
     int status_ = status_done;
 };
-
-// Cuts the first word off; what is left begins with the next word.
-std::string_view take_word(std::string_view& rest);
 
 }  // namespace corvane

@@ -1,23 +1,12 @@
-// The script commands that stand for mouse and keys: mouse, header, key.
-#include <algorithm>
+#include "console/script_input.h"
+
 #include <string>
 
-#include "console/script.h"
+#include "console/find_control.h"
+#include "console/script_words.h"
 #include "core/text/text_format.h"
 
 namespace corvane {
-
-std::string_view take_word(std::string_view& rest) {
-    const auto skip_blanks = [&rest] {
-        while (!rest.empty() && (rest.front() == ' ' || rest.front() == '\t')) rest.remove_prefix(1);
-    };
-    skip_blanks();
-    const std::size_t end = std::min(rest.find_first_of(" \t"), rest.size());
-    const std::string_view word = rest.substr(0, end);
-    rest.remove_prefix(end);
-    skip_blanks();
-    return word;
-}
 
 namespace {
 
@@ -60,9 +49,9 @@ int middle_of(const list_view& list, int column) {
 }  // namespace
 
 // CONTROL ACT ROW COLUMN [BUTTON] [shift] [ctrl]
-bool script_runner::mouse(std::string_view arguments) {
+bool script_input::mouse(std::string_view arguments) {
     form_model* form = nullptr;
-    control* target = find_control(take_word(arguments), &form);
+    control* target = find_control(program_, take_word(arguments), &form);
     if (target == nullptr) return false;
     const bool is_main = form == &program_.main_form();
     const std::string handler = (is_main ? std::string() : form->name() + ".") + target->name();
@@ -74,7 +63,7 @@ bool script_runner::mouse(std::string_view arguments) {
 }
 
 // Selects the row alone, with ctrl turns its selection round; then runs the handler, if there is one.
-bool script_runner::mouse_on_box(list_box& list, std::string_view handler, std::string_view arguments) {
+bool script_input::mouse_on_box(list_box& list, std::string_view handler, std::string_view arguments) {
     const char* act = handler_of(take_word(arguments));
     const std::int64_t row = parse_number(take_word(arguments));
     take_word(arguments);
@@ -90,7 +79,7 @@ bool script_runner::mouse_on_box(list_box& list, std::string_view handler, std::
 }
 
 // Row 0 is a place below the rows, which selects nothing.
-bool script_runner::mouse_on_view(list_view& list, std::string_view handler, std::string_view arguments) {
+bool script_input::mouse_on_view(list_view& list, std::string_view handler, std::string_view arguments) {
     const char* act = handler_of(take_word(arguments));
     const std::int64_t row = parse_number(take_word(arguments));
     const std::int64_t column = parse_number(take_word(arguments));
@@ -111,8 +100,8 @@ bool script_runner::mouse_on_view(list_view& list, std::string_view handler, std
 }
 
 // CONTROL COLUMN
-bool script_runner::header(std::string_view arguments) {
-    control* target = find_control(take_word(arguments), nullptr);
+bool script_input::header(std::string_view arguments) {
+    control* target = find_control(program_, take_word(arguments), nullptr);
     const std::int64_t column = parse_number(take_word(arguments));
     if (target == nullptr || target->kind() != control_kind::list_view) return false;
     if (column < 0 || column >= static_cast<list_view*>(target)->column_count()) return false;
@@ -123,8 +112,8 @@ bool script_runner::header(std::string_view arguments) {
 }
 
 // CONTROL CODE [shift] [ctrl]
-bool script_runner::key(std::string_view arguments) {
-    control* target = find_control(take_word(arguments), nullptr);
+bool script_input::key(std::string_view arguments) {
+    control* target = find_control(program_, take_word(arguments), nullptr);
     const std::int64_t code = parse_number(take_word(arguments));
     act_keys keys;
     if (target == nullptr || !take_keys(arguments, keys)) return false;

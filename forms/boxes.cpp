@@ -1,4 +1,5 @@
-// The boxes of the Qt front end, with captions of the program's own.
+#include "forms/boxes.h"
+
 #include <QAbstractButton>
 #include <QColorDialog>
 #include <QFileDialog>
@@ -9,7 +10,6 @@
 
 #include "forms/colours.h"
 #include "forms/path_names.h"
-#include "forms/qt_user_interface.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -29,20 +29,15 @@ QMessageBox::Icon icon_of(box_icon icon) {
     }
 }
 
-QString lines_of(const std::string& text) {
-    return screen_text(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-}
-
 }  // namespace
 
-box_answer qt_user_interface::show_message(const message& shown) {
+box_answer show_message_box(QWidget* owner, const message& shown,
+                            const std::function<void(int)>& open_topic) {
     const bool asks = shown.buttons == box_buttons::yes_no;
-    if (ended_) return asks ? box_answer::no : box_answer::ok;
-    sync();
-    QMessageBox box(window());
+    QMessageBox box(owner);
     box.setWindowTitle(screen_line(shown.title));
     box.setTextFormat(Qt::PlainText);
-    box.setText(lines_of(shown.text));
+    box.setText(screen_lines(shown.text));
     box.setIcon(icon_of(shown.icon));
     const QAbstractButton* yes = nullptr;
     if (asks) {
@@ -55,22 +50,21 @@ box_answer qt_user_interface::show_message(const message& shown) {
         QAbstractButton* help = box.addButton(QStringLiteral("帮助"), QMessageBox::HelpRole);
         // The box stays open while its help is read.
         help->disconnect();
-        QObject::connect(help, &QAbstractButton::clicked, &box, [this, topic = shown.help_context % 100] {
-            if (open_topic_) open_topic_(topic);
-        });
+        QObject::connect(help, &QAbstractButton::clicked, &box,
+                         [&open_topic, topic = shown.help_context % 100] {
+                             if (open_topic) open_topic(topic);
+                         });
     }
     box.exec();
     if (!asks) return box_answer::ok;
     return box.clickedButton() == yes ? box_answer::yes : box_answer::no;
 }
 
-std::optional<std::string> qt_user_interface::ask_text(const std::string& title, const std::string& prompt,
-                                                       const std::string& initial) {
-    if (ended_) return {};
-    sync();
-    QInputDialog dialog(window());
+std::optional<std::string> ask_for_text(QWidget* owner, const std::string& title, const std::string& prompt,
+                                        const std::string& initial) {
+    QInputDialog dialog(owner);
     dialog.setWindowTitle(screen_line(title));
-    dialog.setLabelText(lines_of(prompt));
+    dialog.setLabelText(screen_lines(prompt));
     dialog.setTextValue(QString::fromStdString(initial));
     dialog.setOkButtonText(QStringLiteral("确定"));
     dialog.setCancelButtonText(QStringLiteral("取消"));
@@ -79,26 +73,21 @@ std::optional<std::string> qt_user_interface::ask_text(const std::string& title,
     return dialog.textValue().toStdString();
 }
 
-std::optional<std::string> qt_user_interface::choose_file(const std::string& title,
-                                                          const std::string& initial) {
-    if (ended_) return {};
-    sync();
-    const QString chosen = QFileDialog::getOpenFileName(window(), screen_line(title), system_path(initial),
+std::optional<std::string> ask_for_file(QWidget* owner, const std::string& title,
+                                        const std::string& initial) {
+    const QString chosen = QFileDialog::getOpenFileName(owner, screen_line(title), system_path(initial),
                                                         QStringLiteral("全部文件 (*)"));
     if (chosen.isEmpty()) return {};
     return program_path(chosen);
 }
 
-std::optional<std::string> qt_user_interface::choose_files(const std::string& title,
-                                                           const std::string& filter,
-                                                           const std::string& directory) {
-    if (ended_) return {};
-    sync();
+std::optional<std::string> ask_for_files(QWidget* owner, const std::string& title, const std::string& filter,
+                                         const std::string& directory) {
     const QString words = QString::fromStdString(filter.substr(0, filter.find('|')));
     QString pattern = QString::fromStdString(filter.substr(filter.find('|') + 1));
     if (pattern == QStringLiteral("*.*")) pattern = QStringLiteral("*");  // names without a dot, too
     const QStringList chosen = QFileDialog::getOpenFileNames(
-        window(), screen_line(title), system_path(directory), words + QStringLiteral(" (%1)").arg(pattern));
+        owner, screen_line(title), system_path(directory), words + QStringLiteral(" (%1)").arg(pattern));
     if (chosen.isEmpty()) return {};
     const QFileInfo first(chosen.front());
     std::string answer = program_path(first.path());
@@ -106,10 +95,8 @@ std::optional<std::string> qt_user_interface::choose_files(const std::string& ti
     return answer;
 }
 
-std::optional<int> qt_user_interface::choose_colour(const std::string& title, int initial) {
-    if (ended_) return {};
-    sync();
-    const QColor chosen = QColorDialog::getColor(from_blue_green_red(initial), window(), screen_line(title));
+std::optional<int> ask_for_colour(QWidget* owner, const std::string& title, int initial) {
+    const QColor chosen = QColorDialog::getColor(from_blue_green_red(initial), owner, screen_line(title));
     if (!chosen.isValid()) return {};
     return to_blue_green_red(chosen);
 }

@@ -7,20 +7,19 @@
 
 #include "forms/colours.h"
 #include "forms/icons.h"
-#include "forms/screen_text.h"
+#include "forms/mirror.h"
 
 namespace corvane {
 
 child_window::child_window(Tavrel& main, form_model& form, std::function<void(const std::string&)> act,
                            QWidget* parent)
     : QDialog(parent), main_(main), act_(std::move(act)), form_(form), place_(*this, form) {
-    setObjectName(QString::fromStdString(form.name()));
+    name_after(this, form);
     setWindowIcon(application_icon());
 }
 
 void child_window::sync_window() {
-    const QString title = screen_line(form_.caption);
-    if (windowTitle() != title) setWindowTitle(title);
+    mirror_title(this, form_.caption);
     if (form_.visible && isHidden()) open_window();
     if (!form_.visible && !isHidden()) hide();
     sync_place();

@@ -103,8 +103,7 @@ void directory_model::fetchMore(const QModelIndex& parent) {
     if (!canFetchMore(parent)) return;
     node* above = node_of(parent);
     above->listed = true;
-    std::string error;
-    const auto reader = files_.open_directory(path_of(*above), error);
+    const auto reader = files_.open_directory(path_of(*above));
     if (!reader) return;
     std::vector<std::string> names;
     std::string_view name;

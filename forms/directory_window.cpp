@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "forms/directory_model.h"
+#include "forms/mirror.h"
 #include "forms/screen_text.h"
 #include "forms/selected_list.h"
 
@@ -51,7 +52,7 @@ directory_window::directory_window(Tavrel& main, directory_form& form,
     layout->addWidget(sides, 1);
     layout->addWidget(make_buttons());
     flight_ = new QLabel(this);
-    flight_->setObjectName(QString::fromStdString(form_.Text_animal.name()));
+    name_after(flight_, form_.Text_animal);
     flight_->setTextFormat(Qt::PlainText);
     flight_->setFrameShape(QFrame::Box);
     flight_->setAutoFillBackground(true);
@@ -67,20 +68,20 @@ QWidget* directory_window::make_pick_side() {
     volume_list_ = new pick_list(form_.List_disk_sele, side);
     volume_list_->setMaximumHeight(4 * (fontMetrics().height() + 8));
     tree_ = new pick_tree(side);
-    tree_->setObjectName(QString::fromStdString(form_.Dir_select.name()));
+    name_after(tree_, form_.Dir_select);
     tree_->setModel(directories_);
     tree_->setHeaderHidden(true);
     tree_->setUniformRowHeights(true);
     tree_->setExpandsOnDoubleClick(false);
     hidden_ = new QCheckBox(side);
-    hidden_->setObjectName(QString::fromStdString(form_.Check_hidden.name()));
+    name_after(hidden_, form_.Check_hidden);
     hidden_->setText(screen_line(form_.Check_hidden.caption) + QStringLiteral("(&D)"));
     connect(hidden_, &QCheckBox::toggled, this, [this](bool shown) {
         form_.Check_hidden.value = shown ? 1 : 0;
         show_directory();
     });
     note_ = new QLabel(screen_line(form_.Label1.caption), side);
-    note_->setObjectName(QString::fromStdString(form_.Label1.name()));
+    name_after(note_, form_.Label1);
     note_->setWordWrap(true);
     auto* layout = column_layout(side);
     layout->addWidget(heading("驱动器(&V)", volume_list_));
@@ -151,7 +152,7 @@ QWidget* directory_window::make_buttons() {
     for (bound_button& bound : buttons_) {
         const std::string& name = bound.model->name();
         bound.button = new QPushButton(QString::fromUtf8(bound.caption), row);
-        bound.button->setObjectName(QString::fromStdString(name));
+        name_after(bound.button, *bound.model);
         bound.button->setAutoDefault(false);
         bound.button->setMinimumWidth(84);
         connect(bound.button, &QPushButton::clicked, this,
@@ -178,14 +179,14 @@ void directory_window::tell_places() {
 void directory_window::show_flight() {
     const control& caption = form_.Text_animal;
     if (caption.visible) {
-        flight_->setText(screen_text(caption.text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+        flight_->setText(screen_lines(caption.text));
         const int height = caption.place.height / twips_per_pixel + 2 * flight_->frameWidth();
         flight_->setGeometry(caption.place.left / twips_per_pixel, caption.place.top / twips_per_pixel,
                              std::min(flight_->sizeHint().width(), width() / 2),
                              std::min(height, this->height()));
         flight_->raise();
     }
-    flight_->setVisible(caption.visible);
+    mirror_visible(flight_, caption.visible);
     const bool runs = form_.Timer1.enabled;
     if (runs && !flight_clock_.isActive()) flight_clock_.start(form_.Timer1.interval);
     if (runs || !flight_clock_.isActive()) return;
@@ -209,7 +210,7 @@ void directory_window::show_directory() {
             directories_->show_hidden(false);
     }
     const QSignalBlocker silent(hidden_);
-    hidden_->setChecked(form_.Check_hidden.value != 0);
+    mirror_checked(hidden_, form_.Check_hidden.value != 0);
     if (!row.isValid()) row = directories_->index(0, 0);
     for (QModelIndex above = row; above.isValid(); above = above.parent()) tree_->expand(above);
     tree_->setCurrentIndex(row);
@@ -230,17 +231,12 @@ void directory_window::sync(bool tasks_locked) {
     if (!isHidden()) tell_places();
     show_flight();
     if (form_.visible && !isHidden() && form_.Dir_select.text != shown_directory_) show_directory();
-    const QString list_tip = screen_text(form_.list_selected_dir.tooltip);
-    if (selected_->toolTip() != list_tip) selected_->setToolTip(list_tip);
-    for (auto* view : {static_cast<QWidget*>(volume_list_), static_cast<QWidget*>(tree_)}) {
-        const control& model = view == tree_ ? form_.Dir_select : static_cast<control&>(form_.List_disk_sele);
-        if (view->toolTip() != screen_text(model.tooltip)) view->setToolTip(screen_text(model.tooltip));
-    }
+    mirror_tooltip(selected_, form_.list_selected_dir.tooltip);
+    mirror_tooltip(volume_list_, form_.List_disk_sele.tooltip);
+    mirror_tooltip(tree_, form_.Dir_select.tooltip);
     for (const bound_button& bound : buttons_) {
-        const bool enabled = bound.model->enabled && !(tasks_locked && bound.waits_for_task);
-        if (bound.button->isEnabled() != enabled) bound.button->setEnabled(enabled);
-        const QString tip = screen_text(bound.model->tooltip);
-        if (bound.button->toolTip() != tip) bound.button->setToolTip(tip);
+        mirror_enabled(bound.button, bound.model->enabled && !(tasks_locked && bound.waits_for_task));
+        mirror_tooltip(bound.button, bound.model->tooltip);
     }
     sync_window();
 }

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "forms/mirror.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -22,17 +23,17 @@ error_frame::error_frame(Tavrel& form, const std::function<void(const std::strin
       caption_(new QLabel(this)),
       path_(new QLineEdit(this)),
       avoid_(new QCheckBox(QStringLiteral("比对时避开该文件(&A)"), this)) {
-    setObjectName(QString::fromStdString(form.Frame_err.name()));
+    name_after(this, form.Frame_err);
     setFrameShape(QFrame::StyledPanel);
     setFrameShadow(QFrame::Raised);
     setAutoFillBackground(true);
-    path_->setObjectName(QString::fromStdString(form.txt_disp_err_file.name()));
+    name_after(path_, form.txt_disp_err_file);
     path_->setReadOnly(true);
-    avoid_->setObjectName(QString::fromStdString(form.Check1.name()));
+    name_after(avoid_, form.Check1);
     auto* open = new QPushButton(QStringLiteral("打开目录(&R)"), this);
-    open->setObjectName(QString::fromStdString(form.Command46.name()));
+    name_after(open, form.Command46);
     auto* confirm = new QPushButton(QStringLiteral("确定(&C)"), this);
-    confirm->setObjectName(QString::fromStdString(form.Command47.name()));
+    name_after(confirm, form.Command47);
     connect(avoid_, &QCheckBox::toggled, this,
             [this](bool checked) { form_.Check1.value = checked ? 1 : 0; });
     connect(open, &QPushButton::clicked, this, [act] { act("Command46_Click"); });
@@ -51,15 +52,13 @@ error_frame::error_frame(Tavrel& form, const std::function<void(const std::strin
 
 void error_frame::sync() {
     if (!form_.Frame_err.visible) return hide();
-    const QString words = screen_line(form_.Frame_err.caption);
-    if (caption_->text() != words) caption_->setText(words);
+    mirror_text(caption_, screen_line(form_.Frame_err.caption));
     const QString path = screen_line(form_.txt_disp_err_file.text);
-    if (path_->text() != path) {
-        path_->setText(path);
+    if (mirror_text(path_, path)) {
         path_->setToolTip(path);
         path_->setCursorPosition(0);
     }
-    if (avoid_->isChecked() != (form_.Check1.value != 0)) avoid_->setChecked(form_.Check1.value != 0);
+    mirror_checked(avoid_, form_.Check1.value != 0);
     if (!isHidden()) return;
     centre();
     show();

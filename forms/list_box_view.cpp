@@ -4,6 +4,7 @@
 #include <QMimeData>
 #include <algorithm>
 
+#include "forms/mirror.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -34,8 +35,7 @@ class list_box_rows : public QAbstractListModel {
         const list_box::row& shown = box_.rows()[row];
         if (role == Qt::CheckStateRole && with_check_marks_)
             return shown.checked ? Qt::Checked : Qt::Unchecked;
-        if (role == Qt::ToolTipRole && !shown.tooltip.empty())
-            return screen_text(shown.tooltip).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+        if (role == Qt::ToolTipRole && !shown.tooltip.empty()) return screen_lines(shown.tooltip);
         if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
         return screen_line(shown.text);
     }
@@ -71,7 +71,7 @@ class list_box_rows : public QAbstractListModel {
 
 list_box_view::list_box_view(list_box& box, QWidget* parent, bool with_check_marks)
     : QListView(parent), box_(box), rows_(new list_box_rows(box, with_check_marks, this)) {
-    setObjectName(QString::fromStdString(box.name()));
+    name_after(this, box);
     setModel(rows_);
     setUniformItemSizes(true);
     setSelectionMode(QAbstractItemView::ExtendedSelection);

@@ -20,6 +20,7 @@
 #include "forms/list_box_view.h"
 #include "forms/list_table.h"
 #include "forms/menu_bar.h"
+#include "forms/mirror.h"
 #include "forms/number_frame.h"
 #include "forms/panel_bar.h"
 #include "forms/row_panel.h"
@@ -42,23 +43,19 @@ rectangle place_in_window(const QWidget& widget) {
             widget.height() * twips_per_pixel};
 }
 
-void show_as(QWidget* widget, bool visible) {
-    if (widget->isHidden() == visible) widget->setVisible(visible);
-}
-
 }  // namespace
 
 main_window::main_window(Tavrel& form, std::function<void(const std::string&)> act,
                          std::function<void()> close)
     : form_(form), act_(std::move(act)), close_(std::move(close)), place_(*this, form) {
-    setObjectName(QString::fromStdString(form.name()));
+    name_after(this, form);
     setWindowIcon(application_icon());
     menus_ = std::make_unique<menu_bar>(form_, *menuBar(), act_);
     auto* central = new QWidget(this);
     tasks_ = new task_column(
         form_, act_, [this] { tip_->sync(); }, central);
     panels_ = new panel_bar([this] { act_("StatusBar1_PanelClick"); }, central);
-    panels_->setObjectName(QStringLiteral("StatusBar1"));
+    name_after(panels_, form_.StatusBar1);
 
     auto* right = new QVBoxLayout;
     right->setSpacing(0);
@@ -91,7 +88,7 @@ main_window::~main_window() = default;
 
 QWidget* main_window::make_work_area() {
     splitter_ = new QSplitter(Qt::Horizontal);
-    splitter_->setObjectName(QStringLiteral("Splitter"));
+    name_after(splitter_, form_.Splitter);
     splitter_->setChildrenCollapsible(false);
     splitter_->setHandleWidth(splitter_width);
     left_ = new QWidget(splitter_);
@@ -102,13 +99,13 @@ QWidget* main_window::make_work_area() {
     left_list_ = new list_box_view(form_.listleft, left_);
     side_list_ = new list_box_view(form_.List1, left_);
     text_ = new text_view(form_.outside.files, left_);
-    text_->setObjectName(QStringLiteral("RichTextBox2"));
+    name_after(text_, form_.RichTextBox2);
     start_ = new start_page(form_, act_, left_);
     for (QWidget* widget : {static_cast<QWidget*>(left_list_), static_cast<QWidget*>(text_),
                             static_cast<QWidget*>(start_), static_cast<QWidget*>(side_list_)})
         stacked->addWidget(widget);
     list_ = new list_table(form_, act_, splitter_);
-    list_->setObjectName(QStringLiteral("ListView1"));
+    name_after(list_, form_.ListView1);
     list_->show_menu = [this](const std::string& name, QPoint place) {
         if (QMenu* menu = menus_->popup(name)) menu->popup(place);
     };
@@ -122,13 +119,13 @@ QWidget* main_window::make_work_area() {
 QWidget* main_window::make_run_row() {
     run_row_ = new QWidget;
     file_name_ = new QLabel(run_row_);
-    file_name_->setObjectName(QStringLiteral("Label4"));
+    name_after(file_name_, form_.Label4);
     file_name_->setTextFormat(Qt::PlainText);
     file_name_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     bar_ = new colour_bar_view(run_row_);
-    bar_->setObjectName(QStringLiteral("pic_gressbar1"));
+    name_after(bar_, form_.pic_gressbar1);
     cancel_ = new QPushButton(run_row_);
-    cancel_->setObjectName(QStringLiteral("Command28"));
+    name_after(cancel_, form_.Command28);
     connect(cancel_, &QPushButton::clicked, this, [this] { act_("Command28_Click"); });
     auto* line = new QHBoxLayout;
     line->setSpacing(12);
@@ -144,8 +141,7 @@ QWidget* main_window::make_run_row() {
 }
 
 void main_window::sync(bool tasks_locked) {
-    const QString title = screen_line(form_.caption);
-    if (windowTitle() != title) setWindowTitle(title);
+    mirror_title(this, form_.caption);
     menus_->sync(tasks_locked);
     tasks_->sync();
     panels_->sync(form_.StatusBar1);
@@ -159,7 +155,7 @@ void main_window::sync(bool tasks_locked) {
     const Qt::CursorShape pointer =
         form_.mouse_pointer == help_pointer ? Qt::WhatsThisCursor : Qt::ArrowCursor;
     if (cursor().shape() != pointer) setCursor(pointer);
-    show_as(this, form_.visible);
+    mirror_visible(this, form_.visible);
 }
 
 void main_window::sync_work_area(bool tasks_locked) {
@@ -174,14 +170,13 @@ void main_window::sync_work_area(bool tasks_locked) {
     if (left_list_shown) left_list_->sync();
     if (side_list_shown) side_list_->sync();
     if (start_shown) start_->sync();
-    show_as(text_, text_shown);
-    show_as(left_list_, left_list_shown);
-    show_as(side_list_, side_list_shown);
-    show_as(start_, start_shown);
-    show_as(left_, !list_shown || text_shown || left_list_shown || side_list_shown);
-    show_as(list_, list_shown);
-    const QString tip = screen_text(form_.ListView1.tooltip);
-    if (list_->toolTip() != tip) list_->setToolTip(tip);
+    mirror_visible(text_, text_shown);
+    mirror_visible(left_list_, left_list_shown);
+    mirror_visible(side_list_, side_list_shown);
+    mirror_visible(start_, start_shown);
+    mirror_visible(left_, !list_shown || text_shown || left_list_shown || side_list_shown);
+    mirror_visible(list_, list_shown);
+    mirror_tooltip(list_, form_.ListView1.tooltip);
     if (list_shown) list_->sync(tasks_locked);
 }
 
@@ -191,18 +186,16 @@ void main_window::sync_run_row() {
     const bool cancel_shown = form_.Command28.visible;
     if (name_shown) {
         const QString name = screen_line(form_.Label4.caption);
-        const QString cut =
-            file_name_->fontMetrics().elidedText(name, Qt::ElideMiddle, run_row_->width() - 24);
-        if (file_name_->text() != cut) file_name_->setText(cut);
+        mirror_text(file_name_,
+                    file_name_->fontMetrics().elidedText(name, Qt::ElideMiddle, run_row_->width() - 24));
     }
     bar_->sync(form_.pic_gressbar1);
-    const QString words = screen_line(form_.Command28.caption);
-    if (cancel_->text() != words) cancel_->setText(words);
-    if (cancel_->isEnabled() != form_.Command28.enabled) cancel_->setEnabled(form_.Command28.enabled);
-    show_as(file_name_, name_shown);
-    show_as(bar_, bar_shown);
-    show_as(cancel_, cancel_shown);
-    show_as(run_row_, name_shown || bar_shown || cancel_shown);
+    mirror_text(cancel_, screen_line(form_.Command28.caption));
+    mirror_enabled(cancel_, form_.Command28.enabled);
+    mirror_visible(file_name_, name_shown);
+    mirror_visible(bar_, bar_shown);
+    mirror_visible(cancel_, cancel_shown);
+    mirror_visible(run_row_, name_shown || bar_shown || cancel_shown);
 }
 
 void main_window::lay_out() {

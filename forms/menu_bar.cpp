@@ -8,6 +8,7 @@
 
 #include "core/model/main_menu.h"
 #include "core/model/task_table.h"
+#include "forms/mirror.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -15,7 +16,7 @@ namespace corvane {
 namespace {
 
 // Opening the directory selection or the options touches nothing that a running task works on.
-bool starts_task(std::string_view menu) {
+bool waits_for_task(std::string_view menu) {
     if (menu == "select_m") return false;
     for (const task_entry& task : task_table())
         if (menu == task.menu) return std::string_view(task.picture) != "Picture1";
@@ -51,7 +52,7 @@ menu_bar::menu_bar(Tavrel& form, QMenuBar& bar, const std::function<void(const s
         action->setShortcut(QKeySequence(QString::fromLatin1(line.shortcut)));
         QObject::connect(action, &QAction::triggered, &bar,
                          [act, name = std::string(line.name)] { act(name); });
-        entries_.push_back({model, action, form.find(parent), starts_task(line.name)});
+        entries_.push_back({model, action, form.find(parent), waits_for_task(line.name)});
     }
 }
 
@@ -59,16 +60,13 @@ void menu_bar::sync(bool tasks_locked) {
     // A pointer that asks for a topic is a state that the menu shows.
     const bool asks_for_help = form_.mouse_pointer == help_pointer;
     for (const entry& line : entries_) {
-        QAction& action = *line.action;
-        const QString words = screen_line(line.model->caption);
-        if (action.text() != words) action.setText(words);
-        const bool enabled = line.model->enabled && (!line.parent || line.parent->enabled) &&
-                             !(tasks_locked && line.starts_task);
-        if (action.isEnabled() != enabled) action.setEnabled(enabled);
-        if (action.isVisible() != line.model->visible) action.setVisible(line.model->visible);
+        mirror_text(line.action, screen_line(line.model->caption));
+        mirror_enabled(line.action, line.model->enabled && (!line.parent || line.parent->enabled) &&
+                                        !(tasks_locked && line.starts_task));
+        mirror_visible(line.action, line.model->visible);
         const bool checked = line.model->value != 0 || (asks_for_help && line.model->name() == "help_spirit");
-        if (action.isCheckable() != checked) action.setCheckable(checked);
-        if (action.isChecked() != checked) action.setChecked(checked);
+        if (line.action->isCheckable() != checked) line.action->setCheckable(checked);
+        mirror_checked(line.action, checked);
     }
 }
 

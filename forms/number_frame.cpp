@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "forms/mirror.h"
 #include "forms/screen_text.h"
 #include "forms/window_place.h"
 
@@ -19,7 +20,7 @@ constexpr int edge = 14;
 
 number_frame::number_frame(Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent)
     : QFrame(parent), form_(form), act_(std::move(act)), caption_(new QLabel(this)) {
-    setObjectName(QString::fromStdString(form.Frame1.name()));
+    name_after(this, form.Frame1);
     setFrameShape(QFrame::StyledPanel);
     setFrameShadow(QFrame::Raised);
     setAutoFillBackground(true);
@@ -29,7 +30,7 @@ number_frame::number_frame(Tavrel& form, std::function<void(const std::string&)>
     layout->addWidget(caption_, 0, 0, 1, 2);
     const auto field = [&](int row, const char* words, const control& model) {
         auto* box = new QLineEdit(this);
-        box->setObjectName(QString::fromStdString(model.name()));
+        name_after(box, model);
         auto* label = new QLabel(QString::fromUtf8(words), this);
         label->setBuddy(box);
         layout->addWidget(label, row, 0);
@@ -39,8 +40,8 @@ number_frame::number_frame(Tavrel& form, std::function<void(const std::string&)>
     field(2, "终点(&E)", form.Text2);
     const auto button = [&](int column, const control& model, const char* key) {
         auto* made = new QPushButton(screen_line(model.caption) + QLatin1String(key), this);
-        made->setObjectName(QString::fromStdString(model.name()));
-        made->setToolTip(screen_text(model.tooltip));
+        name_after(made, model);
+        mirror_tooltip(made, model.tooltip);
         layout->addWidget(made, 3, column);
         return made;
     };
@@ -53,8 +54,7 @@ number_frame::number_frame(Tavrel& form, std::function<void(const std::string&)>
 
 void number_frame::sync() {
     if (!form_.Frame1.visible) return hide();
-    const QString words = screen_line(form_.Frame1.caption);
-    if (caption_->text() != words) caption_->setText(words);
+    mirror_text(caption_, screen_line(form_.Frame1.caption));
     if (!isHidden()) return;
     adjustSize();
     const int left = form_.Frame1.place.left / twips_per_pixel;

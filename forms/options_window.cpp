@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "forms/colours.h"
+#include "forms/mirror.h"
 #include "forms/option_list_view.h"
 #include "forms/screen_text.h"
 #include "search/options_menu.h"
@@ -36,7 +37,7 @@ QString with_letter(const std::string& caption, char letter) {
 
 QLabel* heading(const control& model, char letter, QWidget* buddy) {
     auto* label = new QLabel(with_letter(model.caption, letter));
-    label->setObjectName(QString::fromStdString(model.name()));
+    name_after(label, model);
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(buddy);
     return label;
@@ -116,8 +117,8 @@ QWidget* options_window::make_checks() {
     for (std::size_t i = 1; i < form_.checks.size(); ++i) {
         control& model = *form_.checks[i];
         auto* box = new QCheckBox(with_letter(model.caption, letters[i]), side);
-        box->setObjectName(QString::fromStdString(model.name()));
-        box->setToolTip(screen_text(model.tooltip));
+        name_after(box, model);
+        mirror_tooltip(box, model.tooltip);
         connect(box, &QCheckBox::clicked, this, [this, &model](bool checked) {
             model.value = checked ? 1 : 0;
             act(model.name() + "_Click");
@@ -164,8 +165,8 @@ QWidget* options_window::make_types() {
 
 QPushButton* options_window::make_button(control& model, char letter, QWidget* parent) {
     auto* button = new QPushButton(with_letter(model.caption, letter), parent);
-    button->setObjectName(QString::fromStdString(model.name()));
-    button->setToolTip(screen_text(model.tooltip));
+    name_after(button, model);
+    mirror_tooltip(button, model.tooltip);
     button->setAutoDefault(false);
     button->setMinimumWidth(std::max(narrowest_button, button->sizeHint().width() + button_room));
     connect(button, &QPushButton::clicked, this, [this, &model] { act(model.name() + "_Click"); });
@@ -191,11 +192,8 @@ QWidget* options_window::make_buttons() {
 
 void options_window::sync(bool) {
     for (const bound_list& list : lists_) list.view->sync_list();
-    for (const bound_check& check : checks_)
-        if (check.box->isChecked() != (check.model->value != 0))
-            check.box->setChecked(check.model->value != 0);
-    for (const bound_button& bound : buttons_)
-        if (bound.button->isEnabled() != bound.model->enabled) bound.button->setEnabled(bound.model->enabled);
+    for (const bound_check& check : checks_) mirror_checked(check.box, check.model->value != 0);
+    for (const bound_button& bound : buttons_) mirror_enabled(bound.button, bound.model->enabled);
     if (!form_.Timer1.enabled)
         timer_.stop();
     else if (!timer_.isActive())

@@ -11,9 +11,9 @@ namespace corvane {
 
 class qt_shell : public desktop_shell {
   public:
-    shell_result set_clipboard(const std::string& text) override {
+    outcome set_clipboard(const std::string& text) override {
         QGuiApplication::clipboard()->setText(QString::fromStdString(text));
-        return shell_result::success();
+        return outcome::success();
     }
 };
 

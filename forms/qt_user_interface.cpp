@@ -7,6 +7,8 @@
 #include <QScreen>
 #include <QTimer>
 
+#include "forms/boxes.h"
+
 namespace corvane {
 
 namespace {
@@ -33,6 +35,40 @@ QWidget* qt_user_interface::window() const {
     if (QWidget* active = QApplication::activeWindow()) return active;
     QWidget* main = find_window_ ? find_window_("") : nullptr;
     return main && main->isVisible() ? main : nullptr;
+}
+
+box_answer qt_user_interface::show_message(const message& shown) {
+    if (ended_) return shown.buttons == box_buttons::yes_no ? box_answer::no : box_answer::ok;
+    sync();
+    return show_message_box(window(), shown, open_topic_);
+}
+
+std::optional<std::string> qt_user_interface::ask_text(const std::string& title, const std::string& prompt,
+                                                       const std::string& initial) {
+    if (ended_) return {};
+    sync();
+    return ask_for_text(window(), title, prompt, initial);
+}
+
+std::optional<std::string> qt_user_interface::choose_file(const std::string& title,
+                                                          const std::string& initial) {
+    if (ended_) return {};
+    sync();
+    return ask_for_file(window(), title, initial);
+}
+
+std::optional<std::string> qt_user_interface::choose_files(const std::string& title,
+                                                           const std::string& filter,
+                                                           const std::string& directory) {
+    if (ended_) return {};
+    sync();
+    return ask_for_files(window(), title, filter, directory);
+}
+
+std::optional<int> qt_user_interface::choose_colour(const std::string& title, int initial) {
+    if (ended_) return {};
+    sync();
+    return ask_for_colour(window(), title, initial);
 }
 
 void qt_user_interface::take_turn() {

@@ -7,6 +7,7 @@
 #include <QToolButton>
 
 #include "forms/fonts.h"
+#include "forms/mirror.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -17,7 +18,7 @@ constexpr int edge = 12;
 
 QLineEdit* new_box(QWidget* parent, const control& source) {
     auto* box = new QLineEdit(parent);
-    box->setObjectName(QString::fromStdString(source.name()));
+    name_after(box, source);
     box->setReadOnly(true);
     box->setFont(even_font());
     return box;
@@ -32,7 +33,7 @@ row_panel::row_panel(Tavrel& form, std::function<void(const std::string&)> act, 
       caption_(new QLabel(this)),
       first_(new_box(this, form.samefile_disp1)),
       second_(new_box(this, form.samefile_disp2)) {
-    setObjectName(QStringLiteral("Frame4"));
+    name_after(this, form.Frame4);
     setFrameShape(QFrame::StyledPanel);
     setFrameShadow(QFrame::Raised);
     setAutoFillBackground(true);
@@ -61,12 +62,8 @@ row_panel::row_panel(Tavrel& form, std::function<void(const std::string&)> act, 
 void row_panel::sync_box(QLineEdit* box, const control& source) {
     // A tab parts date and length; in a box of one line it is two blanks.
     const QString words = screen_text(source.text).replace(QLatin1Char('\t'), QStringLiteral("  "));
-    if (box->text() != words) {
-        box->setText(words);
-        box->setCursorPosition(0);
-    }
-    const QString tip = screen_text(source.tooltip);
-    if (box->toolTip() != tip) box->setToolTip(tip);
+    if (mirror_text(box, words)) box->setCursorPosition(0);
+    mirror_tooltip(box, source.tooltip);
 }
 
 int row_panel::wanted_width() const {
@@ -77,8 +74,7 @@ int row_panel::wanted_width() const {
 }
 
 void row_panel::sync() {
-    const QString words = screen_line(form_.Frame4.caption);
-    if (caption_->text() != words) caption_->setText(words);
+    mirror_text(caption_, screen_line(form_.Frame4.caption));
     sync_box(first_, form_.samefile_disp1);
     sync_box(second_, form_.samefile_disp2);
     if (!form_.Frame4.visible) {

@@ -26,6 +26,10 @@ QString screen_text(std::string_view text) {
     return shown;
 }
 
+QString screen_lines(std::string_view text) {
+    return screen_text(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+}
+
 QString screen_line(std::string_view text) {
     QString shown = screen_text(text);
     for (qsizetype at = 0; at < shown.size(); ++at)

@@ -9,6 +9,9 @@ namespace corvane {
 
 QString screen_text(std::string_view text);
 
+// As a box or a tip shows it: every line end is one character.
+QString screen_lines(std::string_view text);
+
 // One line: line ends and tabs become blanks.
 QString screen_line(std::string_view text);
 

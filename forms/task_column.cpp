@@ -7,6 +7,7 @@
 
 #include "core/model/task_table.h"
 #include "forms/colours.h"
+#include "forms/mirror.h"
 #include "forms/screen_text.h"
 #include "forms/task_button.h"
 #include "forms/window_place.h"
@@ -112,18 +113,16 @@ void task_column::sync() {
     const std::string next = next_step(form_);
     for (const row& task : rows_) {
         const QString words = task.label ? screen_line(task.label->caption) : QString();
-        if (task.button->text() != words) {
-            task.button->setText(words);
+        if (mirror_text(task.button, words)) {
             task.button->setAccessibleName(words);
             task.button->updateGeometry();
         }
         // A picture that is locked under the pointer gets no more moves of it.
         if (!task.picture->enabled && task.number > 0 && form_.hover.captured == task.picture->name())
             picture_moved(form_, task.number, -1, -1);
-        const QString tip = task.number > 0 ? QString() : screen_text(task.picture->tooltip);
-        if (task.button->toolTip() != tip) task.button->setToolTip(tip);
-        if (task.button->isEnabled() != task.picture->enabled) task.button->setEnabled(task.picture->enabled);
-        if (task.button->isHidden() == task.picture->visible) task.button->setVisible(task.picture->visible);
+        mirror_tooltip(task.button, task.number > 0 ? std::string() : task.picture->tooltip);
+        mirror_enabled(task.button, task.picture->enabled);
+        mirror_visible(task.button, task.picture->visible);
         task.button->set_next_step(task.picture->name() == next);
     }
     show_shifts();

@@ -22,11 +22,12 @@ void text_lines::open(const std::string& path) {
     looked_through_ = 0;
     complete_ = true;
     if (path.empty()) return;
-    reader_ = files_.open_file(path, reason_);
-    if (!reader_) {
-        if (reason_.empty()) reason_ = path + "  不存在";
+    outcome_with<file_reader> file = files_.open_file(path);
+    if (!file) {
+        reason_ = file.reason.empty() ? path + "  不存在" : file.reason;
         return;
     }
+    reader_ = std::move(file.object);
     complete_ = false;
     find_more();
 }

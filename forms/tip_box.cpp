@@ -4,6 +4,7 @@
 #include <QToolTip>
 #include <cmath>
 
+#include "forms/mirror.h"
 #include "forms/screen_text.h"
 #include "forms/window_place.h"
 
@@ -16,7 +17,7 @@ constexpr int frame = 4;  // pixels around the text
 }  // namespace
 
 tip_box::tip_box(Tavrel& form, QWidget* parent) : QLabel(parent), form_(form) {
-    setObjectName(QString::fromStdString(form.tiptext.name()));
+    name_after(this, form.tiptext);
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
     setAlignment(Qt::AlignCenter);

@@ -8,11 +8,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/outcome.h"
 
 namespace corvane {
 
@@ -44,8 +45,8 @@ struct path_attributes {
     bool read_only = false;
 };
 
-// What the comparison needs of one regular file. The last-write time is in 100 ns units since 1601-01-01
-// UTC, split in two signed halves as the history file stores it.
+// What the comparison needs of one regular file. The last-write time is a file_time, in two halves as the
+// history file stores it.
 struct file_facts {
     bool exists = false;  // false: gone, no regular file, or the question failed
     std::int64_t length = 0;
@@ -53,6 +54,10 @@ struct file_facts {
     std::int32_t date_low = 0;
     std::uint64_t link_count = 1;
     file_identity identity;
+    // In nanoseconds since 1970; 0 where the system does not tell. The change time also moves with rights,
+    // links and names, and cannot be set back.
+    std::int64_t modified_ns = 0;
+    std::int64_t changed_ns = 0;
 };
 
 enum class volume_kind { home, root, other };
@@ -68,7 +73,8 @@ struct file_access {
 // True when nothing tells that the file has changed between the two.
 inline bool same_state(const file_facts& a, const file_facts& b) {
     return a.exists == b.exists && a.identity == b.identity && a.length == b.length &&
-           a.date_high == b.date_high && a.date_low == b.date_low;
+           a.date_high == b.date_high && a.date_low == b.date_low && a.modified_ns == b.modified_ns &&
+           a.changed_ns == b.changed_ns;
 }
 
 // A place where a search can start.
@@ -104,14 +110,13 @@ class file_reader {
 class file_writer {
   public:
     virtual ~file_writer() = default;
-    // Appends; false on failure, with the system's words in error().
-    virtual bool write(std::string_view bytes) = 0;
+    // Appends.
+    virtual outcome write(std::string_view bytes) = 0;
     // Overwrites bytes already written, at `offset` from the start.
-    virtual bool write_at(std::int64_t offset, std::string_view bytes) = 0;
+    virtual outcome write_at(std::int64_t offset, std::string_view bytes) = 0;
     // Makes the file durable and puts it in its place. A writer that is destroyed without a successful
     // commit leaves the old file as it was.
-    virtual bool commit() = 0;
-    virtual const std::string& error() const = 0;
+    virtual outcome commit() = 0;
 };
 
 class file_system {
@@ -125,15 +130,14 @@ class file_system {
 
     // Home first where there is one, then the volumes that hold files of their own, by path. Never empty.
     virtual std::vector<volume> volumes() = 0;
-    // Null when the directory cannot be read, or lies on a pseudo file system; `error` then says why.
-    virtual std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) = 0;
+    // Fails when the directory cannot be read, or lies on a pseudo file system.
+    virtual outcome_with<directory_reader> open_directory(const std::string& path) = 0;
     // A closing separator does not hide a link: the facts are those of the path without it. A path that ends
     // in one exists only as a directory.
     virtual path_attributes attributes(const std::string& path) = 0;
     // Gives the owner write permission, and lets the name count as not hidden for as long as this object
-    // lives. False with the system's words in `error` when the permission cannot be given; then nothing has
-    // changed. What a link leads to is never touched.
-    virtual bool clear_attributes(const std::string& path, std::string& error) = 0;
+    // lives. When the permission cannot be given, nothing has changed. What a link leads to is never touched.
+    virtual outcome clear_attributes(const std::string& path) = 0;
     virtual file_access access(const std::string& path) = 0;
     // Gives a file that was written anew the access that it had, as far as the user may.
     virtual void restore_access(const std::string& path, const file_access& access) = 0;
@@ -149,26 +153,25 @@ class file_system {
     // or -1. Once exactly `expected` bytes have come in one go, the end is not asked for again.
     virtual std::int64_t read_start(std::string_view path, std::span<std::byte> buffer,
                                     std::size_t expected) = 0;
-    // Opens a regular file for reading; null on failure, with the system's words in `error`. Never waits on
-    // a FIFO and never opens a device.
-    virtual std::unique_ptr<file_reader> open_file(std::string_view path, std::string& error) = 0;
+    // Opens a regular file for reading. Never waits on a FIFO and never opens a device.
+    virtual outcome_with<file_reader> open_file(std::string_view path) = 0;
 
     // Writes beside the place and renames over it at commit.
-    virtual std::unique_ptr<file_writer> replace_file(const std::string& path, std::string& error) = 0;
+    virtual outcome_with<file_writer> replace_file(const std::string& path) = 0;
     // Truncates and writes in place, for files that must be seen while they grow.
-    virtual std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) = 0;
+    virtual outcome_with<file_writer> overwrite_file(const std::string& path) = 0;
     // Writes a small file in place, first over its start and then cut to length: a process that dies
     // meanwhile leaves the old or the new text at its start. No flush; what is written survives the process,
     // not the machine.
-    virtual bool put_text(const std::string& path, std::string_view text, std::string& error) = 0;
+    virtual outcome put_text(const std::string& path, std::string_view text) = 0;
     virtual bool can_write_into(const std::string& directory) = 0;
     // Claims the program's folder for this process until it ends, however it ends. False when another process
     // has it; no file is touched. True where the disk knows no locks.
     virtual bool claim_directory(const std::string& directory) = 0;
     // Deletes a regular file for good: never a directory, a link or a device.
-    virtual bool remove_file(const std::string& path, std::string& error) = 0;
+    virtual outcome remove_file(const std::string& path) = 0;
     // Removes one of the program's own data files; a missing one is no failure.
-    virtual bool remove_data_file(const std::string& path, std::string& error) = 0;
+    virtual outcome remove_data_file(const std::string& path) = 0;
 };
 
 // True when the path exists, as a file, a directory or anything else.

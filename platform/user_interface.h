@@ -10,7 +10,9 @@ namespace corvane {
 
 enum class box_buttons { ok, yes_no };
 enum class box_icon { none, information, exclamation, question };
-enum class box_answer { ok, yes, no };
+// dismissed: the box was left without an answer (Escape, its close button). Always to be taken as the way
+// that does no harm.
+enum class box_answer { ok, yes, no, dismissed };
 
 struct message {
     std::string title;
@@ -19,6 +21,15 @@ struct message {
     box_icon icon = box_icon::none;
     int help_context = 1000;
     bool help_button = false;
+    // What a question is about, below its words: what is at stake. Empty: nothing more.
+    std::string detail;
+    // What the buttons of a question do, in words of their own; empty: yes and no. With `cancel_words` there
+    // is a third button, which dismisses the box.
+    std::string yes_words;
+    std::string no_words;
+    std::string cancel_words;
+    // What Enter answers: yes or no.
+    box_answer default_answer = box_answer::yes;
     bool failure = false;  // the program reports that it could not do what was asked
 };
 

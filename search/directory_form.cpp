@@ -200,8 +200,7 @@ void directory_form::List_disk_sele_Click(int row) {
     run_state& state = main_.state;
     if (row < 0 || row >= static_cast<int>(volumes_.size())) return;
     const std::string& path = volumes_[static_cast<std::size_t>(row)].path;
-    std::string error;
-    if (!main_.outside.files.open_directory(path, error)) {
+    if (!main_.outside.files.open_directory(path)) {
         List_disk_sele.select_only(static_cast<std::size_t>(state.disk_index));
         return;
     }

@@ -4,6 +4,7 @@
 
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/progress.h"
 #include "core/text/text_file.h"
 #include "core/text/text_format.h"
@@ -12,8 +13,6 @@ namespace corvane {
 
 namespace {
 
-constexpr char list_name[] = "文件清单.txt";
-constexpr char display_name[] = "temp.txt";
 constexpr std::int32_t lines_per_status = 821;
 
 bool write_list(Tavrel& form, const std::string& path, bool cut) {
@@ -28,10 +27,10 @@ bool write_list(Tavrel& form, const std::string& path, bool cut) {
 }  // namespace
 
 bool write_file_list(Tavrel& form) {
-    return write_list(form, form.data_path(list_name), false);
+    return write_list(form, form.data_path(data_file::file_list), false);
 }
 bool write_display_list(Tavrel& form) {
-    return write_list(form, form.data_path(display_name), true);
+    return write_list(form, form.data_path(data_file::shown_file_list), true);
 }
 
 void Command21_Click(Tavrel& form) {
@@ -40,7 +39,7 @@ void Command21_Click(Tavrel& form) {
     form.StatusBar1.clear_figures();
     form.panel(7, "读暂存的文件清单");
 
-    const std::string path = form.data_path(list_name);
+    const std::string path = form.data_path(data_file::file_list);
     line_reader reader(form.outside.files, path);
     text_column lines;
     std::string_view line;

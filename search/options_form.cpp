@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/environment.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
@@ -157,7 +158,7 @@ void options_form::store_check(std::size_t number) {
 
 void options_form::read_common_types() {
     List4.clear();
-    const std::string path = main_.data_path("常用文件扩展名.txt");
+    const std::string path = main_.data_path(data_file::common_types);
     if (!path_exists(main_.outside.files, path)) return main_.inform(path + "  不存在");
     line_reader reader(main_.outside.files, path);
     if (!reader.is_open()) return main_.complain(path + "\r\n" + reader.error());
@@ -246,9 +247,9 @@ void options_form::Check1_Click() {
 void options_form::open_file_manager() {
     const std::string& last = main_.state.current_dir;
     const std::string root = main_.outside.files.separator() == '\\' ? "c:\\" : "/";
-    const shell_result result = main_.outside.desktop.open_document(
+    const outcome result = main_.outside.desktop.open_document(
         !last.empty() && path_exists(main_.outside.files, last) ? last : root);
-    if (!result.done) return main_.complain(result.reason);
+    if (!result) return main_.complain(result.reason);
     Timer1.enabled = visible && !tiled_;
 }
 

@@ -1,5 +1,6 @@
 // The handlers of the options window under their names.
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/help.h"
 #include "search/options_form.h"
 
@@ -66,12 +67,12 @@ void options_form::add_file_handlers(handler_table& table) {
         const char* file;
         const char* seed;
     };
-    for (const editing& each : {editing{"DIR_EDIT", "不参加搜索的目录.txt", "c:\\"},
-                                editing{"modify_no_search", "不参加比较的文件类型.txt", type_seed},
-                                editing{"only_search_edit_text", "仅搜索的文件类型.txt", type_seed},
-                                editing{"edit_common", "常用文件扩展名.txt", described_seed},
-                                editing{"look_type_type", "文件类型归类.txt", described_seed},
-                                editing{"look_type_itemize", "文件扩展名列表.txt", described_seed}})
+    for (const editing& each : {editing{"DIR_EDIT", data_file::excluded_directories, "c:\\"},
+                                editing{"modify_no_search", data_file::excluded_types, type_seed},
+                                editing{"only_search_edit_text", data_file::only_types, type_seed},
+                                editing{"edit_common", data_file::common_types, described_seed},
+                                editing{"look_type_type", data_file::types_by_kind, described_seed},
+                                editing{"look_type_itemize", data_file::types_by_name, described_seed}})
         bind(each.entry, [this, each] { edit_file(each.file, each.seed); });
     bind("DIR_REFRESH", [this] { reload(directories_, 读不参加搜索的目录); });
     bind("refresh_no_search", [this] { reload(left_out_types_, 读不参加比较的文件类型); });

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
 #include "core/tasks/task_scope.h"
@@ -51,9 +52,9 @@ void picture2_Click(Tavrel& form) {
     form.RichTextBox2.visible = true;
     if (state.scan_archives == 1) {
         if (!write_display_list(form)) return;
-        form.RichTextBox2.load_file(form.data_path("temp.txt"));
+        form.RichTextBox2.load_file(form.data_path(data_file::shown_file_list));
     } else {
-        form.RichTextBox2.load_file(form.data_path("文件清单.txt"));
+        form.RichTextBox2.load_file(form.data_path(data_file::file_list));
     }
     if (state.file_count >= small_list_rows) form.listleft.add("... ...");
     form.listleft.visible = true;

@@ -7,6 +7,7 @@
 #include "core/archives/rar_reader.h"
 #include "core/archives/zip_reader.h"
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/environment.h"
 #include "core/tasks/progress.h"
 #include "core/text/text_case.h"
@@ -43,8 +44,10 @@ bool rejects_type(const run_state& state, const std::string& type) {
 bool current_directory_answers(Tavrel& form) {
     const std::string& directory = form.state.current_dir;
     if (directory.empty() || !path_exists(form.outside.files, directory)) return true;
+    const outcome read = form.outside.files.open_directory(directory);
+    if (read) return true;
     message box;
-    if (form.outside.files.open_directory(directory, box.text)) return true;
+    box.text = read.reason;
     box.title = "Deferred Error Test,请选择新的目录";
     box.failure = true;
     form.outside.screen.show_message(box);
@@ -144,10 +147,9 @@ bool walk_directories(Tavrel& form) {
     state.walk_count = 0;
     state.file_list.clear();
 
-    state.archive_error_path = form.data_path("err.txt");
+    state.archive_error_path = form.data_path(data_file::archive_errors);
     state.archive_error_count = 0;
-    std::string error;
-    line_writer report(form.outside.files.overwrite_file(state.archive_error_path, error), error);
+    line_writer report(form.outside.files.overwrite_file(state.archive_error_path));
     walk_output output(state, report);
     if (state.scan_archives == 1) {
         report.line("压缩包错误清单");

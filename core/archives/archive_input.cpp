@@ -36,8 +36,7 @@ archive_input::archive_input(const archive_context& context, const std::string& 
       view_(context.state.entry_buffer.data()),
       next_block_(least_block) {
     static_assert(std::tuple_size_v<decltype(archive_state::entry_buffer)> == buffer_size);
-    std::string error;
-    file_ = context.files.open_file(path, error);
+    file_ = context.files.open_file(path).object;
     length_ = file_ ? context.files.facts(path).length : 0;
     state_.archive_path = path;
     state_.archive_length = length_;

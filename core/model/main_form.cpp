@@ -5,6 +5,7 @@
 
 #include "core/model/main_menu.h"
 #include "core/model/task_table.h"
+#include "core/settings/data_files.h"
 #include "core/settings/environment_table.h"
 
 namespace corvane {
@@ -108,9 +109,9 @@ Tavrel::Tavrel(ports given, std::string program_dir)
 
     set_defaults(state);
     state.program_dir = std::move(program_dir);
-    state.same_file_path = data_path("相同文件.txt");
-    state.history_path = data_path("run_history.txt");
-    state.archive_del_path = data_path("winrar_del_file.txt");
+    state.same_file_path = data_path(data_file::same_files);
+    state.history_path = data_path(data_file::history);
+    state.archive_del_path = data_path(data_file::archive_deletions);
 }
 
 form_model* Tavrel::child(std::string_view name) const {

@@ -118,7 +118,7 @@ class Tavrel : public form_model {
     void inform(const std::string& words, int context = 1000);
     // For what could not be done; counts as a failure of the run.
     void complain(const std::string& words, int context = 1000, bool help_button = false);
-    // Yes/No under the title "提示".
+    // Yes/No under the title "提示". False also when the box is dismissed.
     bool confirm(const std::string& words);
 
   private:

@@ -12,6 +12,7 @@
 #include "core/state/file_columns.h"
 #include "core/state/history_state.h"
 #include "core/state/list_state.h"
+#include "core/state/proven_files.h"
 #include "core/state/result_state.h"
 #include "core/state/trail_state.h"
 #include "core/state/walk_state.h"
@@ -24,6 +25,7 @@ struct run_state : settings,
                    file_columns,
                    result_state,
                    history_state,
+                   proof_state,
                    trail_state,
                    list_state,
                    clock_state {

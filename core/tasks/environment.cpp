@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/settings/environment_table.h"
 #include "core/text/date_text.h"
 #include "core/text/text_file.h"
@@ -16,9 +17,6 @@ namespace corvane {
 
 namespace {
 
-constexpr char environment_name[] = "Tavrel环境.txt";
-constexpr char directory_list_name[] = "比较文件_目录清单.txt";
-
 bool finish(Tavrel& form, line_writer& writer, const std::string& path) {
     if (writer.finish()) return true;
     if (!form.state.program_dir_locked) form.complain(path + "\r\n" + writer.error());
@@ -26,14 +24,14 @@ bool finish(Tavrel& form, line_writer& writer, const std::string& path) {
 }
 
 bool write_settings(Tavrel& form) {
-    const std::string path = form.data_path(environment_name);
+    const std::string path = form.data_path(data_file::environment);
     line_writer writer(form.outside.files, path);
     for (int line = 1; line <= environment_lines; ++line) writer.line(environment_text(form.state, line));
     return finish(form, writer, path);
 }
 
 bool write_selected_directories(Tavrel& form) {
-    const std::string path = form.data_path(directory_list_name);
+    const std::string path = form.data_path(data_file::selected_directories);
     line_writer writer(form.outside.files, path);
     for (std::int16_t i = 1; i <= form.state.selected_dir_count; ++i)
         writer.line(form.state.selected_dirs[i]);
@@ -60,7 +58,7 @@ void read_selected_directories(Tavrel& form) {
     run_state& state = form.state;
     state.selected_dirs.clear();
     state.selected_dir_count = 0;
-    const std::string path = form.data_path(directory_list_name);
+    const std::string path = form.data_path(data_file::selected_directories);
     if (!form.outside.files.attributes(path).exists) return form.inform(path + "  不存在");
     line_reader reader(form.outside.files, path);
     if (!reader.is_open()) return form.complain(path + "\r\n" + reader.error());
@@ -114,7 +112,7 @@ bool 写Tavrel环境文件(Tavrel& form) {
 
 void read_environment(Tavrel& form) {
     run_state& state = form.state;
-    const std::string path = form.data_path(environment_name);
+    const std::string path = form.data_path(data_file::environment);
     const path_attributes found = form.outside.files.attributes(path);
     if (!found.exists || found.directory) {
         if (写Tavrel环境文件(form)) form.inform(path + "  第一次运行，已自动建立环境文件");
@@ -124,8 +122,7 @@ void read_environment(Tavrel& form) {
         form.place = {state.main_left, state.main_top, state.main_width, state.main_height};
         if (state.tree_levels < 1) state.tree_levels = 4;
     } else {
-        std::string error;
-        form.outside.files.remove_data_file(path, error);
+        form.outside.files.remove_data_file(path);
     }
     form.Text3.text = std::to_string(state.export_levels);
     form.Text4.text = state.export_skip_types;

@@ -4,15 +4,13 @@
 #include <string>
 
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/text/text_file.h"
 #include "core/text/text_format.h"
 
 namespace corvane {
 
 namespace {
-constexpr char avoid_name[] = "avoid.txt";
-constexpr char trail_name[] = "err_rec.txt";
-constexpr char records_name[] = "run_time_rem.txt";
 constexpr std::int32_t kept_records = 49;
 
 struct run_record {
@@ -33,7 +31,7 @@ void debug_err_Click(Tavrel& form) {
 }
 
 void debug_err_anly_Click(Tavrel& form) {
-    line_reader reader(form.outside.files, form.data_path(trail_name));
+    line_reader reader(form.outside.files, form.data_path(data_file::trail));
     if (!reader.is_open()) return;
     std::string_view path;
     reader.next(path);
@@ -43,8 +41,8 @@ void debug_err_anly_Click(Tavrel& form) {
 }
 
 void Command46_Click(Tavrel& form) {
-    const shell_result result = form.outside.desktop.show_in_file_manager(form.txt_disp_err_file.text);
-    if (!result.done) form.complain(result.reason);
+    const outcome result = form.outside.desktop.show_in_file_manager(form.txt_disp_err_file.text);
+    if (!result) form.complain(result.reason);
 }
 
 void Command47_Click(Tavrel& form) {
@@ -59,14 +57,14 @@ void Command47_Click(Tavrel& form) {
         if (state.avoid_files[i] == path) return;
     state.avoid_files.push_back(path);
     state.avoid_count = state.avoid_files.size();
-    const std::string list = form.data_path(avoid_name);
+    const std::string list = form.data_path(data_file::avoided_files);
     line_writer writer(form.outside.files, list);
     for (std::int32_t i = 1; i <= state.avoid_count; ++i) writer.line(state.avoid_files[i]);
     if (!writer.finish()) form.complain(list + "\r\n" + writer.error());
 }
 
 void read_avoid_list(Tavrel& form) {
-    line_reader reader(form.outside.files, form.data_path(avoid_name));
+    line_reader reader(form.outside.files, form.data_path(data_file::avoided_files));
     if (!reader.is_open()) return;
     form.state.avoid_files.clear();
     std::string_view line;
@@ -76,15 +74,14 @@ void read_avoid_list(Tavrel& form) {
 
 void note_in_trail(Tavrel& form, std::string_view path) {
     if (form.state.error_trail_on != -1) return;
-    std::string error;
-    form.outside.files.put_text(form.data_path(trail_name), std::string(path) + "\r\n", error);
+    form.outside.files.put_text(form.data_path(data_file::trail), std::string(path) + "\r\n");
 }
 
 void read_run_records(Tavrel& form) {
     run_state& state = form.state;
     state.run_rate = 0;
     state.run_lines.clear();
-    line_reader reader(form.outside.files, form.data_path(records_name));
+    line_reader reader(form.outside.files, form.data_path(data_file::run_records));
     std::string_view line;
     while (state.run_lines.size() < 30'000 && reader.next(line)) state.run_lines.push_back(line);
     state.run_line_count = static_cast<std::int16_t>(state.run_lines.size());
@@ -104,7 +101,7 @@ void read_run_records(Tavrel& form) {
 
 void write_run_record(Tavrel& form, std::int32_t size, std::int32_t seconds) {
     run_state& state = form.state;
-    const std::string path = form.data_path(records_name);
+    const std::string path = form.data_path(data_file::run_records);
     line_writer writer(form.outside.files, path);
     for (std::int32_t i = std::max(1, state.run_line_count - kept_records + 1); i <= state.run_line_count;
          ++i)

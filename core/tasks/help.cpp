@@ -3,23 +3,23 @@
 #include <string>
 
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/text/text_file.h"
 
 namespace corvane {
 
 void open_beside_program(Tavrel& form, const std::string& name) {
-    const shell_result result = form.outside.desktop.open_document(form.data_path(name));
-    if (!result.done) form.complain(result.reason);
+    const outcome result = form.outside.desktop.open_document(form.data_path(name));
+    if (!result) form.complain(result.reason);
 }
 
 void open_notes(Tavrel& form) {
-    static constexpr char notes[] = "备记录.txt";
-    const std::string path = form.data_path(notes);
+    const std::string path = form.data_path(data_file::notes);
     if (!form.outside.files.attributes(path).exists) {
         line_writer writer(form.outside.files, path);
         if (!writer.finish()) return form.complain(path + "\r\n" + writer.error());
     }
-    open_beside_program(form, notes);
+    open_beside_program(form, data_file::notes);
 }
 
 void open_manual(Tavrel& form) {
@@ -29,9 +29,9 @@ void open_manual(Tavrel& form) {
 void open_topic(Tavrel& form, int topic) {
     std::string digits = std::to_string(topic);
     if (digits.size() < 2) digits.insert(0, 1, '0');
-    const shell_result result = form.outside.desktop.open_help_topic(
-        form.data_path("Corvane帮助.chm"), "aux" + digits + "_Corvane帮助_Link.htm");
-    if (!result.done) form.complain(result.reason);
+    const outcome result = form.outside.desktop.open_help_topic(form.data_path(data_file::help),
+                                                                "aux" + digits + "_Corvane帮助_Link.htm");
+    if (!result) form.complain(result.reason);
 }
 
 bool help_mode_opens(Tavrel& form, int topic) {

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "core/model/main_form.h"
+#include "core/settings/data_files.h"
 #include "core/text/path_text.h"
 #include "core/text/text_case.h"
 #include "core/text/text_file.h"
@@ -62,11 +63,12 @@ option_list_place place_of(Tavrel& form, option_list list) {
     run_state& state = form.state;
     switch (list) {
         case option_list::left_out_directories:
-            return {form.data_path("不参加搜索的目录.txt"), state.no_dirs, state.limits.excluded_directories};
+            return {form.data_path(data_file::excluded_directories), state.no_dirs,
+                    state.limits.excluded_directories};
         case option_list::left_out_types:
-            return {form.data_path("不参加比较的文件类型.txt"), state.no_types, state.limits.file_types};
+            return {form.data_path(data_file::excluded_types), state.no_types, state.limits.file_types};
         default:
-            return {form.data_path("仅搜索的文件类型.txt"), state.only_types, state.limits.file_types};
+            return {form.data_path(data_file::only_types), state.only_types, state.limits.file_types};
     }
 }
 

@@ -11,9 +11,7 @@ constexpr std::size_t read_block = 256 * std::size_t{1024};
 }
 
 line_reader::line_reader(file_system& files, const std::string& path, std::int64_t offset)
-    : offset_(offset), position_(offset) {
-    file_ = files.open_file(path, error_);
-}
+    : file_(files.open_file(path)), offset_(offset), position_(offset) {}
 
 bool line_reader::fill() {
     if (at_end_ || !file_) return false;
@@ -67,41 +65,36 @@ bool line_reader::next(std::string_view& line) {
     return true;
 }
 
-line_writer::line_writer(std::unique_ptr<file_writer> file, std::string open_error)
-    : file_(std::move(file)), error_(std::move(open_error)) {
+line_writer::line_writer(outcome_with<file_writer> file)
+    : file_(std::move(file.object)), state_(std::move(file)) {
     buffer_.reserve(block);
 }
 
-line_writer::line_writer(file_system& files, const std::string& path) {
-    file_ = files.replace_file(path, error_);
-    buffer_.reserve(block);
-}
+line_writer::line_writer(file_system& files, const std::string& path)
+    : line_writer(files.replace_file(path)) {}
 
 void line_writer::number(std::int64_t number) {
     line(number_line(number));
 }
 
-void line_writer::fail() {
-    failed_ = true;
-    error_ = file_->error();
-    buffer_.clear();
+void line_writer::take(outcome written) {
+    if (!written) state_ = std::move(written);
 }
 
 void line_writer::flush() {
-    if (!failed() && !buffer_.empty() && !file_->write(buffer_)) fail();
+    if (!failed() && !buffer_.empty()) take(file_->write(buffer_));
     buffer_.clear();
 }
 
 void line_writer::patch(std::int64_t offset, std::string_view text) {
     flush();
-    if (!failed() && !file_->write_at(offset, text)) fail();
+    if (!failed()) take(file_->write_at(offset, text));
 }
 
 bool line_writer::finish() {
     flush();
-    if (failed()) return false;
-    if (!file_->commit()) fail();
-    return !failed_;
+    if (!failed()) take(file_->commit());
+    return !failed();
 }
 
 }  // namespace corvane

@@ -20,9 +20,9 @@ class line_reader {
     line_reader(file_system& files, const std::string& path, std::int64_t offset = 0);
 
     // False: the file is missing or cannot be opened.
-    bool is_open() const { return file_ != nullptr; }
+    bool is_open() const { return file_.ok; }
     // Why is_open() is false, in the system's words.
-    const std::string& error() const { return error_; }
+    const std::string& error() const { return file_.reason; }
     // The next line without its end; the text behind the last line end is a line unless it is empty. The view
     // is valid until the next call. A read error ends the file, and so does a line above longest_line bytes,
     // which no file of the program has.
@@ -33,8 +33,7 @@ class line_reader {
   private:
     bool fill();
 
-    std::unique_ptr<file_reader> file_;
-    std::string error_;
+    outcome_with<file_reader> file_;
     std::vector<char> buffer_;
     std::size_t begin_ = 0;
     std::size_t end_ = 0;
@@ -46,7 +45,7 @@ class line_reader {
 // Collects into blocks. After a failure every call does nothing and finish() tells it.
 class line_writer {
   public:
-    explicit line_writer(std::unique_ptr<file_writer> file, std::string open_error = {});
+    explicit line_writer(outcome_with<file_writer> file);
     // The usual form: the file at `path` is replaced at finish().
     line_writer(file_system& files, const std::string& path);
 
@@ -63,19 +62,18 @@ class line_writer {
     void flush();
     // Overwrites bytes that were written before, at `offset` from the start of the file.
     void patch(std::int64_t offset, std::string_view text);
-    bool failed() const { return file_ == nullptr || failed_; }
+    bool failed() const { return !state_; }
     // False: the old file is whole and error() says why.
     bool finish();
-    const std::string& error() const { return error_; }
+    const std::string& error() const { return state_.reason; }
 
   private:
     static constexpr std::size_t block = 256 * std::size_t{1024};
-    void fail();
+    void take(outcome written);
 
     std::unique_ptr<file_writer> file_;
+    outcome state_;  // the first failure
     std::string buffer_;
-    std::string error_;
-    bool failed_ = false;
 };
 
 }  // namespace corvane

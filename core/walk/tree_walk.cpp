@@ -89,8 +89,7 @@ class tree_walk {
     }
 
     walk_course read_entries(directory_reading& reading) {
-        std::string error;
-        const std::unique_ptr<directory_reader> reader = files_.open_directory(directory_, error);
+        const outcome_with<directory_reader> reader = files_.open_directory(directory_);
         if (!reader) return walk_course::go_on;
         links_.note_listed(reader->identity());
         std::string_view name;

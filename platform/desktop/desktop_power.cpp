@@ -2,12 +2,14 @@
 
 #include <gio/gio.h>
 
+#include "platform/desktop/desktop_failure.h"
+
 namespace corvane {
 
 namespace {
 
 // One call to logind. A service that is missing is told in one line.
-shell_result ask_logind(const char* object, const char* interface, const char* method, GVariant* arguments) {
+outcome ask_logind(const char* object, const char* interface, const char* method, GVariant* arguments) {
     GError* error = nullptr;
     GDBusConnection* const bus = g_bus_get_sync(G_BUS_TYPE_SYSTEM, nullptr, &error);
     GVariant* answer = nullptr;
@@ -21,14 +23,9 @@ shell_result ask_logind(const char* object, const char* interface, const char* m
     }
     if (answer != nullptr) {
         g_variant_unref(answer);
-        return shell_result::success();
+        return outcome::success();
     }
-    std::string reason = "系统的电源服务没有回答。";
-    if (error != nullptr) {
-        reason += std::string("\r\n") + error->message;
-        g_error_free(error);
-    }
-    return shell_result::failure(std::move(reason));
+    return desktop_failure("系统的电源服务没有回答。", error);
 }
 
 constexpr char manager_object[] = "/org/freedesktop/login1";
@@ -36,16 +33,16 @@ constexpr char manager[] = "org.freedesktop.login1.Manager";
 
 }  // namespace
 
-shell_result desktop_power::log_off() {
+outcome desktop_power::log_off() {
     return ask_logind("/org/freedesktop/login1/session/auto", "org.freedesktop.login1.Session", "Terminate",
                       nullptr);
 }
 
-shell_result desktop_power::reboot() {
+outcome desktop_power::reboot() {
     return ask_logind(manager_object, manager, "Reboot", g_variant_new("(b)", FALSE));
 }
 
-shell_result desktop_power::power_off() {
+outcome desktop_power::power_off() {
     return ask_logind(manager_object, manager, "PowerOff", g_variant_new("(b)", FALSE));
 }
 

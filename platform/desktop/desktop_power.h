@@ -7,9 +7,9 @@ namespace corvane {
 
 class desktop_power : public power {
   public:
-    shell_result log_off() override;
-    shell_result reboot() override;
-    shell_result power_off() override;
+    outcome log_off() override;
+    outcome reboot() override;
+    outcome power_off() override;
 };
 
 }  // namespace corvane

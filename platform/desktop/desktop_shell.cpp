@@ -6,6 +6,7 @@
 
 #include <memory>
 
+#include "platform/desktop/desktop_failure.h"
 #include "platform/linux/name_mapping.h"
 
 namespace corvane {
@@ -22,16 +23,6 @@ template <class Object>
 using object_pointer = std::unique_ptr<Object, object_release>;
 using text_pointer = std::unique_ptr<char, memory_release>;
 
-// Turns a GLib error into a failure: our words, then the system's.
-shell_result failed(const char* what, GError* error) {
-    std::string reason = what;
-    if (error != nullptr) {
-        reason += std::string("\r\n") + error->message;
-        g_error_free(error);
-    }
-    return shell_result::failure(std::move(reason));
-}
-
 // The desktop has nothing that does it, as opposed to something that failed.
 bool is_lacking(const GError* error) {
     return error != nullptr && (error->domain == G_DBUS_ERROR || error->domain == G_IO_ERROR) &&
@@ -42,8 +33,8 @@ bool is_lacking(const GError* error) {
             g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_SPAWN_SERVICE_NOT_FOUND));
 }
 
-shell_result failed_or_lacking(const char* what, GError* error, bool lacking) {
-    shell_result result = failed(what, error);
+outcome failed_or_lacking(const char* what, GError* error, bool lacking) {
+    outcome result = desktop_failure(what, error);
     result.lacking = lacking;
     return result;
 }
@@ -93,34 +84,33 @@ class desktop_process : public started_process {
 
 }  // namespace
 
-shell_result desktop_shell::recycle(const std::string& path) {
+outcome desktop_shell::recycle(const std::string& path) {
     GError* error = nullptr;
-    if (g_file_trash(file_at(path).get(), nullptr, &error)) return shell_result::success();
-    return failed("不能移到回收站。", error);
+    if (g_file_trash(file_at(path).get(), nullptr, &error)) return outcome::success();
+    return desktop_failure("不能移到回收站。", error);
 }
 
-shell_result desktop_shell::open_document(const std::string& path) {
+outcome desktop_shell::open_document(const std::string& path) {
     GError* error = nullptr;
-    if (g_app_info_launch_default_for_uri(uri_of(path).get(), nullptr, &error))
-        return shell_result::success();
+    if (g_app_info_launch_default_for_uri(uri_of(path).get(), nullptr, &error)) return outcome::success();
     const bool lacking = is_lacking(error);
     return failed_or_lacking("没有可以打开它的程序。", error, lacking);
 }
 
-shell_result desktop_shell::show_in_file_manager(const std::string& path) {
+outcome desktop_shell::show_in_file_manager(const std::string& path) {
     GError* error = nullptr;
     bool lacking = false;
-    if (ask_file_manager("ShowItems", path, lacking, &error)) return shell_result::success();
+    if (ask_file_manager("ShowItems", path, lacking, &error)) return outcome::success();
     g_clear_error(&error);
     // No file manager on the bus: its folder is opened by association.
     const std::size_t cut = path.rfind('/');
     return open_document(cut == std::string::npos || cut == 0 ? "/" : path.substr(0, cut));
 }
 
-shell_result desktop_shell::show_properties(const std::string& path) {
+outcome desktop_shell::show_properties(const std::string& path) {
     GError* error = nullptr;
     bool lacking = false;
-    if (ask_file_manager("ShowItemProperties", path, lacking, &error)) return shell_result::success();
+    if (ask_file_manager("ShowItemProperties", path, lacking, &error)) return outcome::success();
     return failed_or_lacking("没有文件管理器可以显示属性。", error, lacking);
 }
 
@@ -131,8 +121,7 @@ std::string desktop_shell::find_program(const std::string& name) {
     return to_text(full.get());
 }
 
-std::unique_ptr<started_process> desktop_shell::start_process(const std::vector<std::string>& arguments,
-                                                              std::string& reason) {
+outcome_with<started_process> desktop_shell::start_process(const std::vector<std::string>& arguments) {
     std::vector<std::string> raw;
     raw.reserve(arguments.size());
     for (const std::string& argument : arguments) raw.push_back(to_raw(argument));
@@ -155,21 +144,20 @@ std::unique_ptr<started_process> desktop_shell::start_process(const std::vector<
     object_pointer<GSubprocess> process(
         g_subprocess_launcher_spawnv(launcher.get(), pointers.data(), &error));
     if (process) return std::make_unique<desktop_process>(std::move(process));
-    reason = failed("程序不能启动。", error).reason;
-    return nullptr;
+    return desktop_failure("程序不能启动。", error);
 }
 
-shell_result desktop_shell::set_clipboard(const std::string&) {
-    return shell_result::failure("没有剪贴板。");
+outcome desktop_shell::set_clipboard(const std::string&) {
+    return outcome::failure("没有剪贴板。");
 }
 
-shell_result desktop_shell::send_keys(const std::string&) {
-    return shell_result::failure("不能向其他程序发送按键。");
+outcome desktop_shell::send_keys(const std::string&) {
+    return outcome::failure("不能向其他程序发送按键。");
 }
 
-shell_result desktop_shell::open_help_topic(const std::string& help_file, const std::string&) {
+outcome desktop_shell::open_help_topic(const std::string& help_file, const std::string&) {
     if (!g_file_query_exists(file_at(help_file).get(), nullptr))
-        return shell_result::failure(help_file + "  不存在");
+        return outcome::failure(help_file + "  不存在");
     return open_document(help_file);
 }
 

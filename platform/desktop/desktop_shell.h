@@ -8,18 +8,17 @@ namespace corvane {
 
 class desktop_shell : public shell {
   public:
-    shell_result recycle(const std::string& path) override;
-    shell_result open_document(const std::string& path) override;
-    shell_result show_in_file_manager(const std::string& path) override;
-    shell_result show_properties(const std::string& path) override;
+    outcome recycle(const std::string& path) override;
+    outcome open_document(const std::string& path) override;
+    outcome show_in_file_manager(const std::string& path) override;
+    outcome show_properties(const std::string& path) override;
     std::string find_program(const std::string& name) override;
-    std::unique_ptr<started_process> start_process(const std::vector<std::string>& arguments,
-                                                   std::string& reason) override;
+    outcome_with<started_process> start_process(const std::vector<std::string>& arguments) override;
     // Only a front end with windows owns a clipboard.
-    shell_result set_clipboard(const std::string& text) override;
+    outcome set_clipboard(const std::string& text) override;
     // No display system of this desktop lets one program type into another.
-    shell_result send_keys(const std::string& keys) override;
-    shell_result open_help_topic(const std::string& help_file, const std::string& topic) override;
+    outcome send_keys(const std::string& keys) override;
+    outcome open_help_topic(const std::string& help_file, const std::string& topic) override;
 };
 
 }  // namespace corvane

@@ -1,15 +1,15 @@
-// Attributes of a path on Linux: hidden is a leading dot, read-only is no write permission at all.
+#include "platform/linux/linux_attributes.h"
+
 #include <errno.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstring>
 #include <string>
 #include <string_view>
 
-#include "platform/linux/linux_file_system.h"
 #include "platform/linux/raw_path.h"
+#include "platform/linux/system_failure.h"
 
 namespace corvane {
 
@@ -27,7 +27,7 @@ bool has_hidden_name(std::string_view path) {
 
 }  // namespace
 
-path_attributes linux_file_system::attributes(const std::string& path) {
+path_attributes linux_attributes::of(const std::string& path) const {
     const std::string_view plain = without_separator(path);
     const raw_path raw(plain);
     struct stat facts;
@@ -47,32 +47,27 @@ path_attributes linux_file_system::attributes(const std::string& path) {
     return result;
 }
 
-bool linux_file_system::clear_attributes(const std::string& path, std::string& error) {
+outcome linux_attributes::clear(const std::string& path) {
     const std::string_view plain = without_separator(path);
     const raw_path raw(plain);
     struct stat facts;
-    if (lstat(raw.c_str(), &facts) != 0) {
-        error = std::strerror(errno);
-        return false;
-    }
+    if (lstat(raw.c_str(), &facts) != 0) return system_failure();
     // A link has no permissions of its own.
     if (!S_ISLNK(facts.st_mode) && (facts.st_mode & S_IWUSR) == 0 &&
-        fchmodat(AT_FDCWD, raw.c_str(), (facts.st_mode & 07777) | S_IWUSR, AT_SYMLINK_NOFOLLOW) != 0) {
-        error = std::strerror(errno);
-        return false;
-    }
+        fchmodat(AT_FDCWD, raw.c_str(), (facts.st_mode & 07777) | S_IWUSR, AT_SYMLINK_NOFOLLOW) != 0)
+        return system_failure();
     if (has_hidden_name(plain)) unhidden_.emplace(plain);
-    return true;
+    return outcome::success();
 }
 
-file_access linux_file_system::access(const std::string& path) {
+file_access linux_attributes::access(const std::string& path) const {
     const raw_path raw(path);
     struct stat facts;
     if (lstat(raw.c_str(), &facts) != 0 || !S_ISREG(facts.st_mode)) return {};
     return {true, facts.st_mode & 0777, facts.st_uid, facts.st_gid};
 }
 
-void linux_file_system::restore_access(const std::string& path, const file_access& access) {
+void linux_attributes::restore_access(const std::string& path, const file_access& access) const {
     const raw_path raw(path);
     if (!access.known || !this->access(path).known) return;
     // Only an administrator gives files away; the permissions are the user's.

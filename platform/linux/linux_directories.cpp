@@ -1,5 +1,5 @@
-// Listing a directory: one system call for a buffer of entries, and no question about an entry whose kind
-// stands in it.
+#include "platform/linux/linux_directories.h"
+
 #include <dirent.h>
 #include <errno.h>
 #include <fcntl.h>
@@ -14,8 +14,8 @@
 #include <vector>
 
 #include "platform/linux/device_number.h"
-#include "platform/linux/linux_file_system.h"
 #include "platform/linux/raw_path.h"
+#include "platform/linux/system_failure.h"
 
 namespace corvane {
 
@@ -23,14 +23,14 @@ namespace {
 
 class linux_directory_reader : public directory_reader {
   public:
-    linux_directory_reader(int descriptor, file_identity identity)
-        : descriptor_(descriptor), identity_(identity), buffer_(buffer_size) {}
-    ~linux_directory_reader() override { close(descriptor_); }
+    linux_directory_reader(descriptor directory, file_identity identity)
+        : directory_(std::move(directory)), identity_(identity), buffer_(buffer_size) {}
 
     bool next(std::string_view& name, entry_kind& kind) override {
         for (;;) {
             if (at_ >= filled_) {
-                const long count = syscall(SYS_getdents64, descriptor_, buffer_.data(), buffer_.size());
+                const long count =
+                    syscall(SYS_getdents64, directory_.number(), buffer_.data(), buffer_.size());
                 failed_ = count < 0;
                 if (count <= 0) return false;
                 filled_ = static_cast<std::size_t>(count);
@@ -65,7 +65,7 @@ class linux_directory_reader : public directory_reader {
     entry_kind kind_of(unsigned char type, const char* raw) const {
         struct stat facts;
         if (type == DT_UNKNOWN) {
-            if (fstatat(descriptor_, raw, &facts, AT_SYMLINK_NOFOLLOW) != 0) return entry_kind::other;
+            if (fstatat(directory_.number(), raw, &facts, AT_SYMLINK_NOFOLLOW) != 0) return entry_kind::other;
             type = S_ISREG(facts.st_mode)   ? DT_REG
                    : S_ISDIR(facts.st_mode) ? DT_DIR
                    : S_ISLNK(facts.st_mode) ? DT_LNK
@@ -73,12 +73,12 @@ class linux_directory_reader : public directory_reader {
         }
         if (type == DT_REG) return entry_kind::file;
         if (type == DT_DIR) return entry_kind::directory;
-        if (type == DT_LNK && fstatat(descriptor_, raw, &facts, 0) == 0 && S_ISDIR(facts.st_mode))
+        if (type == DT_LNK && fstatat(directory_.number(), raw, &facts, 0) == 0 && S_ISDIR(facts.st_mode))
             return entry_kind::link_to_directory;
         return entry_kind::other;
     }
 
-    int descriptor_;
+    descriptor directory_;
     file_identity identity_;
     std::vector<char> buffer_;
     std::size_t at_ = 0;
@@ -89,7 +89,7 @@ class linux_directory_reader : public directory_reader {
 
 }  // namespace
 
-bool linux_file_system::is_pseudo_device(int descriptor, std::uint64_t device) {
+bool linux_directories::is_pseudo_device(const descriptor& directory, std::uint64_t device) {
     const auto known = pseudo_devices_.find(device);
     if (known != pseudo_devices_.end()) return known->second;
     static constexpr std::uint32_t pseudo_types[] = {PROC_SUPER_MAGIC,
@@ -116,29 +116,20 @@ bool linux_file_system::is_pseudo_device(int descriptor, std::uint64_t device) {
                                                      0x67596969 /*rpc_pipefs*/};
     struct statfs facts;
     bool pseudo = false;
-    if (fstatfs(descriptor, &facts) == 0) {
+    if (fstatfs(directory.number(), &facts) == 0) {
         const auto type = static_cast<std::uint32_t>(facts.f_type);
         pseudo = std::find(std::begin(pseudo_types), std::end(pseudo_types), type) != std::end(pseudo_types);
     }
     return pseudo_devices_[device] = pseudo;
 }
 
-std::unique_ptr<directory_reader> linux_file_system::open_directory(const std::string& path,
-                                                                    std::string& error) {
+outcome_with<directory_reader> linux_directories::open(const std::string& path) {
     const raw_path raw(path);
-    const int descriptor = open(raw.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    descriptor directory = descriptor::open(raw.c_str(), O_RDONLY | O_DIRECTORY);
     struct stat facts;
-    if (descriptor < 0 || fstat(descriptor, &facts) != 0) {
-        error = std::strerror(errno);
-        if (descriptor >= 0) close(descriptor);
-        return nullptr;
-    }
-    if (is_pseudo_device(descriptor, device_of(facts))) {
-        error = std::strerror(EACCES);
-        close(descriptor);
-        return nullptr;
-    }
-    return std::make_unique<linux_directory_reader>(descriptor,
+    if (!directory || fstat(directory.number(), &facts) != 0) return system_failure();
+    if (is_pseudo_device(directory, device_of(facts))) return system_failure(EACCES);
+    return std::make_unique<linux_directory_reader>(std::move(directory),
                                                     file_identity{device_of(facts), facts.st_ino});
 }
 

@@ -8,18 +8,16 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <cstring>
 
+#include "platform/file_time.h"
 #include "platform/linux/device_number.h"
 #include "platform/linux/linux_files.h"
 #include "platform/linux/raw_path.h"
+#include "platform/linux/system_failure.h"
 
 namespace corvane {
 
 namespace {
-
-// Last-write times count 100 ns since 1601-01-01; the Unix epoch is this many seconds later.
-constexpr std::int64_t seconds_1601_to_1970 = 11'644'473'600;
 
 std::string real_path(const std::string& path) {
     const raw_path raw(path);
@@ -49,10 +47,6 @@ std::string user_trash() {
 linux_file_system::linux_file_system()
     : trash_directory_(user_trash()), recycle_name_(".Trash-" + std::to_string(getuid())) {}
 
-linux_file_system::~linux_file_system() {
-    if (claim_ >= 0) close(claim_);
-}
-
 file_facts linux_file_system::facts(std::string_view path) {
     const raw_path raw(path);
     struct statx facts;
@@ -62,10 +56,9 @@ file_facts linux_file_system::facts(std::string_view path) {
         return result;
     result.exists = true;
     result.length = static_cast<std::int64_t>(facts.stx_size);
-    const auto time = static_cast<std::uint64_t>(
-        (facts.stx_mtime.tv_sec + seconds_1601_to_1970) * 10'000'000 + facts.stx_mtime.tv_nsec / 100);
-    result.date_high = static_cast<std::int32_t>(static_cast<std::uint32_t>(time >> 32));
-    result.date_low = static_cast<std::int32_t>(static_cast<std::uint32_t>(time));
+    const file_time time = to_file_time(facts.stx_mtime.tv_sec, facts.stx_mtime.tv_nsec);
+    result.date_high = time.high;
+    result.date_low = time.low;
     result.link_count = facts.stx_nlink;
     result.identity = {device_of(facts.stx_dev_major, facts.stx_dev_minor), facts.stx_ino};
     return result;
@@ -101,78 +94,63 @@ bool linux_file_system::is_recycle_directory(const std::string& path) {
 std::int64_t linux_file_system::read_start(std::string_view path, std::span<std::byte> buffer,
                                            std::size_t expected) {
     const raw_path raw(path);
-    const int descriptor = open(raw.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
-    if (descriptor < 0) return -1;
+    const descriptor file = descriptor::open(raw.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
+    if (!file) return -1;
     std::size_t filled = 0;
-    bool failed = false;
     while (filled < buffer.size() && filled != expected) {
-        const ssize_t count = read(descriptor, buffer.data() + filled, buffer.size() - filled);
+        const ssize_t count = read(file.number(), buffer.data() + filled, buffer.size() - filled);
         if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) {
-            failed = count < 0;
-            break;
-        }
+        if (count < 0) return -1;
+        if (count == 0) break;
         filled += static_cast<std::size_t>(count);
     }
-    close(descriptor);
-    return failed ? -1 : static_cast<std::int64_t>(filled);
+    return static_cast<std::int64_t>(filled);
 }
 
-std::unique_ptr<file_reader> linux_file_system::open_file(std::string_view path, std::string& error) {
-    return open_linux_reader(raw_path(path).c_str(), error);
+outcome_with<file_reader> linux_file_system::open_file(std::string_view path) {
+    return open_linux_reader(raw_path(path).c_str());
 }
 
-std::unique_ptr<file_writer> linux_file_system::replace_file(const std::string& path, std::string& error) {
-    return open_replacing_writer(raw_path(path).c_str(), error);
+outcome_with<file_writer> linux_file_system::replace_file(const std::string& path) {
+    return open_replacing_writer(raw_path(path).c_str());
 }
 
-std::unique_ptr<file_writer> linux_file_system::overwrite_file(const std::string& path, std::string& error) {
-    return open_overwriting_writer(raw_path(path).c_str(), error);
+outcome_with<file_writer> linux_file_system::overwrite_file(const std::string& path) {
+    return open_overwriting_writer(raw_path(path).c_str());
 }
 
 bool linux_file_system::can_write_into(const std::string& directory) {
     // A trial says more than the permission bits: the superuser passes those on a read-only disk, too.
     std::string trial = raw_path(directory).c_str();
     trial += "/.corvane.XXXXXX";
-    const int descriptor = mkostemp(trial.data(), O_CLOEXEC);
-    if (descriptor < 0) return false;
-    close(descriptor);
+    if (!descriptor::open_new(trial)) return false;
     unlink(trial.c_str());
     return true;
 }
 
 bool linux_file_system::claim_directory(const std::string& directory) {
-    const int descriptor = open(raw_path(directory).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) return true;
-    if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-        close(descriptor);
-        return false;
-    }
-    if (claim_ >= 0) close(claim_);
-    claim_ = descriptor;
+    descriptor claim = descriptor::open(raw_path(directory).c_str(), O_RDONLY | O_DIRECTORY);
+    if (!claim) return true;
+    if (flock(claim.number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return false;
+    claim_ = std::move(claim);
     return true;
 }
 
-bool linux_file_system::put_text(const std::string& path, std::string_view text, std::string& error) {
-    return put_linux_text(raw_path(path).c_str(), text, error);
+outcome linux_file_system::put_text(const std::string& path, std::string_view text) {
+    return put_linux_text(raw_path(path).c_str(), text);
 }
 
-bool linux_file_system::remove_file(const std::string& path, std::string& error) {
+outcome linux_file_system::remove_file(const std::string& path) {
     const raw_path raw(path);
     struct stat facts;
-    if (lstat(raw.c_str(), &facts) == 0 && !S_ISREG(facts.st_mode)) {
-        error = std::strerror(S_ISDIR(facts.st_mode) ? EISDIR : EINVAL);
-        return false;
-    }
-    if (unlink(raw.c_str()) == 0) return true;
-    error = std::strerror(errno);
-    return false;
+    if (lstat(raw.c_str(), &facts) == 0 && !S_ISREG(facts.st_mode))
+        return system_failure(S_ISDIR(facts.st_mode) ? EISDIR : EINVAL);
+    return unlink(raw.c_str()) == 0 ? outcome::success() : system_failure();
 }
 
-bool linux_file_system::remove_data_file(const std::string& path, std::string& error) {
-    if (unlink(raw_path(path).c_str()) == 0 || errno == ENOENT) return true;
-    error = std::strerror(errno);
-    return false;
+outcome linux_file_system::remove_data_file(const std::string& path) {
+    if (unlink(raw_path(path).c_str()) == 0 || errno == ENOENT) return outcome::success();
+    return system_failure();
 }
 
 }  // namespace corvane

@@ -2,50 +2,52 @@
 #pragma once
 
 #include <string>
-#include <unordered_map>
-#include <unordered_set>
 
 #include "platform/file_system.h"
+#include "platform/linux/descriptor.h"
+#include "platform/linux/linux_attributes.h"
+#include "platform/linux/linux_directories.h"
+#include "platform/linux/linux_volumes.h"
 
 namespace corvane {
 
 class linux_file_system : public file_system {
   public:
     linux_file_system();
-    ~linux_file_system() override;
 
     char separator() const override { return '/'; }
     bool ignores_case() const override { return false; }
-    std::vector<volume> volumes() override;
-    std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) override;
-    path_attributes attributes(const std::string& path) override;
-    bool clear_attributes(const std::string& path, std::string& error) override;
-    file_access access(const std::string& path) override;
-    void restore_access(const std::string& path, const file_access& access) override;
+    std::vector<volume> volumes() override { return linux_volumes(); }
+    outcome_with<directory_reader> open_directory(const std::string& path) override {
+        return directories_.open(path);
+    }
+    path_attributes attributes(const std::string& path) override { return attributes_.of(path); }
+    outcome clear_attributes(const std::string& path) override { return attributes_.clear(path); }
+    file_access access(const std::string& path) override { return attributes_.access(path); }
+    void restore_access(const std::string& path, const file_access& access) override {
+        attributes_.restore_access(path, access);
+    }
     file_facts facts(std::string_view path) override;
     std::string resolve(const std::string& path) override;
     bool identity(const std::string& path, file_identity& identity) override;
     bool is_recycle_directory(const std::string& path) override;
     std::int64_t read_start(std::string_view path, std::span<std::byte> buffer,
                             std::size_t expected) override;
-    std::unique_ptr<file_reader> open_file(std::string_view path, std::string& error) override;
-    std::unique_ptr<file_writer> replace_file(const std::string& path, std::string& error) override;
-    std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) override;
-    bool put_text(const std::string& path, std::string_view text, std::string& error) override;
+    outcome_with<file_reader> open_file(std::string_view path) override;
+    outcome_with<file_writer> replace_file(const std::string& path) override;
+    outcome_with<file_writer> overwrite_file(const std::string& path) override;
+    outcome put_text(const std::string& path, std::string_view text) override;
     bool can_write_into(const std::string& directory) override;
     bool claim_directory(const std::string& directory) override;
-    bool remove_file(const std::string& path, std::string& error) override;
-    bool remove_data_file(const std::string& path, std::string& error) override;
+    outcome remove_file(const std::string& path) override;
+    outcome remove_data_file(const std::string& path) override;
 
   private:
-    // True for proc, sysfs, cgroup and their like. Asked once a device.
-    bool is_pseudo_device(int descriptor, std::uint64_t device);
-
     std::string trash_directory_;  // the user's trash, with a closing separator; text, resolved
     std::string recycle_name_;     // ".Trash-<uid>"
-    std::unordered_map<std::uint64_t, bool> pseudo_devices_;
-    std::unordered_set<std::string> unhidden_;  // without a closing separator; no longer count as hidden
-    int claim_ = -1;                            // descriptor of the claimed directory
+    linux_directories directories_;
+    linux_attributes attributes_;
+    descriptor claim_;  // the claimed directory
 };
 
 }  // namespace corvane

@@ -2,22 +2,20 @@
 // bytes. Used by linux_file_system alone.
 #pragma once
 
-#include <memory>
-#include <string>
 #include <string_view>
 
 #include "platform/file_system.h"
 
 namespace corvane {
 
-// Null, with the system's words in `error`, when the file cannot be opened or is not regular.
-std::unique_ptr<file_reader> open_linux_reader(const char* raw_path, std::string& error);
+// Fails for what is no regular file, too.
+outcome_with<file_reader> open_linux_reader(const char* raw_path);
 // Writes to a temporary file beside the place; commit flushes it and renames it over the place.
-std::unique_ptr<file_writer> open_replacing_writer(const char* raw_path, std::string& error);
+outcome_with<file_writer> open_replacing_writer(const char* raw_path);
 // Truncates the file and writes in place.
-std::unique_ptr<file_writer> open_overwriting_writer(const char* raw_path, std::string& error);
+outcome_with<file_writer> open_overwriting_writer(const char* raw_path);
 
 // Writes the text over the start of the file, in place, and cuts the file to its length.
-bool put_linux_text(const char* raw_path, std::string_view text, std::string& error);
+outcome put_linux_text(const char* raw_path, std::string_view text);
 
 }  // namespace corvane

@@ -1,5 +1,5 @@
-// The places of a Linux machine where a search can start: the home directory and the mounts with files of the
-// user.
+#include "platform/linux/linux_volumes.h"
+
 #include <dirent.h>
 #include <limits.h>
 #include <mntent.h>
@@ -16,7 +16,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/linux_file_system.h"
 #include "platform/linux/name_mapping.h"
 
 namespace corvane {
@@ -81,7 +80,7 @@ bool is_directory(const std::string& raw_path) {
 
 }  // namespace
 
-std::vector<volume> linux_file_system::volumes() {
+std::vector<volume> linux_volumes() {
     std::vector<volume> found;
     std::set<std::string> known;
     if (FILE* mounts = setmntent("/proc/self/mounts", "r")) {

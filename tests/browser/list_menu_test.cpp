@@ -76,10 +76,10 @@ TEST(ListMenu, ABoxOfThePanelOpensItsDirectory) {
 TEST(ListMenu, AFailureShowsNothingButWhatTheDesktopLacksIsTold) {
     two_rows p;
     p.right_press(1, 3);
-    p.desktop.answer = shell_result::failure("broken");
+    p.desktop.answer = outcome::failure("broken");
     p.form.run("open_same_file");
     EXPECT_TRUE(p.screen.messages.empty());
-    p.desktop.answer = shell_result::lack("没有可以打开它的程序。");
+    p.desktop.answer = outcome::lack("没有可以打开它的程序。");
     p.form.run("open_same_file");
     p.form.run("mnu_enter_dir");
     p.form.run("disp_same_file_attr");

@@ -25,9 +25,10 @@ TEST(ListViews, EveryColumnThatARowNamesIsThere) {
             EXPECT_EQ(view.columns[static_cast<std::size_t>(path)].content, cell_content::text);
             EXPECT_EQ(view.columns[static_cast<std::size_t>(path)].width, view_column::shared_width);
         }
-        if (view.length_column != 0)
+        if (view.length_column != 0) {
             EXPECT_EQ(view.columns[static_cast<std::size_t>(view.length_column)].content,
                       cell_content::number);
+        }
         EXPECT_EQ(view.marks == mark_rule::pairs, view.holds_copies) << view.list_mode;
     }
 }

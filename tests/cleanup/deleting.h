@@ -15,10 +15,10 @@ namespace corvane {
 struct deleting : list_program {
     deleting() {
         desktop.on_recycle = [this](const std::string& path) {
-            if (refused.count(path) != 0 || !files.has(path)) return shell_result::failure("no trash here");
+            if (refused.count(path) != 0 || !files.has(path)) return outcome::failure("no trash here");
             files.erase(path);
             recycled.push_back(path);
-            return shell_result::success();
+            return outcome::success();
         };
     }
     // Shows the pairs and puts a file of the row's length behind each path that is not in an archive.

@@ -13,7 +13,7 @@ struct empty_program : list_program {
         form.ListView1.place.width = 9000;
         desktop.on_recycle = [this](const std::string& path) {
             if (!bin_refuses) files.erase(path);
-            return bin_refuses ? shell_result::failure("no trash") : shell_result::success();
+            return bin_refuses ? outcome::failure("no trash") : outcome::success();
         };
     }
 

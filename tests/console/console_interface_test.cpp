@@ -51,9 +51,16 @@ TEST(ConsoleInterface, AQuestionWithoutAnAnswerIsRefusedAndTold) {
     console c;
     int told = 0;
     c.screen.set_unanswered([&told] { ++told; });
-    EXPECT_EQ(c.screen.show_message(question()), box_answer::no);
+    EXPECT_EQ(c.screen.show_message(question()), box_answer::dismissed);
     EXPECT_EQ(told, 1);
     EXPECT_TRUE(c.screen.question_unanswered());
+}
+
+TEST(ConsoleInterface, CancelDismissesAQuestion) {
+    console c;
+    c.screen.queue_answer("cancel");
+    EXPECT_EQ(c.screen.show_message(question()), box_answer::dismissed);
+    EXPECT_FALSE(c.screen.question_unanswered());
 }
 
 TEST(ConsoleInterface, AnInputBoxTakesTheNextAnswerAsItsText) {

@@ -34,7 +34,6 @@ class Attributes : public testing::Test {
     }
 
     std::string root;
-    std::string error;
     linux_file_system files;
 };
 
@@ -42,7 +41,7 @@ TEST_F(Attributes, ClearingGivesTheOwnerWritePermissionAndNothingElse) {
     const std::string path = make_directory("locked");
     chmod(path.c_str(), 0550);
     EXPECT_TRUE(files.attributes(path + "/").read_only);
-    EXPECT_TRUE(files.clear_attributes(path + "/", error));
+    EXPECT_TRUE(files.clear_attributes(path + "/"));
     EXPECT_EQ(mode(path), 0750u);
     EXPECT_FALSE(files.attributes(path + "/").read_only);
     EXPECT_FALSE(files.attributes(path).hidden);
@@ -52,7 +51,7 @@ TEST_F(Attributes, AClearedNameNoLongerCountsAsHiddenInThisRun) {
     const std::string path = make_directory(".hidden");
     std::ofstream(root + ".other") << "x";
     EXPECT_TRUE(files.attributes(path + "/").hidden);
-    EXPECT_TRUE(files.clear_attributes(path + "/", error));
+    EXPECT_TRUE(files.clear_attributes(path + "/"));
     EXPECT_FALSE(files.attributes(path + "/").hidden);
     EXPECT_FALSE(files.attributes(path).hidden);
     EXPECT_TRUE(files.attributes(root + ".other").hidden);
@@ -64,7 +63,7 @@ TEST_F(Attributes, BothAreClearedAtOnce) {
     const std::string path = root + ".both";
     std::ofstream(path) << "x";
     chmod(path.c_str(), 0400);
-    EXPECT_TRUE(files.clear_attributes(path, error));
+    EXPECT_TRUE(files.clear_attributes(path));
     const path_attributes after = files.attributes(path);
     EXPECT_TRUE(after.exists);
     EXPECT_FALSE(after.hidden);
@@ -72,8 +71,9 @@ TEST_F(Attributes, BothAreClearedAtOnce) {
 }
 
 TEST_F(Attributes, WhatIsGoneCannotBeCleared) {
-    EXPECT_FALSE(files.clear_attributes(root + ".gone", error));
-    EXPECT_FALSE(error.empty());
+    const outcome cleared = files.clear_attributes(root + ".gone");
+    EXPECT_FALSE(cleared);
+    EXPECT_FALSE(cleared.reason.empty());
     make_directory(".gone");
     EXPECT_TRUE(files.attributes(root + ".gone").hidden);
 }
@@ -102,7 +102,7 @@ TEST_F(Attributes, ClearingALinkLeavesItsTargetAlone) {
     const std::string target = make_directory("target");
     chmod(target.c_str(), 0500);
     disk::create_symlink(target, root + ".link");
-    EXPECT_TRUE(files.clear_attributes(root + ".link", error));
+    EXPECT_TRUE(files.clear_attributes(root + ".link"));
     EXPECT_EQ(mode(target), 0500u);
     EXPECT_FALSE(files.attributes(root + ".link").hidden);
 }
@@ -111,7 +111,7 @@ TEST_F(Attributes, MappedNamesAreCleared) {
     make_directory(".star*");
     const std::string text = root + ".star\xEF\x80\xAA";
     EXPECT_TRUE(files.attributes(text).hidden);
-    EXPECT_TRUE(files.clear_attributes(text, error));
+    EXPECT_TRUE(files.clear_attributes(text));
     EXPECT_FALSE(files.attributes(text).hidden);
 }
 
@@ -120,19 +120,18 @@ TEST(MemoryAttributes, ClearingWorksAsOnTheDisk) {
     files.add_directory("/d/.h").hidden = true;
     files.add_file("/d/locked").read_only = true;
     files.add_link("/d/link", "/d/.h");
-    std::string error;
     EXPECT_TRUE(files.attributes("/d/.h/").hidden);
     EXPECT_TRUE(files.attributes("/d/locked").read_only);
     EXPECT_TRUE(files.attributes("/d/link/").link);
     EXPECT_FALSE(files.attributes("/d/locked/").exists);
-    EXPECT_TRUE(files.clear_attributes("/d/.h/", error));
-    EXPECT_TRUE(files.clear_attributes("/d/locked", error));
+    EXPECT_TRUE(files.clear_attributes("/d/.h/"));
+    EXPECT_TRUE(files.clear_attributes("/d/locked"));
     EXPECT_FALSE(files.attributes("/d/.h").hidden);
     EXPECT_FALSE(files.attributes("/d/locked").read_only);
-    EXPECT_FALSE(files.clear_attributes("/d/gone", error));
+    EXPECT_FALSE(files.clear_attributes("/d/gone"));
     memory_file& fixed = files.add_file("/d/fixed");
     fixed.read_only = fixed.keeps_attributes = true;
-    EXPECT_FALSE(files.clear_attributes("/d/fixed", error));
+    EXPECT_FALSE(files.clear_attributes("/d/fixed"));
     EXPECT_TRUE(files.attributes("/d/fixed").read_only);
 }
 

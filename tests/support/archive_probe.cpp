@@ -47,8 +47,7 @@ std::string archive_probe::read(std::string bytes) {
     state.file_list.clear();
     state.walk_count = 0;
     state.archive_error_count = 0;
-    std::string error;
-    line_writer report(program_.files.overwrite_file("/prog/err.txt", error), error);
+    line_writer report(program_.files.overwrite_file("/prog/err.txt"));
     walk_output output(state, report);
     const archive_context context{program_.files, program_.encodings, state};
     if (least_member_ == 1)

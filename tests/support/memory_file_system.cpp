@@ -49,31 +49,26 @@ class memory_writer : public file_writer {
         : files_(files), path_(std::move(path)), in_place_(in_place) {
         if (in_place_) files_.place(path_).content.clear();
     }
-    bool write(std::string_view bytes) override {
-        if (path_ == files_.write_failure_path) {
-            error_ = files_.write_failure_words;
-            return false;
-        }
+    outcome write(std::string_view bytes) override {
+        if (path_ == files_.write_failure_path) return outcome::failure(files_.write_failure_words);
         content_ += bytes;
         if (in_place_) files_.place(path_).content = content_;
-        return true;
+        return outcome::success();
     }
-    bool write_at(std::int64_t offset, std::string_view bytes) override {
+    outcome write_at(std::int64_t offset, std::string_view bytes) override {
         content_.replace(static_cast<std::size_t>(offset), bytes.size(), bytes);
-        return true;
+        return outcome::success();
     }
-    bool commit() override {
+    outcome commit() override {
         files_.place(path_).content = content_;
         if (files_.on_commit) files_.on_commit(path_);
-        return true;
+        return outcome::success();
     }
-    const std::string& error() const override { return error_; }
 
   private:
     memory_file_system& files_;
     std::string path_;
     std::string content_;
-    std::string error_;
     bool in_place_;
 };
 
@@ -167,18 +162,15 @@ std::int64_t memory_file_system::total_opened() const {
     return total;
 }
 
-std::unique_ptr<directory_reader> memory_file_system::open_directory(const std::string& path,
-                                                                     std::string& error) {
+outcome_with<directory_reader> memory_file_system::open_directory(const std::string& path) {
     const memory_file* directory = find(path);
     std::string base = key(path);
     if (directory != nullptr && directory->kind == entry_kind::link_to_directory) {
         base = key(directory->link_target);
         directory = find(base);
     }
-    if (directory == nullptr || directory->kind != entry_kind::directory || directory->unreadable) {
-        error = directory == nullptr ? "no such directory" : "access denied";
-        return nullptr;
-    }
+    if (directory == nullptr || directory->kind != entry_kind::directory || directory->unreadable)
+        return outcome::failure(directory == nullptr ? "no such directory" : "access denied");
     if (base.back() != separator_) base += separator_;
     std::vector<std::pair<std::string, entry_kind>> entries;
     for (const auto& [name, file] : entries_)
@@ -202,15 +194,13 @@ path_attributes memory_file_system::attributes(const std::string& path) {
     return result;
 }
 
-bool memory_file_system::clear_attributes(const std::string& path, std::string& error) {
+outcome memory_file_system::clear_attributes(const std::string& path) {
     memory_file* file = find(path);
-    if (file == nullptr || file->keeps_attributes) {
-        error = file == nullptr ? "no such file" : "operation not permitted";
-        return false;
-    }
+    if (file == nullptr || file->keeps_attributes)
+        return outcome::failure(file == nullptr ? "no such file" : "operation not permitted");
     if (file->kind != entry_kind::link_to_directory) file->read_only = false;
     unhidden_.insert(key(path));
-    return true;
+    return outcome::success();
 }
 
 file_facts memory_file_system::facts(std::string_view path) {
@@ -241,48 +231,44 @@ bool memory_file_system::identity(const std::string& path, file_identity& identi
 }
 
 std::int64_t memory_file_system::read_start(std::string_view path, std::span<std::byte> buffer, std::size_t) {
-    std::string error;
-    const std::unique_ptr<file_reader> reader = open_file(path, error);
+    const outcome_with<file_reader> reader = open_file(path);
     return reader ? reader->read_at(0, buffer) : -1;
 }
 
-std::unique_ptr<file_reader> memory_file_system::open_file(std::string_view path, std::string& error) {
+outcome_with<file_reader> memory_file_system::open_file(std::string_view path) {
     const memory_file* file = path.find('*') == std::string_view::npos ? find(path) : nullptr;
-    if (file == nullptr || file->kind != entry_kind::file || file->unreadable) {
-        error = file == nullptr ? "no such file" : "access denied";
-        return nullptr;
-    }
+    if (file == nullptr || file->kind != entry_kind::file || file->unreadable)
+        return outcome::failure(file == nullptr ? "no such file" : "access denied");
     ++opened[std::string(path)];
     return std::make_unique<memory_reader>(*this, std::string(path));
 }
 
-std::unique_ptr<file_writer> memory_file_system::replace_file(const std::string& path, std::string&) {
+outcome_with<file_writer> memory_file_system::replace_file(const std::string& path) {
     return std::make_unique<memory_writer>(*this, key(path), false);
 }
 
-std::unique_ptr<file_writer> memory_file_system::overwrite_file(const std::string& path, std::string&) {
+outcome_with<file_writer> memory_file_system::overwrite_file(const std::string& path) {
     return std::make_unique<memory_writer>(*this, key(path), true);
 }
 
-bool memory_file_system::put_text(const std::string& path, std::string_view text, std::string& error) {
-    const std::unique_ptr<file_writer> writer = overwrite_file(path, error);
-    return writer && writer->write(text) && writer->commit();
+outcome memory_file_system::put_text(const std::string& path, std::string_view text) {
+    const outcome_with<file_writer> writer = overwrite_file(path);
+    const outcome written = writer->write(text);
+    return written ? writer->commit() : written;
 }
 
-bool memory_file_system::remove_file(const std::string& path, std::string& error) {
+outcome memory_file_system::remove_file(const std::string& path) {
     const memory_file* file = find(path);
-    if (file == nullptr || file->kind != entry_kind::file || file->keeps_itself) {
-        error = "cannot be deleted";
-        return false;
-    }
+    if (file == nullptr || file->kind != entry_kind::file || file->keeps_itself)
+        return outcome::failure("cannot be deleted");
     removed.push_back(path);
     entries_.erase(key(path));
-    return true;
+    return outcome::success();
 }
 
-bool memory_file_system::remove_data_file(const std::string& path, std::string&) {
+outcome memory_file_system::remove_data_file(const std::string& path) {
     erase(path);
-    return true;
+    return outcome::success();
 }
 
 }  // namespace corvane

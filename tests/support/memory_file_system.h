@@ -63,9 +63,9 @@ class memory_file_system : public file_system {
         if (!mounted.empty()) return mounted;
         return {{separator_ == '/' ? "/" : "C:\\", "", volume_kind::root, 1'000'000'000, 2'000'000'000}};
     }
-    std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) override;
+    outcome_with<directory_reader> open_directory(const std::string& path) override;
     path_attributes attributes(const std::string& path) override;
-    bool clear_attributes(const std::string& path, std::string& error) override;
+    outcome clear_attributes(const std::string& path) override;
     file_access access(const std::string& path) override { return {has(path), modes[path], 0, 0}; }
     void restore_access(const std::string& path, const file_access& access) override {
         if (access.known) modes[path] = access.mode;
@@ -78,14 +78,14 @@ class memory_file_system : public file_system {
     }
     std::int64_t read_start(std::string_view path, std::span<std::byte> buffer,
                             std::size_t expected) override;
-    std::unique_ptr<file_reader> open_file(std::string_view path, std::string& error) override;
-    std::unique_ptr<file_writer> replace_file(const std::string& path, std::string& error) override;
-    std::unique_ptr<file_writer> overwrite_file(const std::string& path, std::string& error) override;
-    bool put_text(const std::string& path, std::string_view text, std::string& error) override;
+    outcome_with<file_reader> open_file(std::string_view path) override;
+    outcome_with<file_writer> replace_file(const std::string& path) override;
+    outcome_with<file_writer> overwrite_file(const std::string& path) override;
+    outcome put_text(const std::string& path, std::string_view text) override;
     bool can_write_into(const std::string&) override { return !folder_locked; }
     bool claim_directory(const std::string&) override { return !claimed_by_another; }
-    bool remove_file(const std::string& path, std::string& error) override;
-    bool remove_data_file(const std::string& path, std::string& error) override;
+    outcome remove_file(const std::string& path) override;
+    outcome remove_data_file(const std::string& path) override;
 
   private:
     friend class memory_writer;

@@ -40,7 +40,7 @@ class scripted_interface : public user_interface {
         messages.push_back(shown);
         if (on_message) on_message(shown);
         if (shown.buttons == box_buttons::ok) return box_answer::ok;
-        if (answers.empty()) return box_answer::no;
+        if (answers.empty()) return box_answer::dismissed;
         const box_answer answer = answers.front();
         answers.pop_front();
         return answer;
@@ -103,18 +103,17 @@ class scripted_process : public started_process {
 class recording_shell : public shell, public power {
   public:
     std::vector<std::string> calls;
-    shell_result answer = shell_result::success();  // of every call
+    outcome answer = outcome::success();  // of every call
 
-    std::function<shell_result(const std::string&)>
-        on_recycle;  // what the recycle bin does; nothing without it
+    std::function<outcome(const std::string&)> on_recycle;  // what the recycle bin does; nothing without it
 
-    shell_result recycle(const std::string& path) override {
-        const shell_result noted = note("recycle " + path);
+    outcome recycle(const std::string& path) override {
+        const outcome noted = note("recycle " + path);
         return on_recycle ? on_recycle(path) : noted;
     }
-    shell_result open_document(const std::string& path) override { return note("open " + path); }
-    shell_result show_in_file_manager(const std::string& path) override { return note("select " + path); }
-    shell_result show_properties(const std::string& path) override { return note("properties " + path); }
+    outcome open_document(const std::string& path) override { return note("open " + path); }
+    outcome show_in_file_manager(const std::string& path) override { return note("select " + path); }
+    outcome show_properties(const std::string& path) override { return note("properties " + path); }
     std::map<std::string, std::string> programs;  // installed ones: bare name and full path
     // What a started process does at its start; false: it cannot be started. Without it, nothing.
     std::function<bool(const std::vector<std::string>&)> on_start;
@@ -125,24 +124,22 @@ class recording_shell : public shell, public power {
         const auto found = programs.find(name);
         return found == programs.end() ? std::string() : found->second;
     }
-    std::unique_ptr<started_process> start_process(const std::vector<std::string>& arguments,
-                                                   std::string& reason) override {
+    outcome_with<started_process> start_process(const std::vector<std::string>& arguments) override {
         started.push_back(arguments);
         if (!on_start || on_start(arguments)) return std::make_unique<scripted_process>(waits_for_process);
-        reason = "cannot be started";
-        return nullptr;
+        return outcome::failure("cannot be started");
     }
-    shell_result set_clipboard(const std::string& text) override { return note("clipboard " + text); }
-    shell_result send_keys(const std::string& keys) override { return note("keys " + keys); }
-    shell_result open_help_topic(const std::string&, const std::string& topic) override {
+    outcome set_clipboard(const std::string& text) override { return note("clipboard " + text); }
+    outcome send_keys(const std::string& keys) override { return note("keys " + keys); }
+    outcome open_help_topic(const std::string&, const std::string& topic) override {
         return note("help " + topic);
     }
-    shell_result log_off() override { return note("log_off"); }
-    shell_result reboot() override { return note("reboot"); }
-    shell_result power_off() override { return note("power_off"); }
+    outcome log_off() override { return note("log_off"); }
+    outcome reboot() override { return note("reboot"); }
+    outcome power_off() override { return note("power_off"); }
 
   private:
-    shell_result note(std::string call) {
+    outcome note(std::string call) {
         calls.push_back(std::move(call));
         return answer;
     }

@@ -41,11 +41,11 @@ class stuttering_reader : public directory_reader {
 
 struct watched_file_system : memory_file_system {
     using memory_file_system::memory_file_system;
-    std::unique_ptr<directory_reader> open_directory(const std::string& path, std::string& error) override {
+    outcome_with<directory_reader> open_directory(const std::string& path) override {
         tried.push_back(path);
-        std::unique_ptr<directory_reader> reader = memory_file_system::open_directory(path, error);
+        outcome_with<directory_reader> reader = memory_file_system::open_directory(path);
         if (!reader || times == 1) return reader;
-        return std::make_unique<stuttering_reader>(std::move(reader), times);
+        return std::make_unique<stuttering_reader>(std::move(reader.object), times);
     }
     path_attributes attributes(const std::string& path) override {
         ++attributes_asked;

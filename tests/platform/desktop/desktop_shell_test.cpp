@@ -127,35 +127,35 @@ class DesktopShell : public testing::Test {
 TEST_F(DesktopShell, ShowsAFileAndItsPropertiesThroughTheFileManager) {
     mock_file_manager manager(g_test_dbus_get_bus_address(bus_));
     const std::string path = make_file("with blank 中.txt");
-    EXPECT_TRUE(desktop.show_in_file_manager(path).done);
-    EXPECT_TRUE(desktop.show_properties(path).done);
+    EXPECT_TRUE(desktop.show_in_file_manager(path).ok);
+    EXPECT_TRUE(desktop.show_properties(path).ok);
     const std::string uri = "file://" + root_ + "/with%20blank%20%E4%B8%AD.txt";
     EXPECT_EQ(manager.calls(), (texts{"ShowItems " + uri, "ShowItemProperties " + uri}));
 }
 
 TEST_F(DesktopShell, WithoutAFileManagerTheDesktopLacksProperties) {
-    const shell_result result = desktop.show_properties(make_file("a"));
-    EXPECT_FALSE(result.done);
+    const outcome result = desktop.show_properties(make_file("a"));
+    EXPECT_FALSE(result.ok);
     EXPECT_TRUE(result.lacking);
     EXPECT_TRUE(result.reason.starts_with("没有文件管理器可以显示属性。"));
 }
 
 TEST_F(DesktopShell, WithoutAFileManagerAndAssociationTheDesktopLacksAView) {
-    const shell_result result = desktop.show_in_file_manager(make_file("a"));
-    EXPECT_FALSE(result.done);
+    const outcome result = desktop.show_in_file_manager(make_file("a"));
+    EXPECT_FALSE(result.ok);
     EXPECT_TRUE(result.lacking);
 }
 
 TEST_F(DesktopShell, WithoutAnAssociationTheDesktopLacksAProgram) {
-    const shell_result result = desktop.open_document(make_file("a.unknown"));
-    EXPECT_FALSE(result.done);
+    const outcome result = desktop.open_document(make_file("a.unknown"));
+    EXPECT_FALSE(result.ok);
     EXPECT_TRUE(result.lacking);
     EXPECT_TRUE(result.reason.starts_with("没有可以打开它的程序。"));
 }
 
 TEST_F(DesktopShell, AMissingFileFailsWithoutLacking) {
-    const shell_result result = desktop.open_document(root_ + "/gone");
-    EXPECT_FALSE(result.done);
+    const outcome result = desktop.open_document(root_ + "/gone");
+    EXPECT_FALSE(result.ok);
     EXPECT_FALSE(result.lacking);
 }
 
@@ -168,9 +168,8 @@ TEST_F(DesktopShell, FindsAProgramByItsBareName) {
 TEST_F(DesktopShell, AStartedProcessIsAskedForItsEndAndIsNotWaitedFor) {
     const std::string gate = root_ + "/gate";
     ASSERT_EQ(mkfifo(gate.c_str(), 0600), 0);
-    std::string reason;
-    const auto process = desktop.start_process({"/bin/sh", "-c", "read line < '" + gate + "'"}, reason);
-    ASSERT_NE(process, nullptr) << reason;
+    const auto process = desktop.start_process({"/bin/sh", "-c", "read line < '" + gate + "'"});
+    ASSERT_TRUE(process) << process.reason;
     EXPECT_FALSE(process->has_ended(0));
     EXPECT_FALSE(process->has_ended(0.02));
     std::ofstream(gate) << "go\n";
@@ -180,13 +179,11 @@ TEST_F(DesktopShell, AStartedProcessIsAskedForItsEndAndIsNotWaitedFor) {
 
 TEST_F(DesktopShell, AStartedProcessHasItsArgumentsAsTheyStandAndNothingToReadFrom) {
     const std::string seen = root_ + "/arguments";
-    std::string reason;
     // A name with a star, in the program's text.
     const auto process = desktop.start_process(
         {"/bin/sh", "-c", "cat > \"$1\"; printf '%s|' \"$2\" \"$3\" >> \"$1\"; test -t 0 && echo tty; true",
-         "sh", seen, "a b'$(x)", "\uF02A.zip"},
-        reason);
-    ASSERT_NE(process, nullptr) << reason;
+         "sh", seen, "a b'$(x)", "\uF02A.zip"});
+    ASSERT_TRUE(process) << process.reason;
     ASSERT_TRUE(process->has_ended(20));
     std::string content;
     std::getline(std::ifstream(seen), content);
@@ -194,9 +191,9 @@ TEST_F(DesktopShell, AStartedProcessHasItsArgumentsAsTheyStandAndNothingToReadFr
 }
 
 TEST_F(DesktopShell, AProgramThatIsNotThereSaysWhyItCannotBeStarted) {
-    std::string reason;
-    EXPECT_EQ(desktop.start_process({root_ + "/no program"}, reason), nullptr);
-    EXPECT_TRUE(reason.starts_with("程序不能启动。\r\n")) << reason;
+    const outcome started = desktop.start_process({root_ + "/no program"});
+    EXPECT_FALSE(started);
+    EXPECT_TRUE(started.reason.starts_with("程序不能启动。\r\n")) << started.reason;
 }
 
 // Last: GIO keeps the association once it has read it.
@@ -209,13 +206,13 @@ TEST_F(DesktopShell, OpensADocumentByItsAssociation) {
     std::ofstream(root_ + "/home/.config/mimeapps.list")
         << "[Default Applications]\napplication/octet-stream=viewer.desktop\ntext/plain=viewer.desktop\n";
     const std::string path = make_file("a b;'$(x).txt");
-    shell_result result;
+    outcome result;
     // GIO takes notice of new associations by itself, a moment later.
-    for (int attempt = 0; attempt < 100 && !result.done; ++attempt) {
+    for (int attempt = 0; attempt < 100 && !result; ++attempt) {
         if (attempt > 0) std::this_thread::sleep_for(std::chrono::milliseconds(50));
         result = desktop.open_document(path);
     }
-    ASSERT_TRUE(result.done) << result.reason;
+    ASSERT_TRUE(result.ok) << result.reason;
     // The copy is there before its content is.
     std::string content;
     for (int attempt = 0; attempt < 500 && content != "content"; ++attempt) {

@@ -38,7 +38,7 @@ class LinuxFileSystem : public testing::Test {
     }
     std::map<std::string, entry_kind> list() {
         std::map<std::string, entry_kind> entries;
-        const auto reader = files.open_directory(root, error);
+        const auto reader = files.open_directory(root);
         std::string_view name;
         entry_kind kind;
         while (reader && reader->next(name, kind)) entries.emplace(name, kind);
@@ -46,7 +46,6 @@ class LinuxFileSystem : public testing::Test {
     }
 
     std::string root;
-    std::string error;
     linux_file_system files;
 };
 
@@ -80,7 +79,7 @@ TEST_F(LinuxFileSystem, ATextWithAStarNamesNoFile) {
     // "*" marks an archive entry; the file of that raw name must not be opened in its place.
     write("a.zip*in", "content");
     EXPECT_FALSE(files.facts(root + "a.zip*in").exists);
-    EXPECT_EQ(files.open_file(root + "a.zip*in", error), nullptr);
+    EXPECT_FALSE(files.open_file(root + "a.zip*in"));
     EXPECT_FALSE(files.attributes(root + "a.zip*in").exists);
 }
 
@@ -127,34 +126,36 @@ TEST_F(LinuxFileSystem, LengthsBeyondTwoGibibytesAreExact) {
     const std::string path = write("big", "");
     ASSERT_EQ(truncate(path.c_str(), 5'000'000'001), 0);
     EXPECT_EQ(files.facts(path).length, 5'000'000'001);
-    const auto reader = files.open_file(path, error);
+    const auto reader = files.open_file(path);
     std::byte buffer[4];
     EXPECT_EQ(reader->read_at(5'000'000'000, buffer), 1);
 }
 
 TEST_F(LinuxFileSystem, AFifoOrADirectoryIsNeverOpenedAsAFile) {
     mkfifo((root + "fifo").c_str(), 0600);
-    EXPECT_EQ(files.open_file(root + "fifo", error), nullptr);
-    EXPECT_EQ(files.open_file(root, error), nullptr);
-    EXPECT_EQ(files.overwrite_file(root + "fifo", error), nullptr);
-    EXPECT_EQ(files.replace_file(root, error), nullptr);
-    EXPECT_FALSE(error.empty());
+    for (const outcome& opened :
+         {outcome(files.open_file(root + "fifo")), outcome(files.open_file(root)),
+          outcome(files.overwrite_file(root + "fifo")), outcome(files.replace_file(root))}) {
+        EXPECT_FALSE(opened);
+        EXPECT_FALSE(opened.reason.empty());
+    }
 }
 
 TEST_F(LinuxFileSystem, PseudoFileSystemsAreUnreadable) {
     for (const char* path : {"/proc", "/sys"})
         if (disk::exists(path)) {
-            EXPECT_EQ(files.open_directory(path, error), nullptr);
-            EXPECT_FALSE(error.empty());
+            const outcome opened = files.open_directory(path);
+            EXPECT_FALSE(opened);
+            EXPECT_FALSE(opened.reason.empty());
         }
-    EXPECT_NE(files.open_directory("/", error), nullptr);
+    EXPECT_TRUE(files.open_directory("/"));
 }
 
 TEST_F(LinuxFileSystem, AReadErrorIsToldFromTheEndOfADirectory) {
     disk::create_directory(root + "ends");
     disk::create_directory(root + "breaks");
-    const auto ends = files.open_directory(root + "ends", error);
-    const auto breaks = files.open_directory(root + "breaks", error);
+    const auto ends = files.open_directory(root + "ends");
+    const auto breaks = files.open_directory(root + "breaks");
     disk::remove(root + "breaks");  // a removed directory can no longer be read
     std::string_view name;
     entry_kind kind;
@@ -193,8 +194,8 @@ TEST_F(LinuxFileSystem, TheUsersTrashIsARecycleDirectory) {
 TEST_F(LinuxFileSystem, ReplacingIsSeenOnlyAfterTheCommit) {
     write("f", "old");
     {
-        const auto writer = files.replace_file(root + "f", error);
-        ASSERT_NE(writer, nullptr);
+        const auto writer = files.replace_file(root + "f");
+        ASSERT_TRUE(writer);
         EXPECT_TRUE(writer->write("new text"));
         EXPECT_TRUE(writer->write_at(0, "NEW"));
         EXPECT_EQ(read("f"), "old");
@@ -206,7 +207,7 @@ TEST_F(LinuxFileSystem, ReplacingIsSeenOnlyAfterTheCommit) {
 
 TEST_F(LinuxFileSystem, AWriterWithoutCommitLeavesNothing) {
     write("f", "old");
-    { files.replace_file(root + "f", error)->write("half"); }
+    { files.replace_file(root + "f")->write("half"); }
     EXPECT_EQ(read("f"), "old");
     EXPECT_EQ(list().size(), 1u);
 }
@@ -220,9 +221,10 @@ TEST_F(LinuxFileSystem, AFullDiskFailsWithTheSystemsWordsAndTheOldFileStays) {
     const rlimit small{4096, before.rlim_max};
     setrlimit(RLIMIT_FSIZE, &small);
     {
-        const auto writer = files.replace_file(root + "f", error);
-        EXPECT_FALSE(writer->write(std::string(10'000, 'x')));
-        EXPECT_FALSE(writer->error().empty());
+        const auto writer = files.replace_file(root + "f");
+        const outcome written = writer->write(std::string(10'000, 'x'));
+        EXPECT_FALSE(written);
+        EXPECT_FALSE(written.reason.empty());
     }
     setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, handler);
@@ -232,7 +234,7 @@ TEST_F(LinuxFileSystem, AFullDiskFailsWithTheSystemsWordsAndTheOldFileStays) {
 
 TEST_F(LinuxFileSystem, OverwritingIsSeenWhileItGrows) {
     write("f", "old");
-    const auto writer = files.overwrite_file(root + "f", error);
+    const auto writer = files.overwrite_file(root + "f");
     EXPECT_TRUE(writer->write("new"));
     EXPECT_EQ(read("f"), "new");
 }
@@ -248,9 +250,9 @@ TEST_F(LinuxFileSystem, AClaimedDirectoryIsFreeAgainWhenItsHolderIsGone) {
 }
 
 TEST_F(LinuxFileSystem, RemovingAMissingDataFileIsNoFailure) {
-    EXPECT_TRUE(files.remove_data_file(write("f", "x"), error));
-    EXPECT_TRUE(files.remove_data_file(root + "f", error));
-    EXPECT_FALSE(files.remove_data_file(root, error));
+    EXPECT_TRUE(files.remove_data_file(write("f", "x")));
+    EXPECT_TRUE(files.remove_data_file(root + "f"));
+    EXPECT_FALSE(files.remove_data_file(root));
 }
 
 TEST_F(LinuxFileSystem, ReadStartStopsAtTheExpectedLength) {

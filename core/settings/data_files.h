@@ -1,0 +1,37 @@
+// The names of the program's own files, all in the program's folder. Used by whatever reads, writes or shows
+// one.
+#pragma once
+
+namespace corvane::data_file {
+
+// Settings and lists that the user edits.
+constexpr char environment[] = "Tavrel环境.txt";
+constexpr char selected_directories[] = "比较文件_目录清单.txt";
+constexpr char excluded_directories[] = "不参加搜索的目录.txt";
+constexpr char excluded_types[] = "不参加比较的文件类型.txt";
+constexpr char only_types[] = "仅搜索的文件类型.txt";
+constexpr char common_types[] = "常用文件扩展名.txt";
+constexpr char types_by_kind[] = "文件类型归类.txt";
+constexpr char types_by_name[] = "文件扩展名列表.txt";
+constexpr char notes[] = "备记录.txt";
+constexpr char help[] = "Corvane帮助.chm";
+
+// Results.
+constexpr char file_list[] = "文件清单.txt";
+constexpr char shown_file_list[] = "temp.txt";  // the file list as a user reads it
+constexpr char archive_errors[] = "err.txt";
+constexpr char same_files[] = "相同文件.txt";
+constexpr char different_files[] = "不相同文件.txt";
+constexpr char empty_directories[] = "spasedir.txt";
+constexpr char history[] = "run_history.txt";  // signatures of earlier runs
+constexpr char run_records[] = "run_time_rem.txt";
+
+// Work to do.
+constexpr char archive_deletions[] = "winrar_del_file.txt";  // entries marked for deletion
+constexpr char archive_members[] = "delrarfile.txt";         // what the archive tool reads
+
+// The error trail.
+constexpr char trail[] = "err_rec.txt";
+constexpr char avoided_files[] = "avoid.txt";
+
+}  // namespace corvane::data_file

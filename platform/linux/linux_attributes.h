@@ -1,0 +1,23 @@
+// Attributes and access of a path on Linux: hidden is a leading dot, read-only is no write permission at all.
+// Used by linux_file_system, whose interface says what each call does.
+#pragma once
+
+#include <string>
+#include <unordered_set>
+
+#include "platform/file_system.h"
+
+namespace corvane {
+
+class linux_attributes {
+  public:
+    path_attributes of(const std::string& path) const;
+    outcome clear(const std::string& path);
+    file_access access(const std::string& path) const;
+    void restore_access(const std::string& path, const file_access& access) const;
+
+  private:
+    std::unordered_set<std::string> unhidden_;  // without a closing separator; no longer count as hidden
+};
+
+}  // namespace corvane

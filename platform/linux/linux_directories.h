@@ -1,0 +1,25 @@
+// Listing a directory of a Linux machine: one system call for a buffer of entries, and no question about an
+// entry whose kind stands in it. Used by linux_file_system.
+#pragma once
+
+#include <string>
+#include <unordered_map>
+
+#include "platform/file_system.h"
+#include "platform/linux/descriptor.h"
+
+namespace corvane {
+
+class linux_directories {
+  public:
+    // Fails for a directory on a pseudo file system, too.
+    outcome_with<directory_reader> open(const std::string& path);
+
+  private:
+    // True for proc, sysfs, cgroup and their like. Asked once a device.
+    bool is_pseudo_device(const descriptor& directory, std::uint64_t device);
+
+    std::unordered_map<std::uint64_t, bool> pseudo_devices_;
+};
+
+}  // namespace corvane

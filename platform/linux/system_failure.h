@@ -1,0 +1,16 @@
+// A failure in the system's own words. Used wherever platform/linux asks the system.
+#pragma once
+
+#include <errno.h>
+
+#include <cstring>
+
+#include "platform/outcome.h"
+
+namespace corvane {
+
+inline outcome system_failure(int error = errno) {
+    return outcome::failure(std::strerror(error));
+}
+
+}  // namespace corvane
