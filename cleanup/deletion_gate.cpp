@@ -2,6 +2,7 @@
 
 #include "browser/list_views.h"
 #include "core/archives/archive_entry.h"
+#include "core/archives/physical_file.h"
 #include "core/model/main_form.h"
 
 namespace corvane {
@@ -11,12 +12,6 @@ namespace {
 // Up to this length a file is its own signature, which an archive's checksum can meet by chance: such an
 // entry is no proof of a copy.
 constexpr std::int64_t unsigned_length = 4;
-
-// The two sides of a stacked mount have other device numbers and all else in common.
-bool may_be_one_file(const file_facts& a, const file_facts& b) {
-    return a.identity.index == b.identity.index && a.length == b.length && a.changed_ns != 0 &&
-           a.changed_ns == b.changed_ns && a.modified_ns == b.modified_ns;
-}
 
 }  // namespace
 
@@ -89,18 +84,14 @@ deletion_gate::keeping deletion_gate::keeps(std::string_view keeper, leaving& fi
     const file_facts kept = files_.facts(keeper);
     if (!kept.exists || lies_in_recycle_directory(keeper)) return keeping::absent;
     if (kept.length != file.length) return keeping::differs;
-    if (file.on_disk && kept.identity == file.facts.identity) return link_keeps(keeper, file);
-    if (file.on_disk && may_be_one_file(kept, file.facts)) return keeping::absent;
+    if (file.on_disk && same_physical_file(files_, keeper, kept, file.path, file.facts))
+        return keeping::absent;
+    // A second link: the same bytes.
+    if (file.on_disk && kept.identity == file.facts.identity) return keeping::keeps;
     if (!file.proves) return keeping::keeps;
     const bool equal = file.on_disk ? has_same_bytes(keeper, kept, file)
                                     : contents_.checksum(keeper, file.length) == file.crc;
     return equal ? keeping::keeps : keeping::differs;
-}
-
-// One physical file: a second link keeps it, a second road to the same link does not.
-deletion_gate::keeping deletion_gate::link_keeps(std::string_view keeper, const leaving& file) {
-    return file.facts.link_count >= 2 && !is_same_directory_entry(keeper, file.path) ? keeping::keeps
-                                                                                     : keeping::absent;
 }
 
 deletion_gate::keeping deletion_gate::entry_keeps(std::string_view keeper, leaving& file) {
@@ -166,28 +157,14 @@ std::size_t deletion_gate::archive_number(std::string_view path) {
     if (!is_new) return place->second;
     const file_facts facts = files_.facts(path);
     if (!facts.exists) return place->second;
-    const auto [first, last] = archives_.equal_range(facts.identity.index);
+    const auto [first, last] = archives_.equal_range(facts.length);
     for (auto each = first; each != last; ++each) {
-        const auto& [known, number] = each->second;
-        if (known.identity == facts.identity || may_be_one_file(known, facts)) return place->second = number;
+        const known_archive& known = each->second;
+        if (same_physical_file(files_, known.path, known.facts, path, facts))
+            return place->second = known.number;
     }
-    archives_.emplace(facts.identity.index, std::pair(facts, place->second));
+    archives_.emplace(facts.length, known_archive{std::string(path), facts, place->second});
     return place->second;
-}
-
-// One name in one directory, reached by two paths.
-bool deletion_gate::is_same_directory_entry(std::string_view a, std::string_view b) {
-    const char separator = files_.separator();
-    const std::size_t cut_a = a.rfind(separator);
-    const std::size_t cut_b = b.rfind(separator);
-    if (cut_a == std::string_view::npos || cut_b == std::string_view::npos) return a == b;
-    if (a.substr(cut_a) != b.substr(cut_b)) return false;
-    file_identity folder_a, folder_b;
-    // What cannot be told apart is no second link.
-    if (!files_.identity(std::string(a.substr(0, cut_a + 1)), folder_a) ||
-        !files_.identity(std::string(b.substr(0, cut_b + 1)), folder_b))
-        return true;
-    return folder_a == folder_b;
 }
 
 bool deletion_gate::lies_in_recycle_directory(std::string_view path) {

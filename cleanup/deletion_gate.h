@@ -80,13 +80,11 @@ class deletion_gate {
     gate_verdict judge(leaving file);
     keeping keeps(std::string_view keeper, leaving& file);
     keeping entry_keeps(std::string_view keeper, leaving& file);
-    keeping link_keeps(std::string_view keeper, const leaving& file);
     bool has_same_bytes(std::string_view keeper, const file_facts& kept, leaving& file);
     bool proven_equal(std::string_view a, const file_facts& facts_a, std::string_view b,
                       const file_facts& facts_b) const;
     bool has_checksum(leaving& file, std::uint32_t crc);
     const archive_member* member_at(std::string_view entry, std::int64_t length);
-    bool is_same_directory_entry(std::string_view a, std::string_view b);
     bool lies_in_recycle_directory(std::string_view path);
     bool is_below_recycle_directory(const std::string& folder);
     // A number for each archive, the same by whatever path.
@@ -104,7 +102,12 @@ class deletion_gate {
     std::unordered_set<std::size_t> touched_archives_;  // marked themselves, or an entry of theirs is
     std::unordered_set<std::size_t> trusted_archives_;  // kept a file in this run: they and theirs stay
     std::unordered_map<std::string, std::size_t> archive_numbers_;
-    std::unordered_multimap<std::uint64_t, std::pair<file_facts, std::size_t>> archives_;  // by index
+    struct known_archive {
+        std::string path;
+        file_facts facts;
+        std::size_t number;
+    };
+    std::unordered_multimap<std::int64_t, known_archive> archives_;  // by length
     std::unordered_map<std::string, bool> recycle_folders_;
 };
 

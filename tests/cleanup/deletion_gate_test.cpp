@@ -317,6 +317,7 @@ TEST_P(LastCopy, TheTwoSidesOfAStackedMountAreOneFile) {
         memory_file& file = p.files.add_file(path, "xxx");
         file.index = 4711;
         file.device = path[1] == 'u' ? 1 : 2;
+        file.stacked = path[1] == 'm';
         file.modified_ns = 5;
         file.changed_ns = 6;
     }
