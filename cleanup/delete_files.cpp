@@ -62,7 +62,7 @@ void close_run(Tavrel& form, const deletion_run& run, const char* words) {
             .append(" 个: ")
             .append(run.first_not_taken());
     if (run.deleted() > 0 || state.archive_del_count > 0) {
-        state.same_count -= run.deleted() + state.archive_del_count;
+        state.same_count -= run.deleted() + run.further_cells() + state.archive_del_count;
         rewrite_store(form);
     }
     form.pic_gressbar1.visible = false;
