@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/browser/list_program.h"
 
 namespace corvane {
@@ -204,6 +206,40 @@ TEST(Filter, DiscardsMarksAndTheRefreshBringsTheWholeResultBack) {
     p.form.run("result_refresh");
     EXPECT_EQ(p.list().row_count(), 4);
     EXPECT_EQ(p.list().colour(4, 3), colour_archive);
+}
+
+TEST(Filter, PairsAreThoseOfTheViewWhateverBecomesOfTheFileList) {
+    for (const bool searched : {true, false}) {
+        four_rows p;
+        for (const char* path : {"/s/1.jpg", "/s/2.jpg", "/s/3.jpg", "/s/4.jpg"}) p.files.add_file(path);
+        if (searched) {
+            p.search({"/s"});
+        } else {
+            p.files.add_file("/prog/文件清单.txt", "/s/1.jpg\r\n");
+            p.form.run("Command21_Click");
+        }
+        EXPECT_FALSE(p.list().visible);
+        p.list().visible = true;
+        p.screen.texts = {"jpg"};
+        p.form.run("only_disp");
+        EXPECT_EQ(p.cells(3), (texts{"/d/One.JPG", "/d/One.JPG", "/d/zip.zip*in/p.JPG"}));
+        texts partners = p.cells(4);
+        std::sort(partners.begin(), partners.end());
+        EXPECT_EQ(partners, (texts{"/e/ONE.gif", "/e/q.dat", "/e/x.png"}));
+    }
+}
+
+TEST(Filter, ANameCheckLeavesNoPairsOfContents) {
+    four_rows p;
+    for (const char* path : {"/s/a/1.jpg", "/s/b/1.jpg", "/s/c/2.jpg"}) p.files.add_file(path);
+    p.select({"/s"});
+    p.form.run("mnu_same_filename");
+    ASSERT_EQ(p.state.list_mode, 3);
+    EXPECT_EQ(p.state.same_count, 0);
+    p.screen.texts = {"jpg"};
+    p.form.run("only_disp");
+    EXPECT_EQ(p.cells(3), (texts{"/s/a/1.jpg"}));
+    EXPECT_EQ(p.cells(4), (texts{"/s/b/1.jpg"}));
 }
 
 }  // namespace

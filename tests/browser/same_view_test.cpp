@@ -1,6 +1,6 @@
+#include "browser/same_view.h"
 #include "browser/row_panel.h"
 #include "browser/same_store.h"
-#include "browser/same_view.h"
 
 #include <gtest/gtest.h>
 
@@ -207,6 +207,35 @@ TEST(SameView, ClosingStopsTheLoad) {
     store(p, {{1, "/a", "/b"}});
     p.form.run("Picture4_Click");
     EXPECT_EQ(p.form.ListView1.row_count(), 0);
+}
+
+TEST(SameView, AFailedLoadLeavesNothingOfTheViewBefore) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    store(p, {{10, "/a", "/b"}});
+    p.form.run("Picture4_Click");
+    ASSERT_TRUE(p.form.ListView1.visible);
+    p.files.erase("/prog/相同文件.txt");
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.form.ListView1.row_count(), 0);
+    EXPECT_FALSE(p.form.ListView1.visible);
+    EXPECT_EQ(p.state.same_count, 0);
+    p.screen.texts = {"a"};
+    p.form.run("only_disp");
+    p.screen.texts = {"none"};
+    p.form.run("not_list");
+    EXPECT_EQ(p.form.ListView1.row_count(), 0);
+}
+
+TEST(SameView, ShowingAResultLeavesTheListOfASearchWhole) {
+    test_program p;
+    for (const char* path : {"/d/a", "/d/b"}) p.files.add_file(path, "x");
+    p.search({"/d"});
+    p.state.same_fresh_flag = -1;
+    store(p, {{10, "/x/1", "/x/2"}});
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.state.file_list_loaded, -1);
+    EXPECT_EQ(p.listed(), (texts{"/d/a", "/d/b"}));
 }
 
 TEST(RewriteStore, LeavesOutRowsWithABlankCellAndKeepsTheCount) {
