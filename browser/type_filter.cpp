@@ -81,6 +81,7 @@ void fill_rows(Tavrel& form, const filter_words& words, const std::unordered_set
 }
 
 void filter(Tavrel& form, const filter_words& words) {
+    if (refuses_hidden_list(form)) return;
     run_state& state = form.state;
     std::string& kept = state.*words.kept_answer;
     const std::string answer =
