@@ -22,6 +22,7 @@ void tell_nothing_marked(Tavrel& form) {
 
 // The test that both roads begin with. False: the reason has been shown.
 bool has_result(Tavrel& form) {
+    if (form.state.same_count != 0 && refuses_hidden_list(form)) return false;
     form.RichTextBox2.visible = false;
     form.panel(7, "删除内容相同文件");
     if (form.state.same_count != 0) return true;
