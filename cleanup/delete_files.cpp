@@ -22,6 +22,7 @@ void tell_nothing_marked(Tavrel& form) {
 
 // The test that both roads begin with. False: the reason has been shown.
 bool has_result(Tavrel& form) {
+    if (form.state.same_count != 0 && refuses_hidden_list(form)) return false;
     form.RichTextBox2.visible = false;
     form.panel(7, "删除内容相同文件");
     if (form.state.same_count != 0) return true;
@@ -62,7 +63,7 @@ void close_run(Tavrel& form, const deletion_run& run, const char* words) {
             .append(" 个: ")
             .append(run.first_not_taken());
     if (run.deleted() > 0 || state.archive_del_count > 0) {
-        state.same_count -= run.deleted() + state.archive_del_count;
+        state.same_count -= run.deleted() + run.further_cells() + state.archive_del_count;
         rewrite_store(form);
     }
     form.pic_gressbar1.visible = false;

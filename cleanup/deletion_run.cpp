@@ -204,6 +204,12 @@ void deletion_run::delete_now(const taken_cell& cell) {
     ++deleted_;
 }
 
+std::int32_t deletion_run::further_cells() const {
+    std::int32_t count = 0;
+    for (const auto& each : again_) count += gate_.is_taken(each.first);
+    return count;
+}
+
 void deletion_run::show_progress(std::int32_t row) {
     // All but every thousandth row: the test is meant this way round.
     if (row % rows_per_status != 0) {

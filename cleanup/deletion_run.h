@@ -51,6 +51,8 @@ class deletion_run {
     std::int32_t not_taken() const { return not_taken_; }
     const std::string& first_not_taken() const { return first_not_taken_; }
     double freed() const { return freed_; }  // bytes
+    // Further cells of paths that have gone: rows that have lost a side beside those of deleted().
+    std::int32_t further_cells() const;
     // Entries that are still in their archives although they were to go, and one of them.
     std::int32_t still_inside() const { return still_inside_; }
     const std::string& first_inside() const { return first_inside_; }

@@ -150,6 +150,7 @@ void Picture8_Click(Tavrel& form) {
     list_view& list = form.ListView1;
     if (shown_view(form).deletes != deletion_rule::empty_directories)
         return form.complain("非空目录状态,不能删除");
+    if (state.empty_dir_count != 0 && refuses_hidden_list(form)) return;
     form.RichTextBox2.visible = false;
     state.base_time = form.outside.screen.seconds();
     form.panel(7, "删除空目录");

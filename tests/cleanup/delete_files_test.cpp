@@ -372,5 +372,37 @@ TEST(NumberPanel, OpensAndClosesAndDeletesNothing) {
     EXPECT_TRUE(p.recycled.empty() && p.files.removed.empty());
 }
 
+TEST(Delete, OnAHiddenListIsRefusedAndDoesNotShowIt) {
+    for (const char* road : {"Picture5_Click", "Command45_Click"}) {
+        deleting p;
+        p.show_files({{2, "/d/a", "/e/a"}});
+        p.mark(1, 4);
+        p.list().visible = false;
+        p.form.RichTextBox2.visible = true;
+        p.screen.answers = {box_answer::yes, box_answer::yes};
+        p.form.run(road);
+        EXPECT_TRUE(p.files.has("/e/a"));
+        EXPECT_FALSE(p.list().visible);
+        EXPECT_TRUE(p.form.RichTextBox2.visible);
+        ASSERT_EQ(p.screen.messages.size(), 1u);
+        EXPECT_EQ(p.last_message(), "列表没有显示,请先显示结果");
+        EXPECT_FALSE(p.state.tasks_locked);
+    }
+}
+
+TEST(Delete, UnderAFilterKeepsTheOtherPairsInTheStore) {
+    deleting p;
+    p.show_files({{2, "/d/a.x", "/e/a.x"}, {3, "/d/b.y", "/e/b.y"}});
+    p.screen.texts = {"x"};
+    p.form.run("only_disp");
+    p.mark(1, 4);
+    p.run_recycle();
+    EXPECT_EQ(p.recycled, std::vector<std::string>{"/e/a.x"});
+    EXPECT_EQ(p.stored_lines("相同文件.txt"),
+              (std::vector<std::string>{"内容相同文件清单            ", " 1 ", "3", "/d/b.y", "/e/b.y"}));
+    p.form.run("result_refresh");
+    EXPECT_EQ(p.cells(3), std::vector<std::string>{"/d/b.y"});
+}
+
 }  // namespace
 }  // namespace corvane

@@ -331,5 +331,17 @@ TEST(EmptyDelete, HelpModeOpensTheTopic) {
     EXPECT_EQ(p.desktop.calls, texts{"help aux40_Corvane帮助_Link.htm"});
 }
 
+TEST(EmptyDelete, OnAHiddenListIsRefused) {
+    empty_program p;
+    p.files.add_directory("/d/a");
+    p.files.add_file(p.program_dir + "spasedir.txt", "/d/a/\r\n");
+    p.form.run("Picture7_Click");
+    p.list().set_colour(1, 2, cell_colour::mark_red);
+    p.list().visible = false;
+    p.form.run("Picture8_Click");
+    EXPECT_EQ(p.last_message(), "列表没有显示,请先显示结果");
+    EXPECT_EQ(p.list().cell(1, 2), "/d/a/");
+}
+
 }  // namespace
 }  // namespace corvane

@@ -186,6 +186,20 @@ TEST(list_table, a_found_row_comes_into_view) {
     EXPECT_EQ(shown.form.ListView1.reveal_row, 0);
 }
 
+TEST(list_table, what_was_found_is_the_current_cell_and_the_mark_key_marks_it) {
+    pairs_shown shown;
+    QTest::mouseClick(shown.table.viewport(), Qt::LeftButton, {}, shown.centre(2, 3));
+    shown.form.ListView1.set_colour(5, 4, cell_colour::colour_found);
+    shown.form.ListView1.reveal_row = 5;
+    shown.windows.sync();
+    shown.windows.sync();
+    EXPECT_EQ(shown.table.currentIndex().row(), 4);
+    EXPECT_EQ(shown.table.currentIndex().column(), 4);
+    QTest::keyClick(&shown.table, Qt::Key_Space);
+    EXPECT_EQ(shown.colour(5, 4), cell_colour::mark_red);
+    EXPECT_EQ(shown.colour(2, 3), cell_colour::colour_text);
+}
+
 TEST(list_table, the_current_cell_is_framed_also_when_its_row_is_not_selected) {
     pairs_shown shown;
     QTest::mouseClick(shown.table.viewport(), Qt::LeftButton, {}, shown.centre(3, 3));
