@@ -38,7 +38,7 @@ QWidget* qt_user_interface::window() const {
 }
 
 box_answer qt_user_interface::show_message(const message& shown) {
-    if (ended_) return shown.buttons == box_buttons::yes_no ? box_answer::no : box_answer::ok;
+    if (ended_) return shown.buttons == box_buttons::yes_no ? box_answer::dismissed : box_answer::ok;
     sync();
     return show_message_box(window(), shown, open_topic_);
 }

@@ -226,13 +226,17 @@ void Tavrel::complain(const std::string& words, int context, bool help_button) {
     outside.screen.show_message(box);
 }
 
+box_answer Tavrel::ask(message question) {
+    question.title = "提示";
+    question.buttons = box_buttons::yes_no;
+    question.icon = box_icon::question;
+    return outside.screen.show_message(question);
+}
+
 bool Tavrel::confirm(const std::string& words) {
-    message box;
-    box.title = "提示";
-    box.text = words;
-    box.buttons = box_buttons::yes_no;
-    box.icon = box_icon::question;
-    return outside.screen.show_message(box) == box_answer::yes;
+    message question;
+    question.text = words;
+    return ask(std::move(question)) == box_answer::yes;
 }
 
 }  // namespace corvane

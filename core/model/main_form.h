@@ -118,7 +118,10 @@ class Tavrel : public form_model {
     void inform(const std::string& words, int context = 1000);
     // For what could not be done; counts as a failure of the run.
     void complain(const std::string& words, int context = 1000, bool help_button = false);
-    // Yes/No under the title "提示". False also when the box is dismissed.
+    // A question under the title "提示", for where no and a dismissed box are two ways. Words, buttons and
+    // what Enter answers are as given.
+    box_answer ask(message question);
+    // The same with words alone. False also when the box is dismissed.
     bool confirm(const std::string& words);
 
   private:

@@ -1,9 +1,7 @@
 // The front end as a task sees it: yields, boxes, and a window closed in the middle of the task.
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QMessageBox>
 #include <QTest>
 #include <QTimer>
 
@@ -13,21 +11,6 @@
 
 namespace corvane {
 namespace {
-
-// Acts on the box that the code under test is about to open.
-void at_box(std::function<void(QMessageBox&)> act) {
-    QTimer::singleShot(0, qApp, [act = std::move(act)] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_TRUE(box);
-        act(*box);
-    });
-}
-
-QAbstractButton* button_of(QMessageBox& box, const QString& caption) {
-    for (QAbstractButton* button : box.buttons())
-        if (button->text() == caption) return button;
-    return nullptr;
-}
 
 TEST(closing, the_window_closed_within_a_task_ends_the_program_after_the_task) {
     forms_program shown;
@@ -73,41 +56,8 @@ TEST(closing, boxes_after_the_end_are_not_shown) {
     shown.screen.end_program();
     message box;
     box.buttons = box_buttons::yes_no;
-    EXPECT_EQ(shown.screen.show_message(box), box_answer::no);
+    EXPECT_EQ(shown.screen.show_message(box), box_answer::dismissed);
     EXPECT_FALSE(shown.screen.ask_text("", "", "").has_value());
-}
-
-TEST(boxes, a_question_has_chinese_buttons_and_returns_the_answer) {
-    forms_program shown;
-    message box;
-    box.title = "提示";
-    box.text = "要继续吗?";
-    box.buttons = box_buttons::yes_no;
-    at_box([](QMessageBox& open) {
-        EXPECT_EQ(open.text(), QStringLiteral("要继续吗?"));
-        button_of(open, QStringLiteral("是(&Y)"))->click();
-    });
-    EXPECT_EQ(shown.screen.show_message(box), box_answer::yes);
-    at_box([](QMessageBox& open) { button_of(open, QStringLiteral("否(&N)"))->click(); });
-    EXPECT_EQ(shown.screen.show_message(box), box_answer::no);
-    at_box([](QMessageBox& open) { open.reject(); });
-    EXPECT_EQ(shown.screen.show_message(box), box_answer::no);
-}
-
-TEST(boxes, the_help_button_opens_the_topic_and_leaves_the_box_open) {
-    forms_program shown;
-    message box;
-    box.text = "你未选择清查目录\r\n第二行";
-    box.help_button = true;
-    box.help_context = 1009;
-    at_box([&shown](QMessageBox& open) {
-        EXPECT_FALSE(open.text().contains(QLatin1Char('\r')));
-        button_of(open, QStringLiteral("帮助"))->click();
-        EXPECT_TRUE(open.isVisible());
-        EXPECT_EQ(shown.desktop.calls.back(), "help aux09_Corvane帮助_Link.htm");
-        button_of(open, QStringLiteral("确定"))->click();
-    });
-    EXPECT_EQ(shown.screen.show_message(box), box_answer::ok);
 }
 
 TEST(screen, without_a_pointer_nothing_is_read_or_placed) {
