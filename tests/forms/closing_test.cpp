@@ -20,16 +20,30 @@ TEST(closing, the_window_closed_within_a_task_ends_the_program_after_the_task) {
         lock_tasks(shown.form);
         QTimer::singleShot(0, &shown.windows.main(), [&shown] { shown.windows.main().close(); });
         while (shown.form.state.quit_requested == 0 && ++yields < 100'000'000) shown.form.yield();
-        // A task that goes on for a while sees a screen that is still there.
-        shown.form.panel(7, "ends");
-        shown.form.yield();
+        // A task that goes on for a while keeps a window that says what it waits for, and asks nothing.
+        EXPECT_FALSE(shown.screen.ended());
+        EXPECT_TRUE(shown.windows.main().isVisible());
+        EXPECT_TRUE(shown.windows.main().windowTitle().contains(QStringLiteral("正在结束…")));
+        EXPECT_FALSE(shown.form.confirm("要继续吗?"));
+        shown.windows.main().close();
+        shown.windows.act("Picture1_Click");
+        EXPECT_FALSE(shown.corvane.directory_window().visible);
         shown.screen.repaint();
+        EXPECT_TRUE(shown.windows.main().isVisible());
         unlock_tasks(shown.form);
         unwound = true;
     });
     QTimer::singleShot(0, &shown.windows.main(), [&shown] { shown.windows.act("picture2_Click"); });
     QApplication::exec();
     EXPECT_TRUE(unwound);
+    EXPECT_TRUE(shown.screen.ended());
+    EXPECT_FALSE(shown.windows.main().isVisible());
+}
+
+TEST(closing, without_a_task_the_window_goes_at_once) {
+    forms_program shown;
+    QTimer::singleShot(0, &shown.windows.main(), [&shown] { shown.windows.main().close(); });
+    QApplication::exec();
     EXPECT_TRUE(shown.screen.ended());
     EXPECT_FALSE(shown.windows.main().isVisible());
 }
