@@ -92,6 +92,7 @@ void list_table::sync(bool tasks_locked) {
         shown_cells_ = list_.cell_revision();
         viewport()->update();
     }
+    if (cells_->take_marks(tasks_locked)) viewport()->update();
     take_selection();
     reveal_row();
     taking_over_ = false;
