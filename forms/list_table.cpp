@@ -98,6 +98,15 @@ void list_table::sync(bool tasks_locked) {
     taking_over_ = false;
 }
 
+bool list_table::take_load() {
+    if (known_fill_ == list_.fill_revision() || cells_->shown_rows() == 0 || isHidden()) return false;
+    known_fill_ = list_.fill_revision();
+    if (list_.selected_row == 0)
+        selectionModel()->setCurrentIndex(cells_->index(0, shown_view(form_).first_path),
+                                          QItemSelectionModel::NoUpdate);
+    return true;
+}
+
 void list_table::take_widths() {
     const double scale = twips_per_pixel();
     for (int column = 0; column < cells_->columnCount(); ++column) {
