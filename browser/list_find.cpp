@@ -5,6 +5,7 @@
 
 #include "browser/list_views.h"
 #include "core/model/main_form.h"
+#include "core/text/shown_text.h"
 #include "core/text/text_case.h"
 
 namespace corvane {
@@ -13,21 +14,24 @@ using namespace cell_colour;
 
 namespace {
 
-// Tests one cell after another without a new text for each.
+// Tests one cell after another, as the screen shows it, without a new text for each.
 class cell_finder {
   public:
-    cell_finder(const list_view& list, std::string_view term) : list_(list), term_(term) {}
+    cell_finder(const list_view& list, std::string_view term) : list_(list), term_(typed_as_shown(term)) {}
 
     bool is_hit(std::int32_t row, int column) {
         if (column >= list_.column_count()) return false;
+        shown_.clear();
+        append_shown_text(shown_, list_.text_cell(row, column));
         lower_.clear();
-        append_lower_case(lower_, list_.text_cell(row, column));
+        append_lower_case(lower_, shown_);
         return lower_.find(term_) != std::string::npos && list_.colour(row, column) != colour_gray;
     }
 
   private:
     const list_view& list_;
-    std::string_view term_;
+    std::string term_;
+    std::string shown_;
     std::string lower_;
 };
 
@@ -49,6 +53,7 @@ std::int32_t colour_next_hit(Tavrel& form, std::int32_t row) {
 }  // namespace
 
 void search_in_result_Click(Tavrel& form) {
+    if (refuses_hidden_list(form)) return;
     run_state& state = form.state;
     list_view& list = form.ListView1;
     state.find_text =
@@ -69,7 +74,7 @@ void search_in_result_Click(Tavrel& form) {
 
 void again_search_Click(Tavrel& form) {
     run_state& state = form.state;
-    if (state.find_text.empty()) return;
+    if (state.find_text.empty() || refuses_hidden_list(form)) return;
     ++state.find_row;
     state.find_text = lower_case(state.find_text);
     const std::int32_t hit = colour_next_hit(form, state.find_row);

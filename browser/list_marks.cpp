@@ -110,6 +110,7 @@ void mark_single_cell(Tavrel& form, int column) {
 }
 
 void all_select_Click(Tavrel& form) {
+    if (refuses_hidden_list(form)) return;
     run_state& state = form.state;
     list_view& list = form.ListView1;
     const list_view_row& view = shown_view(form);
@@ -132,6 +133,7 @@ void all_select_Click(Tavrel& form) {
 }
 
 void all_not_select_Click(Tavrel& form) {
+    if (refuses_hidden_list(form)) return;
     run_state& state = form.state;
     list_view& list = form.ListView1;
     const list_view_row& view = shown_view(form);

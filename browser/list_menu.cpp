@@ -5,6 +5,7 @@
 #include "browser/row_panel.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
+#include "core/text/text_format.h"
 
 namespace corvane {
 
@@ -59,8 +60,8 @@ void double_disp_Click(Tavrel& form) {
     if (row < 1 || row > list.row_count()) return;
     const list_view_row& view = shown_view(form);
     if (list.column_count() <= view.searched[1] || list.column_count() < 5) return;
-    open_quietly(form, list.cell(row, view.searched[0]));
-    open_quietly(form, list.cell(row, view.searched[1]));
+    for (const int column : view.searched)
+        if (const std::string path = list.cell(row, column); !is_blank(path)) open_quietly(form, path);
 }
 
 void mnu_enter_dir_Click(Tavrel& form) {

@@ -230,6 +230,12 @@ const list_view_row& shown_view(const Tavrel& form) {
     return view_of(form.state.list_mode);
 }
 
+bool refuses_hidden_list(Tavrel& form) {
+    if (form.ListView1.visible) return false;
+    form.inform("列表没有显示,请先显示结果");
+    return true;
+}
+
 void set_columns(list_view& list, const list_view_row& view) {
     list.clear_rows();
     list.clear_columns();

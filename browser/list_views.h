@@ -91,6 +91,9 @@ std::span<const list_view_row> list_views();
 const list_view_row& shown_view(const Tavrel& form);
 const list_view_row& view_of(std::int16_t list_mode);
 
+// True when the list is not shown; the user has been told. Asked by whatever works on its rows.
+bool refuses_hidden_list(Tavrel& form);
+
 // Puts the columns of a view on the list, which loses its rows and columns.
 void set_columns(list_view& list, const list_view_row& view);
 

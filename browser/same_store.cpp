@@ -1,6 +1,8 @@
 #include "browser/same_store.h"
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "browser/list_views.h"
 #include "core/model/main_form.h"
@@ -11,8 +13,41 @@
 
 namespace corvane {
 
+namespace {
+
+constexpr std::int32_t rows_per_status = 101;
+constexpr int number_column = 1;  // the row's number among the pairs
+
+void write_pair(line_writer& writer, std::string_view length, std::string_view path1,
+                std::string_view path2) {
+    if (is_blank(path1) || is_blank(path2)) return;
+    writer.line(length);
+    writer.line(path1);
+    writer.line(path2);
+}
+
+// Carries what has gone from the rows into the pairs that they were filled from, and tells which pairs a
+// filter keeps from the list.
+std::vector<bool> pairs_without_row(Tavrel& form, const list_view_row& view) {
+    run_state& state = form.state;
+    const list_view& list = form.ListView1;
+    std::vector<bool> hidden(static_cast<std::size_t>(state.result_file1.size()) + 1, true);
+    hidden[0] = false;
+    for (std::int32_t row = 1; row <= list.row_count(); ++row) {
+        const std::int64_t pair = list.number_cell(row, number_column);
+        if (pair < 1 || pair > state.result_file1.size()) continue;
+        const auto i = static_cast<std::int32_t>(pair);
+        hidden[static_cast<std::size_t>(i)] = false;
+        if (is_blank(list.text_cell(row, view.first_path))) state.result_file1.set(i, {});
+        if (is_blank(list.text_cell(row, view.second_path))) state.result_file2.set(i, {});
+    }
+    return hidden;
+}
+
+}  // namespace
+
 bool rewrite_store(Tavrel& form) {
-    constexpr std::int32_t rows_per_status = 101;
+    if (!shown_view(form).holds_copies) return true;
     run_state& state = form.state;
     const list_view& list = form.ListView1;
     const list_view_row& view = view_of(list_modes::same_files);
@@ -24,15 +59,15 @@ bool rewrite_store(Tavrel& form) {
     writer.line(padded_same_file_title());
     writer.number(state.same_count);
     for (std::int32_t row = 1; row <= list.row_count(); ++row) {
-        const std::string_view path1 = list.text_cell(row, view.first_path);
-        const std::string_view path2 = list.text_cell(row, view.second_path);
-        if (!is_blank(path1) && !is_blank(path2)) {
-            writer.line(list.cell(row, view.length_column));
-            writer.line(path1);
-            writer.line(path2);
-        }
+        write_pair(writer, list.cell(row, view.length_column), list.text_cell(row, view.first_path),
+                   list.text_cell(row, view.second_path));
         if (row % rows_per_status == 0) form.pic_gressbar1.draw(row);
     }
+    const std::vector<bool> hidden = pairs_without_row(form, view);
+    for (std::int32_t i = 1; i <= state.result_file1.size(); ++i)
+        if (hidden[static_cast<std::size_t>(i)])
+            write_pair(writer, std::to_string(state.result_length[i]), state.result_file1[i],
+                       state.result_file2[i]);
     if (writer.finish()) return true;
     report_write_failure(form, path, writer.error());
     return false;

@@ -51,7 +51,19 @@ class existence_filter {
     bool last_exists_ = false;
 };
 
+void empty_result(Tavrel& form) {
+    run_state& state = form.state;
+    form.ListView1.clear_rows();
+    state.same_count = 0;
+    state.result_length.clear();
+    state.result_file1.clear();
+    state.result_file2.clear_and_share(state.result_file1);
+}
+
+// The rows of the old view are gone, and those of a new one were not to be had.
 void reject_load(Tavrel& form) {
+    empty_result(form);
+    form.ListView1.visible = false;
     form.inform("没有相同文件");
 }
 
@@ -61,9 +73,6 @@ bool read_rows(Tavrel& form, line_reader& reader) {
     existence_filter first(form), second(form);
     text_column& files1 = state.result_file1;
     text_column& files2 = state.result_file2;
-    files1.clear();
-    files2.clear_and_share(files1);
-    state.result_length.clear();
     std::string_view line;
     std::string length, path1;
     std::int32_t i = 0;
@@ -104,7 +113,9 @@ void load_same_view(Tavrel& form) {
     state.task_start_time = tick_seconds(form);
     state.base_time = form.outside.screen.seconds();
     form.panel(7, "显示相同文件_读入数据");
-    form.ListView1.clear_rows();
+    empty_result(form);
+    // What a comparison or a check has used up is not kept beside the result.
+    if (!state.file_list_loaded) state.file_list.clear();
 
     line_reader reader(form.outside.files, state.same_file_path);
     if (!reader.is_open()) return reject_load(form);
@@ -113,14 +124,12 @@ void load_same_view(Tavrel& form) {
     if (!reader.next(line)) {
         return reject_load(form);
     }
-    state.same_count = 0;
     if (reader.next(line))
         state.same_count = static_cast<std::int32_t>(
             std::clamp<std::int64_t>(parse_number(line), 0, state.limits.result_rows));
     bar_colours(form, 11202800, 65280, 16402770);
     bar_scale(form, state.same_count);
     form.pic_gressbar1.visible = true;
-    state.file_list_loaded = 0;
     const bool complete = read_rows(form, reader);
     if (state.quit_requested) return;
     if (!complete) state.same_count = state.limits.result_rows;
@@ -162,19 +171,18 @@ void sort_result_rows(Tavrel& form, std::int32_t low, std::int32_t high) {
     }
 }
 
-void share_pair_texts(list_view& list, const result_state& result, const text_column& files1) {
+void share_pair_texts(list_view& list, const result_state& result) {
     const list_view_row& view = view_of(list_modes::same_files);
-    list.share_texts(view.first_path, files1);
+    list.share_texts(view.first_path, result.result_file1);
     list.share_texts(view.second_path, result.result_file2);
 }
 
-std::int32_t add_pair_row(list_view& list, const result_state& result, const text_column& files1,
-                          std::int32_t i) {
+std::int32_t add_pair_row(list_view& list, const result_state& result, std::int32_t i) {
     const list_view_row& view = view_of(list_modes::same_files);
     const std::int32_t row = list.add_row();
     list.set_number(row, 1, i);
     list.set_number(row, view.length_column, result.result_length[i]);
-    list.set_shared_text(row, view.first_path, files1.entry(i));
+    list.set_shared_text(row, view.first_path, result.result_file1.entry(i));
     list.set_shared_text(row, view.second_path, result.result_file2.entry(i));
     return row;
 }
@@ -187,7 +195,7 @@ void fill_same_rows(Tavrel& form) {
     form.pic_gressbar1.visible = true;
     list.clear_rows();
     const list_view_row& view = view_of(list_modes::same_files);
-    share_pair_texts(list, state, state.result_file1);
+    share_pair_texts(list, state);
     list.reserve_rows(state.same_count);
     state.result_max_length = 0;
     state.total_bytes = 0;
@@ -196,7 +204,7 @@ void fill_same_rows(Tavrel& form) {
         form.yield();
         const std::int64_t length = state.result_length[i];
         const std::string_view path1 = state.result_file1[i];
-        const std::int32_t row = add_pair_row(list, state, state.result_file1, i);
+        const std::int32_t row = add_pair_row(list, state, i);
         if (is_archive_member(path1)) list.set_colour(row, view.first_path, cell_colour::colour_archive);
         if (is_archive_member(state.result_file2[i]))
             list.set_colour(row, view.second_path, cell_colour::colour_archive);

@@ -15,10 +15,9 @@ struct result_state;
 void load_same_view(Tavrel& form);
 
 // Lets the path cells share the texts of the result columns.
-void share_pair_texts(list_view& list, const result_state& result, const text_column& files1);
+void share_pair_texts(list_view& list, const result_state& result);
 // Adds the row of pair i, with its number and length. Returns the row.
-std::int32_t add_pair_row(list_view& list, const result_state& result, const text_column& files1,
-                          std::int32_t i);
+std::int32_t add_pair_row(list_view& list, const result_state& result, std::int32_t i);
 
 // Builds the rows from result_length, result_file1 and result_file2.
 void fill_same_rows(Tavrel& form);

@@ -64,7 +64,7 @@ void fill_rows(Tavrel& form, const filter_words& words, const std::unordered_set
     list_view& list = form.ListView1;
     list.clear_rows();
     const int first = view_of(list_modes::same_files).first_path;
-    share_pair_texts(list, state, state.result_file1);
+    share_pair_texts(list, state);
     std::string_view previous;
     type_test test(types);
     const std::int32_t last = std::min(state.same_count, state.result_file2.size());
@@ -72,7 +72,7 @@ void fill_rows(Tavrel& form, const filter_words& words, const std::unordered_set
         const std::string_view path1 = state.result_file1[i];
         const bool listed = test.is_listed(path1) || test.is_listed(state.result_file2[i]);
         if (listed != words.shows_listed) continue;
-        const std::int32_t row = add_pair_row(list, state, state.result_file1, i);
+        const std::int32_t row = add_pair_row(list, state, i);
         // Goes on from the scaled figure that the last load or filter left.
         state.total_bytes += static_cast<double>(state.result_length[i]);
         if (path1 == previous) list.set_colour(row, first, cell_colour::colour_gray);
@@ -81,6 +81,7 @@ void fill_rows(Tavrel& form, const filter_words& words, const std::unordered_set
 }
 
 void filter(Tavrel& form, const filter_words& words) {
+    if (refuses_hidden_list(form)) return;
     run_state& state = form.state;
     std::string& kept = state.*words.kept_answer;
     const std::string answer =

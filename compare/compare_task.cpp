@@ -202,8 +202,8 @@ void Command28_Click(Tavrel& form) {
 }
 
 void Command18_Click(Tavrel& form) {
-    // A view lays its rows over file_list, and before a comparison there are no columns: nothing to order
-    // then.
+    // A list that is used up has been dropped, and before a comparison there are no columns: nothing to
+    // order then.
     const run_state& state = form.state;
     if (state.file_list.size() == state.file_count && state.file_date_hi.size() == state.file_count &&
         state.file_len.size() == state.file_count)

@@ -128,8 +128,8 @@ void list_table::take_width_from_user(int column, int pixels) {
 }
 
 void list_table::take_selection() {
-    const int shown =
-        currentIndex().isValid() && selectionModel()->hasSelection() ? currentIndex().row() + 1 : 0;
+    // The current cell may be another row's: what was found is current without being selected.
+    const int shown = selectionModel()->hasSelection() ? selectionModel()->selection().first().top() + 1 : 0;
     if (shown == list_.selected_row || list_.selected_row > cells_->shown_rows()) return;
     if (list_.selected_row == 0) return clearSelection();
     // The keys go on in the column in which they were.
@@ -200,7 +200,13 @@ void list_table::run(const list_pointer& event, const char* handler, QPoint plac
 
 void list_table::reveal_row() {
     if (list_.reveal_row < 1 || list_.reveal_row > cells_->shown_rows()) return;
-    const QModelIndex cell = cells_->index(list_.reveal_row - 1, std::max(currentIndex().column(), 1));
+    int column = std::max(currentIndex().column(), 1);
+    // What was found is current then, so that the keys work on it.
+    for (const int searched : shown_view(form_).searched)
+        if (searched < list_.column_count() &&
+            list_.colour(list_.reveal_row, searched) == cell_colour::colour_found)
+            column = searched;
+    const QModelIndex cell = cells_->index(list_.reveal_row - 1, column);
     list_.reveal_row = 0;
     scrollTo(cell);
     selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);

@@ -116,8 +116,12 @@ void take_name_pairs(run_state& state, const text_column& paths) {
         second.push_entry(paths.entry(state.same_pair[2][k]));
     }
     state.result_file2 = std::move(second);
-    state.file_list = std::move(first);
+    state.result_file1 = std::move(first);
+    state.file_list.clear();
     state.file_list_loaded = 0;
+    // No pairs of contents any more.
+    state.same_count = 0;
+    state.result_length.clear();
 }
 
 }  // namespace corvane

@@ -36,7 +36,7 @@ void sort_name_keys(run_state& state, std::int32_t low, std::int32_t high);
 // pair. This is intended. Returns false when not all pairs fitted into limits.result_rows.
 bool scan_name_keys(Tavrel& form, const text_column& paths, std::int32_t count);
 
-// Lays the pairs over file_list and result_file2. The list in memory is used up by this and no longer loaded;
+// Takes the pairs into result_file1 and result_file2. The list in memory is used up by this and dropped;
 // without a pair nothing changes. `paths` may be file_list.
 void take_name_pairs(run_state& state, const text_column& paths);
 

@@ -101,7 +101,7 @@ void fill_name_rows(Tavrel& form) {
     const int second_cell = view.second_path;
     const bool has_name_cell = first_cell > name_cell;
     const char separator = form.outside.files.separator();
-    list.share_texts(first_cell, state.file_list);
+    list.share_texts(first_cell, state.result_file1);
     list.share_texts(second_cell, state.result_file2);
     list.reserve_rows(state.result_count);
     star_centres centres;
@@ -112,17 +112,17 @@ void fill_name_rows(Tavrel& form) {
         if (state.quit_requested) return;
         bool kept = true;
         if (!state.same_fresh_flag) {
-            state.file_list.set_entry(k, centres.in_force(state.file_list.entry(k)));
-            if (state.file_list[k] != previous) previous_exists = file_exists(form, state.file_list[k]);
-            if (!previous_exists) centres.replace(state.file_list.entry(k), state.result_file2.entry(k));
+            state.result_file1.set_entry(k, centres.in_force(state.result_file1.entry(k)));
+            if (state.result_file1[k] != previous) previous_exists = file_exists(form, state.result_file1[k]);
+            if (!previous_exists) centres.replace(state.result_file1.entry(k), state.result_file2.entry(k));
             kept = previous_exists && file_exists(form, state.result_file2[k]);
         }
-        const std::string_view path = state.file_list[k];
+        const std::string_view path = state.result_file1[k];
         if (kept) {
             const std::int32_t row = list.add_row();
             list.set_number(row, 1, row);
             if (has_name_cell) list.set_text(row, name_cell, file_name_of(path, separator));
-            list.set_shared_text(row, first_cell, state.file_list.entry(k));
+            list.set_shared_text(row, first_cell, state.result_file1.entry(k));
             list.set_shared_text(row, second_cell, state.result_file2.entry(k));
             if (path == previous) list.set_colour(row, first_cell, cell_colour::colour_gray);
         }

@@ -6,7 +6,7 @@ namespace corvane {
 
 class Tavrel;
 
-// Sets the list up for the pairs in file_list and result_file2, 1 to result_count, and fills it. Without a
+// Sets the list up for the pairs in result_file1 and result_file2, 1 to result_count, and fills it. Without a
 // pair the list stays as it is, and the user is told. Unlocks the tasks at either way out.
 void show_same_names(Tavrel& form);
 void show_same_directory_names(Tavrel& form);

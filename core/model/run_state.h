@@ -33,8 +33,6 @@ struct run_state : settings,
     bool program_dir_locked = false;  // start-up found that program_dir cannot be written, and has said so
     std::string base_title;
 
-    text_column& result_file1 = file_list;  // of the same-file result: the slots of file_list
-
     bool tasks_locked = false;  // a task is running
     flag tips_on;               // the controls show their tooltips
     flag quit_requested;

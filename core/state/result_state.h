@@ -28,9 +28,11 @@ struct result_state {
     text_column name_key;
     column<std::int32_t> name_index;
 
-    // The same-file result as the view holds it, beside result_file1.
+    // The pairs that the view in the list was filled from. Of the view alone: walk, stored list and comparison
+    // have columns of their own.
     std::int32_t same_count = 0;
-    column<std::int64_t> result_length;
+    column<std::int64_t> result_length;  // of the same-file view
+    text_column result_file1;
     text_column result_file2;
     std::int64_t result_max_length = 0;
 

@@ -320,6 +320,21 @@ TEST(SelectAll, AfterItAShiftClickStartsAtTheFirstRow) {
     EXPECT_EQ(p.colours(4), (colour_row{red, red, red, black, black}));
 }
 
+TEST(SelectAll, OnAHiddenListIsRefused) {
+    five_rows p;
+    p.press(1, 3);
+    for (const char* handler : {"all_select", "all_not_select"}) {
+        p.list().visible = true;
+        p.list().set_colour(4, 3, red);
+        p.list().visible = false;
+        p.screen.messages.clear();
+        const auto before = p.colours(3);
+        p.form.run(handler);
+        EXPECT_EQ(p.colours(3), before);
+        EXPECT_EQ(p.last_message(), "列表没有显示,请先显示结果");
+    }
+}
+
 TEST(Refresh, LoadsTheSameFileViewAnew) {
     five_rows p;
     for (const char* path : {"/d/a", "/e/1", "/e/2"}) p.files.add_file(path, "0123456789");

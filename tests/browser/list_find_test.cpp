@@ -1,6 +1,9 @@
 #include "browser/list_find.h"
+#include "browser/same_store.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 #include "tests/browser/list_program.h"
 
@@ -118,6 +121,34 @@ TEST(Find, InAListWithoutThoseColumnsFindsNothing) {
     EXPECT_EQ(p.last_message(), " 没查到");
 }
 
+TEST(Find, MatchesWhatTheScreenShowsOfAMappedName) {
+    list_program p;
+    // U+F02A stands for "*", U+F009 for a tab.
+    p.show({{1, "/d/a\uF02Ab.txt", "/e/x"}, {1, "/d/c\uF009d", "/e/y"}, {1, "/d/x.zip*in", "/e/z"}});
+    const auto row_of = [&](const std::string& term) {
+        p.screen.texts = {term};
+        p.form.run("search_in_result");
+        return p.state.find_row;
+    };
+    EXPECT_EQ(row_of("A*B.TXT"), 1);
+    EXPECT_EQ(row_of("c\td"), 2) << "pasted";
+    EXPECT_EQ(row_of("c\u2409d"), 2) << "as the screen shows it";
+    EXPECT_EQ(row_of("zip*in"), 3);
+    EXPECT_EQ(row_of("ab.txt"), 0);
+}
+
+TEST(Find, OnAHiddenListIsRefused) {
+    four_rows p;
+    p.state.find_text = "one";
+    p.list().visible = false;
+    p.form.run("search_in_result");
+    p.form.run("again_search");
+    EXPECT_TRUE(p.screen.questions.empty());
+    ASSERT_EQ(p.screen.messages.size(), 2u);
+    EXPECT_EQ(p.last_message(), "列表没有显示,请先显示结果");
+    EXPECT_EQ(p.list().colour(1, 3), colour_text);
+}
+
 TEST(Filter, OnlyShowsRowsOfWhichOneTypeIsListed) {
     four_rows p;
     p.screen.texts = {"*.jpg gif"};
@@ -204,6 +235,64 @@ TEST(Filter, DiscardsMarksAndTheRefreshBringsTheWholeResultBack) {
     p.form.run("result_refresh");
     EXPECT_EQ(p.list().row_count(), 4);
     EXPECT_EQ(p.list().colour(4, 3), colour_archive);
+}
+
+TEST(Filter, PairsAreThoseOfTheViewWhateverBecomesOfTheFileList) {
+    for (const bool searched : {true, false}) {
+        four_rows p;
+        for (const char* path : {"/s/1.jpg", "/s/2.jpg", "/s/3.jpg", "/s/4.jpg"}) p.files.add_file(path);
+        if (searched) {
+            p.search({"/s"});
+        } else {
+            p.files.add_file("/prog/文件清单.txt", "/s/1.jpg\r\n");
+            p.form.run("Command21_Click");
+        }
+        EXPECT_FALSE(p.list().visible);
+        p.list().visible = true;
+        p.screen.texts = {"jpg"};
+        p.form.run("only_disp");
+        EXPECT_EQ(p.cells(3), (texts{"/d/One.JPG", "/d/One.JPG", "/d/zip.zip*in/p.JPG"}));
+        texts partners = p.cells(4);
+        std::sort(partners.begin(), partners.end());
+        EXPECT_EQ(partners, (texts{"/e/ONE.gif", "/e/q.dat", "/e/x.png"}));
+    }
+}
+
+TEST(Filter, ANameCheckLeavesNoPairsOfContents) {
+    four_rows p;
+    for (const char* path : {"/s/a/1.jpg", "/s/b/1.jpg", "/s/c/2.jpg"}) p.files.add_file(path);
+    p.select({"/s"});
+    p.form.run("mnu_same_filename");
+    ASSERT_EQ(p.state.list_mode, 3);
+    EXPECT_EQ(p.state.same_count, 0);
+    p.screen.texts = {"jpg"};
+    p.form.run("only_disp");
+    EXPECT_EQ(p.cells(3), (texts{"/s/a/1.jpg"}));
+    EXPECT_EQ(p.cells(4), (texts{"/s/b/1.jpg"}));
+}
+
+TEST(Filter, OnAHiddenListIsRefused) {
+    four_rows p;
+    p.list().visible = false;
+    for (const char* filter : {"only_disp", "not_list"}) {
+        p.screen.messages.clear();
+        p.screen.texts = {"jpg"};
+        p.form.run(filter);
+        EXPECT_TRUE(p.screen.questions.empty());
+        EXPECT_EQ(p.last_message(), "列表没有显示,请先显示结果");
+        EXPECT_EQ(p.list().row_count(), 4);
+        EXPECT_FALSE(p.list().visible);
+    }
+}
+
+TEST(Filter, AfterADeletionShowsTheBlankCellOfTheRow) {
+    four_rows p;
+    p.list().set_text(3, 4, "");
+    rewrite_store(p.form);
+    p.screen.texts = {"gz"};
+    p.form.run("only_disp");
+    EXPECT_EQ(p.cells(3), texts{"/d/z.tar.gz"});
+    EXPECT_EQ(p.cells(4), texts{""});
 }
 
 }  // namespace

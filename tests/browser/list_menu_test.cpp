@@ -108,5 +108,14 @@ TEST(DifferentFiles, ADoubleClickLeftOfThePathOpensItsDirectory) {
     EXPECT_EQ(p.desktop.calls.size(), 1u);
 }
 
+TEST(ListMenu, OfAPairOpensWhatHasNotGone) {
+    five_rows p;
+    p.list().set_text(4, 4, "");
+    p.right_press(4, 3);
+    p.desktop.calls.clear();
+    p.form.run("double_disp");
+    EXPECT_EQ(p.desktop.calls, std::vector<std::string>{"open /d/b"});
+}
+
 }  // namespace
 }  // namespace corvane

@@ -1,6 +1,6 @@
+#include "browser/same_view.h"
 #include "browser/row_panel.h"
 #include "browser/same_store.h"
-#include "browser/same_view.h"
 
 #include <gtest/gtest.h>
 
@@ -209,6 +209,35 @@ TEST(SameView, ClosingStopsTheLoad) {
     EXPECT_EQ(p.form.ListView1.row_count(), 0);
 }
 
+TEST(SameView, AFailedLoadLeavesNothingOfTheViewBefore) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    store(p, {{10, "/a", "/b"}});
+    p.form.run("Picture4_Click");
+    ASSERT_TRUE(p.form.ListView1.visible);
+    p.files.erase("/prog/相同文件.txt");
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.form.ListView1.row_count(), 0);
+    EXPECT_FALSE(p.form.ListView1.visible);
+    EXPECT_EQ(p.state.same_count, 0);
+    p.screen.texts = {"a"};
+    p.form.run("only_disp");
+    p.screen.texts = {"none"};
+    p.form.run("not_list");
+    EXPECT_EQ(p.form.ListView1.row_count(), 0);
+}
+
+TEST(SameView, ShowingAResultLeavesTheListOfASearchWhole) {
+    test_program p;
+    for (const char* path : {"/d/a", "/d/b"}) p.files.add_file(path, "x");
+    p.search({"/d"});
+    p.state.same_fresh_flag = -1;
+    store(p, {{10, "/x/1", "/x/2"}});
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.state.file_list_loaded, -1);
+    EXPECT_EQ(p.listed(), (texts{"/d/a", "/d/b"}));
+}
+
 TEST(RewriteStore, LeavesOutRowsWithABlankCellAndKeepsTheCount) {
     test_program p;
     p.state.same_fresh_flag = -1;
@@ -244,6 +273,51 @@ TEST(RewriteStore, AFullDiskLeavesTheOldStore) {
     p.form.run("Picture4_Click");
     p.files.write_failure_path = "/prog/相同文件.txt";
     EXPECT_FALSE(rewrite_store(p.form));
+    EXPECT_EQ(p.files.content_of("/prog/相同文件.txt"), before);
+}
+
+TEST(RewriteStore, KeepsThePairsThatAFilterHides) {
+    test_program p;
+    for (const char* path : {"/a.x", "/b.y", "/c.y", "/d.y", "/e.x", "/f.x"}) p.files.add_file(path, "1");
+    store(p, {{10, "/a.x", "/b.y"}, {20, "/c.y", "/d.y"}, {30, "/e.x", "/f.x"}});
+    p.form.run("Picture4_Click");
+    p.screen.texts = {"x"};
+    p.form.run("only_disp");
+    ASSERT_EQ(p.form.ListView1.row_count(), 2);
+    p.form.ListView1.set_text(1, 4, "");
+    p.state.same_count = 2;
+    EXPECT_TRUE(rewrite_store(p.form));
+    EXPECT_EQ(p.files.content_of("/prog/相同文件.txt"),
+              "内容相同文件清单            \r\n 2 \r\n30\r\n/e.x\r\n/f.x\r\n20\r\n/c.y\r\n/d.y\r\n");
+    p.form.run("result_refresh");
+    EXPECT_EQ(p.form.ListView1.row_count(), 2);
+    EXPECT_EQ(p.form.ListView1.cell(1, 3), "/c.y");
+}
+
+TEST(RewriteStore, WhatHasGoneStaysOutAlsoWhenAnotherFilterHidesIt) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    store(p, {{10, "/z.zip*a", "/b.y"}, {20, "/c.y", "/d.y"}});
+    p.form.run("Picture4_Click");
+    p.form.ListView1.set_text(2, 3, "");  // the member: "/z" stands behind "/c"
+    EXPECT_TRUE(rewrite_store(p.form));
+    p.state.same_count = 2;
+    p.screen.texts = {"none"};
+    p.form.run("only_disp");
+    ASSERT_EQ(p.form.ListView1.row_count(), 0);
+    EXPECT_TRUE(rewrite_store(p.form));
+    EXPECT_EQ(p.files.content_of("/prog/相同文件.txt"),
+              "内容相同文件清单            \r\n 2 \r\n20\r\n/c.y\r\n/d.y\r\n");
+}
+
+TEST(RewriteStore, OfAnotherViewWritesNothing) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    store(p, {{10, "/a", "/b"}});
+    const std::string before = p.files.content_of("/prog/相同文件.txt");
+    p.form.run("Picture4_Click");
+    p.state.list_mode = 2;
+    EXPECT_TRUE(rewrite_store(p.form));
     EXPECT_EQ(p.files.content_of("/prog/相同文件.txt"), before);
 }
 

@@ -40,12 +40,12 @@ struct name_program : list_program {
         for (const message& box : screen.messages) words.push_back(box.title + "|" + box.text);
         return words;
     }
-    // Lays pairs of an earlier check over the result columns.
+    // Puts pairs of an earlier check into the result columns.
     void hold(const name_pairs& pairs) {
-        state.file_list.clear();
-        state.result_file2.clear_and_share(state.file_list);
+        state.result_file1.clear();
+        state.result_file2.clear_and_share(state.result_file1);
         for (const auto& [first, second] : pairs) {
-            state.file_list.push_back(first);
+            state.result_file1.push_back(first);
             state.result_file2.push_back(second);
         }
         state.result_count = static_cast<std::int32_t>(pairs.size());

@@ -18,7 +18,7 @@ TEST(NameView, WhereTheCentreIsGoneItsPartnerBecomesTheCentre) {
     EXPECT_EQ(p.cells(1), (texts{"1", "2"})) << "the running number of the rows kept";
     EXPECT_EQ(p.cells(2), (texts{"1", "1"}));
     EXPECT_EQ(p.colours(3), (std::vector<std::uint32_t>{0, gray}));
-    EXPECT_EQ(p.state.file_list[2], "/d/1");
+    EXPECT_EQ(p.state.result_file1[2], "/d/1");
 }
 
 TEST(NameView, TheNextPartnerFollowsWhereThePartnerIsGoneToo) {
