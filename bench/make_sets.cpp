@@ -16,6 +16,7 @@
 #include <bit>
 #include <cerrno>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -102,7 +103,8 @@ void make_content(const recipe& made, std::uint64_t from, char* target, std::siz
 }
 
 std::uint64_t scaled(std::uint64_t count, double scale) {
-    return std::max<std::uint64_t>(1, static_cast<std::uint64_t>(static_cast<double>(count) * scale + 0.5));
+    return std::max<std::uint64_t>(
+        1, static_cast<std::uint64_t>(std::llround(static_cast<double>(count) * scale)));
 }
 
 // Appends groups of low..high files of one new recipe each, `total` files in all.
@@ -132,7 +134,7 @@ std::vector<recipe> small_files(random_source& random, double scale) {
 
 std::vector<recipe> photographs(random_source& random, double scale) {
     constexpr std::uint64_t least = 3 * 1024 * 1024 / 10;
-    constexpr std::uint64_t most = 12 * 1024 * 1024;
+    constexpr std::uint64_t most = std::uint64_t{12} * 1024 * 1024;
     const std::uint64_t count = scaled(4'000, scale);
     const auto make = [&] {
         // The sixth power of an even spread: many short files, few long ones.

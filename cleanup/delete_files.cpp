@@ -5,6 +5,7 @@
 #include "browser/list_views.h"
 #include "browser/same_store.h"
 #include "cleanup/deletion_run.h"
+#include "cleanup/stake.h"
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
@@ -35,6 +36,15 @@ void start_bar(Tavrel& form) {
     form.pic_gressbar1.visible = true;
 }
 
+// What stays because it is not proven that a copy of it is there.
+std::string kept_words(const kept_files& kept) {
+    std::string words = "\r\n保留 " + std::to_string(kept.count()) + " 个文件:";
+    if (kept.last_copies > 0)
+        words.append(" 最后一份 ").append(std::to_string(kept.last_copies)).append(" 个");
+    if (kept.changed > 0) words.append(" 比对后已变化 ").append(std::to_string(kept.changed)).append(" 个");
+    return words.append("\r\n  ").append(kept.first).append(kept.count() > 1 ? " 等" : "");
+}
+
 // Report, store and the offer to take protected files on the next run.
 void close_run(Tavrel& form, const deletion_run& run, const char* words) {
     run_state& state = form.state;
@@ -46,8 +56,14 @@ void close_run(Tavrel& form, const deletion_run& run, const char* words) {
         report.append("\r\n压缩包内仍有:").append(std::to_string(run.still_inside())).append("个 (");
         report.append(run.first_inside()).append(run.still_inside() > 1 ? " 等)" : ")");
     }
+    if (run.kept().count() > 0) report += kept_words(run.kept());
+    if (run.not_taken() > 0)
+        report.append("\r\n回收站未收下 ")
+            .append(std::to_string(run.not_taken()))
+            .append(" 个: ")
+            .append(run.first_not_taken());
     if (run.deleted() > 0 || state.archive_del_count > 0) {
-        state.same_count -= run.deleted() + state.archive_del_count;
+        state.same_count -= run.deleted() + run.further_cells() + state.archive_del_count;
         rewrite_store(form);
     }
     form.pic_gressbar1.visible = false;
@@ -59,6 +75,34 @@ void close_run(Tavrel& form, const deletion_run& run, const char* words) {
         report += "\r\n如需删除隐藏或只读文件,请按 yes,并重新运行<删除内容相同文件>";
         if (form.confirm(report)) state.force_protected = -1;
     }
+}
+
+message question(const Tavrel& form, const char* words) {
+    message box;
+    box.title = "提示";
+    box.text = words;
+    box.buttons = box_buttons::yes_no;
+    box.icon = box_icon::question;
+    box.detail = stake_words(stake_of(form));
+    return box;
+}
+
+// Yes: the recycle bin, no: for good. A box that was left without an answer deletes nothing.
+box_answer ask_for_road(Tavrel& form) {
+    message box = question(form, "将所选定的文件放入回收站吗?\r\n    Y 放入回收站\r\n    N 直接删除");
+    box.yes_words = "放入回收站";
+    box.no_words = "直接删除";
+    box.cancel_words = "取消";
+    return form.outside.screen.show_message(box);
+}
+
+// The words speak of the recycle bin; what a Yes does is direct all the same, and its button says so.
+bool confirms_direct(Tavrel& form) {
+    message box = question(form, "将所选定的文件放入回收站吗?");
+    box.yes_words = "直接删除";
+    box.no_words = "不删除";
+    box.default_answer = box_answer::no;
+    return form.outside.screen.show_message(box) == box_answer::yes;
 }
 
 // From the first row to the report. `words` begin the panel while the run scans, `report` the report.
@@ -97,8 +141,9 @@ void delete_marked_recycle(Tavrel& form) {
     if (deletes == deletion_rule::left_to_file_manager) return form.inform(names_are_not_contents);
     if (help_mode_opens(form, 20) || !has_result(form)) return;
     const task_scope task(form);
-    if (!form.confirm("将所选定的文件放入回收站吗?\r\n    Y 放入回收站\r\n    N 直接删除"))
-        return delete_marked_direct(form);
+    const box_answer answer = ask_for_road(form);
+    if (answer == box_answer::no) return delete_marked_direct(form);
+    if (answer != box_answer::yes) return;
     run_deletion(form, deletion_road::recycle, "删除分析:", "放入回收站:");
 }
 
@@ -109,8 +154,7 @@ void delete_marked_direct(Tavrel& form) {
     }
     if (help_mode_opens(form, 20) || !has_result(form)) return;
     const task_scope task(form);
-    // The words speak of the recycle bin; what a Yes does is direct all the same.
-    if (form.state.delete_prompt_on == 1 && !form.confirm("将所选定的文件放入回收站吗?")) return;
+    if (form.state.delete_prompt_on == 1 && !confirms_direct(form)) return;
     run_deletion(form, deletion_road::direct, "删除 :", "已删除:");
 }
 

@@ -24,7 +24,7 @@ deletion_run::deletion_run(Tavrel& form, deletion_road road, const char* words)
       view_(view_of(list_modes::same_files)),
       road_(road),
       words_(words),
-      copies_(form) {}
+      gate_(form) {}
 
 bool deletion_run::scan() {
     const std::int32_t rows = list_.row_count();
@@ -47,10 +47,17 @@ void deletion_run::take_cell(std::int32_t row, int column) {
     if (form_.outside.files.ignores_case())
         while (!cell.path.empty() && cell.path.back() == ' ') cell.path.pop_back();
     if (is_blank(cell.path)) return;
+    // Marked in another row, too: it goes once, and all its cells with it.
+    if (gate_.is_taken(cell.path)) {
+        blank(cell);
+        again_.emplace(cell.path, cell);
+        return;
+    }
     const bool is_entry = is_archive_member(cell.path);
     if (!is_entry && !path_exists(form_.outside.files, cell.path)) return;
     // What is no longer the row's file, or the last copy of it, is left alone with its attributes.
-    if (!copies_.may_go(cell.path, cell.length, false)) return refuse(row, column);
+    const gate_verdict verdict = gate_.looks_free(cell.path, cell.length);
+    if (verdict != gate_verdict::may_go) return keep(cell.path, verdict);
     if (is_entry) return take_archive_entry(cell);
     if (is_protected(cell.path, colour)) return refuse(row, column);
     if (road_ == deletion_road::recycle)
@@ -70,11 +77,24 @@ void deletion_run::refuse(std::int32_t row, int column) {
     list_.set_colour(row, column, mark_blue);
 }
 
-// A cell that was blanked too early.
+// The mark stays: what is kept today may have a copy tomorrow.
+void deletion_run::keep(const std::string& path, gate_verdict why) {
+    if (why == gate_verdict::gone) return;
+    if (kept_.count() == 0) kept_.first = path;
+    ++(why == gate_verdict::changed ? kept_.changed : kept_.last_copies);
+}
+
+void deletion_run::blank(const taken_cell& cell) {
+    list_.set_text(cell.row, cell.column, {});
+}
+
+// Cells that were blanked too early get their path back, and are marked as before.
 void deletion_run::put_back(const taken_cell& cell) {
-    copies_.give_back(cell.path);
+    gate_.give_back(cell.path);
     list_.set_text(cell.row, cell.column, cell.path);
-    refuse(cell.row, cell.column);
+    const auto [first, last] = again_.equal_range(cell.path);
+    for (auto each = first; each != last; ++each)
+        list_.set_text(each->second.row, each->second.column, cell.path);
 }
 
 void deletion_run::take_archive_entry(const taken_cell& cell) {
@@ -82,9 +102,9 @@ void deletion_run::take_archive_entry(const taken_cell& cell) {
         archive_list_ = std::make_unique<line_writer>(form_.outside.files, form_.state.archive_del_path);
     archive_list_->line(cell.path);
     ++form_.state.archive_mark_count;
-    copies_.take(cell.path);
-    list_.set_text(cell.row, cell.column, {});
+    blank(cell);
     entries_.push_back(cell);
+    gate_.take(cell.path);
 }
 
 bool deletion_run::delete_in_archives() {
@@ -96,13 +116,23 @@ bool deletion_run::delete_in_archives() {
         return true;
     }
     // What goes from an archive cannot be restored, so its twin is read.
-    const archive_deletion done = delete_archive_entries(form_, [this](std::size_t number,
-                                                                       const archive_member& member) {
-        // The list is a file, which others can write to.
-        if (number >= entries_.size()) return false;
-        const taken_cell& cell = entries_[number];
-        return member.length == static_cast<std::uint64_t>(cell.length) && copies_.may_go(cell.path, member);
-    });
+    const archive_deletion done =
+        delete_archive_entries(form_, [this](std::size_t number, const archive_member& member) {
+            // The list is a file, which others can write to.
+            if (number >= entries_.size()) return false;
+            const taken_cell& cell = entries_[number];
+            if (member.length != static_cast<std::uint64_t>(cell.length)) {
+                keep(cell.path, gate_verdict::changed);
+                return false;
+            }
+            gate_.give_back(cell.path);
+            const gate_verdict verdict = gate_.ask(cell.path, member);
+            if (verdict == gate_verdict::may_go)
+                gate_.take(cell.path);
+            else
+                keep(cell.path, verdict);
+            return verdict == gate_verdict::may_go;
+        });
     if (form_.state.quit_requested) return false;
     for (const std::size_t number : done.left_alone)
         if (number < entries_.size()) put_back(entries_[number]);
@@ -118,42 +148,66 @@ bool deletion_run::delete_in_archives() {
 
 void deletion_run::enqueue(const taken_cell& cell) {
     queue_.push_back(cell);
-    copies_.take(cell.path);
+    gate_.take(cell.path);
     freed_ += static_cast<double>(cell.length);
-    list_.set_text(cell.row, cell.column, {});
+    blank(cell);
     ++deleted_;
 }
 
 bool deletion_run::send_batches() {
     if (queue_.empty()) return true;
-    send_in_batches(form_, queue_.size(), [this](std::size_t number) {
-        const taken_cell& file = queue_[number];
-        return still_may_go(file) ? &file.path : nullptr;
-    });
+    send_in_batches(
+        form_, queue_.size(),
+        [this](std::size_t number) {
+            const taken_cell& file = queue_[number];
+            return still_may_go(file) ? &file.path : nullptr;
+        },
+        [this](std::size_t number) { bin_refused(queue_[number]); });
     form_.state.force_protected = 0;
     return !form_.state.quit_requested;
 }
 
-// Time has passed since the scan: the file must still be the row's, and its keeper alive.
 bool deletion_run::still_may_go(const taken_cell& file) {
-    if (copies_.may_go(file.path, file.length, false)) return true;
+    gate_.give_back(file.path);
+    const gate_verdict verdict = gate_.ask(file.path, file.length);
+    if (verdict == gate_verdict::may_go) {
+        gate_.take(file.path);
+        return true;
+    }
     --deleted_;
     freed_ -= static_cast<double>(file.length);
+    // What has gone by itself meanwhile needs no cell, and counts nowhere.
+    if (verdict == gate_verdict::gone) return false;
     put_back(file);
+    keep(file.path, verdict);
     return false;
+}
+
+void deletion_run::bin_refused(const taken_cell& file) {
+    --deleted_;
+    freed_ -= static_cast<double>(file.length);
+    if (not_taken_++ == 0) first_not_taken_ = file.path;
+    put_back(file);
 }
 
 void deletion_run::delete_now(const taken_cell& cell) {
     file_system& files = form_.outside.files;
     const file_facts before = files.facts(cell.path);
-    if (!copies_.may_go(cell.path, cell.length, true)) return refuse(cell.row, cell.column);
+    const gate_verdict verdict = gate_.ask(cell.path, cell.length);
+    if (verdict != gate_verdict::may_go) return keep(cell.path, verdict);
     const file_facts after = files.facts(cell.path);
-    if (!after.exists || !same_state(before, after) || !files.remove_file(cell.path))
-        return refuse(cell.row, cell.column);
-    copies_.take(cell.path);
+    if (!after.exists || !same_state(before, after)) return keep(cell.path, gate_verdict::changed);
+    if (!files.remove_file(cell.path)) return refuse(cell.row, cell.column);
+    gate_.take(cell.path);
     freed_ += static_cast<double>(after.length);
-    list_.set_text(cell.row, cell.column, {});
+    blank(cell);
     ++deleted_;
+}
+
+std::int32_t deletion_run::further_cells() const {
+    std::int32_t count = 0;
+    for (const auto& each : again_) count += gate_.is_taken(each.first);
+    return count;
 }
 
 void deletion_run::show_progress(std::int32_t row) {

@@ -6,10 +6,11 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "cleanup/archive_delete.h"
-#include "cleanup/last_copy.h"
+#include "cleanup/deletion_gate.h"
 #include "core/text/text_file.h"
 
 namespace corvane {
@@ -19,6 +20,15 @@ struct list_view_row;
 class Tavrel;
 
 enum class deletion_road { recycle, direct };
+
+// Files that stay because no copy of theirs could be proven.
+struct kept_files {
+    std::int32_t last_copies = 0;
+    std::int32_t changed = 0;
+    std::string first;
+
+    std::int32_t count() const { return last_copies + changed; }
+};
 
 class deletion_run {
   public:
@@ -35,8 +45,14 @@ class deletion_run {
     // Tallies.
     std::int32_t marked() const { return marked_; }
     std::int32_t deleted() const { return deleted_; }
-    std::int32_t could_not() const { return could_not_; }
+    std::int32_t could_not() const { return could_not_; }  // protected, or the system refused it
+    // What the gate kept, and what the recycle bin did not take, each with the first path.
+    const kept_files& kept() const { return kept_; }
+    std::int32_t not_taken() const { return not_taken_; }
+    const std::string& first_not_taken() const { return first_not_taken_; }
     double freed() const { return freed_; }  // bytes
+    // Further cells of paths that have gone: rows that have lost a side beside those of deleted().
+    std::int32_t further_cells() const;
     // Entries that are still in their archives although they were to go, and one of them.
     std::int32_t still_inside() const { return still_inside_; }
     const std::string& first_inside() const { return first_inside_; }
@@ -55,9 +71,13 @@ class deletion_run {
     void enqueue(const taken_cell& cell);
     void delete_now(const taken_cell& cell);
     bool is_protected(const std::string& name, std::uint32_t colour);
+    // Right before a batch: what may go no more comes back.
     bool still_may_go(const taken_cell& file);
+    void bin_refused(const taken_cell& file);
     void refuse(std::int32_t row, int column);
+    void keep(const std::string& path, gate_verdict why);
     void put_back(const taken_cell& cell);
+    void blank(const taken_cell& cell);
     void show_progress(std::int32_t row);
 
     Tavrel& form_;
@@ -65,13 +85,18 @@ class deletion_run {
     const list_view_row& view_;  // the columns of the pairs
     deletion_road road_;
     std::string words_;
-    last_copy copies_;
+    deletion_gate gate_;
     std::unique_ptr<line_writer> archive_list_;
     std::vector<taken_cell> entries_;  // in archive_list_
     std::vector<taken_cell> queue_;    // for the recycle bin
     std::int32_t marked_ = 0;
     std::int32_t deleted_ = 0;
     std::int32_t could_not_ = 0;
+    kept_files kept_;
+    std::int32_t not_taken_ = 0;
+    std::string first_not_taken_;
+    // Further cells of a path that has been taken.
+    std::unordered_multimap<std::string, taken_cell> again_;
     double freed_ = 0;
     std::int32_t still_inside_ = 0;
     std::string first_inside_;

@@ -20,8 +20,17 @@ namespace {
 
 // What one run has come to.
 struct tallies {
-    std::vector<std::string> taken;  // on their way to the recycle bin
-    std::int32_t refused = 0;
+    struct taken_row {
+        std::string path;
+        std::int32_t row;
+    };
+    std::vector<taken_row> taken;  // on their way to the recycle bin
+    std::int32_t gone = 0;
+    std::int32_t refused = 0;  // protected
+    std::int32_t filled = 0;   // no longer empty
+    std::string first_filled;
+    std::int32_t not_taken = 0;  // by the bin
+    std::string first_not_taken;
 };
 
 std::string without_trailing_blanks(std::string text) {
@@ -54,6 +63,19 @@ bool is_directory(Tavrel& form, const std::string& path) {
     return facts.exists && facts.directory && !facts.link;
 }
 
+// Whether it is empty as it stands; what cannot be read to its end is not.
+bool is_still_empty(Tavrel& form, const std::string& path) {
+    const auto reader = form.outside.files.open_directory(path);
+    std::string_view name;
+    entry_kind kind;
+    return reader && !reader->next(name, kind) && !reader->failed();
+}
+
+// A row that was blanked too early.
+void put_back(Tavrel& form, const tallies::taken_row& taken) {
+    form.ListView1.set_text(taken.row, shown_view(form).first_path, taken.path);
+}
+
 bool is_protected(Tavrel& form, const std::string& path) {
     const path_attributes facts = form.outside.files.attributes(path);
     return facts.hidden || facts.read_only;
@@ -73,15 +95,47 @@ void take_row(Tavrel& form, std::int32_t row, tallies& count) {
         list.set_colour(row, path_column, mark_blue);
         return;
     }
-    count.taken.push_back(path);
+    count.taken.push_back({path, row});
     list.set_text(row, path_column, "");
     form.panel(5, "正在删除:" + std::to_string(count.taken.size()));
     show_elapsed(form);
 }
 
+// The disk may have changed since the scan looked: each is asked again right before it goes.
+void send_rows(Tavrel& form, tallies& count) {
+    const auto path_of = [&](std::size_t number) -> const std::string* {
+        const tallies::taken_row& taken = count.taken[number];
+        if (!is_directory(form, taken.path)) return nullptr;
+        if (is_still_empty(form, taken.path)) {
+            ++count.gone;
+            return &taken.path;
+        }
+        if (count.filled++ == 0) count.first_filled = taken.path;
+        put_back(form, taken);
+        return nullptr;
+    };
+    const auto refused = [&](std::size_t number) {
+        const tallies::taken_row& taken = count.taken[number];
+        --count.gone;
+        if (count.not_taken++ == 0) count.first_not_taken = taken.path;
+        put_back(form, taken);
+    };
+    send_in_batches(form, count.taken.size(), path_of, refused);
+}
+
 void report(Tavrel& form, const tallies& count) {
     std::string words = "放入回收站:";
-    words.append(std::to_string(count.taken.size())).append(" 个空目录");
+    words.append(std::to_string(count.gone)).append(" 个空目录");
+    if (count.filled > 0)
+        words.append("\r\n保留 ")
+            .append(std::to_string(count.filled))
+            .append(" 个已不空的目录: ")
+            .append(count.first_filled);
+    if (count.not_taken > 0)
+        words.append("\r\n回收站未收下 ")
+            .append(std::to_string(count.not_taken))
+            .append(" 个: ")
+            .append(count.first_not_taken);
     if (count.refused == 0) return form.inform(words);
     words.append("\r\n无法删除:").append(std::to_string(count.refused)).append(" 个空目录 (隐藏或只读)");
     words.append("\r\n如需删除隐藏或只读目录,请按 yes,并重新运行<删除空目录>");
@@ -115,15 +169,11 @@ void Picture8_Click(Tavrel& form) {
         if (state.quit_requested) return;
     }
     if (!count.taken.empty()) {
-        // The disk may have changed since the scan looked.
-        send_in_batches(form, count.taken.size(), [&](std::size_t number) {
-            const std::string& path = count.taken[number];
-            return is_directory(form, path) ? &path : nullptr;
-        });
+        send_rows(form, count);
         if (state.quit_requested) return;
         state.force_protected = 0;
     }
-    form.panel(5, "已删除:" + std::to_string(count.taken.size()));
+    form.panel(5, "已删除:" + std::to_string(count.gone));
     form.pic_gressbar1.visible = false;
     show_elapsed(form);
     report(form, count);

@@ -8,7 +8,8 @@
 namespace corvane {
 
 void send_in_batches(Tavrel& form, std::size_t count,
-                     const std::function<const std::string*(std::size_t)>& path_of) {
+                     const std::function<const std::string*(std::size_t)>& path_of,
+                     const std::function<void(std::size_t)>& refused) {
     const std::size_t batches = (count + recycle_batch_size - 1) / recycle_batch_size;
     bar_colours(form, 13619151, 4227327, 4210816);
     bar_scale(form, static_cast<std::int32_t>(batches));
@@ -16,8 +17,12 @@ void send_in_batches(Tavrel& form, std::size_t count,
         form.yield();
         if (form.state.quit_requested) return;
         const std::size_t end = std::min(b * recycle_batch_size, count);
-        for (std::size_t number = (b - 1) * recycle_batch_size; number < end; ++number)
-            if (const std::string* path = path_of(number)) form.outside.desktop.recycle(*path);
+        for (std::size_t number = (b - 1) * recycle_batch_size; number < end; ++number) {
+            const std::string* path = path_of(number);
+            // The proof may have yielded.
+            if (form.state.quit_requested) return;
+            if (path != nullptr && !form.outside.desktop.recycle(*path)) refused(number);
+        }
         form.pic_gressbar1.draw(static_cast<std::int32_t>(b));
         form.panel(5, "已删除:" + std::to_string(b * recycle_batch_size));
         show_elapsed(form);

@@ -1,4 +1,4 @@
-# corvane_library(NAME FOLDER [SOURCES...] [LINKS targets...])
+# corvane_library(NAME FOLDER [SOURCES...] [LINKS targets...] [PRECOMPILED target|none])
 #
 # One target a folder. A target sees the headers of its own folder and of the targets that it links, and no
 # others: every folder's headers are reachable only through a directory of links of its own, so an include
@@ -14,11 +14,15 @@ function(corvane_header_links NAME FOLDER)
 endfunction()
 
 function(corvane_library NAME FOLDER)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(ARG "" "PRECOMPILED" "SOURCES;LINKS" ${ARGN})
+    if(NOT ARG_PRECOMPILED)
+        set(ARG_PRECOMPILED corvane_standard_headers)
+    endif()
     corvane_header_links(${NAME} ${FOLDER})
     set(root "${PROJECT_BINARY_DIR}/include/${NAME}")
     if(ARG_SOURCES)
         add_library(${NAME} STATIC ${ARG_SOURCES})
+        corvane_precompile(${NAME} ${ARG_PRECOMPILED})
         target_include_directories(${NAME} PUBLIC "${root}")
         target_link_libraries(${NAME} PUBLIC ${ARG_LINKS} PRIVATE corvane_warnings)
     else()

@@ -2,7 +2,7 @@
 # shellcheck shell=bash
 
 build_packages="g++ cmake ninja-build pkg-config python3 qt6-base-dev qt6-svg-dev libglib2.0-dev libgtest-dev fonts-wqy-microhei"
-test_packages="coreutils findutils dbus zip p7zip-full"
+test_packages="ccache clang-tidy coreutils findutils git dbus zip p7zip-full"
 
 # Installs the packages of the list that are missing. Asks dpkg once; where all are there nothing else is done.
 install_packages() {
@@ -19,9 +19,7 @@ install_packages() {
         -o DPkg::Lock::Timeout=300 install $missing
 }
 
-# configure FOLDER [OPTIONS...]: only when the build folder has not been configured; CMake renews it by itself.
+# configure PRESET [OPTIONS...]: the build folder of that preset (CMakePresets.json).
 configure() {
-    local folder=$1
-    shift
-    [ -f "$folder/build.ninja" ] || cmake -S . -B "$folder" -G Ninja -DCMAKE_BUILD_TYPE=Release "$@"
+    cmake --preset "$@"
 }

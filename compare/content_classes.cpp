@@ -12,10 +12,11 @@ namespace corvane {
 
 namespace {
 
-constexpr std::int64_t edge_block = 65536;          // first and last bytes, read before what lies between
-constexpr std::int64_t largest_block = 256 * 1024;  // two of these stay in the processor's cache
-constexpr std::int64_t block_memory = 32 << 20;     // for the blocks of all classes of one step
-constexpr std::size_t open_file_limit = 200;        // more candidates are opened block by block
+constexpr std::int64_t edge_block = 65536;  // first and last bytes, read before what lies between
+constexpr std::int64_t largest_block =
+    256 * std::int64_t{1024};                    // two of these stay in the processor's cache
+constexpr std::int64_t block_memory = 32 << 20;  // for the blocks of all classes of one step
+constexpr std::size_t open_file_limit = 200;     // more candidates are opened block by block
 
 class content_sorter {
   public:

@@ -91,7 +91,7 @@ void file_group::read_signature(std::int32_t j, std::vector<std::byte>& buffer) 
 }
 
 void file_group::whole_file_signature(std::int32_t j, std::vector<std::byte>& buffer) {
-    constexpr std::int64_t stream_block = 256 * 1024;
+    constexpr std::int64_t stream_block = 256 * std::int64_t{1024};
     const outcome_with<file_reader> reader = disk_.open_file(files_.file_list[j]);
     if (!reader) return mark_bad(j);
     reader->will_read(0);
@@ -166,10 +166,11 @@ bool file_group::accepted_unread(std::int32_t i, std::int32_t j) const {
 bool file_group::equal_contents(std::int32_t i, std::int32_t j) {
     if (content_class_[place(i)] == 0 || content_class_[place(j)] == 0) {
         std::vector<std::int32_t> members{i};
-        std::vector<content_candidate> candidates;
         // Nothing before j can be asked about again: it was the same as i, or it differs and has its class.
         for (std::int32_t k = j; k <= end_; k = next_candidate(i, k))
             if (k == j || !signature_mode_ || !accepted_unread(i, k)) members.push_back(k);
+        std::vector<content_candidate> candidates;
+        candidates.reserve(members.size());
         for (const std::int32_t k : members)
             candidates.push_back({files_.file_list[k], contents_.at(k - first_)});
         const std::vector<std::int32_t> classes =

@@ -20,7 +20,7 @@ child_window::child_window(Tavrel& main, form_model& form, std::function<void(co
 
 void child_window::sync_window() {
     mirror_title(this, form_.caption);
-    if (form_.visible && isHidden()) open();
+    if (form_.visible && isHidden()) open_window();
     if (!form_.visible && !isHidden()) hide();
     sync_place();
 }
@@ -29,7 +29,7 @@ void child_window::sync_place() {
     if (isVisible()) place_.apply();
 }
 
-void child_window::open() {
+void child_window::open_window() {
     before_open();
     if (place_.is_known()) {
         place_.apply();

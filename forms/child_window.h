@@ -44,7 +44,7 @@ class child_window : public QDialog {
     std::function<void(const std::string&)> act_;
 
   private:
-    void open();
+    void open_window();
     void place_beside_main();
 
     form_model& form_;

@@ -1,5 +1,7 @@
 #include "forms/colours.h"
 
+#include <cmath>
+
 #include "core/model/list_view.h"
 
 namespace corvane {
@@ -7,7 +9,7 @@ namespace corvane {
 namespace {
 
 int mixed(int base, int over, double share) {
-    return static_cast<int>(base + (over - base) * share + 0.5);
+    return static_cast<int>(std::lround(base + (over - base) * share));
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ constexpr int widest = 640;
 constexpr int edge = 16;
 }  // namespace
 
-error_frame::error_frame(Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent)
+error_frame::error_frame(Tavrel& form, const std::function<void(const std::string&)>& act, QWidget* parent)
     : QFrame(parent),
       form_(form),
       caption_(new QLabel(this)),

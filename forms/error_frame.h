@@ -16,7 +16,7 @@ namespace corvane {
 class error_frame : public QFrame {
   public:
     // `act` runs a handler of the main form by its name.
-    error_frame(Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent);
+    error_frame(Tavrel& form, const std::function<void(const std::string&)>& act, QWidget* parent);
 
     void sync();
     // Keeps the frame in the middle of its parent.

@@ -34,7 +34,7 @@ bool asks_for_platform(int count, char** arguments) {
 // Empty: none was given. False on wrong usage.
 bool read_program_dir(int count, char** arguments, std::string& program_dir) {
     for (int i = 1; i < count; ++i) {
-        if (std::strcmp(arguments[i], "--program-dir") || i + 1 == count) return false;
+        if (std::strcmp(arguments[i], "--program-dir") != 0 || i + 1 == count) return false;
         program_dir = arguments[++i];
     }
     return true;

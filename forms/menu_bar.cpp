@@ -25,7 +25,8 @@ bool waits_for_task(std::string_view menu) {
 
 }  // namespace
 
-menu_bar::menu_bar(Tavrel& form, QMenuBar& bar, std::function<void(const std::string&)> act) : form_(form) {
+menu_bar::menu_bar(Tavrel& form, QMenuBar& bar, const std::function<void(const std::string&)>& act)
+    : form_(form) {
     std::map<std::string_view, QMenu*> menus;
     for (const menu_entry& line : main_menu()) {
         control* model = form.find(line.name);

@@ -17,7 +17,7 @@ namespace corvane {
 class menu_bar {
   public:
     // `act` runs a handler of the main form by its name. Menus of hidden top entries become pop-up menus.
-    menu_bar(Tavrel& form, QMenuBar& bar, std::function<void(const std::string&)> act);
+    menu_bar(Tavrel& form, QMenuBar& bar, const std::function<void(const std::string&)>& act);
 
     // With `tasks_locked`, entries that start a task are disabled as well.
     void sync(bool tasks_locked);

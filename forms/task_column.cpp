@@ -38,7 +38,7 @@ const task_drawing* drawing_of(std::string_view picture) {
 
 }  // namespace
 
-task_column::task_column(Tavrel& form, std::function<void(const std::string&)> act,
+task_column::task_column(Tavrel& form, const std::function<void(const std::string&)>& act,
                          std::function<void()> hovered, QWidget* parent)
     : QWidget(parent), form_(form), hovered_(std::move(hovered)) {
     auto* layout = new QVBoxLayout(this);

@@ -16,8 +16,8 @@ class task_button;
 class task_column : public QWidget {
   public:
     // `act` runs a handler of the main form by its name; `hovered` brings the tip up to date.
-    task_column(Tavrel& form, std::function<void(const std::string&)> act, std::function<void()> hovered,
-                QWidget* parent);
+    task_column(Tavrel& form, const std::function<void(const std::string&)>& act,
+                std::function<void()> hovered, QWidget* parent);
 
     void sync();
     // The pictures' places on the screen become their resting places in the model.

@@ -58,6 +58,9 @@ struct file_facts {
     // links and names, and cannot be set back.
     std::int64_t modified_ns = 0;
     std::int64_t changed_ns = 0;
+    // The file lies on a mount that shows files of other mounts (an overlay, a pool of disks): it may be one
+    // with a file of another device number.
+    bool stacked = false;
 };
 
 enum class volume_kind { home, root, other };

@@ -11,9 +11,10 @@ namespace corvane {
 
 namespace {
 
-constexpr std::size_t least_block = 8 * 1024;
-constexpr std::size_t most_block = 256 * 1024;
-constexpr std::int64_t end_block = 64 * 1024;  // the directory of most archives, in one read with the end
+constexpr std::size_t least_block = 8 * std::size_t{1024};
+constexpr std::size_t most_block = 256 * std::size_t{1024};
+constexpr std::int64_t end_block =
+    64 * std::int64_t{1024};  // the directory of most archives, in one read with the end
 constexpr unsigned first_lead_byte = 161;
 constexpr char32_t first_mapped = 0xF000;  // stands for a byte, as in names from the disk
 constexpr char32_t last_mapped = 0xF0FF;

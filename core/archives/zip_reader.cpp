@@ -32,7 +32,7 @@ enum class tail_search { found, missing, unreadable };
 
 // Looks for the last end record in the file's tail, and reads it. It never stands at the very start.
 tail_search find_end_record(archive_input& archive) {
-    constexpr std::int64_t piece = 64 * 1024;
+    constexpr std::int64_t piece = 64 * std::int64_t{1024};
     const std::int64_t first = std::max<std::int64_t>(1, archive.length() - longest_tail);
     std::vector<std::byte> tail_buffer(piece + 3);
     // Each piece holds three bytes of the one behind it: a signature may lie across both.

@@ -52,7 +52,7 @@ reader values(column<Value> Slice::*member) {
     };
 }
 
-reader texts(std::function<const text_column&(const run_state&)> pick) {
+reader texts(const std::function<const text_column&(const run_state&)>& pick) {
     return [pick](const run_state& state, std::int64_t index) -> std::optional<std::string> {
         const text_column& values = pick(state);
         if (index < 1 || index > values.size()) return {};

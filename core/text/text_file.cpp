@@ -7,7 +7,7 @@
 namespace corvane {
 
 namespace {
-constexpr std::size_t read_block = 256 * 1024;
+constexpr std::size_t read_block = 256 * std::size_t{1024};
 }
 
 line_reader::line_reader(file_system& files, const std::string& path, std::int64_t offset)

@@ -14,7 +14,7 @@ namespace corvane {
 
 class line_reader {
   public:
-    static constexpr std::size_t longest_line = 1024 * 1024;
+    static constexpr std::size_t longest_line = 1024 * std::size_t{1024};
 
     // Reads from byte `offset` on.
     line_reader(file_system& files, const std::string& path, std::int64_t offset = 0);
@@ -68,7 +68,7 @@ class line_writer {
     const std::string& error() const { return state_.reason; }
 
   private:
-    static constexpr std::size_t block = 256 * 1024;
+    static constexpr std::size_t block = 256 * std::size_t{1024};
     void take(outcome written);
 
     std::unique_ptr<file_writer> file_;

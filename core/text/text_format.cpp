@@ -115,10 +115,10 @@ double parse_decimal(std::string_view text) {
 }
 
 std::int32_t whole_number(std::string_view text) {
-    constexpr std::numeric_limits<std::int32_t> range;
+    using range = std::numeric_limits<std::int32_t>;
     const double number = std::nearbyint(parse_decimal(text));
-    if (number <= range.min()) return range.min();
-    if (number >= range.max()) return range.max();
+    if (number <= range::min()) return range::min();
+    if (number >= range::max()) return range::max();
     return static_cast<std::int32_t>(number);
 }
 

@@ -123,8 +123,10 @@ std::string desktop_shell::find_program(const std::string& name) {
 
 outcome_with<started_process> desktop_shell::start_process(const std::vector<std::string>& arguments) {
     std::vector<std::string> raw;
+    raw.reserve(arguments.size());
     for (const std::string& argument : arguments) raw.push_back(to_raw(argument));
     std::vector<const char*> pointers;
+    pointers.reserve(raw.size() + 1);
     for (const std::string& argument : raw) pointers.push_back(argument.c_str());
     pointers.push_back(nullptr);
     const object_pointer<GSubprocessLauncher> launcher(

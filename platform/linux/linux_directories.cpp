@@ -60,7 +60,7 @@ class linux_directory_reader : public directory_reader {
     file_identity identity() const override { return identity_; }
 
   private:
-    static constexpr std::size_t buffer_size = 32 * 1024;
+    static constexpr std::size_t buffer_size = 32 * std::size_t{1024};
 
     entry_kind kind_of(unsigned char type, const char* raw) const {
         struct stat facts;

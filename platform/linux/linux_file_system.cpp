@@ -42,6 +42,10 @@ std::string user_trash() {
     return to_text(base + "/Trash");
 }
 
+std::int64_t nanoseconds(const statx_timestamp& time) {
+    return time.tv_sec * 1'000'000'000 + time.tv_nsec;
+}
+
 }  // namespace
 
 linux_file_system::linux_file_system()
@@ -51,7 +55,7 @@ file_facts linux_file_system::facts(std::string_view path) {
     const raw_path raw(path);
     struct statx facts;
     file_facts result;
-    constexpr unsigned wanted = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_INO | STATX_NLINK;
+    constexpr unsigned wanted = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_CTIME | STATX_INO | STATX_NLINK;
     if (statx(AT_FDCWD, raw.c_str(), AT_SYMLINK_NOFOLLOW, wanted, &facts) != 0 || !S_ISREG(facts.stx_mode))
         return result;
     result.exists = true;
@@ -61,6 +65,9 @@ file_facts linux_file_system::facts(std::string_view path) {
     result.date_low = time.low;
     result.link_count = facts.stx_nlink;
     result.identity = {device_of(facts.stx_dev_major, facts.stx_dev_minor), facts.stx_ino};
+    result.modified_ns = nanoseconds(facts.stx_mtime);
+    result.changed_ns = nanoseconds(facts.stx_ctime);
+    result.stacked = stacked_devices_.contains(facts.stx_dev_major, facts.stx_dev_minor, raw.c_str());
     return result;
 }
 

@@ -8,6 +8,7 @@
 #include "platform/linux/linux_attributes.h"
 #include "platform/linux/linux_directories.h"
 #include "platform/linux/linux_volumes.h"
+#include "platform/linux/stacked_devices.h"
 
 namespace corvane {
 
@@ -47,6 +48,7 @@ class linux_file_system : public file_system {
     std::string recycle_name_;     // ".Trash-<uid>"
     linux_directories directories_;
     linux_attributes attributes_;
+    stacked_devices stacked_devices_;
     descriptor claim_;  // the claimed directory
 };
 

@@ -81,7 +81,7 @@ class linux_writer : public file_writer {
         const bool replaces = !final_path_.empty();
         if (replaces && fsync(file_.number()) != 0 && errno != EINVAL) return system_failure();
         if (!file_.close() || (replaces && rename(path_.c_str(), final_path_.c_str()) != 0)) {
-            const outcome failed = system_failure();
+            outcome failed = system_failure();
             if (replaces) unlink(path_.c_str());
             return failed;
         }
@@ -109,7 +109,7 @@ outcome open_regular(const char* raw_path, int flags, descriptor& file) {
 
 outcome_with<file_reader> open_linux_reader(const char* raw_path) {
     descriptor file;
-    const outcome found = open_regular(raw_path, O_RDONLY, file);
+    outcome found = open_regular(raw_path, O_RDONLY, file);
     if (!found) return found;
     return std::make_unique<linux_reader>(std::move(file));
 }
@@ -135,7 +135,7 @@ outcome_with<file_writer> open_replacing_writer(const char* raw_path) {
 
 outcome_with<file_writer> open_overwriting_writer(const char* raw_path) {
     descriptor file;
-    const outcome found = open_regular(raw_path, O_WRONLY | O_CREAT, file);
+    outcome found = open_regular(raw_path, O_WRONLY | O_CREAT, file);
     if (!found) return found;
     if (ftruncate(file.number(), 0) != 0) return system_failure();
     return std::make_unique<linux_writer>(std::move(file), raw_path, std::string());
@@ -143,11 +143,11 @@ outcome_with<file_writer> open_overwriting_writer(const char* raw_path) {
 
 outcome put_linux_text(const char* raw_path, std::string_view text) {
     descriptor file;
-    const outcome found = open_regular(raw_path, O_WRONLY | O_CREAT, file);
+    outcome found = open_regular(raw_path, O_WRONLY | O_CREAT, file);
     if (!found) return found;
     const int number = file.number();
     linux_writer writer(std::move(file), raw_path, std::string());
-    const outcome written = writer.write_at(0, text);
+    outcome written = writer.write_at(0, text);
     if (!written) return written;
     if (ftruncate(number, static_cast<off_t>(text.size())) != 0) return system_failure();
     return writer.commit();

@@ -23,7 +23,9 @@ class linux_text_encoding : public text_encoding {
   private:
     char16_t convert(unsigned char lead, unsigned char trail);
 
-    static inline const iconv_t closed = reinterpret_cast<iconv_t>(-1);  // what iconv_open gives on failure
+    // What iconv_open gives on failure.
+    static inline const iconv_t closed =
+        reinterpret_cast<iconv_t>(-1);  // NOLINT(performance-no-int-to-ptr): its word
     iconv_t converter_ = closed;
     bool opened_ = false;
     std::array<char16_t, 0x10000> characters_{};

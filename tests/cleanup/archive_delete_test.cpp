@@ -169,7 +169,8 @@ TEST(ArchiveDelete, AnEntryStaysWhenItsTwinHasAnotherContentByNow) {
     p.run_recycle({box_answer::yes, box_answer::no});
     EXPECT_EQ(p.lists, (std::vector<texts>{{"b"}}));
     EXPECT_EQ(p.cells(4), (texts{"/z.zip*a", ""}));
-    EXPECT_EQ(p.list().colour(1, 4), mark_blue);
+    EXPECT_EQ(p.list().colour(1, 4), mark_red);
+    EXPECT_NE(p.last_message().find("保留 1 个文件: 比对后已变化 1 个\r\n  /z.zip*a"), std::string::npos);
 }
 
 TEST(ArchiveDelete, OfTwinsThatAreBothMarkedTheFileOnTheDiskStays) {

@@ -57,9 +57,9 @@ TEST_P(NotLiteral, IsLeftAlone) {
     EXPECT_TRUE(p.desktop.started.empty());
     EXPECT_EQ(p.files.content_of("/z.zip"), before);
     EXPECT_EQ(p.list().cell(1, 4), "/z.zip*" + contents.members()[0].name);
-    EXPECT_EQ(p.list().colour(1, 4), mark_blue);
+    EXPECT_EQ(p.list().colour(1, 4), mark_red) << "a second run could do no more";
     EXPECT_NE(p.last_message().find("压缩包内仍有:1个"), std::string::npos);
-    EXPECT_NE(p.last_message().find("无法删除:1 个文件"), std::string::npos);
+    EXPECT_EQ(p.last_message().find("无法删除"), std::string::npos);
 }
 
 TEST(ToolNames, AFileThatIsNamedAsADirectoryOfOthersStays) {

@@ -159,15 +159,17 @@ TEST(Recycle, BlueWithoutTheFlagIsNoMark) {
     EXPECT_EQ(p.state.force_protected, -1) << "no batch was run";
 }
 
-TEST(Recycle, WhatTheBinRefusesStaysAndTheTalliesCountWhatWasQueued) {
+TEST(Recycle, WhatTheBinRefusesStaysWithItsCellAndIsSaid) {
     deleting p;
     p.show_files({{7, "/d/a", "/e/a"}});
     p.refused = {"/e/a"};
     p.double_click(1, 4);
     p.run_recycle();
     EXPECT_TRUE(p.files.has("/e/a"));
-    EXPECT_EQ(p.last_message(), "放入回收站:1 个文件\r\n 释放空间: 7");
-    EXPECT_EQ(p.list().cell(1, 4), "");
+    EXPECT_EQ(p.last_message(), "放入回收站:0 个文件\r\n 释放空间: \r\n回收站未收下 1 个: /e/a");
+    EXPECT_EQ(p.list().cell(1, 4), "/e/a");
+    EXPECT_EQ(p.list().colour(1, 4), mark_red);
+    EXPECT_EQ(p.state.same_count, 1);
 }
 
 TEST(Recycle, AnArchiveEntryGoesOnItsList) {
@@ -195,7 +197,7 @@ TEST(Recycle, AListOfEntriesThatCouldNotBeWrittenIsNotHandedOn) {
     EXPECT_TRUE(p.desktop.started.empty());
     EXPECT_EQ(p.screen.messages[1].text, "/prog/winrar_del_file.txt\r\ndisk full");
     EXPECT_EQ(p.list().cell(1, 4), "/z.zip*in/a");
-    EXPECT_EQ(p.list().colour(1, 4), mark_blue);
+    EXPECT_EQ(p.list().colour(1, 4), mark_red);
 }
 
 TEST(Recycle, ANameWithABlankAtItsEndIsNotTheNameWithoutIt) {
@@ -241,6 +243,48 @@ TEST(Recycle, InTheDifferentFilesViewTakesTheMarkedFile) {
     p.run_recycle();
     EXPECT_EQ(p.recycled, texts{"/x/alone"});
     EXPECT_EQ(p.last_message(), "放入回收站:1 个文件\r\n 释放空间: 3");
+}
+
+TEST(Recycle, ABoxThatIsDismissedDeletesNothingAndFreesTheTasks) {
+    for (const int prompt : {0, 1}) {
+        deleting p;
+        p.show_files({{10, "/d/a", "/e/a"}});
+        p.state.delete_prompt_on = static_cast<std::int16_t>(prompt);
+        p.double_click(1, 4);
+        p.run_recycle({box_answer::dismissed});
+        p.run_recycle({});
+        EXPECT_TRUE(p.recycled.empty());
+        EXPECT_TRUE(p.files.removed.empty());
+        EXPECT_EQ(p.list().colour(1, 4), mark_red);
+        EXPECT_TRUE(p.form.pictures[5]->enabled);
+        if (prompt == 0) continue;
+        // The second question, before what cannot be taken back.
+        p.run_recycle({no, box_answer::dismissed});
+        EXPECT_TRUE(p.files.removed.empty());
+        EXPECT_TRUE(p.form.pictures[5]->enabled);
+    }
+}
+
+TEST(Recycle, TheQuestionSaysWhatIsAtStakeAndWhatItsButtonsDo) {
+    deleting p;
+    p.show_files({{10'000, "/d/a", "/e/a"}, {7'000, "/d/a", "/e/b"}, {800, "/d/c", "/z.zip*in/c"}});
+    // The same path twice counts once: 10,000 + 7,000 + 800 bytes are 17.4 KB.
+    p.list().set_text(2, 3, "/e/a");
+    p.list().set_colour(2, 3, mark_red);
+    for (const int row : {1, 2, 3}) p.mark(row, 4);
+    p.run_recycle({box_answer::dismissed});
+    const message& box = p.screen.messages.front();
+    EXPECT_EQ(box.detail, "3 个文件, 17.4 KB; 其中压缩包内 1 个, 不能恢复");
+    EXPECT_EQ(box.yes_words, "放入回收站");
+    EXPECT_EQ(box.no_words, "直接删除");
+    EXPECT_EQ(box.cancel_words, "取消");
+    EXPECT_EQ(box.default_answer, box_answer::yes);
+    p.state.delete_prompt_on = 1;
+    p.run_direct({no});
+    const message& second = p.screen.messages.back();
+    EXPECT_EQ(second.yes_words, "直接删除");
+    EXPECT_EQ(second.no_words, "不删除");
+    EXPECT_EQ(second.default_answer, no);
 }
 
 TEST(Direct, AsksOnlyWhileTheOptionIsOnAndDeletesAtOnce) {

@@ -212,13 +212,27 @@ TEST(EmptyDelete, TheDiskIsLookedAtOnceMoreBeforeTheBin) {
     EXPECT_TRUE(p.files.has("/d/a"));
 }
 
-TEST(EmptyDelete, ADirectoryThatIsNoLongerEmptyGoesWhole) {
+TEST(EmptyDelete, ADirectoryThatIsNoLongerEmptyStays) {
     empty_program p;
-    p.show_directories({"/d/a/"});
+    p.show_directories({"/d/a/", "/d/b/", "/d/c/"});
     p.files.add_file("/d/a/new");
+    p.files.add_directory("/d/b/sub");
     p.mark_all();
     p.form.run("Picture8_Click");
-    EXPECT_EQ(p.recycled(), texts{"/d/a/"});
+    EXPECT_EQ(p.recycled(), texts{"/d/c/"});
+    EXPECT_EQ(p.cells(2), (texts{"/d/a/", "/d/b/", ""}));
+    EXPECT_EQ(p.message_texts(), texts{"放入回收站:1 个空目录\r\n保留 2 个已不空的目录: /d/a/"});
+}
+
+TEST(EmptyDelete, ADirectoryThatIsFilledBetweenScanAndBinStays) {
+    empty_program p;
+    p.show_directories({"/d/a/"});
+    p.mark_all();
+    // The scan yields once for its row, the batch before its first path.
+    p.screen.acts[p.screen.yields + 2] = [&] { p.files.add_file("/d/a/new"); };
+    p.form.run("Picture8_Click");
+    EXPECT_EQ(p.recycled(), texts{});
+    EXPECT_TRUE(p.files.has("/d/a/new"));
 }
 
 TEST(EmptyDelete, OnlyPlainFullPathsGo) {
@@ -284,7 +298,7 @@ TEST(EmptyDelete, PanelFiveCountsWhileItRuns) {
     EXPECT_EQ(p.screen.yields, before + 3);
 }
 
-TEST(EmptyDelete, WhatTheBinRefusesStaysAndIsReportedAsGone) {
+TEST(EmptyDelete, WhatTheBinRefusesStaysAndIsSaid) {
     empty_program p;
     p.show_directories({"/d/a/"});
     p.mark_all();
@@ -292,7 +306,8 @@ TEST(EmptyDelete, WhatTheBinRefusesStaysAndIsReportedAsGone) {
     p.form.run("Picture8_Click");
     EXPECT_TRUE(p.files.has("/d/a"));
     EXPECT_TRUE(p.files.removed.empty());
-    EXPECT_EQ(p.message_texts(), texts{"放入回收站:1 个空目录"});
+    EXPECT_EQ(p.message_texts(), texts{"放入回收站:0 个空目录\r\n回收站未收下 1 个: /d/a/"});
+    EXPECT_EQ(p.cells(2), texts{"/d/a/"});
     p.form.run("Picture7_Click");
     EXPECT_EQ(p.cells(2), texts{"/d/a/"});
 }

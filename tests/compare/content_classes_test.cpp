@@ -87,7 +87,7 @@ TEST(ContentClasses, HeldBytesAreNotReadAgain) {
 
 TEST(ContentClasses, ADifferenceAtTheEndIsFoundBeforeTheMiddleIsRead) {
     memory_file_system files;
-    std::string other(10'000'000, 'a');
+    std::string other(10'000'000, 'a');  // NOLINT(bugprone-string-constructor): large on purpose
     const std::string content = other;
     other.back() = 'b';
     classes_of(files, {content, other}, 10'000'000);

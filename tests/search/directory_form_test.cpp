@@ -79,7 +79,7 @@ TEST(DirectoryPick, TheEndPointStaysInsideTheList) {
     c.press(right, 0, 0);
     c.fly(29);
     // The last row that fits begins at 1000 + 2000 - 300; one thirtieth of the way is left.
-    EXPECT_NEAR(c.window.Text_animal.place.top, 400 + (2700 - 400) * 29 / 30, 1);
+    EXPECT_NEAR(c.window.Text_animal.place.top, 400 + (2700 - 400) * 29 / 30.0, 1);
 }
 
 TEST(DirectoryPick, ALeftPressAlonePicksNothingAndStartsARange) {

@@ -47,12 +47,12 @@ class memory_writer : public file_writer {
   public:
     memory_writer(memory_file_system& files, std::string path, bool in_place)
         : files_(files), path_(std::move(path)), in_place_(in_place) {
-        if (in_place_) files_.place(path_).content.clear();
+        if (in_place_) put({});
     }
     outcome write(std::string_view bytes) override {
         if (path_ == files_.write_failure_path) return outcome::failure(files_.write_failure_words);
         content_ += bytes;
-        if (in_place_) files_.place(path_).content = content_;
+        if (in_place_) put(content_);
         return outcome::success();
     }
     outcome write_at(std::int64_t offset, std::string_view bytes) override {
@@ -60,12 +60,18 @@ class memory_writer : public file_writer {
         return outcome::success();
     }
     outcome commit() override {
-        files_.place(path_).content = content_;
+        put(content_);
         if (files_.on_commit) files_.on_commit(path_);
         return outcome::success();
     }
 
   private:
+    void put(std::string content) {
+        memory_file& file = files_.place(path_);
+        file.content = std::move(content);
+        file.modified_ns = file.changed_ns = ++files_.clock_ns_;
+    }
+
     memory_file_system& files_;
     std::string path_;
     std::string content_;
@@ -177,8 +183,8 @@ outcome_with<directory_reader> memory_file_system::open_directory(const std::str
         if (name.size() > base.size() && name.starts_with(base) &&
             name.find(separator_, base.size()) == std::string::npos)
             entries.emplace_back(name.substr(base.size()), file.kind);
-    return std::make_unique<memory_directory_reader>(std::move(entries), file_identity{1, directory->index},
-                                                     directory->breaks_after);
+    return std::make_unique<memory_directory_reader>(
+        std::move(entries), file_identity{directory->device, directory->index}, directory->breaks_after);
 }
 
 path_attributes memory_file_system::attributes(const std::string& path) {
@@ -213,7 +219,10 @@ file_facts memory_file_system::facts(std::string_view path) {
     result.date_high = file->date_high;
     result.date_low = file->date_low;
     result.link_count = file->link_count;
-    result.identity = {1, file->index};
+    result.identity = {file->device, file->index};
+    result.modified_ns = file->modified_ns;
+    result.changed_ns = file->changed_ns;
+    result.stacked = file->stacked;
     return result;
 }
 
@@ -226,7 +235,7 @@ std::string memory_file_system::resolve(const std::string& path) {
 bool memory_file_system::identity(const std::string& path, file_identity& identity) {
     const memory_file* file = find(resolve(path));
     if (file == nullptr) return false;
-    identity = {1, file->index};
+    identity = {file->device, file->index};
     return true;
 }
 

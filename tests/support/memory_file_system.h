@@ -16,7 +16,11 @@ struct memory_file {
     std::string content;
     std::string link_target;
     std::uint64_t link_count = 1;
+    std::uint64_t device = 1;
     std::uint64_t index = 0;
+    std::int64_t modified_ns = 1'000'000'000;
+    std::int64_t changed_ns = 1'000'000'000;
+    bool stacked = false;
     std::int32_t date_high = 30'000'000;
     std::int32_t date_low = 0;
     bool hidden = false;
@@ -98,6 +102,7 @@ class memory_file_system : public file_system {
     std::map<std::string, memory_file> entries_;
     std::set<std::string> unhidden_;
     std::uint64_t next_index_ = 1;
+    std::int64_t clock_ns_ = 2'000'000'000;  // goes on at each write
 };
 
 }  // namespace corvane

@@ -43,7 +43,7 @@ TEST(SortTextArray, ComparesByCodeSoThatUpperCaseStandsBeforeLowerCase) {
 
 TEST(SortTextArray, GivesTheOrderOfAPlainSortOnRandomTexts) {
     for (std::uint32_t seed = 1; seed <= 40; ++seed) {
-        std::vector<std::string> texts = random_texts(seed, seed * 50);
+        std::vector<std::string> texts = random_texts(seed, std::size_t{seed} * 50);
         text_column column = column_of(texts);
         sort_text_array(column, 1, column.size());
         std::sort(texts.begin(), texts.end());

@@ -122,6 +122,23 @@ TEST_F(LinuxFileSystem, FactsAreThoseOfARegularFileOnly) {
         EXPECT_FALSE(files.facts(root + other).exists) << other;
 }
 
+TEST_F(LinuxFileSystem, FactsTellBothTimesInNanoseconds) {
+    const std::string path = write("f", "12345");
+    const timespec times[2] = {{0, 0}, {1, 523}};
+    utimensat(AT_FDCWD, path.c_str(), times, 0);
+    const file_facts before = files.facts(path);
+    EXPECT_EQ(before.modified_ns, 1'000'000'523);
+    struct stat stated;
+    ASSERT_EQ(stat(path.c_str(), &stated), 0);
+    EXPECT_EQ(before.changed_ns, stated.st_ctim.tv_sec * 1'000'000'000 + stated.st_ctim.tv_nsec);
+    // 100 ns of the stated time hold both; the state does not.
+    const timespec later[2] = {{0, 0}, {1, 599}};
+    utimensat(AT_FDCWD, path.c_str(), later, 0);
+    const file_facts after = files.facts(path);
+    EXPECT_EQ(before.date_low, after.date_low);
+    EXPECT_FALSE(same_state(before, after));
+}
+
 TEST_F(LinuxFileSystem, LengthsBeyondTwoGibibytesAreExact) {
     const std::string path = write("big", "");
     ASSERT_EQ(truncate(path.c_str(), 5'000'000'001), 0);

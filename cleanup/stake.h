@@ -1,0 +1,27 @@
+// What a deletion is about to touch, told in its question: how many files, how much, and what of it cannot
+// come back.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace corvane {
+
+class Tavrel;
+
+struct deletion_stake {
+    std::int32_t files = 0;    // different paths that are marked
+    std::int32_t entries = 0;  // of these, inside archives
+    double bytes = 0;
+};
+
+// By the marks of the list as they stand, the way a run takes them.
+deletion_stake stake_of(const Tavrel& form);
+
+// "3 个文件, 17.4 KB; 其中压缩包内 1 个, 不能恢复"; empty without a mark.
+std::string stake_words(const deletion_stake& stake);
+
+// "17.4 KB": whole bytes below 1,024, else one decimal.
+std::string short_size(double bytes);
+
+}  // namespace corvane
