@@ -40,7 +40,11 @@ void check_selected_directories(Tavrel& form) {
 }  // namespace
 
 program::program(ports outside, std::string program_dir)
-    : main_(outside, std::move(program_dir)), directory_(main_), options_(main_) {
+    : files_(outside.files),
+      main_({files_, outside.desktop, outside.machine, outside.screen, outside.encodings},
+            std::move(program_dir)),
+      directory_(main_),
+      options_(main_) {
     main_.add_child(directory_);
     main_.add_child(options_);
     join_handlers();
@@ -70,8 +74,9 @@ bool program::start() {
     const bool is_first = main_.outside.files.claim_directory(state.program_dir);
     if (is_first) {
         if (!main_.outside.files.can_write_into(state.program_dir)) {
-            main_.complain(state.program_dir + "\r\n程序目录不能写入，设置、清单和结果不能保存。");
+            main_.inform(state.program_dir + "\r\n程序目录不能写入，设置、清单和结果不能保存。");
             state.program_dir_locked = true;
+            files_.hold(state.program_dir);
         }
         read_environment(main_);
         look_for_rar_tool(main_);

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "app/held_folder.h"
 #include "core/model/main_form.h"
 #include "search/directory_form.h"
 #include "search/options_form.h"
@@ -38,6 +39,7 @@ class program {
     // The end, unless something still runs.
     void end_when_idle();
 
+    held_folder files_;
     Tavrel main_;
     directory_form directory_;
     options_form options_;

@@ -147,7 +147,7 @@ void load_same_view(Tavrel& form) {
     form.pic_gressbar1.visible = false;
     task.close();
     state.same_fresh_flag = 0;
-    if (!complete) form.complain("相同文件太多，只显示前 " + std::to_string(state.same_count) + " 条。");
+    if (!complete) form.inform("相同文件太多，只显示前 " + std::to_string(state.same_count) + " 条。");
 }
 
 void sort_result_rows(Tavrel& form, std::int32_t low, std::int32_t high) {

@@ -61,7 +61,10 @@ class archive_runs {
     // The entries of one run. False: the program is closing.
     bool delete_group(std::span<const listed_entry> group) {
         const std::string& archive = group.front().archive;
-        const std::string tool = tool_for_archive(form_, archive);
+        // The tool reads its list from the disk; of a folder that is held in memory there is none, or an old
+        // one.
+        const std::string tool =
+            form_.state.program_dir_locked ? std::string() : tool_for_archive(form_, archive);
         if (tool.empty()) result_.failed = true;
         if (stopped_ || tool.empty()) return true;
         const file_facts before = form_.outside.files.facts(archive);

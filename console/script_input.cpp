@@ -74,7 +74,10 @@ bool script_input::mouse_on_box(list_box& list, std::string_view handler, std::s
         list.select(index, !list.rows()[index].selected);
     else
         list.select_only(index);
-    program_.main_form().run(std::string(handler) + act);
+    Tavrel& form = program_.main_form();
+    form.list_event = {};
+    form.list_event.button = keys.button;
+    form.run(std::string(handler) + act);
     return true;
 }
 

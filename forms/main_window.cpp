@@ -100,6 +100,12 @@ QWidget* main_window::make_work_area() {
     stacked->setSpacing(0);
     left_list_ = new list_box_view(form_.listleft, left_);
     side_list_ = new list_box_view(form_.List1, left_);
+    side_list_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(side_list_, &QWidget::customContextMenuRequested, this, [this] {
+        form_.list_event = {};
+        form_.list_event.button = list_pointer::right_button;
+        act_("List1_MouseDown");
+    });
     text_ = new text_view(form_.outside.files, left_);
     name_after(text_, form_.RichTextBox2);
     start_ = new start_page(form_, act_, left_);
@@ -173,6 +179,7 @@ void main_window::sync_work_area(bool tasks_locked) {
     if (text_shown) text_->sync(form_.RichTextBox2);
     if (left_list_shown) left_list_->sync();
     if (side_list_shown) side_list_->sync();
+    mirror_tooltip(side_list_, form_.List1.tooltip);
     if (start_shown) start_->sync();
     mirror_visible(text_, text_shown);
     mirror_visible(left_list_, left_list_shown);

@@ -45,17 +45,23 @@ void selected_list::contextMenuEvent(QContextMenuEvent* event) {
     if (chosen == clear) act_("目录选择.清空列表M");
 }
 
+// Always a copy: who hears that a directory was moved here deletes it where it was.
+void selected_list::accept_as_copy(QDropEvent& event) {
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
 void selected_list::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+    if (event->mimeData()->hasUrls()) accept_as_copy(*event);
 }
 
 void selected_list::dragMoveEvent(QDragMoveEvent* event) {
-    if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+    if (event->mimeData()->hasUrls()) accept_as_copy(*event);
 }
 
 void selected_list::dropEvent(QDropEvent* event) {
     if (!event->mimeData()->hasUrls()) return;
-    event->acceptProposedAction();
+    accept_as_copy(*event);
     std::vector<std::string> paths;
     for (const QUrl& place : event->mimeData()->urls())
         if (place.isLocalFile()) paths.push_back(program_path(place.toLocalFile()));

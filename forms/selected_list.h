@@ -24,6 +24,8 @@ class selected_list : public list_box_view {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    static void accept_as_copy(QDropEvent& event);
+
     directory_form& form_;
     std::function<void(const std::string&)> act_;
 };

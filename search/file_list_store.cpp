@@ -5,6 +5,7 @@
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 #include "core/settings/data_files.h"
+#include "core/tasks/help.h"
 #include "core/tasks/progress.h"
 #include "core/text/text_file.h"
 #include "core/text/text_format.h"
@@ -33,7 +34,16 @@ bool write_display_list(Tavrel& form) {
     return write_list(form, form.data_path(data_file::shown_file_list), true);
 }
 
+void List1_MouseDown(Tavrel& form) {
+    if (form.list_event.button != list_pointer::right_button) return;
+    const std::string path = form.data_path(data_file::shown_file_list);
+    line_writer writer(form.outside.files, path);
+    for (const list_box::row& row : form.List1.rows()) writer.line(row.text);
+    if (!writer.finish()) report_write_failure(form, path, writer.error());
+}
+
 void Command21_Click(Tavrel& form) {
+    if (help_mode_opens(form, 11)) return;
     run_state& state = form.state;
     state.base_time = state.task_start_time = form.outside.screen.seconds();
     form.StatusBar1.clear_figures();
@@ -58,7 +68,7 @@ void Command21_Click(Tavrel& form) {
     state.file_count = state.file_list.size();
     form.panel(1, "总文件数:" + std::to_string(state.file_count));
     show_elapsed(form);
-    if (full) form.complain("文件太多，清单只含前 " + std::to_string(state.file_count) + " 个文件。");
+    if (full) form.inform("文件太多，清单只含前 " + std::to_string(state.file_count) + " 个文件。");
 
     if (state.file_count == 0) {
         form.complain("没有文件，请重新选择目录,重新搜索", 1009, true);

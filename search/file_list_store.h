@@ -10,6 +10,9 @@ bool write_file_list(Tavrel& form);
 // The same lines, each cut before its first "*"; for display only.
 bool write_display_list(Tavrel& form);
 
+// A right click on List1: its rows become the text "temp.txt".
+void List1_MouseDown(Tavrel& form);
+
 // Reads the stored list back into file_list. Leaves file_list_loaded as it is.
 void Command21_Click(Tavrel& form);
 

@@ -39,7 +39,8 @@ void picture2_Click(Tavrel& form) {
     state.file_list_loaded = 0;
     form.yield();
     form.yield();
-    if (!list_files(form) || state.quit_requested) return;
+    list_files(form);
+    if (state.quit_requested) return;
     if (state.file_count == 0) {
         form.complain(
             "没搜索到文件。\r\n请检查 [不参加比较的文件类型] 和 [不参加搜索的目录]。或看看目录选择的内容");
@@ -70,11 +71,15 @@ void picture2_Click(Tavrel& form) {
 
 void Command19_Click(Tavrel& form) {
     // A walk that is refused leaves walk_count as it was; an old count does not fit a list since used up.
+    task_scope task(form);
     form.state.walk_count = 0;
     form.state.file_count = 0;
-    if (!list_files(form) || form.state.quit_requested) return;
+    list_files(form);
+    if (form.state.quit_requested) return;
     form.state.file_list_loaded = -1;
     form.state.list_sorted_flag = 0;
+    // The comparison holds a scope of its own, which ends before it asks for a shutdown.
+    task.close();
     form.call(handlers::find_same_files);
 }
 

@@ -40,18 +40,17 @@ bool rejects_type(const run_state& state, const std::string& type) {
            state.exclude_type_text.find(type) != std::string::npos;
 }
 
-// The directory that the user looked at last must be readable. False: the reason has been shown.
-bool current_directory_answers(Tavrel& form) {
+// Tells when the directory that the user looked at last cannot be read. What is selected is searched all the
+// same.
+void test_current_directory(Tavrel& form) {
     const std::string& directory = form.state.current_dir;
-    if (directory.empty() || !path_exists(form.outside.files, directory)) return true;
+    if (directory.empty() || !path_exists(form.outside.files, directory)) return;
     const outcome read = form.outside.files.open_directory(directory);
-    if (read) return true;
+    if (read) return;
     message box;
     box.text = read.reason;
     box.title = "Deferred Error Test,请选择新的目录";
-    box.failure = true;
     form.outside.screen.show_message(box);
-    return false;
 }
 
 // Makes room for the directory in the status bar, and takes it back.
@@ -134,7 +133,7 @@ void walk(Tavrel& form, walk_output& output) {
     const std::span<std::string> selected = state.selected_dirs.range(1, state.selected_dir_count);
     const walk_result result = walk_tree(form.outside.files, selected, state.dir_queue, rules, visitor);
     if (result.ending != walk_course::quit && (result.limit_reached || output.full()))
-        form.complain("文件或目录太多，清单只含前 " + std::to_string(state.walk_count) + " 个文件。");
+        form.inform("文件或目录太多，清单只含前 " + std::to_string(state.walk_count) + " 个文件。");
 }
 
 void write_advice(line_writer& report) {
@@ -145,9 +144,9 @@ void write_advice(line_writer& report) {
 
 }  // namespace
 
-bool walk_directories(Tavrel& form) {
+void walk_directories(Tavrel& form) {
     run_state& state = form.state;
-    if (!current_directory_answers(form)) return true;
+    test_current_directory(form);
     state.walk_count = 0;
     state.file_list.clear();
 
@@ -165,26 +164,23 @@ bool walk_directories(Tavrel& form) {
     }
     if (state.scan_archives == 1) form.panel(2, "");
     if (state.archive_error_count > 0) write_advice(report);
-    if (!report.finish()) {
+    // The list does not need the report.
+    if (!report.finish())
         report_write_failure(form, state.archive_error_path, report.error());
-        return false;
-    }
-    if (state.archive_error_count > 0 && !state.quit_requested)
+    else if (state.archive_error_count > 0 && !state.quit_requested)
         form.outside.desktop.open_document(state.archive_error_path);
-    return true;
 }
 
-bool list_files(Tavrel& form) {
+void list_files(Tavrel& form) {
     run_state& state = form.state;
     写Tavrel环境文件(form);
-    if (!walk_directories(form)) return false;
-    if (state.quit_requested) return true;
+    walk_directories(form);
+    if (state.quit_requested) return;
     state.file_count = state.walk_count;
     state.file_len.assign(state.file_count, 0);
     state.first_root = !state.dir_queue.empty() ? state.dir_queue[1] : std::string();
     sort_text_array(state.file_list, 1, state.file_count);
     form.panel(1, "搜索出:" + std::to_string(state.file_count));
-    return true;
 }
 
 }  // namespace corvane

@@ -7,10 +7,11 @@ namespace corvane {
 class Tavrel;
 
 // Saves the selection, walks, sorts. After it file_count is valid, unless quit_requested was set: then it
-// stays 0. Returns false when a file could not be written; the failure has been reported.
-bool list_files(Tavrel& form);
+// stays 0.
+void list_files(Tavrel& form);
 
-// The walk itself: fills dir_queue, file_list and walk_count, and writes the archive error report.
-bool walk_directories(Tavrel& form);
+// The walk itself: fills dir_queue, file_list and walk_count, and writes the archive error report. One that
+// cannot be written is told and stops nothing.
+void walk_directories(Tavrel& form);
 
 }  // namespace corvane

@@ -16,6 +16,9 @@ constexpr std::size_t most_block = 256 * std::size_t{1024};
 constexpr std::int64_t end_block =
     64 * std::int64_t{1024};  // the directory of most archives, in one read with the end
 constexpr unsigned first_lead_byte = 161;
+constexpr char32_t first_mapped = 0xF000;  // stands for a byte, as in names from the disk
+constexpr char32_t last_mapped = 0xF0FF;
+constexpr char32_t replacement = 0xFFFD;
 
 constexpr char digits[] = "0123456789ABCDEF";
 
@@ -24,7 +27,7 @@ void append_byte(std::string& text, unsigned byte) {
     text += digits[byte & 0xF];
 }
 
-constexpr bool is_mapped(unsigned byte) {
+constexpr bool is_mapped(char32_t byte) {
     return byte < 0x20 || byte == 0x7F || byte == '*';
 }
 
@@ -150,7 +153,7 @@ bool archive_input::name_at(std::size_t i, std::size_t length, std::string& name
         const unsigned byte = byte_at(i);
         if (byte == 0) return true;
         if (byte < first_lead_byte) {
-            append_utf8(name, is_mapped(byte) ? char32_t{0xF000} + byte : byte);
+            append_utf8(name, is_mapped(byte) ? first_mapped + byte : byte);
             ++i;
         } else {
             if (i + 1 >= buffer_size) return false;
@@ -160,6 +163,27 @@ bool archive_input::name_at(std::size_t i, std::size_t length, std::string& name
         }
     }
     return true;
+}
+
+bool archive_input::utf8_name_at(std::size_t i, std::size_t length, std::string& name) const {
+    name.clear();
+    std::string_view rest = bytes_at(i, length);
+    const bool is_whole = rest.size() == length;
+    const std::size_t end = rest.find('\0');
+    rest = rest.substr(0, end);
+    while (!rest.empty()) {
+        const utf8_letter found = decode_utf8(rest);
+        if (found.length == 0) {
+            append_utf8(name, replacement);
+            rest.remove_prefix(1);
+            continue;
+        }
+        const bool is_single = found.length == 1 && is_mapped(found.letter);
+        if (found.letter >= first_mapped && found.letter <= last_mapped) append_utf8(name, first_mapped);
+        append_utf8(name, is_single ? first_mapped + found.letter : found.letter);
+        rest.remove_prefix(found.length);
+    }
+    return is_whole || end != std::string_view::npos;
 }
 
 }  // namespace corvane

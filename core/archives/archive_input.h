@@ -49,6 +49,10 @@ class archive_input {
     // characters and "*" become U+F000 + byte, which no name can hold otherwise. False: it leaves the buffer.
     bool name_at(std::size_t i, std::size_t length, std::string& name) const;
 
+    // The same of a name in UTF-8, of which no byte behind the length is taken. What is no UTF-8 becomes
+    // U+FFFD, and a character U+F000 to U+F0FF follows a U+F000, so that no two names become one.
+    bool utf8_name_at(std::size_t i, std::size_t length, std::string& name) const;
+
     // The bytes as they stand, fewer at the buffer's end. Valid until the next read.
     std::string_view bytes_at(std::size_t i, std::size_t length) const;
 

@@ -9,7 +9,8 @@ namespace corvane {
 
 // The views are valid until the sink returns.
 struct archive_record {
-    std::string_view name;  // from code page 936, what would break a line or an entry mapped
+    // From code page 936, or from UTF-8 where the record says so; what would break a line or an entry mapped.
+    std::string_view name;
     // The bytes of the name, of a ZIP those of its Unicode form where it has a valid one. Empty where it is
     // not certain what a tool takes for the name.
     std::string_view raw_name;

@@ -154,7 +154,9 @@ bool read_zip(const archive_context& context, const std::string& path, archive_s
         const std::uint16_t comment_length = archive.u16_at(33 + shift);
         if (name_length > longest_name) return false;
         const std::size_t name_index = header_length + 1 + shift;
-        if (!archive.name_at(name_index, name_length, name)) return false;
+        if (!(is_unicode ? archive.utf8_name_at(name_index, name_length, name)
+                         : archive.name_at(name_index, name_length, name)))
+            return false;
         if (comment_length > 0) sink.report(path + "  *" + name + "   有附加的信息,可疑");
         position +=
             static_cast<std::int64_t>(header_length + shift) + name_length + extra_length + comment_length;

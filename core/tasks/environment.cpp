@@ -115,7 +115,8 @@ void read_environment(Tavrel& form) {
     const std::string path = form.data_path(data_file::environment);
     const path_attributes found = form.outside.files.attributes(path);
     if (!found.exists || found.directory) {
-        if (写Tavrel环境文件(form)) form.inform(path + "  第一次运行，已自动建立环境文件");
+        if (写Tavrel环境文件(form) && !state.program_dir_locked)
+            form.inform(path + "  第一次运行，已自动建立环境文件");
         return;
     }
     if (read_lines(form, path)) {

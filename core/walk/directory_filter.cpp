@@ -5,11 +5,22 @@
 
 namespace corvane {
 
+namespace {
+
+// Entries end in the separator and a blank, so one begins at the start or behind such a pair.
+bool names_entry(std::string_view excluded, std::string_view key, char separator) {
+    for (std::size_t at = excluded.find(key); at != std::string_view::npos; at = excluded.find(key, at + 1))
+        if (at == 0 || (at >= 2 && excluded[at - 1] == ' ' && excluded[at - 2] == separator)) return true;
+    return false;
+}
+
+}  // namespace
+
 bool skip_directory(file_system& files, std::string_view excluded, const std::string& directory) {
     const bool drive_letters = files.separator() == '\\';
     if (!excluded.empty() || drive_letters) {
         const std::string key = upper_case(directory) + ' ';
-        if (excluded.find(key) != std::string_view::npos) return true;
+        if (names_entry(excluded, key, files.separator())) return true;
         if (drive_letters)  // C:\RECYCLED\ and C:\RECYCLER\, if hidden
             return key.find(":\\RECYCLE") != std::string::npos &&
                    (directory.size() == 11 || directory.size() == 12) && files.attributes(directory).hidden;

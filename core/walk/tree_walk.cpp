@@ -76,7 +76,7 @@ class tree_walk {
         else
             directory_ = queue_[at];
         visitor_.reached(directory_);
-        if (is_passed_over(directory_)) return walk_course::go_on;
+        if (is_passed_over(directory_) || links_.was_listed(directory_)) return walk_course::go_on;
         const walk_course course = visitor_.enter(directory_);
         if (course != walk_course::go_on) return course;
         ++entered_;

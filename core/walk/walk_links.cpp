@@ -11,7 +11,7 @@ bool walk_links::take_root(const std::string& directory) {
     const bool same =
         files_.ignores_case() ? upper_case(resolved) == upper_case(directory) : resolved == directory;
     if (same) return true;
-    wait(directory);
+    waiting_.push_back({directory, true});
     return false;
 }
 
@@ -29,15 +29,26 @@ void walk_links::note_ancestors(std::string directory) {
 
 std::string walk_links::next() {
     while (next_ < waiting_.size()) {
-        const std::string& link = waiting_[next_++];
-        for (; ordered_ < listed_.size(); ++ordered_) places_.insert(listed_[ordered_]);
+        const waiting_link& link = waiting_[next_++];
         file_identity place;
-        if (!files_.identity(link, place) || places_.count(place) != 0 || ancestors_.count(place) != 0)
-            continue;
-        note_ancestors(with_separator(files_.resolve(link), files_.separator()));
-        return link;
+        if (!files_.identity(link.path, place) || is_listed(place)) continue;
+        const bool is_ancestor = ancestors_.count(place) != 0;
+        if (is_ancestor && !link.selected) continue;
+        overlaps_ = overlaps_ || is_ancestor;
+        note_ancestors(with_separator(files_.resolve(link.path), files_.separator()));
+        return link.path;
     }
     return {};
+}
+
+bool walk_links::was_listed(const std::string& directory) {
+    file_identity place;
+    return overlaps_ && files_.identity(directory, place) && is_listed(place);
+}
+
+bool walk_links::is_listed(const file_identity& place) {
+    for (; ordered_ < listed_.size(); ++ordered_) places_.insert(listed_[ordered_]);
+    return places_.count(place) != 0;
 }
 
 }  // namespace corvane

@@ -190,5 +190,35 @@ TEST(Forms, AreFoundByNameWithoutCase) {
     EXPECT_EQ(p.corvane.find_form("none"), nullptr);
 }
 
+TEST(Program, InAFolderThatCannotBeWrittenEveryTaskWorksFromMemory) {
+    test_program p;
+    p.add_used_folder();
+    const std::string stale = "内容相同文件清单            \r\n 1 \r\n 1 \r\n/d/one\r\n/d/other\r\n";
+    p.files.add_file("/prog/相同文件.txt", stale);
+    p.files.add_file("/d/one", "1");
+    p.files.add_file("/d/a", "same");
+    p.files.add_file("/d/b", "same");
+    p.files.folder_locked = true;
+    p.corvane.start();
+    ASSERT_EQ(p.screen.messages.size(), 1u);
+    EXPECT_FALSE(p.screen.messages[0].failure);
+    p.select({"/d"});
+    p.form.run("search_check_m_Click");
+    ASSERT_EQ(p.form.ListView1.row_count(), 1);
+    EXPECT_EQ(p.form.ListView1.cell(1, 3), "/d/a");
+    EXPECT_EQ(p.form.ListView1.cell(1, 4), "/d/b");
+    p.form.run("result_refresh");
+    EXPECT_EQ(p.form.ListView1.row_count(), 1);
+    EXPECT_EQ(p.files.content_of("/prog/相同文件.txt"), stale) << "nothing is written";
+    EXPECT_FALSE(p.files.has("/prog/文件清单.txt"));
+    EXPECT_EQ(p.screen.messages.size(), 2u) << "said once at start, and the end of the comparison";
+    // Without a twin the result of before is gone, the disk's old one included.
+    p.files.erase("/d/b");
+    p.form.run("search_check_m_Click");
+    ASSERT_GE(p.screen.messages.size(), 4u);
+    EXPECT_EQ(p.screen.messages[p.screen.messages.size() - 2].text, "没有相同文件");
+    EXPECT_EQ(p.form.ListView1.row_count(), 0);
+}
+
 }  // namespace
 }  // namespace corvane

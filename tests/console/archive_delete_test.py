@@ -17,7 +17,7 @@ import time
 import zipfile
 import zlib
 
-from code_page import as_listed
+from code_page import as_listed, utf8_as_listed
 from expectations import expect, finish
 from program_folder import lines_of, make_program_folder
 
@@ -117,17 +117,20 @@ def write_zip(path, members):
 
 
 def read_zip(path):
-    """Raw name, content, and the byte behind the name, of each member; all are stored."""
+    """Raw name, content, and the name as it is listed, of each member; all are stored."""
     with open(path, "rb") as file:
         image = file.read()
     entries, directory = struct.unpack("<H4xI", image[-12:-2])
     members = []
     for _ in range(entries):
         length, name, extra, comment = struct.unpack("<I4xHHH", image[directory + 20:directory + 34])
+        flags, = struct.unpack("<H", image[directory + 8:directory + 10])
         local, = struct.unpack("<I", image[directory + 42:directory + 46])
         data = local + 30 + sum(struct.unpack("<HH", image[local + 26:local + 30]))
         behind = directory + 46 + name
-        members.append((image[directory + 46:behind], image[data:data + length], image[behind:behind + 1]))
+        raw = image[directory + 46:behind]
+        listed = utf8_as_listed(raw) if flags & 0x800 else as_listed(raw, image[behind:behind + 1])
+        members.append((raw, image[data:data + length], listed))
         directory += 46 + name + extra + comment
     return members
 
@@ -160,7 +163,7 @@ def members_with_chinese_names(root):
     expect("all are inside", sorted(before), sorted(names))
     place.install("7z")
     gone = ["plain.txt", "目录/文件.txt", "目录/子目录/深.bin", "b/c/d.txt"]
-    status, output = place.run([f"{archive}*{as_listed(name.encode())}" for name in gone])
+    status, output = place.run([f"{archive}*{name}" for name in gone])
     expect("status", status, 0)
     expect("inside", contents(archive), {name: before[name] for name in names if name not in gone})
     expect("open to the same", oct(os.stat(archive).st_mode & 0o777), oct(0o640))
@@ -327,8 +330,8 @@ def random_archives(root):
             if dice.random() < 0.7:
                 place.write(f"copy {content}", unlike(content))
         listed = {}
-        for name, content, behind in read_zip(archive):
-            listed.setdefault((name, content), set()).add(as_listed(name, behind))
+        for name, content, as_seen in read_zip(archive):
+            listed.setdefault((name, content), set()).add(as_seen)
         before = [member[:2] for member in read_zip(archive)]
         contents = {content for _, content in before}
         status, output = place.run(lambda cells: [cell for cell in cells if dice.random() < 0.6])

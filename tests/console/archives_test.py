@@ -8,7 +8,7 @@ import sys
 import tempfile
 import zipfile
 
-from code_page import as_listed
+from code_page import as_listed, utf8_as_listed
 from expectations import expect, finish
 from program_folder import lines_of, make_program_folder
 
@@ -34,13 +34,15 @@ class Listing:
         return sorted(entry[len(archive) + 1:] for entry in self.entries if entry.startswith(archive + "*"))
 
 
-def stored_name(info):
-    return info.orig_filename.encode("utf-8" if info.flag_bits & 0x800 else "cp437")
+def listed_name(info):
+    if info.flag_bits & 0x800:
+        return utf8_as_listed(info.orig_filename.encode("utf-8"))
+    return as_listed(info.orig_filename.encode("cp437"))
 
 
 def members_by_zipfile(archive):
     with zipfile.ZipFile(archive) as opened:
-        return sorted(f"{as_listed(stored_name(info))}*{info.CRC:08X}*{info.file_size}" for info in opened.infolist()
+        return sorted(f"{listed_name(info)}*{info.CRC:08X}*{info.file_size}" for info in opened.infolist()
                       if not (info.CRC == 0 and info.orig_filename.endswith("/")))
 
 

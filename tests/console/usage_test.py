@@ -53,6 +53,11 @@ with tempfile.TemporaryDirectory() as root:
     expect("goes on", unwritable.stdout.count(b"file_count\t0"), 1)
     expect("status", unwritable.returncode, 0)
 
+    found_there = run("--program-dir", "/proc", os.fsdecode(data))
+    expect("pairs without a program folder", (found_there.returncode, found_there.stdout), (0, found.stdout))
+    expect("said once", found_there.stderr.count("程序目录不能写入".encode()), 1)
+    expect("and nothing else fails", found_there.stderr.count(b"/proc/err.txt"), 0)
+
     # A second instance is told and ends; the first goes on, and killing it frees the folder.
     first = subprocess.Popen([console, "--program-dir", program_dir, "--script", "-"], stdin=subprocess.PIPE,
                              stdout=subprocess.PIPE)

@@ -137,6 +137,23 @@ void drop(selected_list& list, const QList<QUrl>& places, Qt::KeyboardModifiers 
     QApplication::sendEvent(list.viewport(), &event);
 }
 
+TEST(directory_window, a_drop_is_never_answered_with_a_move) {
+    open_window open;
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile("/home/li/文档/")});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    enter.setDropAction(Qt::MoveAction);
+    QApplication::sendEvent(open.list->viewport(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
+    QDropEvent event(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                     Qt::ShiftModifier);
+    event.setDropAction(Qt::MoveAction);
+    QApplication::sendEvent(open.list->viewport(), &event);
+    EXPECT_TRUE(event.isAccepted());
+    EXPECT_EQ(event.dropAction(), Qt::CopyAction);
+}
+
 TEST(directory_window, dropped_directories_replace_the_list_or_with_ctrl_join_it) {
     open_window open;
     open.model.add_paths({"/a"});

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QContextMenuEvent>
 #include <QImage>
 #include <QMenuBar>
 #include <QTest>
@@ -102,6 +103,19 @@ TEST(main_window, the_next_step_of_a_view_is_what_it_leads_to) {
     // Directories of one name say nothing about the list of files.
     shown.form.state.list_mode = list_modes::same_directory_names;
     EXPECT_EQ(next_step(shown.form), "Picture1");
+}
+
+TEST(main_window, a_right_click_on_the_side_list_reaches_its_handler_and_the_tip_says_so) {
+    forms_program shown;
+    shown.form.List1.add("/d/a   -1");
+    shown.form.List1.visible = true;
+    shown.windows.sync();
+    QWidget* list = shown.widget("List1");
+    ASSERT_TRUE(list);
+    EXPECT_EQ(list->toolTip(), QStringLiteral("右键存为文件temp.txt"));
+    QContextMenuEvent click(QContextMenuEvent::Mouse, QPoint(5, 5), list->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(list, &click);
+    EXPECT_EQ(shown.files.content_of(shown.form.data_path("temp.txt")), "/d/a   -1\r\n");
 }
 
 TEST(main_window, a_menu_entry_without_a_handler_is_disabled) {

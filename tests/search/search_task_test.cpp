@@ -249,5 +249,40 @@ TEST(DirectorySelection, DiscardPutsTheListBackAndLeavesTheSelection) {
     EXPECT_TRUE(p.corvane.directory_window().visible);
 }
 
+TEST(SearchTask, SearchAndCompareAtOnceLocksWhileItWalks) {
+    test_program p;
+    for (int i = 0; i < 561; ++i) p.files.add_file("/d/" + std::to_string(i));
+    p.select({"/d"});
+    bool locked = false;
+    p.screen.acts[1] = [&] { locked = p.state.tasks_locked && !p.form.pictures[2]->enabled; };
+    p.form.run("Command19_Click");
+    EXPECT_TRUE(locked);
+    EXPECT_FALSE(p.state.tasks_locked);
+}
+
+TEST(StoredList, InHelpModeOpensTheTopicOfTheSearch) {
+    test_program p;
+    p.files.add_file("/prog/文件清单.txt", "/d/a\r\n");
+    p.form.mouse_pointer = help_pointer;
+    p.form.run("Command21_Click");
+    EXPECT_EQ(p.desktop.calls, texts{"help aux11_Corvane帮助_Link.htm"});
+    EXPECT_EQ(p.state.file_count, 0);
+}
+
+TEST(SideList, ARightClickWritesItsRowsAsText) {
+    test_program p;
+    p.form.List1.add("/d/a   -1");
+    p.form.List1.add("6");
+    p.form.list_event = {};
+    p.form.run("List1_MouseDown");
+    EXPECT_FALSE(p.files.has("/prog/temp.txt"));
+    p.form.list_event.button = list_pointer::right_button;
+    p.form.run("List1_MouseDown");
+    EXPECT_EQ(p.stored_lines("temp.txt"), (texts{"/d/a   -1", "6"}));
+    p.files.write_failure_path = "/prog/temp.txt";
+    p.form.run("List1_MouseDown");
+    EXPECT_EQ(p.last_message(), "/prog/temp.txt\r\ndisk full");
+}
+
 }  // namespace
 }  // namespace corvane

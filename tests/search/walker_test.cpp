@@ -104,16 +104,52 @@ TEST(Walk, ASelectedLinkDoesNotListItsTargetTwice) {
     EXPECT_EQ(p.listed(), texts{"/link/f"});
 }
 
-TEST(Walk, RefusesWhenTheCurrentDirectoryCannotBeListed) {
+TEST(Walk, TellsThatTheCurrentDirectoryCannotBeListedAndSearchesAllTheSame) {
     test_program p;
     p.files.add_file("/d/f");
     p.files.add_directory("/locked").unreadable = true;
     p.state.current_dir = "/locked/";
     p.search({"/d"});
-    ASSERT_FALSE(p.screen.messages.empty());
+    ASSERT_EQ(p.screen.messages.size(), 1u);
     EXPECT_EQ(p.screen.messages[0].title, "Deferred Error Test,请选择新的目录");
     EXPECT_EQ(p.screen.messages[0].text, "access denied");
-    EXPECT_EQ(p.state.file_count, 0);
+    EXPECT_FALSE(p.screen.messages[0].failure);
+    EXPECT_EQ(p.listed(), texts{"/d/f"});
+}
+
+TEST(Walk, ASelectedLinkToADirectoryAboveListsEachFileOnce) {
+    for (const bool link_first : {true, false}) {
+        test_program p;
+        for (const char* path : {"/a/b/f", "/a/b/c/g", "/a/e", "/a/k/h"}) p.files.add_file(path);
+        p.files.add_link("/link", "/a");
+        p.files.add_link("/a/k/loop", "/a");
+        if (link_first)
+            p.search({"/link", "/a/b"});
+        else
+            p.search({"/a/b", "/link"});
+        EXPECT_EQ(p.listed(), (texts{"/a/b/c/g", "/a/b/f", "/link/e", "/link/k/h"}));
+    }
+}
+
+TEST(Walk, ASelectedLinkBelowAnotherSelectedLinkListsEachFileOnce) {
+    test_program p;
+    for (const char* path : {"/a/b/f", "/a/e"}) p.files.add_file(path);
+    p.files.add_link("/below", "/a/b");
+    p.files.add_link("/link", "/a");
+    p.search({"/below", "/link"});
+    EXPECT_EQ(p.listed(), (texts{"/below/f", "/link/e"}));
+}
+
+TEST(Walk, AReportThatCannotBeWrittenIsToldWithTheSystemsWordsAndStopsNothing) {
+    test_program p;
+    p.files.add_file("/d/f");
+    p.files.write_failure_path = "/prog/err.txt";
+    p.state.scan_archives = 1;
+    p.search({"/d"});
+    EXPECT_EQ(p.listed(), texts{"/d/f"});
+    EXPECT_EQ(p.state.file_list_loaded, -1);
+    ASSERT_EQ(p.screen.messages.size(), 1u);
+    EXPECT_EQ(p.last_message(), "/prog/err.txt\r\ndisk full");
 }
 
 TEST(Walk, StopsAtTheLimitsAndSaysSoOnce) {
@@ -129,6 +165,7 @@ TEST(Walk, StopsAtTheLimitsAndSaysSoOnce) {
     EXPECT_EQ(p.state.dir_queue.size(), 4);
     EXPECT_EQ(p.state.file_count, 3);
     EXPECT_EQ(p.screen.messages.size(), 2u);
+    for (const message& said : p.screen.messages) EXPECT_FALSE(said.failure) << "the list stands";
 }
 
 TEST(Walk, ShowsTheCountAndYieldsAtEachMultipleOf561) {
@@ -222,6 +259,23 @@ TEST(SkipDirectory, AnExcludedEntryMatchesWholeAndLeavesOutWhatLiesUnderIt) {
     p.state.exclude_dir_text = "/C/TEMP/ ";
     p.search({"/c"});
     EXPECT_EQ(p.listed(), texts{"/c/temp2/h"});
+}
+
+TEST(SkipDirectory, AnExclusionMatchesAWholeEntryFromItsBeginning) {
+    for (const char separator : {'/', '\\'}) {
+        test_program p(separator);
+        file_system& files = p.form.outside.files;
+        const auto path = [&](std::string text) {
+            std::replace(text.begin(), text.end(), '/', separator);
+            return text;
+        };
+        const std::string excluded = path("/VAR/TMP/ /A/X /TMP/ /LAST/ ");
+        for (const char* out : {"/var/tmp/", "/a/x /tmp/", "/Last/"})
+            EXPECT_TRUE(skip_directory(files, excluded, path(out))) << out;
+        for (const char* in : {"/tmp/", "/", "/x /tmp/", "/var/", "/ast/"})
+            EXPECT_FALSE(skip_directory(files, excluded, path(in))) << in;
+        EXPECT_TRUE(skip_directory(files, path("/VAR/ / "), path("/")));
+    }
 }
 
 TEST(SkipDirectory, AHiddenRecyclerAtTheTopOfADriveIsPassedOver) {

@@ -101,5 +101,39 @@ TEST(MemberName, TheListWithMappedNamesIsReadBackAsItWas) {
     EXPECT_EQ(c.listed(), before);
 }
 
+std::string listed_utf8_name(const std::string& bytes) {
+    archive_case c;
+    const std::vector<std::string> found =
+        c.members_of("a.zip", zip_image({{.name = bytes, .crc = 0xABCDEF01, .size = 5, .flags = 0x800}}));
+    const std::string rest = "*ABCDEF01*5";
+    if (found.size() != 1 || !found[0].ends_with(rest)) return "no member";
+    return found[0].substr(0, found[0].size() - rest.size());
+}
+
+TEST(MemberName, WithTheFlagIsUtf8) {
+    EXPECT_EQ(listed_utf8_name("中文/é.txt"), "中文/é.txt");
+    EXPECT_EQ(listed_utf8_name("\U0001F600"), "\U0001F600");
+    EXPECT_EQ(listed_name("\xC3\xA9"), "茅") << "without it the code page";
+}
+
+TEST(MemberName, OfUtf8BreaksNoLineAndNoEntry) {
+    EXPECT_EQ(listed_utf8_name("a\r\nb*c\x7F"), "a\uF00D\uF00Ab\uF02Ac\uF07F");
+    EXPECT_EQ(listed_utf8_name("\uF02A"), "\uF000\uF02A") << "not that of a star";
+    EXPECT_EQ(listed_utf8_name(std::string("seen\0hidden", 11)), "seen");
+}
+
+TEST(MemberName, WhatIsNoUtf8BecomesTheReplacementAndEatsNothing) {
+    EXPECT_EQ(listed_utf8_name("a\xFF\nb"), "a\uFFFD\uF00Ab");
+    EXPECT_EQ(listed_utf8_name("\xE4\xB8/x"), "\uFFFD\uFFFD/x");
+    EXPECT_EQ(listed_utf8_name("x\xC0\xAA"), "x\uFFFD\uFFFD") << "too long a form of a star";
+    EXPECT_EQ(listed_utf8_name("end\xE4"), "end\uFFFD") << "nothing behind the name is taken";
+}
+
+TEST(MemberName, AUtf8DirectoryIsKnownByItsLastSlash) {
+    archive_case c;
+    // Read in pairs of the code page, the last byte of the letter would take the slash with it.
+    EXPECT_TRUE(c.members_of("a.zip", zip_image({{.name = "é中/", .flags = 0x800}})).empty());
+}
+
 }  // namespace
 }  // namespace corvane
