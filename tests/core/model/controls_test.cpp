@@ -10,6 +10,17 @@
 namespace corvane {
 namespace {
 
+TEST(ColourBar, RunsBetweenItsColoursWhicheverCameFirstTheyOrTheScale) {
+    colour_bar bar("bar");
+    bar.set_colours(0, 0, 0);
+    bar.set_scale(4);
+    bar.set_colours(0, 0x102030, 0x506070);
+    bar.draw(2);
+    EXPECT_EQ(bar.fill_colour(), 0x304050);
+    bar.draw(4);
+    EXPECT_EQ(bar.fill_colour(), 0x506070);
+}
+
 TEST(ColourBar, RunsFromTheStartColourIntoTheEndColour) {
     colour_bar bar("bar");
     bar.set_colours(0xC0C0C0, 0x400040, 0x0000FF);
