@@ -119,7 +119,7 @@ TEST_P(Faults, EveryCallToTheRecycleBinMayFail) {
 // is read-only and goes on the second run. The file behind two paths and the one in the stack are no copies.
 INSTANTIATE_TEST_SUITE_P(Stories, Faults,
                          testing::Values(named_story{"Bin", delete_to_bin, 7, 0},
-                                         named_story{"Direct", delete_for_good, 0, 6},
+                                         named_story{"Direct", delete_for_good, 0, 7},
                                          named_story{"Stored", show_stored_and_delete, 7, 0},
                                          named_story{"EmptyDirectories", empty_directories, 2, 0},
                                          named_story{"Names", names, 0, 0},

@@ -93,8 +93,12 @@ TEST(Group, AClosingProgramEndsTheSignatures) {
 TEST(Group, WithAMemberInReachAStoredSignatureOfALongFilesStartIsReadAnew) {
     group_case c;
     const std::string start(65'536, 's');
-    c.add("/b", start + "tail 1");
-    c.add("/c", start + "tail 2");
+    const auto with_tail = [&start](const char* tail) {
+        std::string content = start;
+        return content.append(tail);
+    };
+    c.add("/b", with_tail("tail 1"));
+    c.add("/c", with_tail("tail 2"));
     c.list({"/a.zip*m*00000001*65542", "/b", "/c"});
     const auto signature = [](const std::string& bytes) {
         return static_cast<std::int32_t>(checksum(std::as_bytes(std::span(bytes))));
