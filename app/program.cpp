@@ -23,6 +23,7 @@ namespace corvane {
 namespace {
 
 constexpr char program_name[] = "Corvane";
+constexpr char ending[] = "正在结束…";
 
 // Drops selected directories that are gone; the others move up in order.
 void check_selected_directories(Tavrel& form) {
@@ -47,6 +48,7 @@ program::program(ports outside, std::string program_dir)
     main_.add_child(directory_);
     main_.add_child(options_);
     join_handlers();
+    main_.when_idle = [this] { end_when_idle(); };
     wire_tasks(main_);
     trace_if_asked(main_);
 }
@@ -119,19 +121,30 @@ bool program::start() {
 
 void program::close() {
     main_.state.quit_requested = -1;
-    if (closed_) return;
-    closed_ = true;
-    store_followers(main_);
-    for (form_model* window : main_.children()) {
-        if (window->visible) main_.run(window->name() + ".Form_Unload");
-        window->visible = false;
+    if (closing_ == stage::open) {
+        closing_ = stage::closes;
+        store_followers(main_);
+        for (form_model* window : main_.children()) {
+            if (window->visible) main_.run(window->name() + ".Form_Unload");
+            window->visible = false;
+        }
+        写Tavrel环境文件(main_);
+        main_.caption = std::string(program_name) + "    " + ending;
+        main_.panel(7, ending);
+        closing_ = stage::waits;
     }
-    写Tavrel环境文件(main_);
+    end_when_idle();
+}
+
+void program::end_when_idle() {
+    if (closing_ != stage::waits || main_.handler_runs()) return;
+    closing_ = stage::ended;
     main_.visible = false;
     main_.outside.screen.end_program();
 }
 
 void program::tick() {
+    if (closing_ != stage::open) return;
     run_state& state = main_.state;
     main_.caption = state.base_title + "    进入计时:" +
                     format_elapsed(main_.outside.screen.seconds() - state.run_start_time, 1);

@@ -25,20 +25,26 @@ class program {
     // What the main form's load handler does, in its order. Shows the main form. False when the program runs
     // already: the user has been told, no file has been written, and the process is to end.
     bool start();
-    // What the unload handler does: asks running tasks to end, writes what must survive, closes every form.
+    // What the unload handler does: asks running tasks to end, writes what must survive, closes the other
+    // windows. While a handler still runs, the main form stays and says so; with its return the program ends.
     void close();
+    // True from the end of `close` on.
+    bool is_closing() const { return closing_ == stage::waits || closing_ == stage::ended; }
     // One second has passed: the running time in the title.
     void tick();
 
   private:
     // The tables of all folders on the main form.
     void join_handlers();
+    // The end, unless something still runs.
+    void end_when_idle();
 
     held_folder files_;
     Tavrel main_;
     directory_form directory_;
     options_form options_;
-    bool closed_ = false;
+    enum class stage { open, closes, waits, ended };
+    stage closing_ = stage::open;
 };
 
 }  // namespace corvane

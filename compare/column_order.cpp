@@ -86,6 +86,7 @@ void sort_by_length_and_name(file_columns& files) {
     reorder(files.file_date_lo, 1, places);
     reorder(files.file_ok, 1, places);
     reorder(files.file_place, 1, places);
+    reorder(files.file_changed, 1, places);
 }
 
 std::vector<std::int32_t> sort_group(file_columns& files, std::int32_t first, std::int32_t last) {
@@ -112,6 +113,8 @@ std::vector<std::int32_t> sort_group(file_columns& files, std::int32_t first, st
     reorder(files.file_bad, first, places);
     reorder(files.file_ok, first, places);
     reorder(files.file_place, first, places);
+    reorder(files.file_changed, first, places);
+    if (!files.file_start_crc.empty()) reorder(files.file_start_crc, first, places);
     return places;
 }
 
@@ -124,6 +127,7 @@ void sort_by_name(file_columns& files) {
     reorder(files.file_date_hi, 1, places);
     reorder(files.file_date_lo, 1, places);
     reorder(files.file_crc, 1, places);
+    if (!files.file_start_crc.empty()) reorder(files.file_start_crc, 1, places);
 }
 
 }  // namespace corvane

@@ -9,15 +9,15 @@
 
 namespace corvane {
 
-// Orders file_list, file_len, both dates, file_ok and file_place by length, then name.
+// Orders file_list, file_len, both dates, file_ok, file_place and file_changed by length, then name.
 void sort_by_length_and_name(file_columns& files);
 
-// Orders the range first to last of file_list, both dates, file_crc, file_bad, file_ok and file_place by the
-// signature's decimal text, then the name. The other columns keep their places, on purpose. Returns for each
-// new place, counted from 0, the old one.
+// Orders the range first to last of file_list, both dates, both signatures, file_bad, file_ok, file_place and
+// file_changed by the decimal text of file_crc, then the name. The other columns keep their places, on
+// purpose. Returns for each new place, counted from 0, the old one.
 std::vector<std::int32_t> sort_group(file_columns& files, std::int32_t first, std::int32_t last);
 
-// Orders file_list, file_len, both dates and file_crc by name alone.
+// Orders file_list, file_len, both dates and both signatures by name alone.
 void sort_by_name(file_columns& files);
 
 }  // namespace corvane

@@ -109,6 +109,7 @@ bool prepare(Tavrel& form) {
     bar_colours(form, 255, 0x6AC4C1, 0xCFCFCF);
     bar_scale(form, state.file_count - 1);
     size_columns(state, state);
+    state.proven.clear();
     form.yield();
 
     bool members_seen = false;
@@ -140,11 +141,13 @@ void set_up_comparison(Tavrel& form) {
 bool store_results(Tavrel& form) {
     run_state& state = form.state;
     form.Label4.visible = false;
-    state.same_fresh_flag = -1;
+    // Without a pair there is no store, and one that could not be written is that of an earlier run.
+    state.same_fresh_flag = 0;
     bool written = write_same_files(form) && write_different_files(form);
     if (written && state.file_count > history_threshold) written = store_history(form);
     form.pic_gressbar1.visible = false;
     form.Command28.visible = false;
+    if (written && state.result_count > 0) state.same_fresh_flag = -1;
     return written;
 }
 
@@ -169,7 +172,7 @@ void Picture3_Click(Tavrel& form) {
     state.base_time = form.outside.screen.seconds();
     if (!take_file_list(form)) return;
 
-    state.search_upper_bound = blank_avoided_files(state, state, state.search_upper_bound);
+    blank_avoided_files(state, state);
     task_scope task(form);
     if (!prepare(form)) return;
     set_up_comparison(form);

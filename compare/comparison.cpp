@@ -2,9 +2,13 @@
 
 #include <algorithm>
 #include <string>
+#include <unordered_map>
 
 #include "compare/estimate.h"
 #include "compare/group.h"
+#include "compare/preparation.h"
+#include "core/archives/archive_entry.h"
+#include "core/archives/physical_file.h"
 #include "core/model/main_form.h"
 #include "core/tasks/error_trail.h"
 #include "core/tasks/progress.h"
@@ -71,11 +75,15 @@ class comparison {
     }
 
     // Pairs every empty file with the first; these files keep counting as different ones, too. Returns the
-    // last of them.
+    // last of them, or i when that is no longer one.
     std::int32_t pair_empty_files(std::int32_t i) {
+        if (!take_centre(i)) return i;
         std::int32_t k = i + 1;
-        for (; k <= state_.file_count && state_.file_len[k] == 0; ++k)
-            if (state_.file_ok[k] && !is_one_physical_file(i, k)) add_pair(i, k);
+        for (; k <= state_.file_count && state_.file_len[k] == 0; ++k) {
+            if (!state_.file_ok[k] || !is_another_file(i, k)) continue;
+            add_pair(i, k);
+            note_proof(i, k);
+        }
         return k - 1;
     }
 
@@ -83,20 +91,64 @@ class comparison {
         for (std::int32_t j = group_.next_candidate(i, i); j <= group_.end();
              j = group_.next_candidate(i, j)) {
             if (j % partners_per_status == 0) show_elapsed(form_);
-            const bool same = group_.same(i, j);
+            const sameness same = group_.same(i, j);
             form_.yield();
-            if (same && !is_one_physical_file(i, j)) register_pair(i, j);
+            if (same == sameness::different) continue;
+            if (!take_centre(i)) return;
+            if (!is_another_file(i, j)) continue;
+            register_pair(i, j);
+            if (same == sameness::by_bytes) note_proof(i, j);
         }
     }
 
-    // Two paths of a file that has a single link, as behind a bind mount, are no pair: deleting one of them
-    // would delete the file.
-    bool is_one_physical_file(std::int32_t i, std::int32_t j) {
-        if (state_.file_place[i] == 0 || state_.file_place[i] != state_.file_place[j]) return false;
-        if (state_.file_list[i] == state_.file_list[j]) return false;
-        const file_facts a = form_.outside.files.facts(state_.file_list[i]);
-        const file_facts b = form_.outside.files.facts(state_.file_list[j]);
-        return a.exists && b.exists && a.identity == b.identity;
+    // True when i, which has been read, is still the file that was listed. Asked once until more is read.
+    bool take_centre(std::int32_t i) {
+        if (centre_ == i && centre_readings_ == group_.readings()) return true;
+        centre_ = is_unchanged(i, centre_facts_) ? i : 0;
+        centre_readings_ = group_.readings();
+        centre_noted_ = false;
+        return centre_ == i;
+    }
+
+    // True when j is still the file that was listed, and removing one of i and j leaves the other. A path
+    // that is listed twice counts as two.
+    bool is_another_file(std::int32_t i, std::int32_t j) {
+        if (!is_unchanged(j, partner_facts_)) return false;
+        const std::string_view a = state_.file_list[i];
+        const std::string_view b = state_.file_list[j];
+        const bool members = is_archive_member(a);
+        if (a == b || members != is_archive_member(b)) return true;
+        file_system& disk = form_.outside.files;
+        if (!members) return !same_physical_file(disk, a, centre_facts_, b, partner_facts_);
+        const std::string_view archive_a = archive_path_of(a);
+        const std::string_view archive_b = archive_path_of(b);
+        return archive_a == archive_b || !same_physical_file(disk, archive_a, archive_facts(archive_a),
+                                                             archive_b, archive_facts(archive_b));
+    }
+
+    // A file that has changed takes no further part: its bytes, as far as they were read, are not those that
+    // it has now.
+    bool is_unchanged(std::int32_t i, file_facts& facts) {
+        facts = {};
+        const std::string_view path = state_.file_list[i];
+        if (is_archive_member(path)) return true;
+        facts = form_.outside.files.facts(path);
+        if (is_as_listed(state_, i, facts)) return true;
+        state_.file_ok[i] = 0;
+        return false;
+    }
+
+    const file_facts& archive_facts(std::string_view archive) {
+        const auto [place, is_new] = archive_facts_.try_emplace(std::string(archive));
+        if (is_new) place->second = form_.outside.files.facts(archive);
+        return place->second;
+    }
+
+    void note_proof(std::int32_t i, std::int32_t j) {
+        if (!centre_facts_.exists || !partner_facts_.exists) return;
+        if (!centre_noted_) state_.proven.note(state_.file_list[i], i, centre_facts_);
+        centre_noted_ = true;
+        state_.proven.note(state_.file_list[j], i, partner_facts_);
     }
 
     void add_pair(std::int32_t first, std::int32_t second) {
@@ -125,6 +177,13 @@ class comparison {
     run_state& state_;
     time_estimate estimate_;
     file_group group_;
+    // The first file of the star in work, and the last one held against it; as they stood then.
+    std::int32_t centre_ = 0;
+    std::int32_t centre_readings_ = 0;
+    bool centre_noted_ = false;
+    file_facts centre_facts_;
+    file_facts partner_facts_;
+    std::unordered_map<std::string, file_facts> archive_facts_;
 };
 
 }  // namespace

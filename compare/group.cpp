@@ -60,12 +60,18 @@ bool file_group::compute_signatures(std::int32_t i) {
         events_.touches(name);
         if (!events_.keep_going()) return false;
         events_.shows(name);
-        if (files_.file_crc[j] != 0) continue;
+        if (has_signature(j)) continue;
         read_signature(j, buffer);
         events_.keep_going();
     }
     contents_.reorder(sort_group(files_, i, end_));
     return true;
+}
+
+bool file_group::has_signature(std::int32_t j) const {
+    if (files_.file_crc[j] == 0) return false;
+    // The history knows the signature of a long file's start, and here that of the whole is wanted.
+    return !archive_flag_ || last_length_ <= signature_block || is_archive_member(files_.file_list[j]);
 }
 
 void file_group::read_signature(std::int32_t j, std::vector<std::byte>& buffer) {
@@ -92,22 +98,29 @@ void file_group::read_signature(std::int32_t j, std::vector<std::byte>& buffer) 
 
 void file_group::whole_file_signature(std::int32_t j, std::vector<std::byte>& buffer) {
     constexpr std::int64_t stream_block = 256 * std::int64_t{1024};
+    constexpr auto start_size = static_cast<std::size_t>(signature_block);
     const outcome_with<file_reader> reader = disk_.open_file(files_.file_list[j]);
     if (!reader) return mark_bad(j);
     reader->will_read(0);
     buffer.resize(stream_block);
     checksum_stream sum;
+    std::int32_t start = 0;
     std::int64_t at = 0;
     while (at <= last_length_) {
         const std::int64_t count = reader->read_at(at, buffer);
         if (count < 0) return mark_bad(j);
-        sum.add(std::span(buffer.data(), static_cast<std::size_t>(count)));
+        const std::span<const std::byte> bytes(buffer.data(), static_cast<std::size_t>(count));
+        if (at == 0)
+            start = static_cast<std::int32_t>(checksum(bytes.first(std::min(bytes.size(), start_size))));
+        sum.add(bytes);
         at += count;
         if (count < stream_block) break;
         events_.keep_going();
     }
     if (at != last_length_) return mark_bad(j);
     files_.file_crc[j] = static_cast<std::int32_t>(sum.value());
+    if (files_.file_start_crc.empty()) files_.file_start_crc.assign(files_.file_count, {});
+    files_.file_start_crc[j] = start;
 }
 
 void file_group::mark_bad(std::int32_t j) {
@@ -139,12 +152,16 @@ bool file_group::signatures_differ(std::int32_t i, std::int32_t j) const {
     return signature_mode_ && files_.file_crc[i] != files_.file_crc[j];
 }
 
-bool file_group::same(std::int32_t i, std::int32_t j) {
+sameness file_group::same(std::int32_t i, std::int32_t j) {
     if (signature_mode_) {
-        if (archive_flag_ || last_length_ <= direct_signature_length) return true;
-        if (accepted_unread(i, j)) return true;
+        if (last_length_ <= direct_signature_length) {
+            // What is held was read here and is what the signature was made of; members and history are not.
+            const bool both_read = !contents_.at(i - first_).empty() && !contents_.at(j - first_).empty();
+            return both_read ? sameness::by_bytes : sameness::by_rule;
+        }
+        if (archive_flag_ || accepted_unread(i, j)) return sameness::by_rule;
     }
-    return equal_contents(i, j);
+    return equal_contents(i, j) ? sameness::by_bytes : sameness::different;
 }
 
 // Same name, same time, same length and same checksum of the whole file: accepted without a byte comparison.
@@ -173,6 +190,7 @@ bool file_group::equal_contents(std::int32_t i, std::int32_t j) {
         candidates.reserve(members.size());
         for (const std::int32_t k : members)
             candidates.push_back({files_.file_list[k], contents_.at(k - first_)});
+        ++readings_;
         const std::vector<std::int32_t> classes =
             classify_contents(disk_, candidates, last_length_, events_.keep_going, events_.touches);
         std::int32_t highest = 0;

@@ -26,6 +26,12 @@ struct group_events {
     std::function<void(std::string_view path)> shows;
 };
 
+enum class sameness {
+    different,
+    by_rule,   // equal signatures, or name, time and signature: the contents themselves were not compared
+    by_bytes,  // this group has read both
+};
+
 class file_group {
   public:
     // The columns are prepared: sized, filled, ordered by length and name. All outlive the group.
@@ -46,11 +52,14 @@ class file_group {
 
     bool signatures_differ(std::int32_t i, std::int32_t j) const;
     // Whether i and j, with equal signatures if the group has any, are the same file by the rules.
-    bool same(std::int32_t i, std::int32_t j);
+    sameness same(std::int32_t i, std::int32_t j);
+    // Grows whenever same() has read contents: what was known about the files before may have changed.
+    std::int32_t readings() const { return readings_; }
 
   private:
     void find_end(std::int32_t i);
     bool compute_signatures(std::int32_t i);
+    bool has_signature(std::int32_t j) const;
     void read_signature(std::int32_t j, std::vector<std::byte>& buffer);
     void whole_file_signature(std::int32_t j, std::vector<std::byte>& buffer);
     void mark_bad(std::int32_t j);
@@ -72,6 +81,7 @@ class file_group {
     held_contents contents_;
     std::vector<std::int32_t> content_class_;  // by place; 0 not known yet, -1 unreadable
     std::int32_t next_class_ = 1;
+    std::int32_t readings_ = 0;
     std::vector<std::int32_t> next_of_suffix_;  // by place; empty unless only equal suffixes are compared
 };
 

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "compare/column_order.h"
 #include "core/archives/archive_entry.h"
@@ -45,6 +46,52 @@ void take_row(history_state& history, std::int32_t k, std::string_view row, char
     history.history_name.push_back(row);
 }
 
+// Puts row k where row `to` stood, which is not behind it.
+void move_row(history_state& history, std::int32_t k, std::int32_t to) {
+    history.history_name.set_entry(to, history.history_name.entry(k));
+    history.history_len[to] = history.history_len[k];
+    history.history_date_hi[to] = history.history_date_hi[k];
+    history.history_date_lo[to] = history.history_date_lo[k];
+    history.history_crc[to] = history.history_crc[k];
+}
+
+void cut_rows(history_state& history, std::int32_t count) {
+    history.history_name.resize(count);
+    history.history_len.resize(count);
+    for (column<std::int32_t>* values :
+         {&history.history_date_hi, &history.history_date_lo, &history.history_crc})
+        values->resize(count);
+    history.history_count = count;
+}
+
+bool ascends_strictly(const text_column& names) {
+    for (std::int32_t k = 2; k <= names.size(); ++k)
+        if (names[k] <= names[k - 1]) return false;
+    return names.size() == 0 || !is_blank(names[1]);
+}
+
+// Ascending by name, each name once and none blank, as the searches want it. Of several rows of a name the
+// last one stays.
+void put_in_order(history_state& history) {
+    const std::int32_t read = history.history_name.size();
+    if (ascends_strictly(history.history_name)) return cut_rows(history, read);
+    std::vector<text_row> rows;
+    for (std::int32_t k = 1; k <= read; ++k)
+        if (!is_blank(history.history_name[k])) rows.push_back({history.history_name.entry(k), k});
+    sort_rows_by_text(rows);
+    const history_state old = history;
+    std::int32_t count = 0;
+    for (const text_row& row : rows) {
+        if (count == 0 || history.history_name[count] != text_arena::text_at(row.entry)) ++count;
+        history.history_name.set_entry(count, row.entry);
+        history.history_len[count] = old.history_len[row.row];
+        history.history_date_hi[count] = old.history_date_hi[row.row];
+        history.history_date_lo[count] = old.history_date_lo[row.row];
+        history.history_crc[count] = old.history_crc[row.row];
+    }
+    cut_rows(history, count);
+}
+
 search_result find_in_history(history_state& history, std::string_view name, std::int32_t low) {
     const search_result found = find_text(history.history_name, name, low, history.history_count);
     history.search_upper_bound = found.upper_bound;
@@ -74,9 +121,7 @@ bool read_history(file_system& disk, history_state& history, std::int32_t most,
         take_row(history, k, line, delimiter);
         if (k % rows_per_status == 0 && !reading.reaches(k)) return false;
     }
-    // A file shorter than its count leaves the remaining rows empty.
-    history.history_name.resize(count);
-    history.history_count = count;
+    put_in_order(history);
     return true;
 }
 
@@ -96,6 +141,12 @@ void reuse_history(history_state& history, file_columns& files) {
 
 namespace {
 
+// The one that a run without archives would take.
+std::int32_t signature_to_keep(const file_columns& files, std::int32_t i) {
+    if (!files.file_start_crc.empty() && files.file_start_crc[i]) return *files.file_start_crc[i];
+    return files.file_crc[i];
+}
+
 // Writes the merged rows and counts them.
 class history_writer {
   public:
@@ -105,17 +156,15 @@ class history_writer {
         writer_.line("000000000000");
     }
 
-    void old_rows(std::int32_t first, std::int32_t last, bool drop_blank) {
-        for (std::int32_t k = first; k <= last; ++k) {
-            if (drop_blank && is_blank(history_.history_name[k])) continue;
+    void old_rows(std::int32_t first, std::int32_t last) {
+        for (std::int32_t k = first; k <= last; ++k)
             add(history_.history_name[k], history_.history_len[k], history_.history_date_hi[k],
                 history_.history_date_lo[k], history_.history_crc[k]);
-        }
     }
 
     void file_row(std::int32_t i) {
         add(files_.file_list[i], files_.file_len[i], files_.file_date_hi[i], files_.file_date_lo[i],
-            files_.file_crc[i]);
+            signature_to_keep(files_, i));
     }
 
     bool finish() {
@@ -152,28 +201,33 @@ class history_writer {
 }  // namespace
 
 void purge_history(file_system& disk, history_state& history, const std::function<void()>& turn) {
+    std::int32_t kept = 0;
     for (std::int32_t k = 1; k <= history.history_count; ++k) {
-        if (!path_exists(disk, std::string(history.history_name[k]))) history.history_name.set(k, "");
+        if (path_exists(disk, std::string(history.history_name[k]))) move_row(history, k, ++kept);
         turn();
     }
+    cut_rows(history, kept);
 }
 
 bool merge_history(file_system& disk, history_state& history, file_columns& files, std::string& error) {
     sort_by_name(files);
     history_writer writer(disk, history, files);
     std::int32_t next = 1;
+    std::string_view written;  // a path that is listed twice has one row
     for (std::int32_t i = 1; i <= files.file_count; ++i) {
         const std::string_view name = files.file_list[i];
-        if (files.file_crc[i] == 0 || is_archive_member(name)) continue;
+        if (signature_to_keep(files, i) == 0 || is_archive_member(name) || is_blank(name) || name == written)
+            continue;
         if (next <= history.history_count) {
             const search_result found = find_in_history(history, name, next);
             const std::int32_t last = found.index > 0 ? found.index - 1 : found.upper_bound;
-            writer.old_rows(next, last, true);
+            writer.old_rows(next, last);
             next = (found.index > 0 ? found.index : found.upper_bound) + 1;
         }
         writer.file_row(i);
+        written = name;
     }
-    writer.old_rows(next, history.history_count, false);
+    writer.old_rows(next, history.history_count);
     if (!writer.finish()) {
         error = writer.error();
         return false;

@@ -21,15 +21,16 @@ struct history_reading {
     std::function<bool(std::int32_t row)> reaches;
 };
 
-// Fills the history columns, up to `most` rows; both row forms are read. A missing or broken file leaves them
-// empty. False when it was ended.
+// Fills the history columns, up to `most` rows; both row forms are read. The rows are then ascending by name,
+// each name once, however the file stood. A missing or broken file leaves them empty. False when it was
+// ended.
 bool read_history(file_system& disk, history_state& history, std::int32_t most,
                   const history_reading& reading);
 
 // Gives every unchanged plain file the signature that it had.
 void reuse_history(history_state& history, file_columns& files);
 
-// Blanks the rows of files that are gone. `turn` is called after each row.
+// Drops the rows of files that are gone. `turn` is called after each row.
 void purge_history(file_system& disk, history_state& history, const std::function<void()>& turn);
 
 // Orders the file columns by name and merges them into the stored history; history_count takes the rows

@@ -3,11 +3,11 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "core/archives/archive_entry.h"
 #include "core/text/text_case.h"
 #include "core/text/text_format.h"
-#include "core/text/text_sort.h"
 
 namespace corvane {
 
@@ -42,19 +42,31 @@ void take_facts(file_columns& files, std::int32_t i, const file_facts& facts) {
     files.file_len[i] = facts.length;
     files.file_date_hi[i] = facts.date_high;
     files.file_date_lo[i] = facts.date_low;
-    // Several links are several files: removing one keeps the other.
-    if (facts.link_count == 1) files.file_place[i] = file_identity_hash()(facts.identity) | 1;
+    files.file_place[i] = file_identity_hash()(facts.identity);
+    files.file_changed[i] = facts.changed_ns;
+}
+
+// A member's text as the comparison knows it, without its checksum and length.
+std::string_view without_fields(std::string_view entry) {
+    if (!is_archive_member(entry)) return entry;
+    entry = entry.substr(0, entry.rfind('*'));
+    return entry.substr(0, entry.rfind('*'));
 }
 
 }  // namespace
 
-std::int32_t blank_avoided_files(file_columns& files, const trail_state& trail, std::int32_t upper_bound) {
-    for (std::int32_t a = 1; a <= trail.avoid_count; ++a) {
-        const search_result found = find_text(files.file_list, trail.avoid_files[a], 1, files.file_count);
-        upper_bound = found.upper_bound;
-        if (found.index > 0) files.file_list.set(found.index, "");
-    }
-    return upper_bound;
+void blank_avoided_files(file_columns& files, const trail_state& trail) {
+    std::unordered_set<std::string_view> avoided;
+    for (std::int32_t a = 1; a <= trail.avoid_count; ++a) avoided.insert(trail.avoid_files[a]);
+    if (avoided.empty()) return;
+    for (std::int32_t i = 1; i <= files.file_count; ++i)
+        if (avoided.count(without_fields(files.file_list[i])) != 0) files.file_list.set(i, "");
+}
+
+bool is_as_listed(const file_columns& files, std::int32_t i, const file_facts& facts) {
+    return facts.exists && facts.length == files.file_len[i] && facts.date_high == files.file_date_hi[i] &&
+           facts.date_low == files.file_date_lo[i] && facts.changed_ns == files.file_changed[i] &&
+           file_identity_hash()(facts.identity) == files.file_place[i];
 }
 
 void size_columns(file_columns& files, result_state& result) {
@@ -63,6 +75,8 @@ void size_columns(file_columns& files, result_state& result) {
     for (column<std::int32_t>* values : {&files.file_date_hi, &files.file_date_lo, &files.file_crc})
         values->assign(count, 0);
     files.file_place.assign(count, 0);
+    files.file_changed.assign(count, 0);
+    files.file_start_crc.clear();
     for (column<std::uint8_t>* flags :
          {&files.file_ok, &files.file_bad, &files.file_matched, &files.file_has_twin, &files.file_in_archive})
         flags->assign(count, 0);

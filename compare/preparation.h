@@ -12,9 +12,9 @@
 
 namespace corvane {
 
-// Empties the entries of file_list that stand on the avoid list. Exact matches in an ascending list only.
-// Returns where the last search stopped, `upper_bound` when there was none.
-std::int32_t blank_avoided_files(file_columns& files, const trail_state& trail, std::int32_t upper_bound);
+// Empties the entries of file_list that stand on the avoid list, whatever the order of either. Exact matches
+// only; a member stands there without its checksum and length.
+void blank_avoided_files(file_columns& files, const trail_state& trail);
 
 // Sizes the columns of the comparison for file_count files and clears them, and the pairs.
 void size_columns(file_columns& files, result_state& result);
@@ -24,6 +24,9 @@ void size_columns(file_columns& files, result_state& result);
 // `members_seen` tells whether any member was found.
 bool refresh_attributes(file_system& disk, file_columns& files, result_state& result, bool& members_seen,
                         const std::function<bool(std::int32_t)>& reaches);
+
+// True when file i of the disk still is the one that the refresh found: same identity, length and times.
+bool is_as_listed(const file_columns& files, std::int32_t i, const file_facts& facts);
 
 // Cuts the CRC off every archive member and stores it as its signature.
 void take_member_signatures(file_columns& files);

@@ -42,8 +42,8 @@ bool write_same_files(Tavrel& form) {
 bool write_different_files(Tavrel& form) {
     run_state& state = form.state;
     const std::string path = form.data_path(data_file::different_files);
-    bar_scale(form, state.file_count);
     bar_colours(form, 0xA00000, 0x1744F7, 0xAAF0F0);
+    bar_scale(form, state.file_count);
     line_writer writer(form.outside.files, path);
     state.different_count = 0;
     state.different_files.clear();

@@ -1,10 +1,13 @@
 #include "forms/boxes.h"
 
 #include <QAbstractButton>
+#include <QCloseEvent>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -29,35 +32,81 @@ QMessageBox::Icon icon_of(box_icon icon) {
     }
 }
 
-}  // namespace
+// Escape and the close button leave it without an answer, whatever its buttons are.
+class question_box : public QMessageBox {
+  public:
+    using QMessageBox::QMessageBox;
 
-box_answer show_message_box(QWidget* owner, const message& shown,
-                            const std::function<void(int)>& open_topic) {
-    const bool asks = shown.buttons == box_buttons::yes_no;
-    QMessageBox box(owner);
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->matches(QKeySequence::Cancel))
+            reject();
+        else
+            QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent* event) override {
+        event->accept();
+        reject();
+    }
+};
+
+void show_words(QMessageBox& box, const message& shown) {
     box.setWindowTitle(screen_line(shown.title));
     box.setTextFormat(Qt::PlainText);
     box.setText(screen_lines(shown.text));
     box.setIcon(icon_of(shown.icon));
-    const QAbstractButton* yes = nullptr;
-    if (asks) {
-        yes = box.addButton(QStringLiteral("是(&Y)"), QMessageBox::YesRole);
-        box.setEscapeButton(box.addButton(QStringLiteral("否(&N)"), QMessageBox::NoRole));
-    } else {
-        box.setEscapeButton(box.addButton(QStringLiteral("确定"), QMessageBox::AcceptRole));
+    if (shown.detail.empty()) return;
+    box.setInformativeText(screen_lines(shown.detail));
+    // The box has no setter for it, and a path may look like marked-up text.
+    if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
+        label->setTextFormat(Qt::PlainText);
+}
+
+void add_help(QMessageBox& box, const message& shown, const std::function<void(int)>& open_topic) {
+    if (!shown.help_button) return;
+    QAbstractButton* help = box.addButton(QStringLiteral("帮助"), QMessageBox::HelpRole);
+    // The box stays open while its help is read.
+    help->disconnect();
+    QObject::connect(help, &QAbstractButton::clicked, &box, [&open_topic, topic = shown.help_context % 100] {
+        if (open_topic) open_topic(topic);
+    });
+}
+
+// The letters stay what they are under other words: the text of a question may name them.
+QString lettered(const std::string& words, const char* usual, char letter) {
+    QString caption = words.empty() ? QString::fromUtf8(usual) : screen_line(words);
+    caption.replace(QLatin1Char('&'), QLatin1String("&&"));
+    return caption + QStringLiteral("(&%1)").arg(QLatin1Char(letter));
+}
+
+box_answer ask_in_box(QWidget* owner, const message& shown, const std::function<void(int)>& open_topic) {
+    question_box box(owner);
+    show_words(box, shown);
+    QPushButton* yes = box.addButton(lettered(shown.yes_words, "是", 'Y'), QMessageBox::YesRole);
+    QPushButton* no = box.addButton(lettered(shown.no_words, "否", 'N'), QMessageBox::NoRole);
+    if (!shown.cancel_words.empty()) {
+        QString caption = screen_line(shown.cancel_words);
+        caption.replace(QLatin1Char('&'), QLatin1String("&&"));
+        box.addButton(caption, QMessageBox::RejectRole);
     }
-    if (shown.help_button) {
-        QAbstractButton* help = box.addButton(QStringLiteral("帮助"), QMessageBox::HelpRole);
-        // The box stays open while its help is read.
-        help->disconnect();
-        QObject::connect(help, &QAbstractButton::clicked, &box,
-                         [&open_topic, topic = shown.help_context % 100] {
-                             if (open_topic) open_topic(topic);
-                         });
-    }
+    box.setDefaultButton(shown.default_answer == box_answer::no ? no : yes);
+    add_help(box, shown, open_topic);
     box.exec();
-    if (!asks) return box_answer::ok;
-    return box.clickedButton() == yes ? box_answer::yes : box_answer::no;
+    if (box.clickedButton() == yes) return box_answer::yes;
+    return box.clickedButton() == no ? box_answer::no : box_answer::dismissed;
+}
+
+}  // namespace
+
+box_answer show_message_box(QWidget* owner, const message& shown,
+                            const std::function<void(int)>& open_topic) {
+    if (shown.buttons == box_buttons::yes_no) return ask_in_box(owner, shown, open_topic);
+    QMessageBox box(owner);
+    show_words(box, shown);
+    box.setEscapeButton(box.addButton(QStringLiteral("确定"), QMessageBox::AcceptRole));
+    add_help(box, shown, open_topic);
+    box.exec();
+    return box_answer::ok;
 }
 
 std::optional<std::string> ask_for_text(QWidget* owner, const std::string& title, const std::string& prompt,

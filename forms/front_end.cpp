@@ -44,6 +44,8 @@ front_end::~front_end() {
 }
 
 void front_end::act(const std::string& handler) {
+    // What still runs at a program's end is waited for, not answered.
+    if (program_.is_closing()) return;
     program_.main_form().run(handler);
     sync();
 }
@@ -52,6 +54,7 @@ void front_end::sync() {
     // Showing a window may run handlers that ask for a copy again; the copy under way is enough.
     if (syncing_) return;
     syncing_ = true;
+    if (program_.is_closing()) screen_.show_no_more_boxes();
     const bool locked = tasks_locked(program_.main_form());
     main_->sync(locked);
     for (child_window* window : windows_) window->sync(locked);
@@ -61,7 +64,7 @@ void front_end::sync() {
 
 void front_end::follow() {
     const timer_control& timer = program_.main_form().Timer2;
-    if (!timer.enabled || screen_.ended())
+    if (!timer.enabled || program_.is_closing())
         follow_timer_.stop();
     else if (!follow_timer_.isActive() || follow_timer_.interval() != timer.interval)
         follow_timer_.start(timer.interval);

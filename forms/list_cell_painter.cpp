@@ -41,7 +41,7 @@ void list_cell_painter::paint(QPainter* painter, const QStyleOptionViewItem& opt
     QFont font = option.font;
     font.setStrikeOut(cells_.data(index, list_model::struck_role).toBool());
     painter->setFont(font);
-    painter->setPen(cell_text_colour(cells_.colour(index.row(), index.column()), palette));
+    painter->setPen(cell_text_colour(cells_.painted_colour(index.row(), index.column()), palette));
     const int wanted = option.fontMetrics.horizontalAdvance(words);
     if (right && wanted > place.width()) {
         // A number is never cut: its digits move together.

@@ -4,6 +4,7 @@
 #include <QAbstractTableModel>
 
 #include "core/model/list_view.h"
+#include "forms/marked_paths.h"
 
 namespace corvane {
 
@@ -30,6 +31,13 @@ class list_model : public QAbstractTableModel {
     // What a cell shows; empty where the list has no such cell any more.
     QString text(int row, int column) const;
     std::uint32_t colour(int row, int column) const;
+    // The colour that it is painted in: a plain or gray cell takes the red of its path's mark in another row.
+    std::uint32_t painted_colour(int row, int column) const;
+    // The path is marked, here or in another row.
+    bool looks_marked(int row, int column) const;
+    // Takes the marks over where they have changed, and says so. A running task changes one cell after the
+    // other: its marks wait until it has ended.
+    bool take_marks(bool tasks_locked);
 
   private:
     bool has_cell(int row, int column) const {
@@ -39,6 +47,9 @@ class list_model : public QAbstractTableModel {
     const list_view& list_;
     std::int32_t shown_rows_ = 0;
     std::vector<list_column> columns_;
+    marked_paths marks_;
+    std::uint64_t marked_fill_ = 0;   // of the list whose marks are known,
+    std::uint64_t marked_cells_ = 0;  // and of its cells
 };
 
 }  // namespace corvane

@@ -92,9 +92,19 @@ void list_table::sync(bool tasks_locked) {
         shown_cells_ = list_.cell_revision();
         viewport()->update();
     }
+    if (cells_->take_marks(tasks_locked)) viewport()->update();
     take_selection();
     reveal_row();
     taking_over_ = false;
+}
+
+bool list_table::take_load() {
+    if (known_fill_ == list_.fill_revision() || cells_->shown_rows() == 0 || isHidden()) return false;
+    known_fill_ = list_.fill_revision();
+    if (list_.selected_row == 0)
+        selectionModel()->setCurrentIndex(cells_->index(0, shown_view(form_).first_path),
+                                          QItemSelectionModel::NoUpdate);
+    return true;
 }
 
 void list_table::take_widths() {

@@ -20,6 +20,9 @@ class list_table : public QTableView {
 
     // With `tasks_locked`, growing rows are taken over now and then only.
     void sync(bool tasks_locked);
+    // True once for each load: rows have come that are others than before. Their first path is then the
+    // current cell, unless a row is selected.
+    bool take_load();
 
     // Shows a menu by its top entry's name at a place on the screen.
     std::function<void(const std::string& name, QPoint place)> show_menu;
@@ -60,6 +63,7 @@ class list_table : public QTableView {
     QElapsedTimer since_growth_;
     std::uint64_t shown_layout_ = ~std::uint64_t{0};
     std::uint64_t shown_cells_ = 0;
+    std::uint64_t known_fill_ = 0;  // of the load that was taken last
     bool taking_over_ = false;
 };
 

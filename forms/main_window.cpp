@@ -17,6 +17,7 @@
 #include "forms/colour_bar_view.h"
 #include "forms/error_frame.h"
 #include "forms/icons.h"
+#include "forms/key_focus.h"
 #include "forms/list_box_view.h"
 #include "forms/list_table.h"
 #include "forms/menu_bar.h"
@@ -75,6 +76,7 @@ main_window::main_window(Tavrel& form, std::function<void(const std::string&)> a
     failure_ = new error_frame(form_, act_, central);
     numbers_ = new number_frame(form_, act_, central);
     tip_ = new tip_box(form_, this);
+    keys_ = std::make_unique<key_focus>(*central, *list_, *cancel_);
     // Placed here and not by the window manager, so that the windows beside it know where it stands.
     const QRect free = screen()->availableGeometry();
     resize(first_size.boundedTo(free.size() - QSize(0, 40)));
@@ -147,6 +149,7 @@ QWidget* main_window::make_run_row() {
 }
 
 void main_window::sync(bool tasks_locked) {
+    keys_->before_copy();
     mirror_title(this, form_.caption);
     menus_->sync(tasks_locked);
     tasks_->sync();
@@ -157,6 +160,7 @@ void main_window::sync(bool tasks_locked) {
     failure_->sync();
     numbers_->sync();
     tip_->sync();
+    keys_->after_copy(tasks_locked, form_.task_runs());
     place_.apply();
     const Qt::CursorShape pointer =
         form_.mouse_pointer == help_pointer ? Qt::WhatsThisCursor : Qt::ArrowCursor;
@@ -265,7 +269,7 @@ void main_window::keyPressEvent(QKeyEvent* event) {
 }
 
 void main_window::closeEvent(QCloseEvent* event) {
-    // The program hides the window through its model; a task may still be running below this event.
+    // The program hides the window through its model, when the task that may run below this event is over.
     event->ignore();
     close_();
 }

@@ -37,37 +37,37 @@ QWidget* qt_user_interface::window() const {
     return main && main->isVisible() ? main : nullptr;
 }
 
+bool qt_user_interface::shows_boxes() {
+    if (!ended_) sync();
+    return !ended_ && !silent_;
+}
+
 box_answer qt_user_interface::show_message(const message& shown) {
-    if (ended_) return shown.buttons == box_buttons::yes_no ? box_answer::no : box_answer::ok;
-    sync();
+    if (!shows_boxes()) return shown.buttons == box_buttons::yes_no ? box_answer::dismissed : box_answer::ok;
     return show_message_box(window(), shown, open_topic_);
 }
 
 std::optional<std::string> qt_user_interface::ask_text(const std::string& title, const std::string& prompt,
                                                        const std::string& initial) {
-    if (ended_) return {};
-    sync();
+    if (!shows_boxes()) return {};
     return ask_for_text(window(), title, prompt, initial);
 }
 
 std::optional<std::string> qt_user_interface::choose_file(const std::string& title,
                                                           const std::string& initial) {
-    if (ended_) return {};
-    sync();
+    if (!shows_boxes()) return {};
     return ask_for_file(window(), title, initial);
 }
 
 std::optional<std::string> qt_user_interface::choose_files(const std::string& title,
                                                            const std::string& filter,
                                                            const std::string& directory) {
-    if (ended_) return {};
-    sync();
+    if (!shows_boxes()) return {};
     return ask_for_files(window(), title, filter, directory);
 }
 
 std::optional<int> qt_user_interface::choose_colour(const std::string& title, int initial) {
-    if (ended_) return {};
-    sync();
+    if (!shows_boxes()) return {};
     return ask_for_colour(window(), title, initial);
 }
 

@@ -24,6 +24,8 @@ class qt_user_interface : public user_interface {
     // Opens the help topic of a box's help button.
     void set_help(std::function<void(int topic)> open_topic) { open_topic_ = std::move(open_topic); }
     bool ended() const { return ended_; }
+    // From now on a box is dismissed before it appears: the program is closing.
+    void show_no_more_boxes() { silent_ = true; }
 
     box_answer show_message(const message& message) override;
     std::optional<std::string> ask_text(const std::string& title, const std::string& prompt,
@@ -51,6 +53,8 @@ class qt_user_interface : public user_interface {
     void sync() {
         if (sync_) sync_();
     }
+    // Brings the screen up to date for a box. False when none is to appear any more.
+    bool shows_boxes();
     QWidget* window() const;
 
     std::function<void()> sync_;
@@ -58,6 +62,7 @@ class qt_user_interface : public user_interface {
     std::function<void(int)> open_topic_;
     std::chrono::steady_clock::time_point next_turn_{};
     bool ended_ = false;
+    bool silent_ = false;
 };
 
 }  // namespace corvane

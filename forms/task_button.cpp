@@ -94,10 +94,19 @@ void task_button::focusInEvent(QFocusEvent* event) {
 
 void task_button::keyPressEvent(QKeyEvent* event) {
     by_keyboard_ = true;
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        click();
-    else
-        QAbstractButton::keyPressEvent(event);
+    switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return click();
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+            // The base class would hand the focus on to the next task. They are meant for the list.
+            return event->ignore();
+        default:
+            return QAbstractButton::keyPressEvent(event);
+    }
 }
 
 void task_button::enterEvent(QEnterEvent* event) {

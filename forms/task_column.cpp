@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "browser/list_views.h"
 #include "core/model/task_table.h"
 #include "forms/colours.h"
 #include "forms/mirror.h"
@@ -140,7 +141,15 @@ void task_column::paintEvent(QPaintEvent*) {
 
 std::string next_step(const Tavrel& form) {
     const run_state& state = form.state;
-    if (form.ListView1.visible && form.ListView1.row_count() > 0) return "Picture5";
+    if (form.ListView1.visible && form.ListView1.row_count() > 0) {
+        const bool marked = form.ListView1.marked_cells() > 0;
+        const list_view_row& view = shown_view(form);
+        if (view.deletes == deletion_rule::files) return marked ? "Picture5" : "";
+        if (view.deletes == deletion_rule::empty_directories) return marked ? "Picture8" : "";
+        // Files without a twin come from a comparison, files of one name still need one.
+        if (view.list_mode == list_modes::different_files) return "Picture4";
+        if (view.list_mode == list_modes::same_file_names) return "Picture3";
+    }
     if (state.selected_dir_count == 0) return "Picture1";
     if (state.file_count == 0 || state.file_list_loaded == 0)
         return state.result_count > 0 ? "Picture4" : "Picture2";

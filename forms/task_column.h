@@ -43,7 +43,8 @@ class task_column : public QWidget {
     std::vector<QWidget*> separators_;
 };
 
-// The picture of the step that comes next by itself, by what the run state holds already.
+// The picture of the step that comes next by itself, by what the run state holds already; empty where it is
+// up to the user to mark something.
 std::string next_step(const Tavrel& form);
 
 }  // namespace corvane

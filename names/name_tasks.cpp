@@ -50,7 +50,8 @@ bool find_pairs(Tavrel& form, const text_column& paths, std::int32_t count, key_
     show_cancel_button(form, cancel_word);
     form.pic_gressbar1.visible = true;
     const bool complete = scan_name_keys(form, paths, count);
-    state.same_fresh_flag = -1;
+    // Without a pair no view takes it back.
+    state.same_fresh_flag = state.result_count > 0 ? -1 : 0;
     form.pic_gressbar1.visible = false;
     form.Command28.visible = false;
     show_elapsed(form);

@@ -84,6 +84,10 @@ class search_visitor : public walk_visitor {
         last_shown_ = state_.walk_count;
     }
 
+    walk_course enter(const std::string&) override {
+        return state_.quit_requested ? walk_course::quit : walk_course::go_on;
+    }
+
     walk_course entry(const std::string& directory, std::string_view name, entry_kind kind) override {
         state_.current_path.assign(directory).append(name);
         if (kind == entry_kind::file) take_file(state_.current_path);
@@ -128,7 +132,7 @@ void walk(Tavrel& form, walk_output& output) {
     search_visitor visitor(form, output);
     const std::span<std::string> selected = state.selected_dirs.range(1, state.selected_dir_count);
     const walk_result result = walk_tree(form.outside.files, selected, state.dir_queue, rules, visitor);
-    if (result.limit_reached || output.full())
+    if (result.ending != walk_course::quit && (result.limit_reached || output.full()))
         form.inform("文件或目录太多，清单只含前 " + std::to_string(state.walk_count) + " 个文件。");
 }
 
@@ -163,7 +167,7 @@ void walk_directories(Tavrel& form) {
     // The list does not need the report.
     if (!report.finish())
         report_write_failure(form, state.archive_error_path, report.error());
-    else if (state.archive_error_count > 0)
+    else if (state.archive_error_count > 0 && !state.quit_requested)
         form.outside.desktop.open_document(state.archive_error_path);
 }
 

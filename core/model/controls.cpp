@@ -73,18 +73,19 @@ void colour_bar::set_colours(std::int32_t back, std::int32_t start, std::int32_t
 void colour_bar::set_scale(std::int32_t total) {
     clear();
     if (total < 1) return;
-    const auto count = static_cast<double>(total);
-    step_ = {(end_.red - start_.red) / count, (end_.green - start_.green) / count,
-             (end_.blue - start_.blue) / count};
     total_ = total;
 }
 
 void colour_bar::draw(std::int32_t position) {
     if (total_ < 1) return;
     const auto at = static_cast<double>(position);
-    fill_ = component(step_.red * at + start_.red) | component(step_.green * at + start_.green) << 8 |
-            component(step_.blue * at + start_.blue) << 16;
-    filled_ = std::clamp(at / static_cast<double>(total_), 0.0, 1.0);
+    const auto count = static_cast<double>(total_);
+    const auto mixed = [&](double start, double end) {
+        return component((end - start) / count * at + start);
+    };
+    fill_ = mixed(start_.red, end_.red) | mixed(start_.green, end_.green) << 8 |
+            mixed(start_.blue, end_.blue) << 16;
+    filled_ = std::clamp(at / count, 0.0, 1.0);
 }
 
 void colour_bar::clear() {

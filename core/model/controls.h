@@ -156,7 +156,8 @@ class colour_bar : public control {
   public:
     explicit colour_bar(std::string name) : control(control_kind::colour_bar, std::move(name)) {}
 
-    // Takes the colours apart and shows the bar.
+    // Shows the bar. What is drawn from now on runs between these colours, whatever came first, they or the
+    // scale.
     void set_colours(std::int32_t back, std::int32_t start, std::int32_t end);
     // Clears the bar. With a total below 1 nothing else changes.
     void set_scale(std::int32_t total);
@@ -175,7 +176,6 @@ class colour_bar : public control {
     std::int32_t total_ = 0;
     colour_parts start_;
     colour_parts end_;
-    colour_parts step_;
     double filled_ = 0;
 };
 

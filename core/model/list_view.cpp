@@ -17,8 +17,10 @@ void list_view::clear_columns() {
     columns_.clear();
     cells_.clear();
     row_count_ = 0;
+    marked_cells_ = 0;
     selected_row = 0;
     ++layout_revision_;
+    ++fill_revision_;
 }
 
 void list_view::add_column(list_column column) {
@@ -42,6 +44,8 @@ void list_view::set_column_width(int column, int twips) {
 }
 
 void list_view::share_texts(int column, const text_column& source) {
+    for (std::int32_t row = 1; marked_cells_ > 0 && row <= row_count_; ++row)
+        marked_cells_ -= mark_of(cells_[index_of(column)], row);
     text_column& texts = cells_[index_of(column)].texts;
     texts.clear_and_share(source);
     texts.resize(row_count_);
@@ -50,8 +54,10 @@ void list_view::share_texts(int column, const text_column& source) {
 void list_view::clear_rows() {
     for (column_cells& cells : cells_) cells = column_cells();
     row_count_ = 0;
+    marked_cells_ = 0;
     selected_row = 0;
     ++layout_revision_;
+    ++fill_revision_;
 }
 
 void list_view::reserve_rows(std::int32_t count) {
@@ -78,12 +84,18 @@ std::int32_t list_view::add_row() {
 }
 
 void list_view::set_text(std::int32_t row, int column, std::string_view words) {
-    cells_[index_of(column)].texts.set(row, words);
+    column_cells& cells = cells_[index_of(column)];
+    marked_cells_ -= mark_of(cells, row);
+    cells.texts.set(row, words);
+    marked_cells_ += mark_of(cells, row);
     ++cell_revision_;
 }
 
 void list_view::set_shared_text(std::int32_t row, int column, const char* entry) {
-    cells_[index_of(column)].texts.set_entry(row, entry);
+    column_cells& cells = cells_[index_of(column)];
+    marked_cells_ -= mark_of(cells, row);
+    cells.texts.set_entry(row, entry);
+    marked_cells_ += mark_of(cells, row);
     ++cell_revision_;
 }
 
@@ -138,19 +150,26 @@ std::int64_t list_view::number_cell(std::int32_t row, int column) const {
     return cells_[index_of(column)].numbers[at(row)];
 }
 
+std::int32_t list_view::mark_of(const column_cells& cells, std::int32_t row) {
+    if (cells.colours.empty() || cells.colours[at(row)] != cell_colour::mark_red) return 0;
+    return row <= cells.texts.size() && !cells.texts[row].empty() ? 1 : 0;
+}
+
 std::uint32_t list_view::colour(std::int32_t row, int column) const {
     const std::vector<std::uint32_t>& colours = cells_[index_of(column)].colours;
     return colours.empty() ? cell_colour::colour_text : colours[at(row)];
 }
 
 void list_view::set_colour(std::int32_t row, int column, std::uint32_t colour) {
-    std::vector<std::uint32_t>& colours = cells_[index_of(column)].colours;
-    if (colours.empty()) {
+    column_cells& cells = cells_[index_of(column)];
+    if (cells.colours.empty()) {
         if (colour == cell_colour::colour_text) return;
-        colours.reserve(cells_[index_of(column)].texts.capacity());
-        colours.resize(static_cast<std::size_t>(row_count_), cell_colour::colour_text);
+        cells.colours.reserve(cells.texts.capacity());
+        cells.colours.resize(static_cast<std::size_t>(row_count_), cell_colour::colour_text);
     }
-    colours[at(row)] = colour;
+    marked_cells_ -= mark_of(cells, row);
+    cells.colours[at(row)] = colour;
+    marked_cells_ += mark_of(cells, row);
     ++cell_revision_;
 }
 

@@ -84,6 +84,9 @@ class list_view : public control {
     // Puts the rows into a new order: row n becomes what row order[n - 1] was. Each row stands in it once.
     void reorder(const std::vector<std::int32_t>& order);
 
+    // Cells in mark_red that hold a text: what is marked for deletion.
+    std::int32_t marked_cells() const { return marked_cells_; }
+
     // The selected row, 0 for none.
     std::int32_t selected_row = 0;
     // A row that is to come into view; the front end scrolls to it and sets 0.
@@ -93,6 +96,8 @@ class list_view : public control {
     std::uint64_t layout_revision() const { return layout_revision_; }
     // Changes with every change of a cell's text or colour.
     std::uint64_t cell_revision() const { return cell_revision_; }
+    // Changes when all rows go: those that come after are others.
+    std::uint64_t fill_revision() const { return fill_revision_; }
 
   private:
     struct column_cells {
@@ -101,11 +106,16 @@ class list_view : public control {
         std::vector<std::uint32_t> colours;  // empty while all cells are colour_text
     };
 
+    // 1 for a cell that counts as marked, else 0.
+    static std::int32_t mark_of(const column_cells& cells, std::int32_t row);
+
     std::vector<list_column> columns_;
     std::vector<column_cells> cells_;
     std::int32_t row_count_ = 0;
+    std::int32_t marked_cells_ = 0;
     std::uint64_t layout_revision_ = 0;
     std::uint64_t cell_revision_ = 0;
+    std::uint64_t fill_revision_ = 0;
 };
 
 }  // namespace corvane

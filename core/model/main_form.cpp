@@ -164,10 +164,12 @@ class Tavrel::running_handler {
   public:
     running_handler(Tavrel& form, const handler& running)
         : form_(form), name_(running.name), is_task_(running.starts_task), yields_(form.yields_) {
+        ++form_.running_handlers_;
         if (is_task_) ++form_.running_tasks_;
         if (form_.trace) start_ = form_.outside.screen.seconds();
     }
     ~running_handler() {
+        --form_.running_handlers_;
         if (is_task_) --form_.running_tasks_;
         if (form_.trace) form_.trace(name_, form_.outside.screen.seconds() - start_, form_.yields_ - yields_);
     }
@@ -187,8 +189,11 @@ bool Tavrel::run(std::string_view name) {
     // A copy: the handler may be bound anew while it runs.
     const handler found = *find_handler(name);
     if (found.starts_task && task_runs()) return true;
-    const running_handler running(*this, found);
-    found.procedure(*this);
+    {
+        const running_handler running(*this, found);
+        found.procedure(*this);
+    }
+    if (when_idle && !handler_runs()) when_idle();
     return true;
 }
 
@@ -226,13 +231,17 @@ void Tavrel::complain(const std::string& words, int context, bool help_button) {
     outside.screen.show_message(box);
 }
 
+box_answer Tavrel::ask(message question) {
+    question.title = "提示";
+    question.buttons = box_buttons::yes_no;
+    question.icon = box_icon::question;
+    return outside.screen.show_message(question);
+}
+
 bool Tavrel::confirm(const std::string& words) {
-    message box;
-    box.title = "提示";
-    box.text = words;
-    box.buttons = box_buttons::yes_no;
-    box.icon = box_icon::question;
-    return outside.screen.show_message(box) == box_answer::yes;
+    message question;
+    question.text = words;
+    return ask(std::move(question)) == box_answer::yes;
 }
 
 }  // namespace corvane

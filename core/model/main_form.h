@@ -100,6 +100,10 @@ class Tavrel : public form_model {
     // True from the start of a task to its end, also while it shows no lock.
     bool task_runs() const { return running_tasks_ > 0 || open_scopes > 0 || state.tasks_locked; }
     int open_scopes = 0;  // of task_scope
+    // True while a handler is on the stack, from the call of the outer edge to its return.
+    bool handler_runs() const { return running_handlers_ > 0; }
+    // Told when the outermost handler has returned.
+    std::function<void()> when_idle;
 
     // Told after each handler that the outer edge ran: its name, seconds, and the yields meanwhile.
     std::function<void(std::string_view name, double seconds, std::int64_t yields)> trace;
@@ -118,7 +122,10 @@ class Tavrel : public form_model {
     void inform(const std::string& words, int context = 1000);
     // For what could not be done; counts as a failure of the run.
     void complain(const std::string& words, int context = 1000, bool help_button = false);
-    // Yes/No under the title "提示". False also when the box is dismissed.
+    // A question under the title "提示", for where no and a dismissed box are two ways. Words, buttons and
+    // what Enter answers are as given.
+    box_answer ask(message question);
+    // The same with words alone. False also when the box is dismissed.
     bool confirm(const std::string& words);
 
   private:
@@ -128,7 +135,8 @@ class Tavrel : public form_model {
     const handler* find_handler(std::string_view name) const;
 
     std::unordered_map<std::string, handler> handlers_;  // by folded name; an expected one has no procedure
-    int running_tasks_ = 0;
+    int running_handlers_ = 0;
+    int running_tasks_ = 0;  // of them
     std::int64_t yields_ = 0;
     std::vector<form_model*> children_;
 };

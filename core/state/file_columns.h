@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,11 @@ struct file_columns {
     column<std::uint8_t> file_matched;
     column<std::uint8_t> file_has_twin;
     column<std::uint8_t> file_in_archive;
-    // Tells two paths of one physical file: equal numbers may be one file, 0 is no other path's file.
+    // Where file_crc is that of the whole file and the file is longer than what a signature is taken of: the
+    // signature that it else has. Empty while there is no such file.
+    column<std::optional<std::int32_t>> file_start_crc;
+    // How the file stood when its length and date were taken: the change time and a number of its identity.
+    column<std::int64_t> file_changed;
     column<std::uint64_t> file_place;
     // The number of the suffix's text in suffix_texts; empty unless only files of one suffix are compared.
     column<std::int32_t> file_ext;

@@ -101,6 +101,8 @@ void read_run_records(Tavrel& form) {
 
 void write_run_record(Tavrel& form, std::int32_t size, std::int32_t seconds) {
     run_state& state = form.state;
+    // As they stand now: not every task has read them, and another program may have added one.
+    read_run_records(form);
     const std::string path = form.data_path(data_file::run_records);
     line_writer writer(form.outside.files, path);
     for (std::int32_t i = std::max(1, state.run_line_count - kept_records + 1); i <= state.run_line_count;

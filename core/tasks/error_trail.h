@@ -25,7 +25,7 @@ void note_in_trail(Tavrel& form, std::string_view path);
 
 // Reads run_time_rem.txt and sets run_rate, the mean seconds per unit weighted by size.
 void read_run_records(Tavrel& form);
-// Keeps the 49 latest records and adds this one if it took at least a second.
+// Keeps the 49 latest records of the file and adds this one if it took at least a second.
 void write_run_record(Tavrel& form, std::int32_t size, std::int32_t seconds);
 
 }  // namespace corvane

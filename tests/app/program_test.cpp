@@ -127,6 +127,29 @@ TEST(Close, WritesTheSelectionAndEndsOnce) {
     EXPECT_FALSE(p.files.has("/prog/比较文件_目录清单.txt"));
 }
 
+TEST(Close, WithinATaskTheFormStaysAndSaysSoUntilTheTaskHasReturned) {
+    test_program p;
+    p.files.add_file("/d/a", "x");
+    p.select({"/d"});
+    p.form.visible = true;
+    bool seen = false;
+    p.screen.acts[2] = [&] {
+        p.corvane.close();
+        p.corvane.close();
+        seen = true;
+        EXPECT_TRUE(p.form.visible);
+        EXPECT_NE(p.form.caption.find("正在结束…"), std::string::npos);
+        p.corvane.tick();
+        EXPECT_NE(p.form.caption.find("正在结束…"), std::string::npos) << "the clock has stopped";
+        EXPECT_FALSE(p.screen.ended);
+        EXPECT_TRUE(p.files.has("/prog/比较文件_目录清单.txt")) << "what must survive is safe at once";
+    };
+    p.form.run("search_check_m");
+    ASSERT_TRUE(seen);
+    EXPECT_TRUE(p.screen.ended);
+    EXPECT_FALSE(p.form.visible);
+}
+
 TEST(Tasks, NoneStartsWhileAnotherRunsWhicheverWayItIsAskedFor) {
     test_program p;
     for (int i = 0; i < 60; ++i)

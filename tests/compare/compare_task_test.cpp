@@ -257,6 +257,30 @@ TEST(ResultFiles, AFullDiskIsToldAndTheOldFileStaysWhole) {
     }
 }
 
+TEST(ResultFiles, ThatCouldNotBeWrittenDoNotPassAsFresh) {
+    for (const char* name : {"相同文件.txt", "不相同文件.txt"}) {
+        test_program p;
+        p.files.add_file("/d/a", "x");
+        p.files.add_file("/d/b", "x");
+        p.files.write_failure_path = p.program_dir + name;
+        p.compare({"/d"});
+        EXPECT_EQ(p.state.same_fresh_flag, 0) << name;
+    }
+    test_program p;
+    p.files.add_file("/d/a", "x");
+    p.compare({"/d"});
+    EXPECT_EQ(p.state.same_fresh_flag, 0) << "no pair, no store";
+}
+
+TEST(ResultFiles, AreWrittenUnderABarOfTheirOwnColours) {
+    test_program p;
+    for (int i = 0; i < 1000; ++i)
+        p.files.add_file("/d/" + std::to_string(i), std::string(1 + static_cast<std::size_t>(i), 'x'));
+    p.compare({"/d"});
+    // The thousandth of a thousand files stands at the end colour; there are no pairs to show after it.
+    EXPECT_EQ(p.form.pic_gressbar1.fill_colour(), 0xAAF0F0);
+}
+
 TEST(Shutdown, ArmedAsksOnceAndEndsWithoutTheClosingMessage) {
     test_program p;
     bool started = false;

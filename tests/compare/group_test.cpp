@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "compare/preparation.h"
+#include "core/archives/checksum.h"
 #include "tests/support/memory_file_system.h"
 
 namespace corvane {
@@ -44,7 +45,7 @@ TEST(Group, TwoFilesGetNoSignature) {
     ASSERT_TRUE(group.open(1));
     EXPECT_EQ(group.end(), 2);
     EXPECT_EQ(c.files.file_crc, (column<std::int32_t>{0, 0}));
-    EXPECT_TRUE(group.same(1, 2));
+    EXPECT_EQ(group.same(1, 2), sameness::by_bytes);
 }
 
 TEST(Group, OfThreeFilesTheSignaturesOrderThemAndEndTheSearchForTwins) {
@@ -87,6 +88,45 @@ TEST(Group, AClosingProgramEndsTheSignatures) {
     file_group group = c.make();
     EXPECT_FALSE(group.open(1));
     EXPECT_EQ(c.disk.total_opened(), 0);
+}
+
+TEST(Group, WithAMemberInReachAStoredSignatureOfALongFilesStartIsReadAnew) {
+    group_case c;
+    const std::string start(65'536, 's');
+    const auto with_tail = [&start](const char* tail) {
+        std::string content = start;
+        return content.append(tail);
+    };
+    c.add("/b", with_tail("tail 1"));
+    c.add("/c", with_tail("tail 2"));
+    c.list({"/a.zip*m*00000001*65542", "/b", "/c"});
+    const auto signature = [](const std::string& bytes) {
+        return static_cast<std::int32_t>(checksum(std::as_bytes(std::span(bytes))));
+    };
+    for (const std::int32_t file : {2, 3}) c.files.file_crc[file] = signature(start);
+    file_group group = c.make();
+    ASSERT_TRUE(group.open(1));
+    for (std::int32_t i = 1; i <= 3; ++i) {
+        if (c.files.file_list[i] == "/a.zip*m") {
+            EXPECT_EQ(c.files.file_crc[i], 1);
+            EXPECT_FALSE(c.files.file_start_crc[i]);
+            continue;
+        }
+        EXPECT_EQ(c.files.file_crc[i], signature(c.disk.content_of(std::string(c.files.file_list[i]))));
+        EXPECT_EQ(c.files.file_start_crc[i], signature(start));
+    }
+}
+
+TEST(Group, TellsBytesThatItHasReadFromWhatItAccepts) {
+    group_case c;
+    for (const char* path : {"/a", "/b", "/c"}) c.add(path, "abcd");
+    c.list({"/a", "/b", "/c"});
+    c.files.file_crc[2] = 0x64636261;  // of an earlier run
+    file_group group = c.make();
+    ASSERT_TRUE(group.open(1));
+    EXPECT_EQ(group.same(1, 3), sameness::by_bytes);
+    EXPECT_EQ(group.same(1, 2), sameness::by_rule);
+    EXPECT_EQ(group.readings(), 0);
 }
 
 TEST(Group, OnlyEqualSuffixesAreCandidatesWhereTheColumnSaysSo) {

@@ -53,11 +53,22 @@ TEST(HistoryFile, ANameMayHoldTheDelimiter) {
     EXPECT_EQ(c.history.history_name[1], "/a,b");
 }
 
-TEST(HistoryFile, AFileShorterThanItsCountLeavesEmptyRows) {
+TEST(HistoryFile, OfAFileShorterThanItsCountTheRowsThatAreThereCount) {
     history_case c;
     c.read("3\r\n/a\t5\t1\t2\t9\r\n");
-    EXPECT_EQ(c.history.history_count, 3);
-    EXPECT_EQ(c.history.history_name[3], "");
+    EXPECT_EQ(c.history.history_count, 1);
+    c.add("/a", 5, 0);
+    reuse_history(c.history, c.files);
+    EXPECT_EQ(c.files.file_crc[1], 9);
+}
+
+TEST(HistoryFile, RowsOutOfOrderAndRowsOfOneNameArePutInOrder) {
+    history_case c;
+    c.read(
+        "6\r\n/c\t1\t1\t2\t3\r\n/a\t5\t1\t2\t9\r\n\t1\t1\t1\t1\r\n/b\t4\t1\t2\t4\r\n/a\t6\t1\t2\t8\r\n"
+        " \t1\t1\t1\t1\r\n");
+    ASSERT_EQ(c.history.history_count, 3);
+    EXPECT_EQ(c.merged(), "3           \r\n/a\t6\t1\t2\t8\r\n/b\t4\t1\t2\t4\r\n/c\t1\t1\t2\t3\r\n");
 }
 
 TEST(HistoryFile, NoMoreRowsThanTheLimitAreTaken) {
@@ -84,6 +95,49 @@ TEST(HistoryFile, MergingKeepsOldRowsAndTakesNewOnesByName) {
     EXPECT_EQ(c.merged(),
               "4           \r\n/a\t5\t1\t2\t77\r\n/b\t8\t1\t2\t3\r\n/c\t6\t1\t2\t88\r\n/d\t9\t1\t2\t4\r\n");
     EXPECT_EQ(c.history.history_count, 4);
+}
+
+TEST(HistoryFile, APathThatIsListedTwiceHasOneRow) {
+    history_case c;
+    c.read("0\r\n");
+    c.add("/a", 5, 7);
+    c.add("/a", 5, 7);
+    c.add("/b", 8, 3);
+    EXPECT_EQ(c.merged(), "2           \r\n/a\t5\t1\t2\t7\r\n/b\t8\t1\t2\t3\r\n");
+}
+
+TEST(HistoryFile, ThePurgeLeavesItAscendingAndEachNameOnceAtEveryRun) {
+    std::string stored =
+        "5\r\n/a\t1\t1\t2\t1\r\n/b\t1\t1\t2\t2\r\n/c\t1\t1\t2\t3\r\n/d\t1\t1\t2\t4\r\n"
+        "/e\t1\t1\t2\t5\r\n";
+    for (int run = 1; run <= 3; ++run) {
+        history_case c;
+        for (const char* path : {"/a", "/b", "/d", "/e"}) c.disk.add_file(path, "x");
+        ASSERT_TRUE(c.read(stored));
+        int turns = 0;
+        const std::int32_t rows = c.history.history_count;
+        purge_history(c.disk, c.history, [&] { ++turns; });
+        EXPECT_EQ(turns, rows) << "a turn a row";
+        c.add("/e", 1, 5);
+        c.add("/b", 1, 2);
+        c.add("/a", 1, 1);
+        stored = c.merged();
+        EXPECT_EQ(stored,
+                  "4           \r\n/a\t1\t1\t2\t1\r\n/b\t1\t1\t2\t2\r\n/d\t1\t1\t2\t4\r\n/e\t1\t1\t2\t5\r\n")
+            << "run " << run;
+    }
+}
+
+TEST(HistoryFile, OfAFileThatWasReadWholeForAnArchiveTheSignatureOfItsStartIsKept) {
+    history_case c;
+    c.read("0\r\n");
+    c.add("/b", 70'000, 7);
+    c.add("/a", 70'000, 8);
+    c.add("/c", 70'000, 9);
+    c.files.file_start_crc.assign(3, {});
+    c.files.file_start_crc[1] = 77;
+    c.files.file_start_crc[3] = 0;  // not known, as any signature of 0
+    EXPECT_EQ(c.merged(), "2           \r\n/a\t70000\t1\t2\t8\r\n/b\t70000\t1\t2\t77\r\n");
 }
 
 TEST(HistoryFile, ThatCannotBeWrittenStaysWhole) {

@@ -1,9 +1,7 @@
 // The front end as a task sees it: yields, boxes, and a window closed in the middle of the task.
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QMessageBox>
 #include <QTest>
 #include <QTimer>
 
@@ -14,21 +12,6 @@
 namespace corvane {
 namespace {
 
-// Acts on the box that the code under test is about to open.
-void at_box(std::function<void(QMessageBox&)> act) {
-    QTimer::singleShot(0, qApp, [act = std::move(act)] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_TRUE(box);
-        act(*box);
-    });
-}
-
-QAbstractButton* button_of(QMessageBox& box, const QString& caption) {
-    for (QAbstractButton* button : box.buttons())
-        if (button->text() == caption) return button;
-    return nullptr;
-}
-
 TEST(closing, the_window_closed_within_a_task_ends_the_program_after_the_task) {
     forms_program shown;
     bool unwound = false;
@@ -37,16 +20,30 @@ TEST(closing, the_window_closed_within_a_task_ends_the_program_after_the_task) {
         lock_tasks(shown.form);
         QTimer::singleShot(0, &shown.windows.main(), [&shown] { shown.windows.main().close(); });
         while (shown.form.state.quit_requested == 0 && ++yields < 100'000'000) shown.form.yield();
-        // A task that goes on for a while sees a screen that is still there.
-        shown.form.panel(7, "ends");
-        shown.form.yield();
+        // A task that goes on for a while keeps a window that says what it waits for, and asks nothing.
+        EXPECT_FALSE(shown.screen.ended());
+        EXPECT_TRUE(shown.windows.main().isVisible());
+        EXPECT_TRUE(shown.windows.main().windowTitle().contains(QStringLiteral("正在结束…")));
+        EXPECT_FALSE(shown.form.confirm("要继续吗?"));
+        shown.windows.main().close();
+        shown.windows.act("Picture1_Click");
+        EXPECT_FALSE(shown.corvane.directory_window().visible);
         shown.screen.repaint();
+        EXPECT_TRUE(shown.windows.main().isVisible());
         unlock_tasks(shown.form);
         unwound = true;
     });
     QTimer::singleShot(0, &shown.windows.main(), [&shown] { shown.windows.act("picture2_Click"); });
     QApplication::exec();
     EXPECT_TRUE(unwound);
+    EXPECT_TRUE(shown.screen.ended());
+    EXPECT_FALSE(shown.windows.main().isVisible());
+}
+
+TEST(closing, without_a_task_the_window_goes_at_once) {
+    forms_program shown;
+    QTimer::singleShot(0, &shown.windows.main(), [&shown] { shown.windows.main().close(); });
+    QApplication::exec();
     EXPECT_TRUE(shown.screen.ended());
     EXPECT_FALSE(shown.windows.main().isVisible());
 }
@@ -73,41 +70,8 @@ TEST(closing, boxes_after_the_end_are_not_shown) {
     shown.screen.end_program();
     message box;
     box.buttons = box_buttons::yes_no;
-    EXPECT_EQ(shown.screen.show_message(box), box_answer::no);
+    EXPECT_EQ(shown.screen.show_message(box), box_answer::dismissed);
     EXPECT_FALSE(shown.screen.ask_text("", "", "").has_value());
-}
-
-TEST(boxes, a_question_has_chinese_buttons_and_returns_the_answer) {
-    forms_program shown;
-    message box;
-    box.title = "提示";
-    box.text = "要继续吗?";
-    box.buttons = box_buttons::yes_no;
-    at_box([](QMessageBox& open) {
-        EXPECT_EQ(open.text(), QStringLiteral("要继续吗?"));
-        button_of(open, QStringLiteral("是(&Y)"))->click();
-    });
-    EXPECT_EQ(shown.screen.show_message(box), box_answer::yes);
-    at_box([](QMessageBox& open) { button_of(open, QStringLiteral("否(&N)"))->click(); });
-    EXPECT_EQ(shown.screen.show_message(box), box_answer::no);
-    at_box([](QMessageBox& open) { open.reject(); });
-    EXPECT_EQ(shown.screen.show_message(box), box_answer::no);
-}
-
-TEST(boxes, the_help_button_opens_the_topic_and_leaves_the_box_open) {
-    forms_program shown;
-    message box;
-    box.text = "你未选择清查目录\r\n第二行";
-    box.help_button = true;
-    box.help_context = 1009;
-    at_box([&shown](QMessageBox& open) {
-        EXPECT_FALSE(open.text().contains(QLatin1Char('\r')));
-        button_of(open, QStringLiteral("帮助"))->click();
-        EXPECT_TRUE(open.isVisible());
-        EXPECT_EQ(shown.desktop.calls.back(), "help aux09_Corvane帮助_Link.htm");
-        button_of(open, QStringLiteral("确定"))->click();
-    });
-    EXPECT_EQ(shown.screen.show_message(box), box_answer::ok);
 }
 
 TEST(screen, without_a_pointer_nothing_is_read_or_placed) {

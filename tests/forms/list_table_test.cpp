@@ -294,6 +294,91 @@ TEST(list_table, a_million_rows_show_and_scroll_at_once) {
     EXPECT_GE(table.rowAt(table.viewport()->height() - 2), 999'990);
 }
 
+// A star of three: two rows that share their first path, the second time in gray.
+struct star_shown : pairs_shown {
+    star_shown() : pairs_shown(3), cells(table.cells()), list(form.ListView1) {
+        for (int row : {1, 2}) list.set_text(row, 3, "/d/centre");
+        list.set_colour(2, 3, cell_colour::colour_gray);
+        windows.sync();
+    }
+    bool looks_marked(int row, int column) {
+        return cells.data(cells.index(row - 1, column), list_model::struck_role).toBool();
+    }
+    list_model& cells;
+    list_view& list;
+};
+
+TEST(list_table, a_path_looks_marked_in_every_row_that_shows_it) {
+    star_shown shown;
+    EXPECT_FALSE(shown.looks_marked(2, 3));
+    QTest::mouseDClick(shown.table.viewport(), Qt::LeftButton, {}, shown.centre(1, 3));
+    EXPECT_TRUE(shown.looks_marked(1, 3));
+    EXPECT_TRUE(shown.looks_marked(2, 3));
+    EXPECT_EQ(shown.cells.painted_colour(1, 3), cell_colour::mark_red);
+    EXPECT_FALSE(shown.looks_marked(1, 4));
+    EXPECT_FALSE(shown.looks_marked(3, 3));
+    EXPECT_EQ(shown.colour(2, 3), cell_colour::colour_gray) << "the mark itself stands in one row";
+    QTest::mouseDClick(shown.table.viewport(), Qt::LeftButton, {}, shown.centre(1, 3));
+    EXPECT_FALSE(shown.looks_marked(2, 3));
+    EXPECT_EQ(shown.cells.painted_colour(1, 3), cell_colour::colour_gray);
+}
+
+TEST(list_table, a_cell_that_refused_keeps_its_colour_beside_the_mark_of_its_path) {
+    star_shown shown;
+    shown.list.set_colour(1, 3, cell_colour::mark_red);
+    shown.list.set_colour(2, 3, cell_colour::mark_blue);
+    shown.windows.sync();
+    EXPECT_TRUE(shown.looks_marked(2, 3));
+    EXPECT_EQ(shown.cells.painted_colour(1, 3), cell_colour::mark_blue);
+}
+
+TEST(list_table, the_marks_of_rows_that_a_task_replaces_are_forgotten_at_once) {
+    star_shown shown;
+    shown.list.set_colour(1, 3, cell_colour::mark_red);
+    shown.windows.sync();
+    lock_tasks(shown.form);
+    shown.list.clear_rows();
+    shown.list.add_row();
+    shown.list.set_text(1, 3, "/d/centre");
+    shown.windows.sync();
+    EXPECT_FALSE(shown.looks_marked(1, 3));
+}
+
+TEST(list_table, the_marks_that_a_task_has_taken_off_go_with_its_end) {
+    star_shown shown;
+    shown.list.set_colour(1, 3, cell_colour::mark_red);
+    shown.list.set_colour(3, 4, cell_colour::mark_red);
+    shown.windows.sync();
+    lock_tasks(shown.form);
+    shown.list.set_text(1, 3, "");
+    shown.windows.sync();
+    unlock_tasks(shown.form);
+    shown.windows.sync();
+    EXPECT_FALSE(shown.looks_marked(2, 3));
+    EXPECT_TRUE(shown.looks_marked(3, 4));
+}
+
+TEST(list_table, a_million_marks_are_taken_once_and_painted_at_once) {
+    pairs_shown shown(1'000'000);
+    for (std::int32_t row = 1; row <= 1'000'000; ++row)
+        shown.form.ListView1.set_colour(row, 4, cell_colour::mark_red);
+    QElapsedTimer clock;
+    clock.start();
+    shown.windows.sync();
+    EXPECT_LT(clock.elapsed(), 2000);
+    EXPECT_FALSE(shown.table.cells().take_marks(false)) << "nothing has changed since";
+    clock.restart();
+    for (int turn = 0; turn < 20; ++turn) {
+        shown.windows.sync();
+        shown.table.grab();
+    }
+    EXPECT_LT(clock.elapsed(), 2000);
+    EXPECT_TRUE(
+        shown.table.cells().data(shown.table.cells().index(999'999, 4), list_model::struck_role).toBool());
+    EXPECT_FALSE(
+        shown.table.cells().data(shown.table.cells().index(999'999, 3), list_model::struck_role).toBool());
+}
+
 TEST(list_table, filling_rows_under_a_lock_stays_cheap) {
     forms_program shown;
     shown.show_pairs(10);

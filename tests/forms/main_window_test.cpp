@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <QTest>
 
+#include "browser/list_views.h"
 #include "core/model/task_table.h"
 #include "core/tasks/progress.h"
 #include "forms/main_window.h"
@@ -70,8 +71,39 @@ TEST(main_window, the_next_step_follows_what_is_there_already) {
     state.file_count = 5;
     state.file_list_loaded = -1;
     EXPECT_EQ(next_step(shown.form), "Picture3");
-    shown.show_pairs(1);
+}
+
+TEST(main_window, deleting_is_the_next_step_only_when_something_is_marked) {
+    forms_program shown;
+    shown.show_pairs(2);
+    const auto accents = [&shown](const char* picture) {
+        shown.windows.sync();
+        return static_cast<task_button*>(shown.widget(picture))->is_next_step();
+    };
+    EXPECT_EQ(next_step(shown.form), "") << "the user marks first";
+    EXPECT_FALSE(accents("Picture5"));
+    shown.form.ListView1.set_colour(2, 4, cell_colour::mark_red);
     EXPECT_EQ(next_step(shown.form), "Picture5");
+    EXPECT_TRUE(accents("Picture5"));
+    shown.form.ListView1.set_text(2, 4, "");
+    EXPECT_EQ(next_step(shown.form), "") << "what was marked has gone";
+}
+
+TEST(main_window, the_next_step_of_a_view_is_what_it_leads_to) {
+    forms_program shown;
+    shown.show_pairs(2);
+    shown.form.ListView1.set_colour(2, 4, cell_colour::mark_red);
+    shown.form.state.list_mode = list_modes::empty_directories;
+    EXPECT_EQ(next_step(shown.form), "Picture8");
+    shown.form.ListView1.set_colour(2, 4, cell_colour::colour_text);
+    EXPECT_EQ(next_step(shown.form), "");
+    shown.form.state.list_mode = list_modes::different_files;
+    EXPECT_EQ(next_step(shown.form), "Picture4");
+    shown.form.state.list_mode = list_modes::same_file_names;
+    EXPECT_EQ(next_step(shown.form), "Picture3");
+    // Directories of one name say nothing about the list of files.
+    shown.form.state.list_mode = list_modes::same_directory_names;
+    EXPECT_EQ(next_step(shown.form), "Picture1");
 }
 
 TEST(main_window, a_right_click_on_the_side_list_reaches_its_handler_and_the_tip_says_so) {

@@ -53,7 +53,7 @@ TEST(SameFileName, AListOfOneFileIsNotScanned) {
     EXPECT_EQ(p.said(), (texts{"提示|没有相同_文件名",
                                "检查文件名相同完毕|已　检　查:1 个文件 \r\n相同_文件名有:0个  用时: 0:0:0"}));
     EXPECT_EQ(p.screen.messages.front().help_context, 1000);
-    EXPECT_EQ(p.state.same_fresh_flag, -1) << "no view has stood since";
+    EXPECT_EQ(p.state.same_fresh_flag, 0);
     EXPECT_EQ(p.list().row_count(), 0);
     EXPECT_TRUE(p.form.pictures[3]->enabled);
 }
@@ -173,6 +173,22 @@ TEST(SameFileName, TheRunIsRecordedWithTheNumberOfFiles) {
     p.form.run("mnu_same_filename");
     EXPECT_EQ(p.stored_lines("run_time_rem.txt"), (texts{"3,4"}));
     EXPECT_EQ(p.form.StatusBar1.panel(6), "0:0:4");
+}
+
+TEST(SameFileName, TheRecordsOfEarlierRunsStay) {
+    name_program p({"/a/x", "/b/x", "/z/zz"});
+    p.files.add_file("/prog/run_time_rem.txt", "1000,10\r\n3000,90\r\n");
+    p.check("mnu_same_filename", {"/a", "/b", "/z"});
+    EXPECT_EQ(p.stored_lines("run_time_rem.txt"), (texts{"1000,10", "3000,90"}));
+}
+
+TEST(SameFileName, WithoutAHitTheStoredResultDoesNotPassAsFresh) {
+    name_program p({"/a/x", "/b/y", "/z/zz"});
+    p.files.add_file("/prog/相同文件.txt", "内容相同文件清单\r\n 1 \r\n 1 \r\n/gone/a\r\n/gone/b\r\n");
+    p.check("mnu_same_filename", {"/a", "/b", "/z"});
+    EXPECT_EQ(p.state.result_count, 0);
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.list().row_count(), 0) << "files that are gone are left out";
 }
 
 TEST(SameFileName, DropsTheFilesWithoutATwinFromMemory) {

@@ -57,8 +57,22 @@ TEST(Search, ClosingDuringTheWalkLeavesNoCount) {
     p.screen.acts[3] = [&] { p.corvane.close(); };
     p.search({"/d"});
     EXPECT_EQ(p.state.file_count, 0);
-    EXPECT_EQ(p.state.walk_count, 700);  // the walk itself runs to its end
+    EXPECT_EQ(p.state.walk_count, 700);  // the directory in work is read to its end
     EXPECT_FALSE(p.files.has("/prog/文件清单.txt"));
+    EXPECT_TRUE(p.screen.ended);
+}
+
+TEST(Search, ClosingEndsTheWalkAtItsNextDirectory) {
+    test_program p;
+    // The yield of the walk is at file 561, of the 600 of the first directory.
+    for (int i = 0; i < 600; ++i) p.files.add_file("/d/a/" + std::to_string(i));
+    for (int i = 0; i < 50; ++i) p.files.add_file("/d/b/" + std::to_string(i));
+    p.screen.acts[3] = [&] { p.corvane.close(); };
+    p.search({"/d/a", "/d/b"});
+    EXPECT_EQ(p.state.walk_count, 600);
+    EXPECT_EQ(p.state.file_count, 0);
+    EXPECT_FALSE(p.files.has("/prog/文件清单.txt"));
+    EXPECT_TRUE(p.screen.messages.empty());
     EXPECT_TRUE(p.screen.ended);
 }
 

@@ -17,7 +17,10 @@ namespace corvane {
 class scripted_interface : public user_interface {
   public:
     std::vector<message> messages;
-    std::function<void(const message&)> on_message;  // while a box is up
+    std::function<void(const message&)> on_message;       // while a box is up
+    std::function<box_answer()> on_question;              // answers what has no prepared answer
+    std::function<std::optional<std::string>()> on_text;  // the same for input boxes
+    std::function<void()> on_yield;
     std::deque<box_answer> answers;
     struct question {
         std::string title, prompt, initial;
@@ -40,6 +43,7 @@ class scripted_interface : public user_interface {
         messages.push_back(shown);
         if (on_message) on_message(shown);
         if (shown.buttons == box_buttons::ok) return box_answer::ok;
+        if (answers.empty() && on_question) return on_question();
         if (answers.empty()) return box_answer::dismissed;
         const box_answer answer = answers.front();
         answers.pop_front();
@@ -48,6 +52,7 @@ class scripted_interface : public user_interface {
     std::optional<std::string> ask_text(const std::string& title, const std::string& prompt,
                                         const std::string& initial) override {
         questions.push_back({title, prompt, initial});
+        if (texts.empty() && on_text) return on_text();
         if (texts.empty()) return {};
         const std::string text = texts.front();
         texts.pop_front();
@@ -70,6 +75,7 @@ class scripted_interface : public user_interface {
         clock += seconds_per_yield;
         const auto due = acts.find(yields);
         if (due != acts.end()) due->second();
+        if (on_yield) on_yield();
     }
     void wait(double seconds) override { waited += seconds; }
     void repaint() override { ++repaints; }

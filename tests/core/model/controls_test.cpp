@@ -10,6 +10,17 @@
 namespace corvane {
 namespace {
 
+TEST(ColourBar, RunsBetweenItsColoursWhicheverCameFirstTheyOrTheScale) {
+    colour_bar bar("bar");
+    bar.set_colours(0, 0, 0);
+    bar.set_scale(4);
+    bar.set_colours(0, 0x102030, 0x506070);
+    bar.draw(2);
+    EXPECT_EQ(bar.fill_colour(), 0x304050);
+    bar.draw(4);
+    EXPECT_EQ(bar.fill_colour(), 0x506070);
+}
+
 TEST(ColourBar, RunsFromTheStartColourIntoTheEndColour) {
     colour_bar bar("bar");
     bar.set_colours(0xC0C0C0, 0x400040, 0x0000FF);
@@ -123,6 +134,35 @@ TEST(ListView, HoldsTextsNumbersAndColours) {
     list.clear_rows();
     EXPECT_EQ(list.row_count(), 0);
     EXPECT_EQ(list.column_count(), 3);
+}
+
+TEST(ListView, CountsTheRedCellsThatHoldAText) {
+    list_view list("list");
+    for (const char* header : {"", "one", "two"})
+        list.add_column({header, 100, text_alignment::left, cell_content::text});
+    for (int row = 1; row <= 3; ++row) {
+        list.add_row();
+        list.set_text(row, 1, "a");
+        list.set_text(row, 2, "b");
+    }
+    EXPECT_EQ(list.marked_cells(), 0);
+    list.set_colour(1, 1, cell_colour::mark_red);
+    list.set_colour(1, 1, cell_colour::mark_red);
+    list.set_colour(3, 2, cell_colour::mark_red);
+    list.set_colour(2, 1, cell_colour::mark_blue);
+    EXPECT_EQ(list.marked_cells(), 2);
+    list.reorder({3, 2, 1});
+    EXPECT_EQ(list.marked_cells(), 2);
+    list.set_text(1, 2, "");
+    EXPECT_EQ(list.marked_cells(), 1) << "a blank cell is nothing to delete";
+    list.set_text(1, 2, "c");
+    EXPECT_EQ(list.marked_cells(), 2);
+    list.set_colour(1, 2, cell_colour::colour_text);
+    EXPECT_EQ(list.marked_cells(), 1);
+    const std::uint64_t filled = list.fill_revision();
+    list.clear_rows();
+    EXPECT_EQ(list.marked_cells(), 0);
+    EXPECT_NE(list.fill_revision(), filled);
 }
 
 }  // namespace

@@ -35,6 +35,13 @@ TEST(RunRecords, TheFileStaysAtFiftyLines) {
     EXPECT_EQ(kept.back(), "777,3");
 }
 
+TEST(RunRecords, OfEarlierRunsAreKeptByATaskThatHasNotReadThem) {
+    test_program p;
+    p.files.add_file("/prog/run_time_rem.txt", "1000,10\r\n3000,90\r\n");
+    write_run_record(p.form, 777, 3);
+    EXPECT_EQ(p.stored_lines("run_time_rem.txt"), (std::vector<std::string>{"1000,10", "3000,90", "777,3"}));
+}
+
 TEST(RunRecords, ARunOfZeroSecondsAddsNoLine) {
     test_program p;
     read_run_records(p.form);
