@@ -28,7 +28,8 @@ handler_table browser_handlers() {
         {"Picture4_Click", load_same_view, starts_task},
         {"Picture11_Click", Picture11_Click, starts_task},
         {"Command35_Click", Picture11_Click, starts_task},
-        {"load_same_view", load_same_view},
+        // The end of a comparison calls it; asked for while a task runs, it would take the rows from it.
+        {"load_same_view", load_same_view, starts_task},
         {"ListView1_MouseDown", ListView1_MouseDown},
         {"ListView1_Click", ListView1_Click},
         {"ListView1_DblClick", ListView1_DblClick},
@@ -52,7 +53,7 @@ handler_table browser_handlers() {
          [](Tavrel& form) { open_directory_of_box(form, form.samefile_disp1.text); }},
         {"samefile_disp2_MouseDown",
          [](Tavrel& form) { open_directory_of_box(form, form.samefile_disp2.text); }},
-        {"rewrite_store", [](Tavrel& form) { rewrite_store(form); }},
+        {"rewrite_store", [](Tavrel& form) { rewrite_store(form); }, starts_task},
         {"show_row_panel", [](Tavrel& form) { show_row_panel(form, form.ListView1.selected_row); }},
         {"Frame4_Close", [](Tavrel& form) { form.Frame4.visible = false; }},
     };
