@@ -28,6 +28,7 @@ handler_table browser_handlers() {
         {"Picture4_Click", load_same_view, starts_task},
         {"Picture11_Click", Picture11_Click, starts_task},
         {"Command35_Click", Picture11_Click, starts_task},
+        // The end of a comparison calls it; asked for while a task runs, it would take the rows from it.
         {"load_same_view", load_same_view, starts_task},
         {"ListView1_MouseDown", ListView1_MouseDown},
         {"ListView1_Click", ListView1_Click},

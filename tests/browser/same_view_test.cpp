@@ -238,6 +238,22 @@ TEST(SameView, ShowingAResultLeavesTheListOfASearchWhole) {
     EXPECT_EQ(p.listed(), (texts{"/d/a", "/d/b"}));
 }
 
+TEST(SameView, AskedForWhileItsRowsAreFilledIsRefused) {
+    test_program p;
+    p.state.same_fresh_flag = -1;
+    store(p, {{10, "/a", "/b"}, {20, "/c", "/d"}, {30, "/e", "/f"}});
+    p.screen.acts[1] = [&] {
+        p.files.erase("/prog/相同文件.txt");
+        p.form.run("load_same_view");
+        p.form.run("rewrite_store");
+    };
+    p.form.run("Picture4_Click");
+    EXPECT_EQ(p.form.ListView1.row_count(), 3);
+    EXPECT_EQ(p.state.same_count, 3);
+    EXPECT_TRUE(p.screen.messages.empty());
+    EXPECT_FALSE(p.files.has("/prog/相同文件.txt"));
+}
+
 TEST(RewriteStore, LeavesOutRowsWithABlankCellAndKeepsTheCount) {
     test_program p;
     p.state.same_fresh_flag = -1;

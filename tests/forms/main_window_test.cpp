@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAbstractScrollArea>
 #include <QContextMenuEvent>
 #include <QImage>
 #include <QMenuBar>
@@ -110,11 +111,11 @@ TEST(main_window, a_right_click_on_the_side_list_reaches_its_handler_and_the_tip
     shown.form.List1.add("/d/a   -1");
     shown.form.List1.visible = true;
     shown.windows.sync();
-    QWidget* list = shown.widget("List1");
+    auto* list = qobject_cast<QAbstractScrollArea*>(shown.widget("List1"));
     ASSERT_TRUE(list);
     EXPECT_EQ(list->toolTip(), QStringLiteral("右键存为文件temp.txt"));
     QContextMenuEvent click(QContextMenuEvent::Mouse, QPoint(5, 5), list->mapToGlobal(QPoint(5, 5)));
-    QApplication::sendEvent(list, &click);
+    QApplication::sendEvent(list->viewport(), &click);
     EXPECT_EQ(shown.files.content_of(shown.form.data_path("temp.txt")), "/d/a   -1\r\n");
 }
 
