@@ -1,6 +1,10 @@
 // The registry of handlers held against everything that speaks of a handler by its name.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
 #include <set>
 
 #include "app/still_to_come.h"
@@ -87,6 +91,27 @@ TEST(Registry, EveryEntryOfTheOptionMenusHasAHandler) {
         if (is_menu || entry.letter == 0) continue;
         EXPECT_TRUE(p.form.has_handler("Form_no_dire." + std::string(entry.name))) << entry.name;
     }
+}
+
+// The names that widgets hand over as they stand in the code: act("...") and act_("...").
+TEST(Registry, EveryNameThatAWidgetSpeaksOfHasAHandler) {
+    test_program p;
+    // A name that ends in a dot is put together with that of a control, which has its own test.
+    const std::regex spoken("\\bact_?\\(\"([^\"]*[^\".])\"");
+    int found = 0;
+    for (const auto& file : std::filesystem::directory_iterator(CORVANE_FORMS_DIR)) {
+        if (file.path().extension() != ".cpp") continue;
+        std::ifstream stream(file.path());
+        const std::string code((std::istreambuf_iterator<char>(stream)), {});
+        for (std::sregex_iterator each(code.begin(), code.end(), spoken), end; each != end; ++each) {
+            const std::string name = (*each)[1];
+            // A child window speaks of its own handlers without its name.
+            const bool of_options = file.path().filename() == "options_window.cpp";
+            EXPECT_TRUE(is_known(p.form, of_options ? "Form_no_dire." + name : name)) << name;
+            ++found;
+        }
+    }
+    EXPECT_GT(found, 10);
 }
 
 TEST(Registry, NoNameIsBoundTwiceByTheTables) {

@@ -118,7 +118,7 @@ TEST(Interleavings, NoContentIsLostWhateverTheUserDoesAtWhateverMoment) {
         return;
     }
     const char* asked = std::getenv("CORVANE_SEEDS");
-    const int seeds = asked != nullptr ? std::atoi(asked) : 300;
+    const int seeds = asked != nullptr ? std::atoi(asked) : 1000;
     for (int seed = 1; seed <= seeds; ++seed)
         ASSERT_EQ(run_seed(static_cast<std::uint32_t>(seed)), "") << "CORVANE_SEED=" << seed;
 }

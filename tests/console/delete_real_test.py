@@ -6,76 +6,22 @@ delete_real_test.py CONSOLE SCRATCH [KILLS [FILES]]: SCRATCH lies on a disk that
 import os
 import random
 import shutil
-import subprocess
 import sys
 import tempfile
 import time
-import urllib.parse
 
 from expectations import expect, finish
-from program_folder import option_lists
+from trash_place import place as make_place
 
 console, scratch = sys.argv[1:3]
 kills = int(sys.argv[3]) if len(sys.argv) > 3 else 6
 many = int(sys.argv[4]) if len(sys.argv) > 4 else 3000
 
 
-class place:
-    """A home with a trash, a program folder and a tree of its own."""
-
-    def __init__(self, root, data_root=None):
-        self.root = root
-        self.data = os.path.join(data_root or root, "data")
-        self.program = os.path.join(root, "program")
-        self.home = os.path.join(root, "home")
-        for folder in (self.data, self.program, self.home):
-            os.makedirs(folder)
-        for name in option_lists:
-            open(os.path.join(self.program, name), "w").close()
-        self.trash = os.path.join(self.home, ".local/share/Trash")
-        self.environment = dict(os.environ, HOME=self.home, XDG_DATA_HOME=os.path.join(self.home, ".local/share"))
-
-    def write(self, name, content):
-        path = os.path.join(os.fsencode(self.data), name if isinstance(name, bytes) else name.encode())
-        os.makedirs(os.path.dirname(path), exist_ok=True)
-        with open(path, "wb") as file:
-            file.write(content)
-        return path
-
-    def start(self, script, **more):
-        run = subprocess.Popen([console, "--program-dir", self.program, "--script", "-"], stdin=subprocess.PIPE,
-                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, env=self.environment, **more)
-        run.stdin.write(script.encode())
-        run.stdin.close()
-        return run
-
-    def run(self, script):
-        run = self.start(script)
-        output = run.stdout.read().decode("utf-8", "surrogateescape")
-        run.stdout.close()
-        expect("status", run.wait(), 0)
-        return output
-
-    def trashed(self):
-        """Original path and content of everything in the trash."""
-        found = {}
-        files = os.path.join(self.trash, "files")
-        for name in os.listdir(os.fsencode(files)) if os.path.isdir(files) else []:
-            info = os.path.join(os.fsencode(self.trash), b"info", name + b".trashinfo")
-            with open(info, "rb") as file:
-                lines = file.read().splitlines()
-            path = next(line[5:] for line in lines if line.startswith(b"Path="))
-            date = [line for line in lines if line.startswith(b"DeletionDate=")]
-            expect("a time of deletion", len(date), 1)
-            with open(os.path.join(os.fsencode(files), name), "rb") as file:
-                found[urllib.parse.unquote_to_bytes(path)] = file.read()
-        return found
-
-
 os.makedirs(scratch, exist_ok=True)
 with tempfile.TemporaryDirectory(dir=scratch) as root:
     # Names that are mapped, no UTF-8, percent signs: each can be restored by what the trash says.
-    here = place(os.path.realpath(root))
+    here = make_place(console, os.path.realpath(root))
     names = [b"plain", "中文 名字".encode(), b"line\nbreak", b"star*", b"\xff\xfe", b"100%25", b"quote'\"", b"-rf"]
     copies = []
     for i, name in enumerate(names):
@@ -92,7 +38,7 @@ with tempfile.TemporaryDirectory(dir=scratch) as root:
 
 with tempfile.TemporaryDirectory(dir=scratch) as root:
     # The direct road, with a file of which the copy has gone and one that was changed since the search.
-    here = place(os.path.realpath(root))
+    here = make_place(console, os.path.realpath(root))
     kept = {here.write("a/1", b"one"): b"one", here.write("a/3", b"three"): b"three"}
     for name, content in (("b/1", b"one"), ("b/2", b"two"), ("b/3", b"three")):
         here.write(name, content)
@@ -113,7 +59,7 @@ with tempfile.TemporaryDirectory(dir=scratch) as root:
 
 with tempfile.TemporaryDirectory(dir=scratch) as root, tempfile.TemporaryDirectory(dir="/dev/shm") as memory:
     # Where there is no trash, as on a tmpfs, the files stay.
-    here = place(os.path.realpath(root), os.path.realpath(memory))
+    here = make_place(console, os.path.realpath(root), os.path.realpath(memory))
     for name in ("a", "b", "c"):
         here.write(name, b"equal")
     here.run(f"select {here.data}\ncall search_check_m_Click\nmouse ListView1 down 1 4 right\ncall all_select\n"
@@ -123,7 +69,7 @@ with tempfile.TemporaryDirectory(dir=scratch) as root, tempfile.TemporaryDirecto
 with tempfile.TemporaryDirectory(dir=scratch) as root:
     # Killed at random moments of a run over many files.
     dice = random.Random(50)
-    here = place(os.path.realpath(root))
+    here = make_place(console, os.path.realpath(root))
     contents = {}
     for i in range(many):
         contents[here.write("keep/%05d" % i, b"content %d" % i)] = b"content %d" % i
