@@ -1,6 +1,7 @@
 #include "cleanup/delete_files.h"
 
 #include <string>
+#include <utility>
 
 #include "browser/list_views.h"
 #include "browser/same_store.h"
@@ -79,10 +80,7 @@ void close_run(Tavrel& form, const deletion_run& run, const char* words) {
 
 message question(const Tavrel& form, const char* words) {
     message box;
-    box.title = "提示";
     box.text = words;
-    box.buttons = box_buttons::yes_no;
-    box.icon = box_icon::question;
     box.detail = stake_words(stake_of(form));
     return box;
 }
@@ -93,7 +91,7 @@ box_answer ask_for_road(Tavrel& form) {
     box.yes_words = "放入回收站";
     box.no_words = "直接删除";
     box.cancel_words = "取消";
-    return form.outside.screen.show_message(box);
+    return form.ask(std::move(box));
 }
 
 // The words speak of the recycle bin; what a Yes does is direct all the same, and its button says so.
@@ -102,7 +100,7 @@ bool confirms_direct(Tavrel& form) {
     box.yes_words = "直接删除";
     box.no_words = "不删除";
     box.default_answer = box_answer::no;
-    return form.outside.screen.show_message(box) == box_answer::yes;
+    return form.ask(std::move(box)) == box_answer::yes;
 }
 
 // From the first row to the report. `words` begin the panel while the run scans, `report` the report.

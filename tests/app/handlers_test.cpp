@@ -8,9 +8,15 @@
 #include <set>
 
 #include "app/still_to_come.h"
+#include "browser/browser_handlers.h"
+#include "cleanup/cleanup_handlers.h"
+#include "compare/compare_handlers.h"
 #include "core/model/main_menu.h"
 #include "core/model/task_table.h"
+#include "core/tasks/core_handlers.h"
+#include "names/name_handlers.h"
 #include "search/options_menu.h"
+#include "search/search_handlers.h"
 #include "tests/support/test_program.h"
 
 namespace corvane {
@@ -118,8 +124,12 @@ TEST(Registry, NoNameIsBoundTwiceByTheTables) {
     // Two tables with one name would hide one of the procedures.
     test_program p;
     std::set<std::string> seen;
-    for (const std::string& name : p.form.handler_names())
-        EXPECT_TRUE(seen.insert(folded_name(name)).second) << name;
+    for (const handler_table& table :
+         {core_handlers(), search_handlers(), compare_handlers(), browser_handlers(), name_handlers(),
+          cleanup_handlers(), p.corvane.directory_window().handlers(), p.corvane.options_window().handlers()})
+        for (const handler& each : table)
+            EXPECT_TRUE(seen.insert(folded_name(each.name)).second) << each.name;
+    EXPECT_GT(seen.size(), 60u);
 }
 
 TEST(Registry, AnUnknownNameFailsLoudlyInsideAndSoftlyAtTheEdge) {
