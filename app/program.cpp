@@ -41,7 +41,7 @@ void check_selected_directories(Tavrel& form) {
 
 program::program(ports outside, std::string program_dir)
     : files_(outside.files),
-      main_({files_, outside.desktop, outside.machine, outside.screen, outside.encodings},
+      main_({files_, outside.desktop, outside.machine, outside.screen, outside.encodings, outside.instances},
             std::move(program_dir)),
       directory_(main_),
       options_(main_) {
@@ -88,6 +88,9 @@ bool program::start() {
     main_.caption = state.base_title;
     state.run_start_time = std::floor(main_.outside.screen.seconds());
     if (!is_first) {
+        // One that still waits for its end is shown as it is; it says so itself.
+        instance_link* const others = main_.outside.instances;
+        if (others != nullptr && others->raise_other(state.program_dir)) return false;
         message box;
         box.title = program_name;
         box.text = std::string(program_name) + " 程序已经运行，不能再次装载。";

@@ -23,7 +23,7 @@ class program {
     form_model* find_form(std::string_view name);
 
     // What the main form's load handler does, in its order. Shows the main form. False when the program runs
-    // already: the user has been told, no file has been written, and the process is to end.
+    // already: the user has been told or sees the window of one that is about to end, no file has been written, and the process is to end.
     bool start();
     // What the unload handler does: asks running tasks to end, writes what must survive, closes the other
     // windows. While a handler still runs, the main form stays and says so; with its return the program ends.

@@ -38,6 +38,8 @@ front_end::front_end(program& corvane, qt_user_interface& screen) : program_(cor
 }
 
 front_end::~front_end() {
+    if (instance_link* const others = program_.main_form().outside.instances)
+        others->serve(program_.main_form().state.program_dir, {});
     screen_.set_sync({});
     screen_.set_help({});
     screen_.set_window_finder({});
@@ -72,8 +74,18 @@ void front_end::follow() {
 
 bool front_end::start() {
     if (!program_.start()) return false;
+    if (instance_link* const others = program_.main_form().outside.instances)
+        others->serve(program_.main_form().state.program_dir, [this] { return raise_while_closing(); });
     sync();
     if (!screen_.ended()) clock_.start(1000);
+    return true;
+}
+
+bool front_end::raise_while_closing() {
+    if (!program_.is_closing() || !main_->isVisible()) return false;
+    main_->setWindowState(main_->windowState() & ~Qt::WindowMinimized);
+    main_->raise();
+    main_->activateWindow();
     return true;
 }
 

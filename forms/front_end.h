@@ -39,6 +39,8 @@ class front_end {
     program& program_;
     qt_user_interface& screen_;
     void follow();
+    // What another start of the program gets to see: the window that waits for its end. False when it does not.
+    bool raise_while_closing();
 
     QTimer clock_;
     QTimer follow_timer_;

@@ -13,6 +13,7 @@
 #include "forms/icons.h"
 #include "forms/qt_shell.h"
 #include "forms/qt_user_interface.h"
+#include "platform/desktop/desktop_instance_link.h"
 #include "platform/desktop/desktop_power.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_text_encoding.h"
@@ -81,7 +82,8 @@ int main(int argc, char** argv) {
     corvane::desktop_power machine;
     corvane::qt_user_interface screen;
     corvane::linux_text_encoding encodings;
-    corvane::program program({files, desktop, machine, screen, encodings},
+    corvane::desktop_instance_link instances;
+    corvane::program program({files, desktop, machine, screen, encodings, &instances},
                              corvane::to_text(with_slash(program_dir)));
     corvane::front_end windows(program, screen);
     // Inside the event loop, so that a program closed while it starts leaves the loop as well.

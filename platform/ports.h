@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/file_system.h"
+#include "platform/instance_link.h"
 #include "platform/power.h"
 #include "platform/shell.h"
 #include "platform/text_encoding.h"
@@ -16,6 +17,7 @@ struct ports {
     power& machine;
     user_interface& screen;
     text_encoding& encodings;
+    instance_link* instances = nullptr;  // null: other starts are not spoken to
 };
 
 }  // namespace corvane

@@ -1,6 +1,5 @@
 #include "core/model/main_form.h"
 
-#include <algorithm>
 #include <stdexcept>
 
 #include "core/model/main_menu.h"
@@ -150,14 +149,6 @@ bool Tavrel::has_handler(std::string_view name) const {
 bool Tavrel::is_expected(std::string_view name) const {
     const handler* found = find_handler(name);
     return found != nullptr && !found->procedure;
-}
-
-std::vector<std::string> Tavrel::handler_names() const {
-    std::vector<std::string> names;
-    for (const auto& [key, each] : handlers_)
-        if (each.procedure) names.push_back(each.name);
-    std::sort(names.begin(), names.end());
-    return names;
 }
 
 class Tavrel::running_handler {

@@ -88,7 +88,6 @@ class Tavrel : public form_model {
     void expect(std::string_view name);
     bool has_handler(std::string_view name) const;
     bool is_expected(std::string_view name) const;
-    std::vector<std::string> handler_names() const;
 
     // For the outer edge: what the user or a script does. A task does not start while another one runs. False
     // when no such handler is bound.

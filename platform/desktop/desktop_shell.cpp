@@ -7,20 +7,16 @@
 #include <memory>
 
 #include "platform/desktop/desktop_failure.h"
+#include "platform/desktop/session_bus.h"
 #include "platform/linux/name_mapping.h"
 
 namespace corvane {
 
 namespace {
 
-struct object_release {
-    void operator()(void* object) const { g_object_unref(object); }
-};
 struct memory_release {
     void operator()(void* memory) const { g_free(memory); }
 };
-template <class Object>
-using object_pointer = std::unique_ptr<Object, object_release>;
 using text_pointer = std::unique_ptr<char, memory_release>;
 
 // The desktop has nothing that does it, as opposed to something that failed.
@@ -49,7 +45,7 @@ text_pointer uri_of(const std::string& path) {
 
 // Asks the file manager over the session bus. `lacking` tells that there is none to ask.
 bool ask_file_manager(const char* method, const std::string& path, bool& lacking, GError** error) {
-    const object_pointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
+    const object_pointer<GDBusConnection> bus = session_bus(error);
     lacking = bus == nullptr;
     if (!bus) return false;
     const text_pointer uri = uri_of(path);

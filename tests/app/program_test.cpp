@@ -66,6 +66,22 @@ TEST(Start, ASecondInstanceIsToldAndTouchesNoFile) {
     EXPECT_FALSE(p.files.has("/prog/Tavrel环境.txt"));
 }
 
+TEST(Start, ASecondInstanceRaisesOneThatWaitsForItsEndAndSaysNothing) {
+    test_program p;
+    p.files.claimed_by_another = true;
+    p.instances.other_comes_to_front = true;
+    EXPECT_FALSE(p.corvane.start());
+    EXPECT_EQ(p.instances.asked, texts{"/prog/"});
+    EXPECT_TRUE(p.screen.messages.empty());
+}
+
+TEST(Start, TheFirstInstanceAsksNobody) {
+    test_program p;
+    p.instances.other_comes_to_front = true;
+    EXPECT_TRUE(p.corvane.start());
+    EXPECT_TRUE(p.instances.asked.empty());
+}
+
 TEST(Start, ASecondInstanceLeavesACutSettingsFileToTheFirst) {
     test_program p;
     p.add_used_folder({"cut"});

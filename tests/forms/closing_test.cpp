@@ -40,6 +40,28 @@ TEST(closing, the_window_closed_within_a_task_ends_the_program_after_the_task) {
     EXPECT_FALSE(shown.windows.main().isVisible());
 }
 
+TEST(closing, another_start_raises_the_window_that_waits_for_its_end_and_no_other) {
+    forms_program shown;
+    shown.add_used_folder();
+    ASSERT_TRUE(shown.windows.start());
+    EXPECT_EQ(shown.instances.served, "/prog/");
+    EXPECT_FALSE(shown.instances.on_raise());  // not closing: the other start tells its user
+    bool raised = false;
+    shown.form.bind("picture2_Click", [&] {
+        lock_tasks(shown.form);
+        shown.windows.main().close();
+        shown.windows.main().showMinimized();
+        raised = shown.instances.on_raise();
+        EXPECT_FALSE(shown.windows.main().isMinimized());
+        EXPECT_TRUE(shown.windows.main().isVisible());
+        unlock_tasks(shown.form);
+    });
+    QTimer::singleShot(0, &shown.windows.main(), [&shown] { shown.windows.act("picture2_Click"); });
+    QApplication::exec();
+    EXPECT_TRUE(raised);
+    EXPECT_FALSE(shown.instances.on_raise());  // it has gone
+}
+
 TEST(closing, without_a_task_the_window_goes_at_once) {
     forms_program shown;
     QTimer::singleShot(0, &shown.windows.main(), [&shown] { shown.windows.main().close(); });

@@ -10,7 +10,7 @@
 namespace corvane {
 
 forms_program::forms_program()
-    : corvane({files, desktop, desktop, screen, encodings}, "/prog/"),
+    : corvane({files, desktop, desktop, screen, encodings, &instances}, "/prog/"),
       form(corvane.main_form()),
       windows(corvane, screen) {
     files.add_directory("/prog/");
@@ -64,6 +64,14 @@ void forms_program::show_pairs(std::int32_t rows) {
     windows.sync();
     settle();
     windows.sync();
+}
+
+void forms_program::add_used_folder(const std::vector<std::string>& settings_lines) {
+    files.add_file("/prog/Tavrel环境.txt", with_line_ends(settings_lines));
+    for (const char* list : {"不参加搜索的目录.txt", "不参加比较的文件类型.txt", "仅搜索的文件类型.txt"})
+        files.add_file(std::string("/prog/") + list);
+    files.add_directory("/home");
+    files.add_file("/prog/比较文件_目录清单.txt", "/home\r\n");
 }
 
 QImage forms_program::picture(QWidget* window) {

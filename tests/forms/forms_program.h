@@ -12,6 +12,7 @@
 #include "platform/linux/linux_text_encoding.h"
 #include "tests/support/memory_file_system.h"
 #include "tests/support/scripted_interface.h"
+#include "tests/support/settings_file.h"
 
 namespace corvane {
 
@@ -29,11 +30,14 @@ struct forms_program {
     // Fills ListView1 with pairs of one directory and shows it.
     void show_pairs(std::int32_t rows);
     QImage picture(QWidget* window);
+    // A program folder that has been used before: a start asks and tells nothing.
+    void add_used_folder(const std::vector<std::string>& settings_lines = fresh_settings_lines());
 
     memory_file_system files;
     recording_shell desktop;
     qt_user_interface screen;
     linux_text_encoding encodings;
+    scripted_instances instances;
     program corvane;
     Tavrel& form;
     front_end windows;

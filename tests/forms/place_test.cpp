@@ -16,13 +16,6 @@ namespace corvane {
 namespace {
 
 struct placed : forms_program {
-    void add_used_folder(std::vector<std::string> lines) {
-        files.add_file("/prog/Tavrel环境.txt", with_line_ends(lines));
-        for (const char* list : {"不参加搜索的目录.txt", "不参加比较的文件类型.txt", "仅搜索的文件类型.txt"})
-            files.add_file(std::string("/prog/") + list);
-        files.add_directory("/home");
-        files.add_file("/prog/比较文件_目录清单.txt", "/home\r\n");
-    }
     void open_directories() {
         form.run("Picture1_Click");
         windows.sync();

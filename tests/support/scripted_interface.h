@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/instance_link.h"
 #include "platform/power.h"
 #include "platform/shell.h"
 #include "platform/user_interface.h"
@@ -95,6 +96,24 @@ class scripted_interface : public user_interface {
     }
     screen_size screen() override { return {15360, 11520}; }
     void end_program() override { ended = true; }
+};
+
+// Another start of the program that a test speaks for.
+class scripted_instances : public instance_link {
+  public:
+    std::string served;              // the folder
+    std::function<bool()> on_raise;  // what the program does when it is asked
+    bool other_comes_to_front = false;
+    std::vector<std::string> asked;  // folders
+
+    void serve(const std::string& program_dir, std::function<bool()> raise) override {
+        served = program_dir;
+        on_raise = std::move(raise);
+    }
+    bool raise_other(const std::string& program_dir) override {
+        asked.push_back(program_dir);
+        return other_comes_to_front;
+    }
 };
 
 class scripted_process : public started_process {

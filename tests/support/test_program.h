@@ -17,7 +17,7 @@ struct test_program {
     explicit test_program(char separator = '/')
         : files(separator),
           program_dir(separator == '/' ? "/prog/" : "P:\\prog\\"),
-          corvane({files, desktop, desktop, screen, encodings}, program_dir),
+          corvane({files, desktop, desktop, screen, encodings, &instances}, program_dir),
           form(corvane.main_form()),
           state(form.state) {
         files.add_directory(program_dir);
@@ -81,6 +81,7 @@ struct test_program {
     recording_shell desktop;
     scripted_interface screen;
     linux_text_encoding encodings;
+    scripted_instances instances;
     std::string program_dir;
     program corvane;
     Tavrel& form;

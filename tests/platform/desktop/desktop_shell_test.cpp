@@ -15,6 +15,8 @@
 #include <thread>
 #include <vector>
 
+#include "tests/platform/desktop/own_session.h"
+
 namespace corvane {
 namespace {
 
@@ -94,38 +96,20 @@ class mock_file_manager {
     texts calls_;
 };
 
-// Homes and bus of the test's own, set before anything of GIO runs.
 class DesktopShell : public testing::Test {
   protected:
-    static void SetUpTestSuite() {
-        char pattern[] = "/var/tmp/corvane_desktop_XXXXXX";
-        root_ = mkdtemp(pattern);
-        fs::create_directories(root_ + "/home/.local/share/applications");
-        g_setenv("HOME", (root_ + "/home").c_str(), TRUE);
-        g_setenv("XDG_DATA_HOME", (root_ + "/home/.local/share").c_str(), TRUE);
-        g_setenv("XDG_CONFIG_HOME", (root_ + "/home/.config").c_str(), TRUE);
-        g_setenv("XDG_DATA_DIRS", (root_ + "/none").c_str(), TRUE);
-        bus_ = g_test_dbus_new(G_TEST_DBUS_NONE);
-        g_test_dbus_up(bus_);
-    }
-    static void TearDownTestSuite() {
-        g_test_dbus_stop(bus_);
-        g_object_unref(bus_);
-        fs::remove_all(root_);
-    }
     std::string make_file(const std::string& name) {
         const std::string path = root_ + "/" + name;
         std::ofstream(path) << "content";
         return path;
     }
 
-    static inline std::string root_;
-    static inline GTestDBus* bus_ = nullptr;
+    const std::string root_ = own_session().root();
     desktop_shell desktop;
 };
 
 TEST_F(DesktopShell, ShowsAFileAndItsPropertiesThroughTheFileManager) {
-    mock_file_manager manager(g_test_dbus_get_bus_address(bus_));
+    mock_file_manager manager(own_session().bus_address());
     const std::string path = make_file("with blank 中.txt");
     EXPECT_TRUE(desktop.show_in_file_manager(path).ok);
     EXPECT_TRUE(desktop.show_properties(path).ok);
