@@ -69,15 +69,54 @@ void archives(small_world& w) {
     delete_for_good(w);
 }
 
+void archive_members(small_world& w) {
+    w.state.scan_archives = 1;
+    w.state.rar_tool_path = "/usr/bin/7zz";
+    search_and_compare(w);
+    list_view& list = w.form.ListView1;
+    for (std::int32_t row = 1; row <= list.row_count() && list.column_count() > 4; ++row)
+        if (list.cell(row, 4).find('*') != std::string::npos) list.set_colour(row, 4, cell_colour::mark_red);
+    w.screen.answers = {box_answer::yes};
+    w.form.run("Command45_Click");
+}
+
+// Everything that the desktop and the boxes are asked for from a list.
+void desktop_acts(small_world& w) {
+    w.state.scan_archives = 1;
+    search_and_compare(w);
+    list_view& list = w.form.ListView1;
+    for (std::int32_t row = 1; row <= list.row_count() && list.column_count() > 4; ++row)
+        for (const int column : {3, 4}) {
+            list.selected_row = row;
+            w.form.list_event = {};
+            for (int before = 0; before < column; ++before)
+                w.form.list_event.x += list.columns()[static_cast<std::size_t>(before)].width;
+            ++w.form.list_event.x;
+            for (const char* act : {"ListView1_MouseDown", "open_same_file", "double_disp", "mnu_enter_dir",
+                                    "disp_same_file_attr", "same_time_open_2file"})
+                w.form.run(act);
+        }
+    w.screen.texts = {"a", "a", "*.txt", "*.zip"};
+    for (const char* act : {"search_in_result", "again_search", "only_disp", "result_refresh", "not_list"})
+        w.form.run(act);
+}
+
 struct named_story {
     const char* name;
     story tell;
     // What it takes away when nothing fails: to the recycle bin, and for good.
     std::size_t recycled;
     std::size_t removed;
+    std::size_t members = 0;  // out of archives
+    // What it asks of the ports beside the disk, at least: desktop, boxes.
+    std::int64_t desktop_calls = 0;
+    std::int64_t boxes = 0;
 };
 
-class Faults : public testing::TestWithParam<named_story> {};
+class Faults : public testing::TestWithParam<named_story> {
+  protected:
+    static void fail_each(std::int64_t calls, const std::function<fault_counter&(small_world&)>& port);
+};
 
 std::string verdict(const small_world& w) {
     std::string words;
@@ -87,43 +126,66 @@ std::string verdict(const small_world& w) {
     return words;
 }
 
+// The story again and again, with the n-th of the port's calls failing, and with all behind it failing, too.
+void Faults::fail_each(std::int64_t calls, const std::function<fault_counter&(small_world&)>& port) {
+    for (const bool for_good : {false, true})
+        for (std::int64_t n = 1; n <= calls; ++n) {
+            small_world w;
+            port(w).fail_at(n, for_good);
+            GetParam().tell(w);
+            ASSERT_EQ(verdict(w), "") << "call " << n << (for_good ? " and all behind it" : "");
+        }
+}
+
 TEST_P(Faults, EveryCallToTheDiskMayFailOnceOrForGood) {
     small_world well;
     GetParam().tell(well);
     ASSERT_EQ(verdict(well), "") << "without a fault";
     EXPECT_EQ(well.recycled.size(), GetParam().recycled);
     EXPECT_EQ(well.disk.removed.size(), GetParam().removed);
-    const std::int64_t calls = well.files.calls();
-    ASSERT_GT(calls, 20);
-    for (const bool for_good : {false, true})
-        for (std::int64_t n = 1; n <= calls; ++n) {
-            small_world w;
-            w.files.fail_at(n, for_good);
-            GetParam().tell(w);
-            ASSERT_EQ(verdict(w), "") << "call " << n << (for_good ? " and all behind it" : "");
-        }
+    EXPECT_EQ(well.members_gone, GetParam().members);
+    ASSERT_GT(well.files.faults.calls(), 20);
+    fail_each(well.files.faults.calls(), [](small_world& w) -> fault_counter& { return w.files.faults; });
 }
 
-TEST_P(Faults, EveryCallToTheRecycleBinMayFail) {
+// The recycle bin, the archive tool, the programs that open documents, the clipboard.
+TEST_P(Faults, EveryCallToTheDesktopMayFail) {
     small_world well;
     GetParam().tell(well);
-    for (std::int64_t n = 1; n <= well.shell_calls; ++n) {
-        small_world w;
-        w.shell_fails_at = n;
-        GetParam().tell(w);
-        ASSERT_EQ(verdict(w), "") << "path " << n;
-    }
+    const std::int64_t calls = well.desktop.faults.calls();
+    EXPECT_GE(calls, GetParam().desktop_calls);
+    fail_each(calls, [](small_world& w) -> fault_counter& { return w.desktop.faults; });
+}
+
+TEST_P(Faults, EveryQuestionMayBeDismissed) {
+    small_world well;
+    GetParam().tell(well);
+    const std::int64_t boxes = well.screen.faults.calls();
+    EXPECT_GE(boxes, GetParam().boxes);
+    fail_each(boxes, [](small_world& w) -> fault_counter& { return w.screen.faults; });
+}
+
+TEST_P(Faults, EveryNameInAnArchiveMayBeUnreadable) {
+    small_world well;
+    GetParam().tell(well);
+    const std::int64_t names = well.encodings.faults.calls();
+    EXPECT_EQ(names > 0, well.state.scan_archives == 1);
+    fail_each(names, [](small_world& w) -> fault_counter& { return w.encodings.faults; });
 }
 
 // By hand: of the copies of "content of a" three go, of the b, the B, the empty and the linked one each; /e/b
 // is read-only and goes on the second run. The file behind two paths and the one in the stack are no copies.
+// Of the marked members "in/a.txt" goes; "twice" of the second archive stays, for the first one is written
+// anew in the same run and keeps nothing.
 INSTANTIATE_TEST_SUITE_P(Stories, Faults,
-                         testing::Values(named_story{"Bin", delete_to_bin, 7, 0},
-                                         named_story{"Direct", delete_for_good, 0, 7},
-                                         named_story{"Stored", show_stored_and_delete, 7, 0},
-                                         named_story{"EmptyDirectories", empty_directories, 2, 0},
+                         testing::Values(named_story{"Bin", delete_to_bin, 7, 0, 0, 7, 2},
+                                         named_story{"Direct", delete_for_good, 0, 7, 0, 0, 1},
+                                         named_story{"Stored", show_stored_and_delete, 7, 0, 0, 7, 2},
+                                         named_story{"EmptyDirectories", empty_directories, 2, 0, 0, 2, 0},
                                          named_story{"Names", names, 0, 0},
-                                         named_story{"Archives", archives, 7, 0}),
+                                         named_story{"Archives", archives, 7, 0, 0, 7, 3},
+                                         named_story{"ArchiveMembers", archive_members, 0, 0, 1, 1, 1},
+                                         named_story{"Desktop", desktop_acts, 0, 0, 0, 60, 4}),
                          [](const auto& each) { return std::string(each.param.name); });
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "tests/campaign/fault_counter.h"
 #include "tests/support/memory_file_system.h"
 
 namespace corvane {
@@ -16,14 +17,7 @@ class faulty_disk : public file_system {
   public:
     explicit faulty_disk(memory_file_system& disk) : disk_(disk) {}
 
-    // From now on: call `number`, from 1, fails; with `for_good` those behind it, too. 0: none does.
-    void fail_at(std::int64_t number, bool for_good) {
-        calls_ = 0;
-        fails_at_ = number;
-        for_good_ = for_good;
-    }
-    // Calls that could have failed since then.
-    std::int64_t calls() const { return calls_; }
+    fault_counter faults;
 
     char separator() const override { return disk_.separator(); }
     bool ignores_case() const override { return disk_.ignores_case(); }
@@ -83,10 +77,7 @@ class faulty_disk : public file_system {
         return fails() ? failure() : disk_.remove_data_file(path);
     }
 
-    bool fails() {
-        ++calls_;
-        return fails_at_ != 0 && (for_good_ ? calls_ >= fails_at_ : calls_ == fails_at_);
-    }
+    bool fails() { return faults.fails(); }
     static outcome failure() { return outcome::failure("the disk failed"); }
 
   private:
@@ -144,9 +135,6 @@ class faulty_disk : public file_system {
     }
 
     memory_file_system& disk_;
-    std::int64_t calls_ = 0;
-    std::int64_t fails_at_ = 0;
-    bool for_good_ = false;
 };
 
 }  // namespace corvane

@@ -9,19 +9,18 @@
 
 #include "app/program.h"
 #include "core/archives/checksum.h"
-#include "platform/linux/linux_text_encoding.h"
 #include "tests/campaign/faulty_disk.h"
+#include "tests/campaign/faulty_ports.h"
 #include "tests/support/archive_images.h"
-#include "tests/support/scripted_interface.h"
 
 namespace corvane {
 
 struct small_world {
     memory_file_system disk;
     faulty_disk files{disk};
-    recording_shell desktop;
-    scripted_interface screen;
-    linux_text_encoding encodings;
+    faulty_desktop desktop;
+    faulty_screen screen;
+    faulty_encoding encodings;
     program corvane;
     Tavrel& form;
     run_state& state;
@@ -30,8 +29,7 @@ struct small_world {
     std::set<std::string> contents;  // what the user has, archives' members included
     std::set<std::string> let_go;    // contents whose last holder the user removed as a file without a twin
     std::vector<std::string> recycled;
-    std::int64_t shell_calls = 0;  // of the recycle bin
-    std::int64_t shell_fails_at = 0;
+    std::size_t members_gone = 0;  // out of archives, by the tool
 
     small_world()
         : corvane({files, desktop, desktop, screen, encodings}, "/prog/"),
@@ -67,18 +65,22 @@ struct small_world {
         }
         disk.add_link("/e/to d", "/d");
         for (const char* path : {"/d/hollow", "/e/hollow/deep"}) disk.add_directory(path);
-        add_zip("/d/z.zip",
-                {{"in/a.txt", "content of a"}, {"only", "only inside"}, {"twice", "twice inside"}});
-        add_zip("/e/y.zip", {{"twice", "twice inside"}});
+        add_zip("/d/z.zip", {{"in/a.txt", "content of a"},
+                             {"\xD6\xD0", "only inside"},
+                             {"twice", "twice inside the archives"}});
+        add_zip("/e/y.zip", {{"twice", "twice inside the archives"}});
         memory_file& locked = disk.add_file("/e/b", std::string(70'000, 'b'));
         locked.read_only = true;
         desktop.on_recycle = [this](const std::string& path) {
-            if (++shell_calls == shell_fails_at) return outcome::failure("no room in the bin");
             if (!disk.has(path)) return outcome::failure("not there");
             note_departure(path);
             erase_below(path);
             recycled.push_back(path);
             return outcome::success();
+        };
+        desktop.on_start = [this](const std::vector<std::string>& arguments) {
+            take_members_out(disk.resolve(arguments[arguments.size() - 2]));
+            return true;
         };
     }
 
@@ -151,8 +153,23 @@ struct small_world {
         holdings_[path] = {content};
         disk.add_file(path, std::move(content));
     }
+    // What the archive tool does: the names of its list leave the archive, which is written anew.
+    void take_members_out(const std::string& archive) {
+        std::vector<zip_member>& members = zips_.at(archive);
+        const std::string list = disk.content_of("/prog/delrarfile.txt");
+        members_gone += std::erase_if(members, [&list](const zip_member& each) {
+            return ("\r\n" + list).find("\r\n" + each.name + "\r\n") != std::string::npos;
+        });
+        // The archive as it was goes with the user's will; what was inside is asked of the new one.
+        let_go.insert(disk.content_of(archive));
+        const std::string image = zip_image(members);
+        contents.insert(image);
+        holdings_[archive] = {image};
+        for (const zip_member& each : members) holdings_[archive].insert(each.data);
+        disk.add_file(archive, image);
+    }
     void add_zip(const std::string& path, const std::vector<std::pair<std::string, std::string>>& members) {
-        std::vector<zip_member> stored;
+        std::vector<zip_member>& stored = zips_[path];
         for (const auto& [name, content] : members) {
             zip_member member{
                 .name = name, .size = static_cast<std::uint32_t>(content.size()), .data = content};
@@ -176,6 +193,7 @@ struct small_world {
     }
 
     std::map<std::string, std::set<std::string>> holdings_;
+    std::map<std::string, std::vector<zip_member>> zips_;
 };
 
 }  // namespace corvane
