@@ -1,5 +1,6 @@
 // Writes a picture of each window: corvane_screenshots FOLDER light|dark SCALE. The scale is set from
 // outside, by QT_SCALE_FACTOR, and only names the files.
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QImage>
@@ -110,6 +111,56 @@ void save_other_views(forms_program& shown, folder_of_pictures& pictures) {
     pictures.save(shown, &shown.windows.main(), "empty_directories");
 }
 
+// The questions before a deletion and the word after it. `clicked` is the button that answers the first box.
+void save_deletion(forms_program& shown, folder_of_pictures& pictures, const char* task, const char* clicked,
+                   std::vector<const char*> names) {
+    std::size_t next = 0;
+    QTimer answers;
+    QObject::connect(&answers, &QTimer::timeout, &answers, [&] {
+        QWidget* box = QApplication::activeModalWidget();
+        if (box == nullptr || next == names.size()) return;
+        pictures.save(shown, box, names[next]);
+        for (QAbstractButton* button : box->findChildren<QAbstractButton*>())
+            if (next == 0 && button->text().startsWith(QString::fromUtf8(clicked))) {
+                ++next;
+                return button->click();
+            }
+        ++next;
+        box->close();
+    });
+    answers.start(20);
+    shown.form.run(task);
+}
+
+void save_boxes(forms_program& shown, folder_of_pictures& pictures) {
+    for (const char* path :
+         {"/home/li/照片/原图.jpg", "/home/li/备份/原图.jpg", "/home/li/下载/原图 (1).jpg"})
+        shown.files.add_file(path, std::string(5'818, 'p'));
+    shown.desktop.on_recycle = [&shown](const std::string& path) {
+        if (path.starts_with("/home/li/照片")) return corvane::outcome::failure("回收站已满。");
+        shown.files.erase(path);
+        return corvane::outcome::success();
+    };
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, &closer, [] {
+        if (QWidget* box = QApplication::activeModalWidget()) box->close();
+    });
+    closer.start(20);
+    shown.form.run("search_check_m_Click");
+    shown.form.run("Picture4_Click");
+    closer.stop();
+    corvane::list_view& list = shown.form.ListView1;
+    const auto mark = [&list] {
+        for (std::int32_t row = 1; row <= list.row_count(); ++row)
+            list.set_colour(row, 4, corvane::cell_colour::mark_red);
+    };
+    mark();
+    save_deletion(shown, pictures, "Picture5_Click", "放入回收站", {"question", "report"});
+    shown.form.state.delete_prompt_on = 1;
+    mark();
+    save_deletion(shown, pictures, "Command45_Click", "不删除", {"question_direct"});
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -195,6 +246,7 @@ int main(int argc, char** argv) {
     shown.form.RichTextBox2.visible = true;
     pictures.save(shown, main, "text_and_list");
     save_other_views(shown, pictures);
+    save_boxes(shown, pictures);
     if (!pictures.written) std::fputs("a picture could not be written\n", stderr);
     return pictures.written ? 0 : 1;
 }
