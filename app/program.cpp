@@ -10,6 +10,8 @@
 #include "cleanup/cleanup_handlers.h"
 #include "compare/compare_handlers.h"
 #include "core/model/main_menu.h"
+#include "core/settings/added_settings.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/core_handlers.h"
 #include "core/tasks/environment.h"
 #include "core/tasks/error_trail.h"
@@ -41,14 +43,23 @@ void check_selected_directories(Tavrel& form) {
 
 program::program(ports outside, std::string program_dir)
     : files_(outside.files),
-      main_({files_, outside.desktop, outside.machine, outside.screen, outside.encodings, outside.instances},
+      main_({files_, outside.desktop, outside.machine, outside.screen, outside.encodings, outside.instances,
+             outside.notice},
             std::move(program_dir)),
       directory_(main_),
-      options_(main_) {
+      options_(main_),
+      shutdown_(main_),
+      warning_(main_, shutdown_),
+      sleep_(main_, warning_, shutdown_) {
     main_.add_child(directory_);
     main_.add_child(options_);
+    main_.add_child(sleep_);
+    main_.add_child(warning_);
     join_handlers();
-    main_.when_idle = [this] { end_when_idle(); };
+    main_.when_idle = [this] {
+        end_when_idle();
+        if (closing_ == stage::open) shutdown_.when_idle();
+    };
     wire_tasks(main_);
     trace_if_asked(main_);
 }
@@ -56,7 +67,8 @@ program::program(ports outside, std::string program_dir)
 void program::join_handlers() {
     for (const handler_table& table :
          {core_handlers(), search_handlers(), compare_handlers(), browser_handlers(), name_handlers(),
-          cleanup_handlers(), directory_.handlers(), options_.handlers()})
+          cleanup_handlers(), directory_.handlers(), options_.handlers(), shutdown_.handlers(),
+          sleep_.handlers(), warning_.handlers()})
         main_.bind(table);
     main_.bind("exit_sub", [this] { close(); });
     for (const char* name : handlers_to_come())
@@ -79,6 +91,7 @@ bool program::start() {
             files_.hold(state.program_dir);
         }
         read_environment(main_);
+        state.added = read_added_settings(main_.outside.files, main_.data_path(data_file::added_settings));
         look_for_rar_tool(main_);
         options_.restore_place();
     }

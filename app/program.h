@@ -6,6 +6,9 @@
 
 #include "app/held_folder.h"
 #include "core/model/main_form.h"
+#include "power/shutdown.h"
+#include "power/sleep_form.h"
+#include "power/warning_form.h"
 #include "search/directory_form.h"
 #include "search/options_form.h"
 
@@ -19,6 +22,8 @@ class program {
     Tavrel& main_form() { return main_; }
     directory_form& directory_window() { return directory_; }
     options_form& options_window() { return options_; }
+    sleep_form& sleep_window() { return sleep_; }
+    warning_form& warning_window() { return warning_; }
     // The main form for an empty name, else the window of that name; null when there is none.
     form_model* find_form(std::string_view name);
 
@@ -43,6 +48,9 @@ class program {
     Tavrel main_;
     directory_form directory_;
     options_form options_;
+    shutdown shutdown_;
+    warning_form warning_;
+    sleep_form sleep_;
     enum class stage { open, closes, waits, ended };
     stage closing_ = stage::open;
 };

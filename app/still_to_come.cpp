@@ -12,9 +12,6 @@ std::span<const char* const> handlers_to_come() {
         "out_excel_form",
         "open_excel",
         "tree_select_m",
-        // Shutting down.
-        "shut_computer",
-        "start_shutdown",
         // Help, tooltips, language, about.
         "StatusBar1_PanelClick",
         "tooltiphelp_true",

@@ -63,7 +63,7 @@ void find_empty_directories(Tavrel& form) {
     form.Command28.caption = "取消[查找空目录]";
     form.Command28.visible = true;
     if (state.show_run_filename) form.pic_gressbar1.visible = form.Label4.visible = true;
-    state.cancel_task = 0;
+    state.cancel_task = state.going_down;
 
     empty_walk walk(form);
     const walk_course ending = walk.run();

@@ -35,7 +35,7 @@ bool is_found(Tavrel& form, std::string_view path) {
 void Command44_Click(Tavrel& form) {
     if (help_mode_opens(form, 12)) return;
     run_state& state = form.state;
-    if (state.shutdown_after_task && !state.chained_run_flag) ask_for_shutdown(form);
+    if (state.shutdown_after_task == 1 && !state.chained_run_flag) ask_for_shutdown(form);
     state.base_time = form.outside.screen.seconds();
     if (!state.file_list_loaded) {
         form.panel(7, "查异常文件_读暂存文件清单");

@@ -133,7 +133,7 @@ void set_up_comparison(Tavrel& form) {
     state.base_time = form.outside.screen.seconds();
     form.Command28.caption = "取消[查相同文件]";
     form.Command28.visible = true;
-    state.cancel_task = 0;
+    state.cancel_task = state.going_down;
     form.List1.clear();
     if (state.show_run_filename) form.Label4.visible = true;
 }
@@ -168,7 +168,7 @@ void Picture3_Click(Tavrel& form) {
     run_state& state = form.state;
     写Tavrel环境文件(form);
     if (help_mode_opens(form, 12)) return;
-    if (state.shutdown_after_task && !state.chained_run_flag) ask_for_shutdown(form);
+    if (state.shutdown_after_task == 1 && !state.chained_run_flag) ask_for_shutdown(form);
     state.base_time = form.outside.screen.seconds();
     if (!take_file_list(form)) return;
 
@@ -188,7 +188,7 @@ void Picture3_Click(Tavrel& form) {
     if (state.quit_requested) return;
     show_elapsed(form);
     form.panel(5, "");
-    if (state.shutdown_after_task) {
+    if (state.shutdown_after_task == 1) {
         task.close();
         form.call(handlers::start_shutdown);
         return;

@@ -44,6 +44,7 @@ std::optional<std::string> console_interface::next_answer() {
 
 box_answer console_interface::show_message(const message& message) {
     const bool question = message.buttons == box_buttons::yes_no;
+    if (boxes_held_) return question ? box_answer::dismissed : box_answer::ok;
     output_.record({"message", message.title, message.text, question ? "yesno" : "ok",
                     std::to_string(message.help_context)});
     output_.flush();
@@ -56,6 +57,7 @@ box_answer console_interface::show_message(const message& message) {
 
 std::optional<std::string> console_interface::ask_text(const std::string& title, const std::string& prompt,
                                                        const std::string&) {
+    if (boxes_held_) return {};
     output_.record({"input", title, prompt});
     output_.flush();
     std::optional<std::string> answer = next_answer();

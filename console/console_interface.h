@@ -48,6 +48,7 @@ class console_interface : public user_interface {
     void set_pointer(screen_point) override {}
     std::optional<screen_point> centre_of(const std::string&, const std::string&) override { return {}; }
     screen_size screen() override { return {15360, 11520}; }
+    void hold_boxes(bool held) override { boxes_held_ = held; }
     void end_program() override { ended_ = true; }
 
   private:
@@ -60,6 +61,7 @@ class console_interface : public user_interface {
     std::multimap<std::int64_t, std::function<void()>> acts_;
     std::function<void()> unanswered_;
     std::int64_t yields_ = 0;
+    bool boxes_held_ = false;
     bool failure_shown_ = false;
     bool question_unanswered_ = false;
     bool ended_ = false;

@@ -31,6 +31,11 @@ outcome printing_shell::show_properties(const std::string& path) {
     return dry_ ? outcome::success() : desktop_.show_properties(path);
 }
 
+outcome printing_shell::open_power_settings() {
+    output_.record({"shell", "power_settings"});
+    return dry_ ? outcome::success() : desktop_.open_power_settings();
+}
+
 outcome_with<started_process> printing_shell::start_process(const std::vector<std::string>& arguments) {
     std::string line = "shell\tstart";
     for (const std::string& argument : arguments) append_field(line += '\t', argument);

@@ -17,6 +17,7 @@ class printing_shell : public shell, public power {
     outcome open_document(const std::string& path) override;
     outcome show_in_file_manager(const std::string& path) override;
     outcome show_properties(const std::string& path) override;
+    outcome open_power_settings() override;
     // Looking is no act: not printed, and done in a dry run, too.
     std::string find_program(const std::string& name) override { return desktop_.find_program(name); }
     outcome_with<started_process> start_process(const std::vector<std::string>& arguments) override;

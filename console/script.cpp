@@ -92,7 +92,8 @@ bool script_runner::set(std::string_view name, std::string_view value) {
         list.check(static_cast<std::size_t>(row - 1), parse_number(value) != 0);
         return true;
     }
-    if (target->kind() == control_kind::check_box || target->kind() == control_kind::menu_item)
+    if (target->kind() == control_kind::check_box || target->kind() == control_kind::menu_item ||
+        target->kind() == control_kind::scroll_bar)
         target->value = static_cast<int>(parse_number(value));
     else
         target->text = value;
@@ -109,7 +110,8 @@ void script_runner::property(std::string_view name, std::string_view key, std::s
 void script_runner::show_control(std::string_view name, const control& shown) {
     if (!shown.caption.empty()) property(name, "caption", shown.caption);
     if (!shown.text.empty() || shown.kind() == control_kind::text_box) property(name, "text", shown.text);
-    if (shown.kind() == control_kind::check_box || shown.kind() == control_kind::menu_item)
+    if (shown.kind() == control_kind::check_box || shown.kind() == control_kind::menu_item ||
+        shown.kind() == control_kind::scroll_bar || shown.kind() == control_kind::progress_bar)
         property(name, "value", std::to_string(shown.value));
     if (shown.kind() == control_kind::text_pane)
         property(name, "file", static_cast<const text_pane&>(shown).path());

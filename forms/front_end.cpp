@@ -3,20 +3,28 @@
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
 #include "forms/directory_window.h"
+#include "forms/long_run.h"
 #include "forms/main_window.h"
 #include "forms/options_window.h"
 #include "forms/qt_user_interface.h"
+#include "forms/sleep_window.h"
+#include "forms/warning_window.h"
 
 namespace corvane {
 
 front_end::front_end(program& corvane, qt_user_interface& screen) : program_(corvane), screen_(screen) {
     const auto run = [this](const std::string& handler) { act(handler); };
     main_ = std::make_unique<main_window>(program_.main_form(), run, [this] { close(); });
+    long_run_ = std::make_unique<long_run>(program_.main_form(), program_.main_form().outside.notice, *main_,
+                                           [this] { return screen_.seconds(); });
     directory_ = std::make_unique<directory_window>(program_.main_form(), program_.directory_window(), run,
                                                     main_.get());
     options_ =
         std::make_unique<options_window>(program_.main_form(), program_.options_window(), run, main_.get());
-    windows_ = {directory_.get(), options_.get()};
+    sleep_ = std::make_unique<sleep_window>(program_.main_form(), program_.sleep_window(), run, main_.get());
+    warning_ =
+        std::make_unique<warning_window>(program_.main_form(), program_.warning_window(), run, main_.get());
+    windows_ = {directory_.get(), options_.get(), sleep_.get(), warning_.get()};
     screen_.set_sync([this] { sync(); });
     screen_.set_help([this](int topic) { open_topic(program_.main_form(), topic); });
     screen_.set_window_finder([this](const std::string& form) -> QWidget* {
@@ -61,6 +69,7 @@ void front_end::sync() {
     main_->sync(locked);
     for (child_window* window : windows_) window->sync(locked);
     follow();
+    long_run_->follow();
     syncing_ = false;
 }
 
@@ -94,6 +103,7 @@ void front_end::close() {
     follow_timer_.stop();
     program_.close();
     sync();
+    if (screen_.ended()) long_run_->end();
 }
 
 }  // namespace corvane

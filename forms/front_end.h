@@ -13,9 +13,12 @@ namespace corvane {
 
 class child_window;
 class directory_window;
+class long_run;
 class main_window;
 class options_window;
 class qt_user_interface;
+class sleep_window;
+class warning_window;
 
 class front_end {
   public:
@@ -34,19 +37,25 @@ class front_end {
     main_window& main() { return *main_; }
     directory_window& directory() { return *directory_; }
     options_window& options() { return *options_; }
+    sleep_window& sleep() { return *sleep_; }
+    warning_window& warning() { return *warning_; }
 
   private:
     program& program_;
     qt_user_interface& screen_;
     void follow();
-    // What another start of the program gets to see: the window that waits for its end. False when it does not.
+    // What another start of the program gets to see: the window that waits for its end. False when it does
+    // not.
     bool raise_while_closing();
 
     QTimer clock_;
     QTimer follow_timer_;
     std::unique_ptr<main_window> main_;
+    std::unique_ptr<long_run> long_run_;
     std::unique_ptr<directory_window> directory_;
     std::unique_ptr<options_window> options_;
+    std::unique_ptr<sleep_window> sleep_;
+    std::unique_ptr<warning_window> warning_;
     std::vector<child_window*> windows_;  // every window beside the main form
     bool syncing_ = false;
 };

@@ -13,6 +13,7 @@
 #include "forms/icons.h"
 #include "forms/qt_shell.h"
 #include "forms/qt_user_interface.h"
+#include "platform/desktop/desktop_attention.h"
 #include "platform/desktop/desktop_instance_link.h"
 #include "platform/desktop/desktop_power.h"
 #include "platform/linux/linux_file_system.h"
@@ -83,7 +84,8 @@ int main(int argc, char** argv) {
     corvane::qt_user_interface screen;
     corvane::linux_text_encoding encodings;
     corvane::desktop_instance_link instances;
-    corvane::program program({files, desktop, machine, screen, encodings, &instances},
+    corvane::desktop_attention notice;
+    corvane::program program({files, desktop, machine, screen, encodings, &instances, &notice},
                              corvane::to_text(with_slash(program_dir)));
     corvane::front_end windows(program, screen);
     // Inside the event loop, so that a program closed while it starts leaves the loop as well.

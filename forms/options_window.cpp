@@ -113,9 +113,9 @@ QWidget* options_window::make_checks() {
     auto* side = new QWidget(this);
     auto* layout = bare_layout<QVBoxLayout>(side, 10);
     layout->addStretch(1);
-    static constexpr char letters[] = {0, 'P', 'C', 'W', 'S', 'R', 'Z'};
-    for (std::size_t i = 1; i < form_.checks.size(); ++i) {
-        control& model = *form_.checks[i];
+    static constexpr char letters[] = {0, 'P', 'C', 'W', 'S', 'R', 'Z', 'M'};
+    for (std::size_t i = 1; i <= form_.checks.size(); ++i) {
+        control& model = i < form_.checks.size() ? *form_.checks[i] : form_.Check7;
         auto* box = new QCheckBox(with_letter(model.caption, letters[i]), side);
         name_after(box, model);
         mirror_tooltip(box, model.tooltip);

@@ -3,18 +3,19 @@
 #include <QApplication>
 #include <QCursor>
 #include <QDateTime>
+#include <QDialog>
 #include <QEventLoop>
 #include <QScreen>
 #include <QTimer>
 
 #include "forms/boxes.h"
+#include "forms/child_window.h"
 
 namespace corvane {
 
 namespace {
 
 constexpr std::chrono::milliseconds turn_interval(15);
-constexpr int twips_per_pixel = 15;
 
 // Programs may read and place the pointer under X11, Windows and macOS; not under Wayland or without a
 // screen.
@@ -39,7 +40,7 @@ QWidget* qt_user_interface::window() const {
 
 bool qt_user_interface::shows_boxes() {
     if (!ended_) sync();
-    return !ended_ && !silent_;
+    return !ended_ && !silent_ && !held_;
 }
 
 box_answer qt_user_interface::show_message(const message& shown) {
@@ -125,6 +126,16 @@ screen_size qt_user_interface::screen() {
     const QScreen* primary = QGuiApplication::primaryScreen();
     if (!primary) return {};
     return {primary->geometry().width() * twips_per_pixel, primary->geometry().height() * twips_per_pixel};
+}
+
+void qt_user_interface::hold_boxes(bool held) {
+    held_ = held;
+    if (!held) return;
+    // Each ends its own event loop; the task behind it goes on when this call has returned.
+    for (QWidget* top : QApplication::topLevelWidgets())
+        if (auto* box = qobject_cast<QDialog*>(top);
+            box && box->isModal() && box->isVisible() && dynamic_cast<child_window*>(box) == nullptr)
+            box->reject();
 }
 
 void qt_user_interface::end_program() {

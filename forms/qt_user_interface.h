@@ -24,7 +24,7 @@ class qt_user_interface : public user_interface {
     // Opens the help topic of a box's help button.
     void set_help(std::function<void(int topic)> open_topic) { open_topic_ = std::move(open_topic); }
     bool ended() const { return ended_; }
-    // From now on a box is dismissed before it appears: the program is closing.
+    // For good: the program is closing.
     void show_no_more_boxes() { silent_ = true; }
 
     box_answer show_message(const message& message) override;
@@ -46,6 +46,7 @@ class qt_user_interface : public user_interface {
     void set_pointer(screen_point place) override;
     std::optional<screen_point> centre_of(const std::string& form, const std::string& control) override;
     screen_size screen() override;
+    void hold_boxes(bool held) override;
     void end_program() override;
 
   private:
@@ -63,6 +64,7 @@ class qt_user_interface : public user_interface {
     std::chrono::steady_clock::time_point next_turn_{};
     bool ended_ = false;
     bool silent_ = false;
+    bool held_ = false;
 };
 
 }  // namespace corvane

@@ -35,7 +35,7 @@ void start_clock(Tavrel& form) {
 void show_cancel_button(Tavrel& form, const char* task) {
     form.Command28.caption = std::string("取消[") + task + "]";
     form.Command28.visible = true;
-    form.state.cancel_task = 0;
+    form.state.cancel_task = form.state.going_down;
 }
 
 // From the keys to the pairs in the result columns. The cancel button is there and has no effect on the scan,

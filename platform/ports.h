@@ -2,6 +2,7 @@
 // program.
 #pragma once
 
+#include "platform/attention.h"
 #include "platform/file_system.h"
 #include "platform/instance_link.h"
 #include "platform/power.h"
@@ -18,6 +19,7 @@ struct ports {
     user_interface& screen;
     text_encoding& encodings;
     instance_link* instances = nullptr;  // null: other starts are not spoken to
+    attention* notice = nullptr;         // null: a long run goes on unseen
 };
 
 }  // namespace corvane

@@ -28,6 +28,8 @@ class shell {
     // Opens the file manager with the path selected.
     virtual outcome show_in_file_manager(const std::string& path) = 0;
     virtual outcome show_properties(const std::string& path) = 0;
+    // Opens the system's settings of energy and sleep.
+    virtual outcome open_power_settings() = 0;
     // The full path of a program that is started by its bare name; empty when there is none.
     virtual std::string find_program(const std::string& name) = 0;
     // Starts a program, the first argument, without waiting for it. It has no input and no terminal, what it

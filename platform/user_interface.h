@@ -88,6 +88,10 @@ class user_interface {
     virtual std::optional<screen_point> centre_of(const std::string& form, const std::string& control) = 0;
     virtual screen_size screen() = 0;
 
+    // From now on every box is dismissed before it appears, and one that stands is dismissed: nobody is there
+    // to answer, and what runs is to come to its end. False: boxes appear again.
+    virtual void hold_boxes(bool held) = 0;
+
     // Leaves the event loop: the main form has been unloaded.
     virtual void end_program() = 0;
 };

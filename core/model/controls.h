@@ -27,7 +27,9 @@ enum class control_kind {
     text_pane,
     colour_bar,
     splitter,
-    timer
+    timer,
+    scroll_bar,
+    progress_bar
 };
 
 // In twips, as the stored settings are. A front end scales.
@@ -143,6 +145,15 @@ class timer_control : public control {
         enabled = false;
     }
     int interval;
+};
+
+// A value between two bounds: a scroll bar, or a bar that shows how far something has come.
+class range_control : public control {
+  public:
+    range_control(control_kind kind, std::string name, int lowest, int highest)
+        : control(kind, std::move(name)), minimum(lowest), maximum(highest) {}
+    int minimum;
+    int maximum;
 };
 
 struct colour_parts {

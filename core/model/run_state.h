@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/archives/archive_state.h"
+#include "core/settings/added_settings.h"
 #include "core/settings/settings.h"
 #include "core/state/capacity_limits.h"
 #include "core/state/clock_state.h"
@@ -14,6 +15,7 @@
 #include "core/state/list_state.h"
 #include "core/state/proven_files.h"
 #include "core/state/result_state.h"
+#include "core/state/shutdown_state.h"
 #include "core/state/trail_state.h"
 #include "core/state/walk_state.h"
 
@@ -28,7 +30,8 @@ struct run_state : settings,
                    proof_state,
                    trail_state,
                    list_state,
-                   clock_state {
+                   clock_state,
+                   shutdown_state {
     std::string program_dir;          // ends in the separator; every data file is addressed from it
     bool program_dir_locked = false;  // start-up found that program_dir cannot be written, and has said so
     std::string base_title;
@@ -38,8 +41,8 @@ struct run_state : settings,
     flag quit_requested;
     flag cancel_task;
     flag chained_run_flag;
-    std::string shutdown_action_text;
 
+    added_settings added;
     capacity_limits limits;
 
     run_state() = default;

@@ -6,6 +6,7 @@ namespace corvane::data_file {
 
 // Settings and lists that the user edits.
 constexpr char environment[] = "Tavrel环境.txt";
+constexpr char added_settings[] = "附加设置.txt";
 constexpr char selected_directories[] = "比较文件_目录清单.txt";
 constexpr char excluded_directories[] = "不参加搜索的目录.txt";
 constexpr char excluded_types[] = "不参加比较的文件类型.txt";

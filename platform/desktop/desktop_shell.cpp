@@ -110,6 +110,22 @@ outcome desktop_shell::show_properties(const std::string& path) {
     return failed_or_lacking("没有文件管理器可以显示属性。", error, lacking);
 }
 
+outcome desktop_shell::open_power_settings() {
+    // The settings of the desktops, each with what it calls that page.
+    static const std::vector<std::string> programs[] = {{"gnome-control-center", "power"},
+                                                        {"systemsettings", "kcm_powerdevilprofilesconfig"},
+                                                        {"xfce4-power-manager-settings"},
+                                                        {"mate-power-preferences"},
+                                                        {"lxqt-config-powermanagement"}};
+    for (std::vector<std::string> program : programs) {
+        program.front() = find_program(program.front());
+        if (!program.front().empty()) return start_process(program);
+    }
+    outcome lacks = outcome::failure("没有可以打开的电源设置程序。");
+    lacks.lacking = true;
+    return lacks;
+}
+
 std::string desktop_shell::find_program(const std::string& name) {
     const text_pointer found(g_find_program_in_path(to_raw(name).c_str()));
     if (!found) return {};

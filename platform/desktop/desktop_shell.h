@@ -12,6 +12,7 @@ class desktop_shell : public shell {
     outcome open_document(const std::string& path) override;
     outcome show_in_file_manager(const std::string& path) override;
     outcome show_properties(const std::string& path) override;
+    outcome open_power_settings() override;
     std::string find_program(const std::string& name) override;
     outcome_with<started_process> start_process(const std::vector<std::string>& arguments) override;
     // Only a front end with windows owns a clipboard.

@@ -28,6 +28,9 @@ class faulty_desktop : public recording_shell {
     outcome show_properties(const std::string& path) override {
         return faults.fails() ? failure() : recording_shell::show_properties(path);
     }
+    outcome open_power_settings() override {
+        return faults.fails() ? failure() : recording_shell::open_power_settings();
+    }
     std::string find_program(const std::string& name) override {
         return faults.fails() ? std::string() : recording_shell::find_program(name);
     }

@@ -10,7 +10,7 @@
 namespace corvane {
 
 forms_program::forms_program()
-    : corvane({files, desktop, desktop, screen, encodings, &instances}, "/prog/"),
+    : corvane({files, desktop, desktop, screen, encodings, &instances, &notice}, "/prog/"),
       form(corvane.main_form()),
       windows(corvane, screen) {
     files.add_directory("/prog/");

@@ -38,6 +38,7 @@ struct forms_program {
     qt_user_interface screen;
     linux_text_encoding encodings;
     scripted_instances instances;
+    scripted_attention notice;
     program corvane;
     Tavrel& form;
     front_end windows;

@@ -14,6 +14,8 @@
 #include "forms/main_window.h"
 #include "forms/options_window.h"
 #include "forms/row_panel.h"
+#include "forms/sleep_window.h"
+#include "forms/warning_window.h"
 #include "tests/forms/forms_program.h"
 
 namespace {
@@ -132,6 +134,25 @@ void save_deletion(forms_program& shown, folder_of_pictures& pictures, const cha
     shown.form.run(task);
 }
 
+// The timed end, before its start and while it counts, and the last warning.
+void save_shutdown(forms_program& shown, folder_of_pictures& pictures) {
+    shown.form.state.shut_delay_min = 50;
+    shown.form.state.shut_action = 4;
+    shown.form.run("shut_computer");
+    pictures.save(shown, &shown.windows.sleep(), "shutdown");
+    shown.form.run("sleep_music.Option2(2)_Click");
+    shown.form.run("sleep_music.Command1_Click");
+    shown.form.state.countdown_done = 1811;
+    shown.form.run("sleep_music.Timer1_Timer");
+    pictures.save(shown, &shown.windows.sleep(), "shutdown_counting");
+    shown.form.run("显示关机提示");
+    for (int second = 0; second < 61; ++second) shown.form.run("shut_msg.Timer1_Timer");
+    pictures.save(shown, &shown.windows.warning(), "shutdown_warning");
+    shown.form.run("shut_msg.Form_Unload");
+    shown.form.run("sleep_music.Form_Unload");
+    shown.form.state.shutdown_after_task = 0;
+}
+
 void save_boxes(forms_program& shown, folder_of_pictures& pictures) {
     for (const char* path :
          {"/home/li/照片/原图.jpg", "/home/li/备份/原图.jpg", "/home/li/下载/原图 (1).jpg"})
@@ -246,6 +267,7 @@ int main(int argc, char** argv) {
     shown.form.RichTextBox2.visible = true;
     pictures.save(shown, main, "text_and_list");
     save_other_views(shown, pictures);
+    save_shutdown(shown, pictures);
     save_boxes(shown, pictures);
     if (!pictures.written) std::fputs("a picture could not be written\n", stderr);
     return pictures.written ? 0 : 1;

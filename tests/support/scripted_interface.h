@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/attention.h"
 #include "platform/instance_link.h"
 #include "platform/power.h"
 #include "platform/shell.h"
@@ -39,8 +40,10 @@ class scripted_interface : public user_interface {
     double waited = 0;
     int repaints = 0;
     bool ended = false;
+    bool boxes_held = false;
 
     box_answer show_message(const message& shown) override {
+        if (boxes_held) return shown.buttons == box_buttons::ok ? box_answer::ok : box_answer::dismissed;
         messages.push_back(shown);
         if (on_message) on_message(shown);
         if (shown.buttons == box_buttons::ok) return box_answer::ok;
@@ -52,6 +55,7 @@ class scripted_interface : public user_interface {
     }
     std::optional<std::string> ask_text(const std::string& title, const std::string& prompt,
                                         const std::string& initial) override {
+        if (boxes_held) return {};
         questions.push_back({title, prompt, initial});
         if (texts.empty() && on_text) return on_text();
         if (texts.empty()) return {};
@@ -95,6 +99,7 @@ class scripted_interface : public user_interface {
         return screen_point{400, 80};
     }
     screen_size screen() override { return {15360, 11520}; }
+    void hold_boxes(bool held) override { boxes_held = held; }
     void end_program() override { ended = true; }
 };
 
@@ -114,6 +119,39 @@ class scripted_instances : public instance_link {
         asked.push_back(program_dir);
         return other_comes_to_front;
     }
+};
+
+// A desktop that writes down what a long run asks of it.
+class scripted_attention : public attention {
+  public:
+    int awake = 0;  // how many hold the machine awake now
+    std::vector<std::string> calls;
+    std::function<void()> click;  // of the last notification
+
+    std::unique_ptr<kept_awake> keep_awake(const std::string& reason) override {
+        calls.push_back("awake " + reason);
+        return std::make_unique<hold>(awake);
+    }
+    void show_progress(double share) override {
+        calls.push_back("progress " + std::to_string(static_cast<int>(share * 100)));
+    }
+    void hide_progress() override { calls.emplace_back("no progress"); }
+    void notify(const std::string& title, const std::string& text, std::function<void()> on_click) override {
+        calls.push_back("notify " + title + "|" + text);
+        click = std::move(on_click);
+    }
+
+  private:
+    class hold : public kept_awake {
+      public:
+        explicit hold(int& count) : count_(count) { ++count_; }
+        ~hold() override { --count_; }
+        hold(const hold&) = delete;
+        hold& operator=(const hold&) = delete;
+
+      private:
+        int& count_;
+    };
 };
 
 class scripted_process : public started_process {
@@ -139,6 +177,7 @@ class recording_shell : public shell, public power {
     outcome open_document(const std::string& path) override { return note("open " + path); }
     outcome show_in_file_manager(const std::string& path) override { return note("select " + path); }
     outcome show_properties(const std::string& path) override { return note("properties " + path); }
+    outcome open_power_settings() override { return note("power_settings"); }
     std::map<std::string, std::string> programs;  // installed ones: bare name and full path
     // What a started process does at its start; false: it cannot be started. Without it, nothing.
     std::function<bool(const std::vector<std::string>&)> on_start;

@@ -10,10 +10,8 @@ namespace {
 struct following : test_program {
     following() {
         form.place = {1000, 1000, 6000, 4000};
-        for (form_model* window : {&tree, &shutdown, &about, &warning}) {
-            window->place = {500, 600, 3000, 2000};
-            form.add_child(*window);
-        }
+        for (form_model* window : {&tree, &about}) form.add_child(*window);
+        for (form_model* window : {&tree, &shutdown, &about, &warning}) window->place = {500, 600, 3000, 2000};
         options.place = {500, 600, 3000, 2000};
     }
     void open_all() {
@@ -22,7 +20,9 @@ struct following : test_program {
     }
     void tick() { form.run("Timer2_Timer"); }
 
-    form_model tree{"tree_dir"}, shutdown{"sleep_music"}, about{"frmAbout"}, warning{"shut_msg"};
+    form_model tree{"tree_dir"}, about{"frmAbout"};
+    form_model& shutdown = corvane.sleep_window();
+    form_model& warning = corvane.warning_window();
     form_model& options = corvane.options_window();
 };
 
