@@ -16,6 +16,7 @@
 #include "core/tasks/option_lists.h"
 #include "core/text/text_format.h"
 #include "names/name_handlers.h"
+#include "reports/report_handlers.h"
 #include "search/search_handlers.h"
 
 namespace corvane {
@@ -44,9 +45,11 @@ program::program(ports outside, std::string program_dir)
       main_({files_, outside.desktop, outside.machine, outside.screen, outside.encodings},
             std::move(program_dir)),
       directory_(main_),
-      options_(main_) {
+      options_(main_),
+      tree_(main_) {
     main_.add_child(directory_);
     main_.add_child(options_);
+    main_.add_child(tree_);
     join_handlers();
     main_.when_idle = [this] { end_when_idle(); };
     wire_tasks(main_);
@@ -56,7 +59,7 @@ program::program(ports outside, std::string program_dir)
 void program::join_handlers() {
     for (const handler_table& table :
          {core_handlers(), search_handlers(), compare_handlers(), browser_handlers(), name_handlers(),
-          cleanup_handlers(), directory_.handlers(), options_.handlers()})
+          cleanup_handlers(), report_handlers(), directory_.handlers(), options_.handlers(), tree_.handlers()})
         main_.bind(table);
     main_.bind("exit_sub", [this] { close(); });
     for (const char* name : handlers_to_come())

@@ -9,6 +9,7 @@
 #include "core/settings/settings.h"
 #include "core/state/capacity_limits.h"
 #include "core/state/clock_state.h"
+#include "core/state/export_state.h"
 #include "core/state/file_columns.h"
 #include "core/state/history_state.h"
 #include "core/state/list_state.h"
@@ -28,6 +29,7 @@ struct run_state : settings,
                    proof_state,
                    trail_state,
                    list_state,
+                   export_state,
                    clock_state {
     std::string program_dir;          // ends in the separator; every data file is addressed from it
     bool program_dir_locked = false;  // start-up found that program_dir cannot be written, and has said so

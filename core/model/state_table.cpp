@@ -118,6 +118,8 @@ const std::map<std::string, reader, std::less<>>& table() {
         {"anchor_row", scalar(&run_state::anchor_row)},
         {"last_sort_column", scalar(&run_state::last_sort_column)},
         {"sort_descending", scalar(&run_state::sort_descending)},
+        {"export_count", scalar(&run_state::export_count)},
+        {"export_list", texts([](const run_state& state) -> const text_column& { return state.export_list; })},
         {"find_row", scalar(&run_state::find_row)},
         {"different_files",
          texts([](const run_state& state) -> const text_column& { return state.different_files; })},
