@@ -16,6 +16,7 @@ class directory_window;
 class main_window;
 class options_window;
 class qt_user_interface;
+class tree_window;
 
 class front_end {
   public:
@@ -34,6 +35,7 @@ class front_end {
     main_window& main() { return *main_; }
     directory_window& directory() { return *directory_; }
     options_window& options() { return *options_; }
+    tree_window& tree() { return *tree_; }
 
   private:
     program& program_;
@@ -45,6 +47,7 @@ class front_end {
     std::unique_ptr<main_window> main_;
     std::unique_ptr<directory_window> directory_;
     std::unique_ptr<options_window> options_;
+    std::unique_ptr<tree_window> tree_;
     std::vector<child_window*> windows_;  // every window beside the main form
     bool syncing_ = false;
 };

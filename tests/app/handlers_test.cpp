@@ -113,8 +113,10 @@ TEST(Registry, EveryNameThatAWidgetSpeaksOfHasAHandler) {
         for (std::sregex_iterator each(code.begin(), code.end(), spoken), end; each != end; ++each) {
             const std::string name = (*each)[1];
             // A child window speaks of its own handlers without its name.
-            const bool of_options = file.path().filename() == "options_window.cpp";
-            EXPECT_TRUE(is_known(p.form, of_options ? "Form_no_dire." + name : name)) << name;
+            const std::string window = file.path().filename() == "options_window.cpp" ? "Form_no_dire."
+                                       : file.path().filename() == "tree_window.cpp" ? "tree_dir."
+                                                                                      : "";
+            EXPECT_TRUE(is_known(p.form, window + name)) << window << name;
             ++found;
         }
     }
