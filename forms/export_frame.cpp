@@ -7,14 +7,13 @@
 
 #include "forms/mirror.h"
 #include "forms/screen_text.h"
-#include "forms/window_place.h"
 
 namespace corvane {
 
 namespace {
 constexpr int edge = 14;
 constexpr int field_width = 220;
-constexpr QPoint corner(24, 24);
+constexpr int from_top = 48;
 }  // namespace
 
 export_frame::export_frame(Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent)
@@ -60,7 +59,8 @@ void export_frame::sync(bool tasks_locked) {
     mirror_text(types_, screen_line(form_.Text4.text));
     mirror_enabled(export_, !tasks_locked);
     if (!isHidden()) return;
-    show_at(corner);
+    // Over the work area, clear of the task column.
+    show_at({(parentWidget()->width() - sizeHint().width()) / 2, from_top});
     levels_->setFocus();
     levels_->selectAll();
 }

@@ -9,6 +9,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTextCharFormat>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -163,6 +164,8 @@ QWidget* tree_window::make_lists() {
         side);
     month_ = new QCalendarWidget(side);
     name_after(month_, form_.MonthView1);
+    // The interface is Chinese, whatever the desktop's language.
+    month_->setLocale(QLocale(QLocale::Chinese, QLocale::China));
     month_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     connect(month_, &QCalendarWidget::clicked, this, [this](QDate day) {
         form_.MonthView1.text = day.toString(Qt::ISODate).toStdString();
@@ -242,6 +245,9 @@ void tree_window::colour_marks() {
                                                    colours.color(QPalette::WindowText), 0.22));
         bound.button->setPalette(colours);
     }
+    QTextCharFormat weekend;
+    weekend.setForeground(cell_text_colour(cell_colour::mark_red, palette()));
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) month_->setWeekdayTextFormat(day, weekend);
 }
 
 void tree_window::changeEvent(QEvent* event) {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "core/text/shown_text.h"
 #include "core/text/text_format.h"
+#include "core/text/utf8.h"
 
 namespace corvane {
 
@@ -11,20 +11,59 @@ namespace {
 
 constexpr std::int64_t kilobyte = 1024;
 constexpr unsigned char lead_of_mapped = 0xEF;
+constexpr unsigned delete_byte = 0x7F;
+// What stands in a text for the byte n of a name is the character first_mapped + n; before a character of this
+// range that the name itself holds stands the first one.
+constexpr char32_t first_mapped = 0xF000;
+constexpr char32_t last_mapped = 0xF0FF;
 
-// A byte that may show as another one.
+constexpr bool is_control(unsigned byte) {
+    return byte < 0x20 || byte == delete_byte;
+}
+
 bool is_suspect(char unit) {
     const auto byte = static_cast<unsigned char>(unit);
-    return byte < 0x20 || byte == 0x7F || byte == lead_of_mapped;
+    return is_control(byte) || byte == lead_of_mapped;
+}
+
+void append_byte(std::string& out, unsigned byte) {
+    if (byte == delete_byte)
+        append_utf8(out, 0x2421);
+    else if (is_control(byte))
+        append_utf8(out, 0x2400 + byte);
+    else
+        out += static_cast<char>(byte);
+}
+
+// Appends the character at the start of `text`, and returns the bytes that it takes.
+std::size_t append_character(std::string& out, std::string_view text) {
+    const auto byte = static_cast<unsigned char>(text.front());
+    const auto [letter, length] = decode_utf8(text);
+    if (byte == lead_of_mapped && length > 0 && letter >= first_mapped && letter <= last_mapped) {
+        const std::string_view behind = text.substr(length);
+        const utf8_letter own = behind.empty() ? utf8_letter{0, 0} : decode_utf8(behind);
+        if (letter == first_mapped && own.letter >= first_mapped && own.letter <= last_mapped) {
+            out += behind.substr(0, own.length);
+            return length + own.length;
+        }
+        const auto mapped = static_cast<unsigned>(letter - first_mapped);
+        if (mapped != 0 && (is_control(mapped) || mapped == '*')) {
+            append_byte(out, mapped);
+            return length;
+        }
+    }
+    append_byte(out, byte);
+    return 1;
 }
 
 }  // namespace
 
 void append_name(std::string& out, std::string_view text) {
-    if (std::none_of(text.begin(), text.end(), is_suspect))
+    if (std::none_of(text.begin(), text.end(), is_suspect)) {
         out += text;
-    else
-        out += typed_as_shown(text);
+        return;
+    }
+    while (!text.empty()) text.remove_prefix(append_character(out, text));
 }
 
 void append_cell(std::string& out, std::string_view text) {

@@ -8,6 +8,7 @@
 #include "core/model/main_form.h"
 #include "core/text/text_case.h"
 #include "core/text/text_format.h"
+#include "reports/current_list.h"
 
 namespace corvane {
 
@@ -50,10 +51,8 @@ void read_export_params(Tavrel& form) {
 }
 
 bool take_file_list(Tavrel& form) {
-    if (form.state.file_count == 0) form.call(handlers::read_file_list);
-    if (form.state.quit_requested) return false;
-    if (form.state.file_count > 0) return true;
-    form.complain("没有文件，请重新选择目录,重新搜索");
+    if (hold_file_list(form)) return true;
+    if (!form.state.quit_requested) form.complain("没有文件，请重新选择目录,重新搜索");
     return false;
 }
 

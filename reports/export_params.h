@@ -13,7 +13,7 @@ void Frame6_DblClick(Tavrel& form);
 // Takes Text3 and Text4 into export_levels and export_skip_types.
 void read_export_params(Tavrel& form);
 
-// A list to export: file_list as it stands, else the stored one. False: there is none, and the user knows, or
+// A list to export: the one in memory, else the stored one. False: there is none, and the user knows, or
 // the program ends.
 bool take_file_list(Tavrel& form);
 

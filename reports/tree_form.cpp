@@ -7,6 +7,7 @@
 #include "core/tasks/help.h"
 #include "core/text/date_text.h"
 #include "core/text/text_format.h"
+#include "reports/current_list.h"
 #include "reports/tree_lines.h"
 
 namespace corvane {
@@ -110,8 +111,7 @@ void tree_form::load() {
     List1.clear();
     List1.visible = true;
     ListView1.visible = MonthView1.visible = ProgressBar1.visible = false;
-    if (main_.state.file_count == 0) main_.call(handlers::read_file_list);
-    if (!main_.state.quit_requested && main_.state.file_count > 0) show_preview();
+    if (hold_file_list(main_)) show_preview();
 }
 
 // A stored corner beyond the screen comes to the middle. The place that the window itself stored is never older
@@ -214,7 +214,8 @@ bool tree_form::stops() const {
 }
 
 void tree_form::Command4_Click() {
-    suffixes.count(main_);
+    suffixes.clear();
+    if (hold_file_list(main_)) suffixes.count(main_);
     suffixes.fill();
     List1.visible = false;
     ListView1.visible = true;
@@ -223,7 +224,7 @@ void tree_form::Command4_Click() {
 void tree_form::show_suffixes(int target) {
     suffix_target = target;
     List1.visible = false;
-    if (suffixes.suffix_total == 0) suffixes.count(main_);
+    if (suffixes.suffix_total == 0 && hold_file_list(main_)) suffixes.count(main_);
     suffixes.fill();
     ListView1.visible = true;
 }

@@ -6,6 +6,7 @@
 #include "core/tasks/help.h"
 #include "core/tasks/task_scope.h"
 #include "core/text/text_file.h"
+#include "reports/current_list.h"
 #include "reports/tree_form.h"
 #include "reports/tree_lines.h"
 
@@ -30,10 +31,8 @@ std::string tree_form::output_path() const {
 }
 
 bool tree_form::take_file_list() {
-    if (main_.state.file_count == 0) main_.call(handlers::read_file_list);
-    if (main_.state.quit_requested) return false;
-    if (main_.state.file_count > 0) return true;
-    main_.complain("没有文件清单,请选择目录,搜索文件,再进行这个步骤");
+    if (hold_file_list(main_)) return true;
+    if (!main_.state.quit_requested) main_.complain("没有文件清单,请选择目录,搜索文件,再进行这个步骤");
     return false;
 }
 

@@ -196,5 +196,40 @@ TEST(SameFileLists, ACopyThatFailsLeavesTheEarlierOne) {
     EXPECT_EQ(p.files.open_now, 0);
 }
 
+// A comparison with pairs gives the list's memory back, one without leaves it in its own order.
+TEST(CurrentList, WhatAComparisonHasUsedUpIsReadAgain) {
+    for (const char* second : {"the same", "longer than the other one"}) {
+        exports p;
+        p.files.add_file("/d/a", second);
+        p.files.add_file("/d/b", "the same");
+        p.files.add_file("/d/c", "1");
+        p.compare({"/d"});
+        const bool rows_shown = p.form.ListView1.visible;
+        EXPECT_EQ(p.exported("0", ""), (texts{"/d/a", "/d/b", "/d/c"}));
+        EXPECT_EQ(p.form.ListView1.visible, rows_shown);
+        p.form.run("Picture3_Click");
+        p.form.run("tree_select_m");
+        p.form.run("tree_dir.Command4_Click");
+        EXPECT_EQ(p.corvane.tree_window().suffixes.suffix_counts[1], 3);
+        p.form.run("mnu_same_filename");
+        p.form.run("tree_dir.Command1_Click");
+        EXPECT_EQ(p.state.file_count, 3);
+        EXPECT_FALSE(p.form.task_runs());
+    }
+}
+
+TEST(CurrentList, WhereTheStoredListHasGoneTooNothingIsExported) {
+    exports p;
+    p.files.add_file("/d/a", "the same");
+    p.files.add_file("/d/b", "the same");
+    p.compare({"/d"});
+    p.files.erase("/prog/文件清单.txt");
+    EXPECT_EQ(p.exported("0", ""), texts{});
+    EXPECT_EQ(p.last_message(), "没有文件，请重新选择目录,重新搜索");
+    p.form.run("tree_dir.Command4_Click");
+    p.form.run("tree_dir.Command1_Click");
+    EXPECT_EQ(p.last_message(), "没有文件清单,请选择目录,搜索文件,再进行这个步骤");
+}
+
 }  // namespace
 }  // namespace corvane

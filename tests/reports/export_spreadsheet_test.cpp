@@ -242,12 +242,15 @@ TEST(ExportSpreadsheet, InAFolderThatCannotBeWrittenTheExportFails) {
 // Names as the disk's port hands them over: control bytes are U+F000 + byte, `*` is U+F02A.
 TEST(ExportSpreadsheet, NoNameBreaksARowOrAColumn) {
     report_program p;
-    p.list_files({"/d/tab\uF009x", "/d/line\uF00D\uF00Ax", "/d/star\uF02A", "/d/\"q\"", "/d/\xFF\xFE"});
+    p.list_files({"/d/tab\uF009x", "/d/line\uF00D\uF00Ax", "/d/star\uF02A", "/d/\"q\"", "/d/\xFF\xFE",
+                  // A name that holds such a character itself, and full-width signs beside them.
+                  "/d/own\uF000\uF009", "/d/（，）\uF07F\uF000"});
     p.form.run("Command33_Click");
     EXPECT_EQ(p.stored_lines(sheet),
               (texts{heading, "/d/tab␉x\t1 B\t1899-12-30", "/d/line␍␊x\t1 B\t1899-12-30",
                      "/d/star*\t1 B\t1899-12-30", "/d/\"q\"\t1 B\t1899-12-30",
-                     "/d/\xFF\xFE\t1 B\t1899-12-30", "空间总计\t5 B"}));
+                     "/d/\xFF\xFE\t1 B\t1899-12-30", "/d/own\uF009\t1 B\t1899-12-30",
+                     "/d/（，）␡\uF000\t1 B\t1899-12-30", "空间总计\t7 B"}));
 }
 
 // A stored list that somebody has written by hand.
