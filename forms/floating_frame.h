@@ -14,8 +14,8 @@ class floating_frame : public QFrame {
   public:
     // `act` runs a handler of the main form by its name: on a double click on the surface `double_click`, on
     // Escape `escape`.
-    floating_frame(const control& model, std::function<void(const std::string&)> act, const char* double_click,
-                   const char* escape, QWidget* parent);
+    floating_frame(const control& model, std::function<void(const std::string&)> act,
+                   const char* double_click, const char* escape, QWidget* parent);
 
   protected:
     // Shows the frame with its corner at `corner`, moved into the parent.

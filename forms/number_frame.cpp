@@ -49,8 +49,7 @@ number_frame::number_frame(Tavrel& form, std::function<void(const std::string&)>
 void number_frame::sync() {
     if (!form_.Frame1.visible) return hide();
     mirror_text(caption_, screen_line(form_.Frame1.caption));
-    if (isHidden())
-        show_at(QPoint(form_.Frame1.place.left, form_.Frame1.place.top) / twips_per_pixel);
+    if (isHidden()) show_at(QPoint(form_.Frame1.place.left, form_.Frame1.place.top) / twips_per_pixel);
 }
 
 }  // namespace corvane

@@ -16,7 +16,8 @@ constexpr int number_width = 90;
 // The colour of a cell's text for the usual painter of tables.
 class coloured_rows : public list_model {
   public:
-    coloured_rows(const list_view& list, QWidget& shown) : list_model(list, &shown), list_(list), shown_(shown) {}
+    coloured_rows(const list_view& list, QWidget& shown)
+        : list_model(list, &shown), list_(list), shown_(shown) {}
 
     QVariant data(const QModelIndex& index, int role) const override {
         if (role == Qt::ForegroundRole && colour(index.row(), index.column()) != cell_colour::colour_text)

@@ -1,4 +1,5 @@
-// The suffixes of the tree's window as a table: a double click picks one, a heading sorts. Used by tree_window.
+// The suffixes of the tree's window as a table: a double click picks one, a heading sorts. Used by
+// tree_window.
 #pragma once
 
 #include <QTableView>
@@ -13,7 +14,8 @@ class list_model;
 class suffix_view : public QTableView {
   public:
     // `list` outlives the view. `picked` runs for the selected row, `sorted` for a heading.
-    suffix_view(list_view& list, std::function<void()> picked, std::function<void(int)> sorted, QWidget* parent);
+    suffix_view(list_view& list, std::function<void()> picked, std::function<void(int)> sorted,
+                QWidget* parent);
 
     void sync();
 

@@ -136,12 +136,12 @@ QWidget* tree_window::make_settings() {
     layout->addWidget(make_bounds(6, 5, "", nullptr), row++, 0, 1, 4);
     for (const std::size_t number : {7u, 8u}) {
         QLineEdit* types = make_field(number);
-        layout->addWidget(label_of(*form_.labels[number - 1], number == 7 ? "(&I)" : "(&X)", types), row++, 0, 1,
-                          4);
+        layout->addWidget(label_of(*form_.labels[number - 1], number == 7 ? "(&I)" : "(&X)", types), row++, 0,
+                          1, 4);
         layout->addWidget(types, row++, 0, 1, 4);
     }
-    layout->addWidget(make_button(*form_.commands[4], with_key(*form_.commands[4], "(&F)"), true), row++, 0, 1, 4,
-                      Qt::AlignLeft);
+    layout->addWidget(make_button(*form_.commands[4], with_key(*form_.commands[4], "(&F)"), true), row++, 0,
+                      1, 4, Qt::AlignLeft);
     layout->setRowMinimumHeight(row++, gap);
     pair(make_mark(new QRadioButton(side), *form_.Option1[0], "(&T)"),
          make_mark(new QRadioButton(side), *form_.Option1[1], "(&E)"));
@@ -232,7 +232,8 @@ void tree_window::sync(bool tasks_locked) {
 
 void tree_window::sync_month() {
     const QDate day = QDate::fromString(screen_line(form_.MonthView1.text), Qt::ISODate);
-    if (form_.MonthView1.visible && day.isValid() && month_->selectedDate() != day) month_->setSelectedDate(day);
+    if (form_.MonthView1.visible && day.isValid() && month_->selectedDate() != day)
+        month_->setSelectedDate(day);
     mirror_visible(month_, form_.MonthView1.visible);
 }
 
@@ -264,9 +265,9 @@ bool tree_window::eventFilter(QObject* watched, QEvent* event) {
     const auto field = std::find_if(fields_.begin(), fields_.end(),
                                     [&](const bound_field& bound) { return bound.field == watched; });
     if (field != fields_.end()) {
-        const bool asks = event->type() == QEvent::MouseButtonDblClick ||
-                          (event->type() == QEvent::KeyPress &&
-                           static_cast<QKeyEvent*>(event)->key() == Qt::Key_F4);
+        const bool asks =
+            event->type() == QEvent::MouseButtonDblClick ||
+            (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_F4);
         const std::string handler = field->model->name() + "_DblClick";
         if (asks && main_.has_handler(form_.name() + "." + handler)) {
             act(handler);

@@ -1,5 +1,5 @@
-// The window tree_dir on the screen: what is written at the left, the lines, the suffixes or a month to pick a day
-// from at the right, at the bottom the progress and the buttons. Made by front_end.
+// The window tree_dir on the screen: what is written at the left, the lines, the suffixes or a month to pick
+// a day from at the right, at the bottom the progress and the buttons. Made by front_end.
 #pragma once
 
 #include <functional>

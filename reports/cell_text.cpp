@@ -12,8 +12,8 @@ namespace {
 constexpr std::int64_t kilobyte = 1024;
 constexpr unsigned char lead_of_mapped = 0xEF;
 constexpr unsigned delete_byte = 0x7F;
-// What stands in a text for the byte n of a name is the character first_mapped + n; before a character of this
-// range that the name itself holds stands the first one.
+// What stands in a text for the byte n of a name is the character first_mapped + n; before a character of
+// this range that the name itself holds stands the first one.
 constexpr char32_t first_mapped = 0xF000;
 constexpr char32_t last_mapped = 0xF0FF;
 

@@ -13,11 +13,12 @@ namespace corvane {
 // UTF-8 stay as they are.
 void append_name(std::string& out, std::string_view text);
 
-// The same as the first thing in a column: a text that begins with a quote would be taken for a quoted one, so
-// it is quoted.
+// The same as the first thing in a column: a text that begins with a quote would be taken for a quoted one,
+// so it is quoted.
 void append_cell(std::string& out, std::string_view text);
 
-// A length with its unit: below 1024 in "B", from there on in "KB", digits in groups of three. 0 has no digits.
+// A length with its unit: below 1024 in "B", from there on in "KB", digits in groups of three. 0 has no
+// digits.
 struct size_text {
     std::int64_t value;
     const char* unit;

@@ -5,8 +5,8 @@ namespace corvane {
 
 class Tavrel;
 
-// Reads the stored list back where there is none in memory, or where a comparison or a check of names has used
-// it up. False: there is none, or the program ends.
+// Reads the stored list back where there is none in memory, or where a comparison or a check of names has
+// used it up. False: there is none, or the program ends.
 bool hold_file_list(Tavrel& form);
 
 }  // namespace corvane

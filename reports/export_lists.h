@@ -5,7 +5,8 @@ namespace corvane {
 
 class Tavrel;
 
-// "文本格式": 'filelist_txt_.txt', one path a line. With suffixes but no depth it is the stored list, unfiltered.
+// "文本格式": 'filelist_txt_.txt', one path a line. With suffixes but no depth it is the stored list,
+// unfiltered.
 void 文件清单_M_Click(Tavrel& form);
 
 // "相同文件清单文本": opens the stored pairs.

@@ -71,8 +71,8 @@ class sheet {
         if (facts.exists) {
             total_ += facts.length;
             size_ = scaled_size(facts.length, "B");
-            date_ = date_text(form_.outside.screen.local_date(
-                to_unix_seconds({facts.date_high, facts.date_low})));
+            date_ = date_text(
+                form_.outside.screen.local_date(to_unix_seconds({facts.date_high, facts.date_low})));
             figures_.clear();
             append_size(figures_, size_);
         }

@@ -8,9 +8,9 @@ namespace {
 
 // The first one that is installed is taken.
 constexpr const char* windows_viewers[] = {"notepad"};
-constexpr const char* desktop_viewers[] = {"gnome-text-editor", "gedit", "kate",       "kwrite",  "mousepad",
-                                           "pluma",             "xed",   "featherpad", "leafpad", "l3afpad",
-                                           "notepadqq",         "geany"};
+constexpr const char* desktop_viewers[] = {"gnome-text-editor", "gedit",   "kate",      "kwrite",
+                                           "mousepad",          "pluma",   "xed",       "featherpad",
+                                           "leafpad",           "l3afpad", "notepadqq", "geany"};
 
 template <std::size_t Count>
 std::string find_viewer(shell& desktop, const char* const (&names)[Count]) {

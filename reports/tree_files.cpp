@@ -162,8 +162,9 @@ std::string_view path_of(const tree_files& files, std::int32_t index) {
     const std::string_view name = files.tree_names[index];
     const std::string_view directory = files.tree_dirs[index];
     // Both lie in one text.
-    return directory.data() == nullptr ? name
-                                       : std::string_view(directory.data(), directory.size() + 1 + name.size());
+    return directory.data() == nullptr
+               ? name
+               : std::string_view(directory.data(), directory.size() + 1 + name.size());
 }
 
 }  // namespace corvane

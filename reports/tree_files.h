@@ -1,5 +1,5 @@
-// The files of a tree in its order: what lies in the subdirectories of a directory stands before the directory's
-// own files. Used by the output of the tree and its preview.
+// The files of a tree in its order: what lies in the subdirectories of a directory stands before the
+// directory's own files. Used by the output of the tree and its preview.
 #pragma once
 
 #include <cstdint>
@@ -34,16 +34,17 @@ struct tree_files {
 
     // Of the last sort: the order of the runs, which are files of one directory one behind the other.
     std::vector<std::int32_t> run_order;
-    text_column texts;                // keeps the texts of the arrays
+    text_column texts;                 // keeps the texts of the arrays
     std::vector<const char*> entries;  // of the list, in its order
 };
 
-// Takes what exists of the first `count` entries of file_list, one question a file. Yields once a file, and ends
-// with false as soon as `stops` says so. file_list stays as it is.
+// Takes what exists of the first `count` entries of file_list, one question a file. Yields once a file, and
+// ends with false as soon as `stops` says so. file_list stays as it is.
 bool collect_tree(Tavrel& form, std::int32_t count, const std::function<bool()>& stops, tree_files& files);
 
-// By directory as if a sign that is greater than all others closed it, then by name. A list that the search has
-// sorted takes a sort of its directories alone; the order of the last run is taken over where it still holds.
+// By directory as if a sign that is greater than all others closed it, then by name. A list that the search
+// has sorted takes a sort of its directories alone; the order of the last run is taken over where it still
+// holds.
 void sort_tree(tree_files& files);
 
 // The whole path of a file of the arrays.

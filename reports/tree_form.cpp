@@ -16,8 +16,8 @@ namespace {
 
 constexpr std::int32_t previewed_files = 100;
 constexpr const char* check_captions[] = {"", "长度", "日期", "正常", "隐含", "", ""};
-constexpr const char* label_captions[] = {"",   "目录层数",   "排版列数",   "<=长度<=",
-                                          "Kb", "<=日期<=", "只包含类型", "不包含类型"};
+constexpr const char* label_captions[] = {
+    "", "目录层数", "排版列数", "<=长度<=", "Kb", "<=日期<=", "只包含类型", "不包含类型"};
 constexpr const char* command_captions[] = {"", "输出", "放弃", "帮助 F1", "查找全部后缀"};
 constexpr const char* format_captions[] = {"TXT", "Excel"};
 
@@ -114,8 +114,8 @@ void tree_form::load() {
     if (hold_file_list(main_)) show_preview();
 }
 
-// A stored corner beyond the screen comes to the middle. The place that the window itself stored is never older
-// than that of the main form's last close.
+// A stored corner beyond the screen comes to the middle. The place that the window itself stored is never
+// older than that of the main form's last close.
 void tree_form::mend_place() {
     run_state& state = main_.state;
     const screen_size screen = main_.outside.screen.screen();
@@ -137,8 +137,7 @@ void tree_form::fill_controls() {
     texts[6]->text = date_text(state.tree_date_to);
     texts[7]->text = state.tree_only_types;
     texts[8]->text = state.tree_not_types;
-    for (std::size_t i = 1; i < checks.size(); ++i)
-        checks[i]->value = state.*check_settings[i] == 1 ? 1 : 0;
+    for (std::size_t i = 1; i < checks.size(); ++i) checks[i]->value = state.*check_settings[i] == 1 ? 1 : 0;
     choose_format(state.tree_format == 1 ? 1 : 0);
     enable_bounds();
 }
@@ -149,15 +148,16 @@ void tree_form::enable_bounds() {
 }
 
 void tree_form::choose_format(int index) {
-    for (std::size_t i = 0; i < Option1.size(); ++i)
-        Option1[i]->value = static_cast<int>(i) == index ? 1 : 0;
+    for (std::size_t i = 0; i < Option1.size(); ++i) Option1[i]->value = static_cast<int>(i) == index ? 1 : 0;
 }
 
 void tree_form::show_preview() {
     const std::int32_t count = std::min(main_.state.file_count, previewed_files);
     const tree_rules rules = preview_rules(main_.state);
     tree_files first;
-    if (!collect_tree(main_, count, [this] { return stops(); }, first)) return;
+    if (!collect_tree(
+            main_, count, [this] { return stops(); }, first))
+        return;
     sort_tree(first);
     tree_lines tree(main_, rules, first.count());
     for (std::int32_t i = 1; i <= first.count(); ++i) {

@@ -32,9 +32,9 @@ class tree_form : public form_model {
     std::array<control*, 2> Option1{};
     std::array<control*, 5> commands{};  // Command1 to Command4 from index 1
     control& Picture1;
-    list_box& List1;        // the preview, then the lines that were written
-    list_view& ListView1;   // the suffixes
-    control& MonthView1;    // its text is the date that it shows
+    list_box& List1;       // the preview, then the lines that were written
+    list_view& ListView1;  // the suffixes
+    control& MonthView1;   // its text is the date that it shows
     progress_control& ProgressBar1;
 
     suffix_list suffixes;
@@ -47,8 +47,8 @@ class tree_form : public form_model {
     // Stores the place. What is being written is given up.
     void Form_Unload();
 
-    // "输出": the file list as a tree, into the list and the file, which is then opened. Entries without a file on
-    // the disk leave file_list for good.
+    // "输出": the file list as a tree, into the list and the file, which is then opened. Entries without a
+    // file on the disk leave file_list for good.
     void Command1_Click();
     // "查找全部后缀"
     void Command4_Click();

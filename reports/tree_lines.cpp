@@ -69,8 +69,8 @@ void tree_lines::add(const tree_files& files, std::int32_t index) {
 }
 
 // A line for each part that is another one than the part of its level above it, in whatever directory that
-// stood: a new directory of the same name gets none. What lies deeper than the file before is forgotten on the
-// next level alone.
+// stood: a new directory of the same name gets none. What lies deeper than the file before is forgotten on
+// the next level alone.
 void tree_lines::enter(std::string_view directory) {
     if (started_ && directory.data() != nullptr && directory_.data() != nullptr && directory == directory_)
         return;

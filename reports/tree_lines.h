@@ -1,5 +1,5 @@
-// The lines of a tree: which directories and files of the ordered list are written, and how. Used by the output
-// of the tree and its preview.
+// The lines of a tree: which directories and files of the ordered list are written, and how. Used by the
+// output of the tree and its preview.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,8 @@ namespace corvane {
 class Tavrel;
 struct settings;
 
-// The text behind the last dot; empty where there is none, or where that text holds a separator. Keeps its case.
+// The text behind the last dot; empty where there is none, or where that text holds a separator. Keeps its
+// case.
 std::string_view suffix_of(std::string_view name, char separator);
 
 // What is written. Bounds are exclusive.
@@ -64,8 +65,9 @@ class tree_lines {
     const tree_rules& rules_;
     const char separator_;
     std::vector<list_box::row> lines_;
-    std::vector<std::string_view> parts_;  // of the file before, by level; what lies deeper stays from earlier ones
-    std::int32_t depth_ = 0;               // directories above the file
+    std::vector<std::string_view>
+        parts_;               // of the file before, by level; what lies deeper stays from earlier ones
+    std::int32_t depth_ = 0;  // directories above the file
     bool started_ = false;
     std::string_view directory_;
     std::int64_t dated_ = 0;  // the moment that date_ is

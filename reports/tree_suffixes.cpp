@@ -82,7 +82,8 @@ void suffix_list::sort(int heading) {
 void suffix_list::take_selected(control& box) {
     const std::int32_t row = view_.selected_row;
     if (row < 1 || row > view_.row_count()) return;
-    for (const int column : {suffix_column, number_column}) view_.set_colour(row, column, cell_colour::mark_red);
+    for (const int column : {suffix_column, number_column})
+        view_.set_colour(row, column, cell_colour::mark_red);
     const std::string suffix = view_.cell(row, suffix_column);
     std::vector<std::string> listed;
     split_text(box.text, ",", listed);

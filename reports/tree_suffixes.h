@@ -1,5 +1,5 @@
-// The suffixes of the file list and how often each stands in it, for the user to pick from. Used by the tree's
-// window.
+// The suffixes of the file list and how often each stands in it, for the user to pick from. Used by the
+// tree's window.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +30,8 @@ class suffix_list {
     void fill();
     // A click on a heading: by suffix or by number; on the heading of the last sort the other way round.
     void sort(int heading);
-    // A double click on the selected row: its text becomes red, and the box takes its suffix if it has it not.
+    // A double click on the selected row: its text becomes red, and the box takes its suffix if it has it
+    // not.
     void take_selected(control& box);
 
   private:

@@ -19,8 +19,7 @@ void add_export_frames(Tavrel& form) {
         {control_kind::label, "Label6", "目录层数"},
         {control_kind::label, "Label7", "不导出的后缀类型"},
     };
-    for (const added_control& each : controls)
-        form.add<control>(each.kind, each.name).caption = each.caption;
+    for (const added_control& each : controls) form.add<control>(each.kind, each.name).caption = each.caption;
     form.find("Frame5")->visible = false;
     form.Frame6.visible = false;
     form.Frame6.caption = "清单导出选择";

@@ -1,5 +1,5 @@
-// The frames of the main form from which lists leave the program. Frame5, the tools, is reached by menus and by
-// the names of its buttons; Frame6, the parameters of an export, opens over the work area.
+// The frames of the main form from which lists leave the program. Frame5, the tools, is reached by menus and
+// by the names of its buttons; Frame6, the parameters of an export, opens over the work area.
 #pragma once
 
 namespace corvane {

@@ -11,7 +11,8 @@
 namespace corvane {
 
 struct export_state {
-    text_column export_list;  // paths, and directories in place of what lies too deep, which end in the separator
+    text_column
+        export_list;  // paths, and directories in place of what lies too deep, which end in the separator
     std::int32_t export_count = 0;
 
     std::unique_ptr<started_process> export_viewer;  // the viewer that the last export has started

@@ -114,7 +114,7 @@ TEST(Registry, EveryNameThatAWidgetSpeaksOfHasAHandler) {
             const std::string name = (*each)[1];
             // A child window speaks of its own handlers without its name.
             const std::string window = file.path().filename() == "options_window.cpp" ? "Form_no_dire."
-                                       : file.path().filename() == "tree_window.cpp" ? "tree_dir."
+                                       : file.path().filename() == "tree_window.cpp"  ? "tree_dir."
                                                                                       : "";
             EXPECT_TRUE(is_known(p.form, window + name)) << window << name;
             ++found;

@@ -69,6 +69,23 @@ void archives(small_world& w) {
     delete_for_good(w);
 }
 
+void exports(small_world& w) {
+    w.state.scan_archives = 1;
+    w.select({"/d", "/e"});
+    w.form.run("picture2_Click");
+    w.form.run("Command33_Click");
+    w.form.run("文件清单_M");
+    w.form.run("tree_select_m");
+    tree_form& tree = w.corvane.tree_window();
+    tree.texts[1]->text = "9";
+    tree.checks[1]->value = tree.checks[3]->value = 1;
+    w.form.run("tree_dir.Text7_DblClick");
+    w.form.run("tree_dir.Command1_Click");
+    w.form.run("Picture3_Click");
+    w.form.run("Command9_Click");
+    w.form.run("Command33_Click");
+}
+
 struct named_story {
     const char* name;
     story tell;
@@ -123,7 +140,8 @@ INSTANTIATE_TEST_SUITE_P(Stories, Faults,
                                          named_story{"Stored", show_stored_and_delete, 7, 0},
                                          named_story{"EmptyDirectories", empty_directories, 2, 0},
                                          named_story{"Names", names, 0, 0},
-                                         named_story{"Archives", archives, 7, 0}),
+                                         named_story{"Archives", archives, 7, 0},
+                                         named_story{"Exports", exports, 0, 0}),
                          [](const auto& each) { return std::string(each.param.name); });
 
 }  // namespace

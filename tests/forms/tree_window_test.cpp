@@ -78,8 +78,8 @@ TEST(tree_window, it_opens_with_the_preview) {
     open_tree open;
     EXPECT_TRUE(open.window.isVisible());
     EXPECT_EQ(open.window.windowTitle(), QStringLiteral("树状目录输出"));
-    EXPECT_EQ(open.rows("List1"), (QStringList{"\\", "   \\d", "      \\e", "         c.jpg", "      a.jpg",
-                                               "      b.gif"}));
+    EXPECT_EQ(open.rows("List1"),
+              (QStringList{"\\", "   \\d", "      \\e", "         c.jpg", "      a.jpg", "      b.gif"}));
     EXPECT_FALSE(open.widget<QWidget>("ListView1")->isVisible());
     EXPECT_FALSE(open.widget<QWidget>("MonthView1")->isVisible());
     EXPECT_FALSE(open.widget<QWidget>("ProgressBar1")->isVisible());

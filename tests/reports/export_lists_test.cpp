@@ -46,7 +46,8 @@ TEST(ExportParams, TheMenuShowsThePanelAndADoubleClickStoresAndHidesIt) {
 TEST(ExportParams, AListedSuffixIsLeftOutInEitherCase) {
     exports p;
     p.list(some);
-    EXPECT_EQ(p.filtered("0", "gif"), (texts{"/d/a.txt", "/d/e/c.txt", "/d/e/d.txt", "/d/e/f/g.txt", "/d/none"}));
+    EXPECT_EQ(p.filtered("0", "gif"),
+              (texts{"/d/a.txt", "/d/e/c.txt", "/d/e/d.txt", "/d/e/f/g.txt", "/d/none"}));
 }
 
 TEST(ExportParams, ASuffixCountsAsListedWhereverItOccursInTheList) {

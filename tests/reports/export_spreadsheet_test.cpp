@@ -24,8 +24,8 @@ TEST(ExportSpreadsheet, HeadingRowsAndSumArePartedByTabs) {
     p.add("/d/b.txt", 1'048'576);
     p.list({"/d/a.txt", "/d/b.txt"});
     p.form.run("out_excel_form");
-    EXPECT_EQ(p.files.content_of("/prog/filelist.xls"), std::string(heading) + "\r\n/d/a.txt\t1,023 B\t" + day +
-                                                            "\r\n/d/b.txt\t1,024 KB\t" + day +
+    EXPECT_EQ(p.files.content_of("/prog/filelist.xls"), std::string(heading) + "\r\n/d/a.txt\t1,023 B\t" +
+                                                            day + "\r\n/d/b.txt\t1,024 KB\t" + day +
                                                             "\r\n空间总计\t1,025 KB\r\n");
     EXPECT_EQ(p.form.StatusBar1.panel(7), "导出相同文件清单->Excel");
     EXPECT_EQ(p.form.StatusBar1.panel(6), "0:0:0");
@@ -36,10 +36,16 @@ TEST(ExportSpreadsheet, HeadingRowsAndSumArePartedByTabs) {
 // Whole parts of (size + 1) / 1024 + 0.5, worked out by hand: 1535 + 1 is 1.5 KB, which makes 2.
 TEST(ExportSpreadsheet, SizesFrom1024OnAreKilobytesRoundedByTheRule) {
     report_program p;
-    const std::vector<std::pair<std::int64_t, std::string>> cases = {
-        {0, " B"},          {1, "1 B"},        {1023, "1,023 B"},    {1024, "1 KB"},
-        {1534, "1 KB"},     {1535, "2 KB"},    {2558, "2 KB"},       {2559, "3 KB"},
-        {1024000, "1,000 KB"}, {std::int64_t{5} << 30, "5,242,880 KB"}};
+    const std::vector<std::pair<std::int64_t, std::string>> cases = {{0, " B"},
+                                                                     {1, "1 B"},
+                                                                     {1023, "1,023 B"},
+                                                                     {1024, "1 KB"},
+                                                                     {1534, "1 KB"},
+                                                                     {1535, "2 KB"},
+                                                                     {2558, "2 KB"},
+                                                                     {2559, "3 KB"},
+                                                                     {1024000, "1,000 KB"},
+                                                                     {std::int64_t{5} << 30, "5,242,880 KB"}};
     texts paths, wanted;
     for (std::size_t i = 0; i < cases.size(); ++i) {
         paths.push_back("/d/" + std::to_string(i));
@@ -248,9 +254,8 @@ TEST(ExportSpreadsheet, NoNameBreaksARowOrAColumn) {
     p.form.run("Command33_Click");
     EXPECT_EQ(p.stored_lines(sheet),
               (texts{heading, "/d/tab␉x\t1 B\t1899-12-30", "/d/line␍␊x\t1 B\t1899-12-30",
-                     "/d/star*\t1 B\t1899-12-30", "/d/\"q\"\t1 B\t1899-12-30",
-                     "/d/\xFF\xFE\t1 B\t1899-12-30", "/d/own\uF009\t1 B\t1899-12-30",
-                     "/d/（，）␡\uF000\t1 B\t1899-12-30", "空间总计\t7 B"}));
+                     "/d/star*\t1 B\t1899-12-30", "/d/\"q\"\t1 B\t1899-12-30", "/d/\xFF\xFE\t1 B\t1899-12-30",
+                     "/d/own\uF009\t1 B\t1899-12-30", "/d/（，）␡\uF000\t1 B\t1899-12-30", "空间总计\t7 B"}));
 }
 
 // A stored list that somebody has written by hand.

@@ -55,10 +55,11 @@ TEST(TreeForm, ItsWordsAndHelpContextsAreThoseStated) {
     EXPECT_EQ(p.window.ListView1.tooltip, "双击鼠标，选中.点击标题,排序");
     EXPECT_EQ(p.window.help_context, 1050);
     const std::vector<std::pair<const char*, int>> contexts = {
-        {"Text1", 1051}, {"Check1", 1051}, {"Check2", 1051}, {"Text3", 1053}, {"Text4", 1053}, {"Text5", 1054},
-        {"Text6", 1054}, {"Check3", 1055}, {"Check4", 1055}, {"Text7", 1056}, {"Text8", 1056},
-        {"Option1(0)", 1057}};
-    for (const auto& [name, context] : contexts) EXPECT_EQ(p.window.find(name)->help_context, context) << name;
+        {"Text1", 1051},  {"Check1", 1051}, {"Check2", 1051}, {"Text3", 1053},
+        {"Text4", 1053},  {"Text5", 1054},  {"Text6", 1054},  {"Check3", 1055},
+        {"Check4", 1055}, {"Text7", 1056},  {"Text8", 1056},  {"Option1(0)", 1057}};
+    for (const auto& [name, context] : contexts)
+        EXPECT_EQ(p.window.find(name)->help_context, context) << name;
     const auto& columns = p.window.ListView1.columns();
     EXPECT_EQ(columns[0].header + "|" + columns[1].header + "|" + columns[2].header, "|后缀|数量");
     EXPECT_EQ(std::vector<int>({columns[0].width, columns[1].width, columns[2].width}),
@@ -101,7 +102,8 @@ TEST(TreeForm, ThePreviewShowsTheFirstHundredFilesByTheLevelsAlone) {
     for (int i = 0; i < 200; ++i) paths.push_back("/z/" + std::to_string(1000 + i));
     p.list_files(paths);
     p.open();
-    texts wanted = {"\\", "   \\a", "      \\b", "         \\c", "            \\d", "            four", "   \\z"};
+    texts wanted = {"\\",    "   \\a", "      \\b", "         \\c", "            \\d", "            four",
+                    "   \\z"};
     for (int i = 0; i < 98; ++i) wanted.push_back("      " + std::to_string(1000 + i));
     EXPECT_EQ(p.preview(), wanted);
     EXPECT_EQ(p.state.file_count, 202);

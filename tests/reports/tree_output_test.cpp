@@ -88,8 +88,8 @@ TEST(TreeOutput, FilesOfADirectoryStandBehindThoseOfItsSubdirectories) {
     tree p;
     p.list_files({"/d/a", "/d/e/b", "/d/z", "/d2/c", "/d\xFF/x"});
     p.open();
-    EXPECT_EQ(p.output(), (texts{"\\", "   \\d", "      \\e", "         b", "   \\d2", "      c", "   \\d\xFF",
-                                 "      x", "   \\d", "      a", "      z"}));
+    EXPECT_EQ(p.output(), (texts{"\\", "   \\d", "      \\e", "         b", "   \\d2", "      c",
+                                 "   \\d\xFF", "      x", "   \\d", "      a", "      z"}));
 }
 
 TEST(TreeOutput, AListInAnyOrderMakesTheSameTree) {
@@ -171,7 +171,8 @@ TEST(TreeOutput, LevelsBoundDirectoriesAndFiles) {
 
 TEST(TreeOutput, LengthBoundsAreExclusive) {
     tree p;
-    for (const std::int64_t bytes : {2047, 2048, 2049, 4095, 4096, 4097}) p.add("/" + std::to_string(bytes), bytes);
+    for (const std::int64_t bytes : {2047, 2048, 2049, 4095, 4096, 4097})
+        p.add("/" + std::to_string(bytes), bytes);
     p.list({"/2047", "/2048", "/2049", "/4095", "/4096", "/4097"});
     p.open();
     p.check("Check5");
@@ -314,8 +315,8 @@ TEST(TreeOutput, ARepeatedRunMakesTheSameTreeAndAnotherListOfTheSameCountItsOwn)
     const texts first = p.output();
     EXPECT_EQ(p.output(), first);
     p.list_files({"/q/e/1", "/r/2", "/r/a/3"});
-    EXPECT_EQ(p.output(), (texts{"\\", "   \\q", "      \\e", "         1", "   \\r", "      \\a", "         3",
-                                 "      2"}));
+    EXPECT_EQ(p.output(), (texts{"\\", "   \\q", "      \\e", "         1", "   \\r", "      \\a",
+                                 "         3", "      2"}));
 }
 
 TEST(TreeOutput, WrongBoundsAreToldWithTheirFigures) {
@@ -330,8 +331,9 @@ TEST(TreeOutput, WrongBoundsAreToldWithTheirFigures) {
     p.check("Check5", 0);
     p.check("Check6");
     p.screen.messages.clear();
-    for (const auto& [from, to] : {std::pair("2026-03-04", "2026-03-04"), std::pair("2026-03-05", "2026-03-04"),
-                                   std::pair("no date", "2026-03-04")}) {
+    for (const auto& [from, to] :
+         {std::pair("2026-03-04", "2026-03-04"), std::pair("2026-03-05", "2026-03-04"),
+          std::pair("no date", "2026-03-04")}) {
         p.set("Text5", from);
         p.set("Text6", to);
         p.form.run("tree_dir.Command1_Click");
@@ -387,8 +389,8 @@ TEST(TreeOutput, NoOtherTaskStartsMeanwhile) {
     p.list_files({"/a", "/b"});
     p.open();
     p.screen.acts[p.screen.yields + 1] = [&] {
-        for (const char* task : {"tree_dir.Command1_Click", "Command33_Click", "picture2_Click", "Command21_Click",
-                                 "tree_dir.Command4_Click", "tree_select_m"})
+        for (const char* task : {"tree_dir.Command1_Click", "Command33_Click", "picture2_Click",
+                                 "Command21_Click", "tree_dir.Command4_Click", "tree_select_m"})
             p.form.run(task);
     };
     EXPECT_EQ(p.output(), (texts{"\\", "   a", "   b"}));
