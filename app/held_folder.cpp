@@ -98,7 +98,7 @@ outcome_with<file_writer> held_folder::replace_file(const std::string& path) {
         replacing_writer(std::map<std::string, held_text, std::less<>>& texts, std::string path)
             : held_writer(made_, std::make_shared<std::string>()), texts_(texts), path_(std::move(path)) {}
         outcome commit() override {
-            const outcome done = held_writer::commit();
+            outcome done = held_writer::commit();
             texts_[path_] = made_;
             return done;
         }

@@ -1,47 +1,11 @@
 // The window of the tree: what it shows when it opens, suffixes, days, bounds, its place.
-#include "tests/reports/report_program.h"
+#include "tests/reports/opened_tree.h"
 
 namespace corvane {
 namespace {
 
-struct opened : report_program {
-    opened() : window(corvane.tree_window()) {}
-    void open() { form.run("tree_select_m"); }
-    void run(const std::string& handler) { ASSERT_TRUE(form.run("tree_dir." + handler)) << handler; }
-    void type(const char* name, const std::string& text) {
-        window.find(name)->text = text;
-        run(std::string(name) + "_Change");
-    }
-    const std::string& text(int number) const { return window.texts[static_cast<std::size_t>(number)]->text; }
-    texts preview() const {
-        texts found;
-        for (const list_box::row& row : window.List1.rows()) found.push_back(row.text);
-        return found;
-    }
-    // The rows of the suffixes: text, number, and a mark where the text is red.
-    texts suffixes() const {
-        texts found;
-        const list_view& list = window.ListView1;
-        for (std::int32_t row = 1; row <= list.row_count(); ++row)
-            found.push_back(list.cell(row, 1) + " " + list.cell(row, 2) +
-                            (list.colour(row, 1) == 255 && list.colour(row, 2) == 255 ? " red" : ""));
-        return found;
-    }
-    void pick(std::int32_t row) {
-        window.ListView1.selected_row = row;
-        run("ListView1_DblClick");
-    }
-    void heading(int column) {
-        form.list_event = {};
-        form.list_event.column = column;
-        run("ListView1_ColumnClick");
-    }
-
-    tree_form& window;
-};
-
 TEST(TreeForm, ItsWordsAndHelpContextsAreThoseStated) {
-    opened p;
+    opened_tree p;
     EXPECT_EQ(p.window.name(), "tree_dir");
     EXPECT_EQ(p.window.caption, "树状目录输出");
     texts captions;
@@ -67,7 +31,7 @@ TEST(TreeForm, ItsWordsAndHelpContextsAreThoseStated) {
 }
 
 TEST(TreeForm, OpeningFillsTheControlsFromTheSettings) {
-    opened p;
+    opened_tree p;
     p.list_files({"/a"});
     p.state.tree_levels = 3;
     p.state.tree_min_kb = 7;
@@ -94,7 +58,7 @@ TEST(TreeForm, OpeningFillsTheControlsFromTheSettings) {
 }
 
 TEST(TreeForm, ThePreviewShowsTheFirstHundredFilesByTheLevelsAlone) {
-    opened p;
+    opened_tree p;
     p.state.tree_levels = 9;
     p.state.tree_show_length = 1;
     p.state.tree_only_types = "none";
@@ -110,7 +74,7 @@ TEST(TreeForm, ThePreviewShowsTheFirstHundredFilesByTheLevelsAlone) {
 }
 
 TEST(TreeForm, WhatHasGoneIsNotInThePreviewAndStaysInTheList) {
-    opened p;
+    opened_tree p;
     p.state.tree_levels = 4;
     p.list({"/gone", "/z.zip*in*1A2B3C4D*7"});
     p.open();
@@ -120,7 +84,7 @@ TEST(TreeForm, WhatHasGoneIsNotInThePreviewAndStaysInTheList) {
 }
 
 TEST(TreeForm, OpeningReadsTheStoredListWhereThereIsNone) {
-    opened p;
+    opened_tree p;
     p.state.tree_levels = 4;
     p.add("/a");
     p.store({"/a"});
@@ -130,75 +94,15 @@ TEST(TreeForm, OpeningReadsTheStoredListWhereThereIsNone) {
 }
 
 TEST(TreeForm, AProgramThatEndsWhileTheListIsReadOpensNoWindow) {
-    opened p;
+    opened_tree p;
     p.store({"/a", "/b"});
     p.screen.acts[1] = [&] { p.form.run("exit_sub"); };
     p.open();
     EXPECT_FALSE(p.window.visible);
 }
 
-TEST(TreeForm, SuffixesAreCountedAsTheyStand) {
-    opened p;
-    p.list({"/d.x/none", "/a.jpg", "/b.JPG", "/c.jpg", "/e.", "/z.zip*in.txt*1A2B3C4D*7"});
-    p.open();
-    p.run("Command4_Click");
-    EXPECT_EQ(p.suffixes(), (texts{" 2", "jpg 2", "JPG 1"}));
-    EXPECT_EQ(p.window.suffixes.suffix_total, 3);
-    EXPECT_EQ(p.window.suffixes.largest_count, 2);
-    EXPECT_TRUE(p.window.ListView1.visible);
-    EXPECT_FALSE(p.window.List1.visible);
-    p.run("Command4_Click");
-    EXPECT_EQ(p.suffixes(), (texts{" 2", "jpg 2", "JPG 1"}));
-}
-
-TEST(TreeForm, ADoubleClickOnABoxOpensTheSuffixesForIt) {
-    opened p;
-    p.list({"/a.jpg", "/b.gif"});
-    p.open();
-    p.run("Text8_DblClick");
-    EXPECT_EQ(p.window.suffix_target, 2);
-    EXPECT_EQ(p.suffixes(), (texts{"jpg 1", "gif 1"}));
-    p.pick(2);
-    p.pick(1);
-    p.pick(2);
-    EXPECT_EQ(p.text(8), "gif,jpg");
-    EXPECT_EQ(p.text(7), "");
-    EXPECT_EQ(p.suffixes(), (texts{"jpg 1 red", "gif 1 red"}));
-    // What stands in the box is a suffix only as a whole.
-    p.run("Text7_DblClick");
-    EXPECT_EQ(p.suffixes(), (texts{"jpg 1", "gif 1"}));
-    p.window.texts[7]->text = "xjpgx";
-    p.pick(1);
-    EXPECT_EQ(p.text(7), "xjpgx,jpg");
-    p.window.ListView1.selected_row = 0;
-    p.run("ListView1_DblClick");
-    EXPECT_EQ(p.text(7), "xjpgx,jpg");
-}
-
-TEST(TreeForm, HeadingsSortByTextAndByNumberAndTheSecondClickTurnsRound) {
-    opened p;
-    texts paths;
-    for (const auto& [suffix, count] : {std::pair("b", 9), std::pair("c", 10), std::pair("a", 100)})
-        for (int i = 0; i < count; ++i) paths.push_back("/" + std::to_string(i) + "." + suffix);
-    p.list(paths);
-    p.open();
-    p.run("Command4_Click");
-    p.heading(1);
-    EXPECT_EQ(p.suffixes(), (texts{"a 100", "b 9", "c 10"}));
-    p.heading(1);
-    EXPECT_EQ(p.suffixes(), (texts{"c 10", "b 9", "a 100"}));
-    p.heading(2);
-    EXPECT_EQ(p.suffixes(), (texts{"b 9", "c 10", "a 100"}));
-    p.heading(2);
-    EXPECT_EQ(p.suffixes(), (texts{"a 100", "c 10", "b 9"}));
-    p.heading(0);
-    EXPECT_EQ(p.suffixes(), (texts{"a 100", "c 10", "b 9"}));
-    p.pick(3);
-    EXPECT_EQ(p.text(7), "b");
-}
-
 TEST(TreeForm, ADoubleClickOnADateShowsItsMonthAndASecondOneHidesIt) {
-    opened p;
+    opened_tree p;
     p.list_files({"/a"});
     p.open();
     p.window.texts[5]->text = "2025/12/1";
@@ -213,7 +117,7 @@ TEST(TreeForm, ADoubleClickOnADateShowsItsMonthAndASecondOneHidesIt) {
 }
 
 TEST(TreeForm, ADayGoesIntoItsBoxAndTheOtherBoxGivesWay) {
-    opened p;
+    opened_tree p;
     p.list_files({"/a"});
     p.open();
     p.window.texts[5]->text = "2025-01-01";
@@ -233,7 +137,7 @@ TEST(TreeForm, ADayGoesIntoItsBoxAndTheOtherBoxGivesWay) {
 }
 
 TEST(TreeForm, LengthsGiveWayToOneAnother) {
-    opened p;
+    opened_tree p;
     p.list_files({"/a"});
     p.open();
     p.type("Text4", "10");
@@ -249,7 +153,7 @@ TEST(TreeForm, LengthsGiveWayToOneAnother) {
 
 TEST(TreeForm, AStoredCornerOffTheScreenIsMended) {
     const auto corner = [](int left, int top) {
-        opened p;
+        opened_tree p;
         p.list_files({"/a"});
         p.state.treeform_left = left;
         p.state.treeform_top = top;
@@ -266,7 +170,7 @@ TEST(TreeForm, AStoredCornerOffTheScreenIsMended) {
 }
 
 TEST(TreeForm, ItsPlaceIsKeptByItsOwnClose) {
-    opened p;
+    opened_tree p;
     p.list_files({"/a"});
     p.state.treepos_width = 9000;
     p.state.treepos_height = 6000;
@@ -288,7 +192,7 @@ TEST(TreeForm, ItsPlaceIsKeptByItsOwnClose) {
 }
 
 TEST(TreeForm, AClosedWindowComesBackWithoutWhatWasNotStored) {
-    opened p;
+    opened_tree p;
     p.list_files({"/a"});
     p.open();
     p.window.texts[7]->text = "jpg";
@@ -302,7 +206,7 @@ TEST(TreeForm, AClosedWindowComesBackWithoutWhatWasNotStored) {
 }
 
 TEST(TreeForm, HelpOpensItsTopic) {
-    opened p;
+    opened_tree p;
     p.list_files({"/a"});
     p.open();
     p.run("Command3_Click");
@@ -315,7 +219,7 @@ TEST(TreeForm, HelpOpensItsTopic) {
 }
 
 TEST(TreeForm, ItDoesNotOpenWhileATaskWorksOnTheList) {
-    opened p;
+    opened_tree p;
     p.list_files({"/a", "/b"});
     p.screen.acts[p.screen.yields + 1] = [&] { p.form.run("tree_select_m"); };
     p.form.run("Command33_Click");
