@@ -26,10 +26,10 @@ export_frame::export_frame(Tavrel& form, std::function<void(const std::string&)>
     layout->setSpacing(8);
     layout->addWidget(caption_, 0, 0, 1, 2);
     levels_ = make_field(form_.Text3, "Label6", "(&L)", 1);
-    types_ = make_field(form_.Text4, "Label7", "(&T)", 2);
+    types_ = make_field(form_.Text4, "Label7", "(&K)", 2);
     const control& button = *form_.find("Command33");
     name_after(export_, button);
-    export_->setText(screen_line(button.caption) + QStringLiteral("(&E)"));
+    export_->setText(screen_line(button.caption) + QStringLiteral("(&X)"));
     connect(export_, &QPushButton::clicked, this, [this] { act_("Command33_Click"); });
     layout->addWidget(export_, 3, 0, 1, 2, Qt::AlignRight);
 }

@@ -15,6 +15,7 @@
 
 #include "core/tasks/help.h"
 #include "forms/colours.h"
+#include "forms/form_parts.h"
 #include "forms/list_box_view.h"
 #include "forms/mirror.h"
 #include "forms/screen_text.h"
@@ -42,14 +43,6 @@ QLabel* label_of(const control& model, const char* key, QWidget* buddy) {
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(buddy);
     return label;
-}
-
-template <class Layout>
-Layout* bare_layout(QWidget* owner, int spacing) {
-    auto* layout = new Layout(owner);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(spacing);
-    return layout;
 }
 
 }  // namespace
@@ -237,15 +230,8 @@ void tree_window::sync_month() {
     mirror_visible(month_, form_.MonthView1.visible);
 }
 
-// On a dark window the empty box of a check mark is lighter than what is around it.
 void tree_window::colour_marks() {
-    for (const bound_mark& bound : marks_) {
-        QPalette colours = palette();
-        if (is_dark(colours))
-            colours.setColor(QPalette::Base, blend(colours.color(QPalette::Window),
-                                                   colours.color(QPalette::WindowText), 0.22));
-        bound.button->setPalette(colours);
-    }
+    for (const bound_mark& bound : marks_) colour_mark(*bound.button, palette());
     QTextCharFormat weekend;
     weekend.setForeground(cell_text_colour(cell_colour::mark_red, palette()));
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) month_->setWeekdayTextFormat(day, weekend);

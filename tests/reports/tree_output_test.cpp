@@ -1,4 +1,8 @@
 // The output of the directory tree: order, lines, what it does to the list, and its failures.
+#include <algorithm>
+#include <random>
+#include <set>
+
 #include "tests/reports/tree_program.h"
 
 namespace corvane {
