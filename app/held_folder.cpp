@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <utility>
+
+#include "core/settings/data_files.h"
 
 namespace corvane {
 
@@ -50,8 +53,11 @@ class held_writer : public file_writer {
 }  // namespace
 
 bool held_folder::is_held_place(std::string_view path) const {
-    return !folder_.empty() && path.size() > folder_.size() && path.starts_with(folder_) &&
-           path.find(disk_.separator(), folder_.size()) == std::string_view::npos;
+    if (folder_.empty() || path.size() <= folder_.size() || !path.starts_with(folder_)) return false;
+    const std::string_view name = path.substr(folder_.size());
+    return name.find(disk_.separator()) == std::string_view::npos &&
+           std::find(std::begin(data_file::exports), std::end(data_file::exports), name) ==
+               std::end(data_file::exports);
 }
 
 const held_folder::held_text* held_folder::find(std::string_view path) const {
@@ -92,7 +98,7 @@ outcome_with<file_writer> held_folder::replace_file(const std::string& path) {
         replacing_writer(std::map<std::string, held_text, std::less<>>& texts, std::string path)
             : held_writer(made_, std::make_shared<std::string>()), texts_(texts), path_(std::move(path)) {}
         outcome commit() override {
-            const outcome done = held_writer::commit();
+            outcome done = held_writer::commit();
             texts_[path_] = made_;
             return done;
         }

@@ -1,6 +1,7 @@
 // The disk of a program whose folder cannot be written: what the program writes into that folder is held in
 // memory and read from there again, so that every task works, and is gone with the process. All else is the
-// disk's. Every program has one; it holds nothing until it is told to.
+// disk's, and so are the files that other programs are to open. Every program has one; it holds nothing until
+// it is told to.
 #pragma once
 
 #include <cstdint>

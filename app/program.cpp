@@ -18,6 +18,7 @@
 #include "core/tasks/option_lists.h"
 #include "core/text/text_format.h"
 #include "names/name_handlers.h"
+#include "reports/report_handlers.h"
 #include "search/search_handlers.h"
 
 namespace corvane {
@@ -48,11 +49,13 @@ program::program(ports outside, std::string program_dir)
             std::move(program_dir)),
       directory_(main_),
       options_(main_),
+      tree_(main_),
       shutdown_(main_),
       warning_(main_, shutdown_),
       sleep_(main_, warning_, shutdown_) {
     main_.add_child(directory_);
     main_.add_child(options_);
+    main_.add_child(tree_);
     main_.add_child(sleep_);
     main_.add_child(warning_);
     join_handlers();
@@ -67,8 +70,8 @@ program::program(ports outside, std::string program_dir)
 void program::join_handlers() {
     for (const handler_table& table :
          {core_handlers(), search_handlers(), compare_handlers(), browser_handlers(), name_handlers(),
-          cleanup_handlers(), directory_.handlers(), options_.handlers(), shutdown_.handlers(),
-          sleep_.handlers(), warning_.handlers()})
+          cleanup_handlers(), report_handlers(), directory_.handlers(), options_.handlers(), tree_.handlers(),
+          shutdown_.handlers(), sleep_.handlers(), warning_.handlers()})
         main_.bind(table);
     main_.bind("exit_sub", [this] { close(); });
     for (const char* name : handlers_to_come())

@@ -9,6 +9,7 @@
 #include "power/shutdown.h"
 #include "power/sleep_form.h"
 #include "power/warning_form.h"
+#include "reports/tree_form.h"
 #include "search/directory_form.h"
 #include "search/options_form.h"
 
@@ -22,6 +23,7 @@ class program {
     Tavrel& main_form() { return main_; }
     directory_form& directory_window() { return directory_; }
     options_form& options_window() { return options_; }
+    tree_form& tree_window() { return tree_; }
     sleep_form& sleep_window() { return sleep_; }
     warning_form& warning_window() { return warning_; }
     // The main form for an empty name, else the window of that name; null when there is none.
@@ -48,6 +50,7 @@ class program {
     Tavrel main_;
     directory_form directory_;
     options_form options_;
+    tree_form tree_;
     shutdown shutdown_;
     warning_form warning_;
     sleep_form sleep_;

@@ -4,14 +4,6 @@ namespace corvane {
 
 std::span<const char* const> handlers_to_come() {
     static constexpr const char* names[] = {
-        // Lists for other programs and the directory tree.
-        "相同文件清单_m",
-        "相同文件XLS清单_M",
-        "out_sele",
-        "文件清单_M",
-        "out_excel_form",
-        "open_excel",
-        "tree_select_m",
         // Help, tooltips, language, about.
         "StatusBar1_PanelClick",
         "tooltiphelp_true",

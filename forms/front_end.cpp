@@ -8,6 +8,7 @@
 #include "forms/options_window.h"
 #include "forms/qt_user_interface.h"
 #include "forms/sleep_window.h"
+#include "forms/tree_window.h"
 #include "forms/warning_window.h"
 
 namespace corvane {
@@ -21,10 +22,11 @@ front_end::front_end(program& corvane, qt_user_interface& screen) : program_(cor
                                                     main_.get());
     options_ =
         std::make_unique<options_window>(program_.main_form(), program_.options_window(), run, main_.get());
+    tree_ = std::make_unique<tree_window>(program_.main_form(), program_.tree_window(), run, main_.get());
     sleep_ = std::make_unique<sleep_window>(program_.main_form(), program_.sleep_window(), run, main_.get());
     warning_ =
         std::make_unique<warning_window>(program_.main_form(), program_.warning_window(), run, main_.get());
-    windows_ = {directory_.get(), options_.get(), sleep_.get(), warning_.get()};
+    windows_ = {directory_.get(), options_.get(), tree_.get(), sleep_.get(), warning_.get()};
     screen_.set_sync([this] { sync(); });
     screen_.set_help([this](int topic) { open_topic(program_.main_form(), topic); });
     screen_.set_window_finder([this](const std::string& form) -> QWidget* {

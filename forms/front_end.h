@@ -18,6 +18,7 @@ class main_window;
 class options_window;
 class qt_user_interface;
 class sleep_window;
+class tree_window;
 class warning_window;
 
 class front_end {
@@ -37,6 +38,7 @@ class front_end {
     main_window& main() { return *main_; }
     directory_window& directory() { return *directory_; }
     options_window& options() { return *options_; }
+    tree_window& tree() { return *tree_; }
     sleep_window& sleep() { return *sleep_; }
     warning_window& warning() { return *warning_; }
 
@@ -54,6 +56,7 @@ class front_end {
     std::unique_ptr<long_run> long_run_;
     std::unique_ptr<directory_window> directory_;
     std::unique_ptr<options_window> options_;
+    std::unique_ptr<tree_window> tree_;
     std::unique_ptr<sleep_window> sleep_;
     std::unique_ptr<warning_window> warning_;
     std::vector<child_window*> windows_;  // every window beside the main form

@@ -16,6 +16,7 @@
 #include "core/tasks/help.h"
 #include "forms/colour_bar_view.h"
 #include "forms/error_frame.h"
+#include "forms/export_frame.h"
 #include "forms/icons.h"
 #include "forms/key_focus.h"
 #include "forms/list_box_view.h"
@@ -75,6 +76,7 @@ main_window::main_window(Tavrel& form, std::function<void(const std::string&)> a
     panel_ = new row_panel(form_, act_, central);
     failure_ = new error_frame(form_, act_, central);
     numbers_ = new number_frame(form_, act_, central);
+    exports_ = new export_frame(form_, act_, central);
     tip_ = new tip_box(form_, this);
     keys_ = std::make_unique<key_focus>(*central, *list_, *cancel_);
     // Placed here and not by the window manager, so that the windows beside it know where it stands.
@@ -159,6 +161,7 @@ void main_window::sync(bool tasks_locked) {
     panel_->sync();
     failure_->sync();
     numbers_->sync();
+    exports_->sync(tasks_locked);
     tip_->sync();
     keys_->after_copy(tasks_locked, form_.task_runs());
     place_.apply();

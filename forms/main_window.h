@@ -18,6 +18,7 @@ namespace corvane {
 
 class colour_bar_view;
 class error_frame;
+class export_frame;
 class key_focus;
 class list_box_view;
 class list_table;
@@ -80,6 +81,7 @@ class main_window : public QMainWindow {
     row_panel* panel_ = nullptr;
     error_frame* failure_ = nullptr;
     number_frame* numbers_ = nullptr;
+    export_frame* exports_ = nullptr;
     tip_box* tip_ = nullptr;
     std::unique_ptr<key_focus> keys_;
     window_place place_;

@@ -1,12 +1,9 @@
 #include "forms/number_frame.h"
 
 #include <QGridLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QPushButton>
-#include <algorithm>
 
 #include "forms/mirror.h"
 #include "forms/screen_text.h"
@@ -19,11 +16,9 @@ constexpr int edge = 14;
 }
 
 number_frame::number_frame(Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent)
-    : QFrame(parent), form_(form), act_(std::move(act)), caption_(new QLabel(this)) {
-    name_after(this, form.Frame1);
-    setFrameShape(QFrame::StyledPanel);
-    setFrameShadow(QFrame::Raised);
-    setAutoFillBackground(true);
+    : floating_frame(form.Frame1, std::move(act), "Frame1_DblClick", "Command26_Click", parent),
+      form_(form),
+      caption_(new QLabel(this)) {
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(edge, edge, edge, edge);
     layout->setSpacing(8);
@@ -49,41 +44,12 @@ number_frame::number_frame(Tavrel& form, std::function<void(const std::string&)>
     button(0, form.Command7, "(&L)")->setEnabled(form.has_handler("Command7_Click"));
     connect(button(1, form.Command26, "(&C)"), &QPushButton::clicked, this,
             [this] { act_("Command26_Click"); });
-    hide();
 }
 
 void number_frame::sync() {
     if (!form_.Frame1.visible) return hide();
     mirror_text(caption_, screen_line(form_.Frame1.caption));
-    if (!isHidden()) return;
-    adjustSize();
-    const int left = form_.Frame1.place.left / twips_per_pixel;
-    const int top = form_.Frame1.place.top / twips_per_pixel;
-    move(std::clamp(left, 0, std::max(0, parentWidget()->width() - width())),
-         std::clamp(top, 0, std::max(0, parentWidget()->height() - height())));
-    show();
-    raise();
-}
-
-void number_frame::mouseDoubleClickEvent(QMouseEvent*) {
-    act_("Frame1_DblClick");
-}
-
-void number_frame::mousePressEvent(QMouseEvent* event) {
-    grip_ = event->position().toPoint();
-}
-
-void number_frame::mouseMoveEvent(QMouseEvent* event) {
-    const QPoint wanted = pos() + event->position().toPoint() - grip_;
-    move(std::clamp(wanted.x(), 0, std::max(0, parentWidget()->width() - width())),
-         std::clamp(wanted.y(), 0, std::max(0, parentWidget()->height() - height())));
-}
-
-void number_frame::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape)
-        act_("Command26_Click");
-    else
-        QFrame::keyPressEvent(event);
+    if (isHidden()) show_at(QPoint(form_.Frame1.place.left, form_.Frame1.place.top) / twips_per_pixel);
 }
 
 }  // namespace corvane

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "forms/colours.h"
+#include "forms/form_parts.h"
 #include "forms/mirror.h"
 #include "forms/option_list_view.h"
 #include "forms/screen_text.h"
@@ -41,14 +41,6 @@ QLabel* heading(const control& model, char letter, QWidget* buddy) {
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(buddy);
     return label;
-}
-
-template <class Layout>
-Layout* bare_layout(QWidget* owner, int spacing) {
-    auto* layout = new Layout(owner);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(spacing);
-    return layout;
 }
 
 }  // namespace
@@ -201,15 +193,8 @@ void options_window::sync(bool) {
     sync_window();
 }
 
-// On a dark window the empty box of a check mark is lighter than what is around it.
 void options_window::colour_checks() {
-    for (const bound_check& check : checks_) {
-        QPalette colours = palette();
-        if (is_dark(colours))
-            colours.setColor(QPalette::Base, blend(colours.color(QPalette::Window),
-                                                   colours.color(QPalette::WindowText), 0.22));
-        check.box->setPalette(colours);
-    }
+    for (const bound_check& check : checks_) colour_mark(*check.box, palette());
 }
 
 void options_window::changeEvent(QEvent* event) {

@@ -12,6 +12,7 @@ struct outcome {
     bool ok = false;
     std::string reason;    // the system's words when not ok
     bool lacking = false;  // not done because the machine has nothing that does it
+    int number = 0;        // the system's number of the failure, where it has one
 
     explicit operator bool() const { return ok; }
 

@@ -9,6 +9,11 @@ void list_box::clear() {
     ++revision_;
 }
 
+void list_box::take(std::vector<row> rows) {
+    rows_ = std::move(rows);
+    ++revision_;
+}
+
 void list_box::add(std::string words, std::string tip) {
     rows_.push_back({std::move(words), false, false, std::move(tip)});
     ++revision_;

@@ -92,6 +92,8 @@ class list_box : public control {
     // The check mark of a row; whether the rows show one is the front end's choice.
     void check(std::size_t index, bool checked);
     void add_checked(std::string words, bool checked);
+    // All rows at once, in place of those that there are.
+    void take(std::vector<row> rows);
     std::int32_t row_count() const { return static_cast<std::int32_t>(rows_.size()); }
 
     int font_size = 0;                       // points; 0: the front end's own

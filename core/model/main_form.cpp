@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "core/model/export_frames.h"
 #include "core/model/main_menu.h"
 #include "core/model/task_table.h"
 #include "core/settings/data_files.h"
@@ -52,6 +53,7 @@ Tavrel::Tavrel(ports given, std::string program_dir)
       samefile_disp2(add<control>(control_kind::text_box, "samefile_disp2")),
       Text3(add<control>(control_kind::text_box, "Text3")),
       Text4(add<control>(control_kind::text_box, "Text4")),
+      Frame6(add<control>(control_kind::frame, "Frame6")),
       Frame_err(add<control>(control_kind::frame, "Frame_err")),
       txt_disp_err_file(add<control>(control_kind::text_box, "txt_disp_err_file")),
       Check1(add<control>(control_kind::check_box, "Check1")),
@@ -82,6 +84,7 @@ Tavrel::Tavrel(ports given, std::string program_dir)
     }
 
     add_hidden_controls(*this);
+    add_export_frames(*this);
 
     caption = "Corvane";
     help_context = 1001;

@@ -10,6 +10,7 @@
 #include "core/settings/settings.h"
 #include "core/state/capacity_limits.h"
 #include "core/state/clock_state.h"
+#include "core/state/export_state.h"
 #include "core/state/file_columns.h"
 #include "core/state/history_state.h"
 #include "core/state/list_state.h"
@@ -30,6 +31,7 @@ struct run_state : settings,
                    proof_state,
                    trail_state,
                    list_state,
+                   export_state,
                    clock_state,
                    shutdown_state {
     std::string program_dir;          // ends in the separator; every data file is addressed from it

@@ -26,6 +26,11 @@ std::span<const task_entry> task_table() {
         {"", -1, "mnu_same_filename", "mnu_same_filename_Click", "查同名文件", "", "", 0},
         {"", -1, "check_same_1dir_filename", "check_same_1dir_filename_Click", "查同目录同名文件", "", "", 0},
         {"", -1, "search_repeat_dir_name", "search_repeat_dir_name_Click", "查同名目录", "", "", 0},
+        {"", -1, "文件清单_M", "文件清单_M_Click", "导出文本格式的文件清单", "", "", 0},
+        {"", -1, "out_excel_form", "Command33_Click", "导出相同文件清单->Excel", "", "", 0},
+        {"", -1, "相同文件清单_m", "Command8_Click", "察看相同文件清单文本", "", "", 0},
+        {"", -1, "相同文件XLS清单_M", "Command9_Click", "察看相同文件的xls清单", "", "", 0},
+        {"", -1, "tree_select_m", "Command36_Click", "树状目录", "", "", 50},
         {"", -1, "select_m", "select_m_Click", "选项", "", "", 22},
     };
     return tasks;

@@ -27,6 +27,16 @@ constexpr char empty_directories[] = "spasedir.txt";
 constexpr char history[] = "run_history.txt";  // signatures of earlier runs
 constexpr char run_records[] = "run_time_rem.txt";
 
+// What leaves the program for others.
+constexpr char spreadsheet[] = "filelist.xls";
+constexpr char exported_paths[] = "filelist_txt_.txt";
+constexpr char same_files_spreadsheet[] = "相同文件.xls";
+constexpr char tree_text[] = "tree_file_list.txt";
+constexpr char tree_spreadsheet[] = "tree_file_list.xls";
+// All of the above: without a place on the disk they are of no use.
+constexpr const char* exports[] = {spreadsheet, exported_paths, same_files_spreadsheet, tree_text,
+                                   tree_spreadsheet};
+
 // Work to do.
 constexpr char archive_deletions[] = "winrar_del_file.txt";  // entries marked for deletion
 constexpr char archive_members[] = "delrarfile.txt";         // what the archive tool reads

@@ -68,4 +68,30 @@ std::string time_text(const local_time& moment) {
     return three_numbers("%02d:%02d:%02d", moment.hour, moment.minute, moment.second);
 }
 
+void append_date_time(std::string& out, const local_time& moment) {
+    if (moment.year < 0 || moment.year > 9999) {
+        out.append(date_text(moment)).append(1, ' ').append(time_text(moment));
+        return;
+    }
+    char text[] = "0000-00-00 00:00:00";
+    const auto put = [&text](std::size_t end, int number) {
+        for (; number > 0; number /= 10) text[--end] = static_cast<char>('0' + number % 10);
+    };
+    put(4, moment.year);
+    put(7, moment.month);
+    put(10, moment.day);
+    put(13, moment.hour);
+    put(16, moment.minute);
+    put(19, moment.second);
+    out.append(text, sizeof text - 1);
+}
+
+double days_of(const local_time& moment) {
+    const std::chrono::year_month_day date{std::chrono::year(moment.year),
+                                           std::chrono::month(static_cast<unsigned>(moment.month)),
+                                           std::chrono::day(static_cast<unsigned>(moment.day))};
+    const double seconds = moment.hour * 3600.0 + moment.minute * 60.0 + moment.second;
+    return static_cast<double>((std::chrono::sys_days(date) - first_day).count()) + seconds / 86400.0;
+}
+
 }  // namespace corvane

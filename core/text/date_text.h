@@ -18,4 +18,9 @@ bool parse_date(std::string_view text, double& days);
 std::string date_text(const local_time& moment);
 std::string time_text(const local_time& moment);
 
+// Appends both, parted by a blank; without an allocation of its own, for a million lines.
+void append_date_time(std::string& out, const local_time& moment);
+// Days since 1899-12-30, the time as their fraction.
+double days_of(const local_time& moment);
+
 }  // namespace corvane

@@ -66,6 +66,8 @@ class line_writer {
     // False: the old file is whole and error() says why.
     bool finish();
     const std::string& error() const { return state_.reason; }
+    // The first failure, or success.
+    const outcome& result() const { return state_; }
 
   private:
     static constexpr std::size_t block = 256 * std::size_t{1024};

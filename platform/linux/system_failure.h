@@ -10,7 +10,9 @@
 namespace corvane {
 
 inline outcome system_failure(int error = errno) {
-    return outcome::failure(std::strerror(error));
+    outcome failed = outcome::failure(std::strerror(error));
+    failed.number = error;
+    return failed;
 }
 
 }  // namespace corvane

@@ -16,6 +16,7 @@
 #include "core/model/task_table.h"
 #include "core/tasks/core_handlers.h"
 #include "names/name_handlers.h"
+#include "reports/report_handlers.h"
 #include "search/options_menu.h"
 #include "search/search_handlers.h"
 #include "tests/support/test_program.h"
@@ -114,7 +115,8 @@ TEST(Registry, EveryNameThatAWidgetSpeaksOfHasAHandler) {
             const std::string name = (*each)[1];
             // A child window speaks of its own handlers without its name.
             static const std::map<std::string, std::string> own = {{"options_window.cpp", "Form_no_dire."},
-                                                                   {"sleep_window.cpp", "sleep_music."}};
+                                                                   {"sleep_window.cpp", "sleep_music."},
+                                                                   {"tree_window.cpp", "tree_dir."}};
             const auto prefix = own.find(file.path().filename().string());
             EXPECT_TRUE(is_known(p.form, prefix == own.end() ? name : prefix->second + name)) << name;
             ++found;
@@ -129,7 +131,8 @@ TEST(Registry, NoNameIsBoundTwiceByTheTables) {
     std::set<std::string> seen;
     for (const handler_table& table :
          {core_handlers(), search_handlers(), compare_handlers(), browser_handlers(), name_handlers(),
-          cleanup_handlers(), p.corvane.directory_window().handlers(), p.corvane.options_window().handlers(),
+          cleanup_handlers(), report_handlers(), p.corvane.directory_window().handlers(),
+          p.corvane.options_window().handlers(), p.corvane.tree_window().handlers(),
           p.corvane.sleep_window().handlers(), p.corvane.warning_window().handlers()})
         for (const handler& each : table)
             EXPECT_TRUE(seen.insert(folded_name(each.name)).second) << each.name;

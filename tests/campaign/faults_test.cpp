@@ -101,6 +101,23 @@ void desktop_acts(small_world& w) {
         w.form.run(act);
 }
 
+void exports(small_world& w) {
+    w.state.scan_archives = 1;
+    w.select({"/d", "/e"});
+    w.form.run("picture2_Click");
+    w.form.run("Command33_Click");
+    w.form.run("文件清单_M");
+    w.form.run("tree_select_m");
+    tree_form& tree = w.corvane.tree_window();
+    tree.texts[1]->text = "9";
+    tree.checks[1]->value = tree.checks[3]->value = 1;
+    w.form.run("tree_dir.Text7_DblClick");
+    w.form.run("tree_dir.Command1_Click");
+    w.form.run("Picture3_Click");
+    w.form.run("Command9_Click");
+    w.form.run("Command33_Click");
+}
+
 struct named_story {
     const char* name;
     story tell;
@@ -185,7 +202,8 @@ INSTANTIATE_TEST_SUITE_P(Stories, Faults,
                                          named_story{"Names", names, 0, 0},
                                          named_story{"Archives", archives, 7, 0, 0, 7, 3},
                                          named_story{"ArchiveMembers", archive_members, 0, 0, 1, 1, 1},
-                                         named_story{"Desktop", desktop_acts, 0, 0, 0, 60, 4}),
+                                         named_story{"Desktop", desktop_acts, 0, 0, 0, 60, 4},
+                                         named_story{"Exports", exports, 0, 0}),
                          [](const auto& each) { return std::string(each.param.name); });
 
 }  // namespace

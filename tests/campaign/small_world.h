@@ -112,7 +112,8 @@ struct small_world {
             for (const char unit : pairs) lines += unit == '\n';
             if (!pairs.ends_with("\r\n") || lines < 2 || (lines - 2) % 3 != 0) return "相同文件.txt";
         }
-        for (const char* name : {"文件清单.txt", "不相同文件.txt", "spasedir.txt", "run_history.txt"}) {
+        for (const char* name : {"文件清单.txt", "不相同文件.txt", "spasedir.txt", "run_history.txt",
+                                 "filelist.xls", "filelist_txt_.txt", "tree_file_list.txt"}) {
             const std::string text = disk.content_of(std::string("/prog/") + name);
             if (!text.empty() && !text.ends_with("\r\n")) return name;
         }

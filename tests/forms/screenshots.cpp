@@ -15,6 +15,7 @@
 #include "forms/options_window.h"
 #include "forms/row_panel.h"
 #include "forms/sleep_window.h"
+#include "forms/tree_window.h"
 #include "forms/warning_window.h"
 #include "tests/forms/forms_program.h"
 
@@ -182,6 +183,52 @@ void save_boxes(forms_program& shown, folder_of_pictures& pictures) {
     save_deletion(shown, pictures, "Command45_Click", "不删除", {"question_direct"});
 }
 
+// The tree's window with its preview, its suffixes and a month, and the parameters of an export.
+void save_reports(forms_program& shown, folder_of_pictures& pictures) {
+    corvane::tree_form& tree = shown.corvane.tree_window();
+    corvane::run_state& state = shown.form.state;
+    std::string lines;
+    for (const char* path :
+         {"/home/li/文档/报告/第一季度.xlsx", "/home/li/文档/报告/第二季度.xlsx", "/home/li/文档/读我.txt",
+          "/home/li/照片/2023/夏天/封面.jpg", "/home/li/照片/2023/夏天/海边_第一天.jpg",
+          "/home/li/照片/2023/封面.png", "/home/li/下载/安装程序.deb", "/home/li/下载/说明"}) {
+        shown.files.add_file(path, path);
+        lines += std::string(path) + "\r\n";
+    }
+    shown.files.add_file("/prog/文件清单.txt").content = lines;
+    shown.form.run("Command21_Click");
+    state.tree_levels = 4;
+    state.tree_min_kb = 16;
+    state.tree_max_kb = 4096;
+    state.tree_date_from = 44927;
+    state.tree_date_to = 46022;
+    state.tree_show_length = state.tree_show_normal = state.tree_length_filter = 1;
+    state.tree_only_types = "jpg,png";
+    shown.form.run("tree_select_m");
+    pictures.save(shown, &shown.windows.tree(), "tree");
+    shown.form.run("tree_dir.Text7_DblClick");
+    tree.ListView1.selected_row = 4;
+    shown.form.run("tree_dir.ListView1_DblClick");
+    pictures.save(shown, &shown.windows.tree(), "tree_suffixes");
+    tree.ListView1.visible = false;
+    tree.List1.visible = true;
+    tree.checks[6]->value = 1;
+    shown.form.run("tree_dir.Check6_Click");
+    shown.form.run("tree_dir.Text5_DblClick");
+    tree.ProgressBar1.maximum = 100;
+    tree.ProgressBar1.value = 62;
+    tree.ProgressBar1.visible = true;
+    pictures.save(shown, &shown.windows.tree(), "tree_month");
+    tree.ProgressBar1.visible = false;
+    shown.form.run("tree_dir.Form_Unload");
+    shown.form.run("Command26_Click");
+    shown.form.Text3.text = "3";
+    shown.form.Text4.text = "GIF/DLL";
+    shown.form.run("out_sele");
+    pictures.save(shown, &shown.windows.main(), "export_frame");
+    shown.form.run("Frame6_DblClick");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -269,6 +316,7 @@ int main(int argc, char** argv) {
     save_other_views(shown, pictures);
     save_shutdown(shown, pictures);
     save_boxes(shown, pictures);
+    save_reports(shown, pictures);
     if (!pictures.written) std::fputs("a picture could not be written\n", stderr);
     return pictures.written ? 0 : 1;
 }

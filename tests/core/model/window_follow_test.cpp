@@ -10,7 +10,7 @@ namespace {
 struct following : test_program {
     following() {
         form.place = {1000, 1000, 6000, 4000};
-        for (form_model* window : {&tree, &about}) form.add_child(*window);
+        form.add_child(about);
         for (form_model* window : {&tree, &shutdown, &about, &warning}) window->place = {500, 600, 3000, 2000};
         options.place = {500, 600, 3000, 2000};
     }
@@ -20,10 +20,11 @@ struct following : test_program {
     }
     void tick() { form.run("Timer2_Timer"); }
 
-    form_model tree{"tree_dir"}, about{"frmAbout"};
+    form_model about{"frmAbout"};
     form_model& shutdown = corvane.sleep_window();
     form_model& warning = corvane.warning_window();
     form_model& options = corvane.options_window();
+    form_model& tree = corvane.tree_window();
 };
 
 TEST(WindowFollow, MovesByTheMoveAndTheChangeOfWidth) {
@@ -34,7 +35,7 @@ TEST(WindowFollow, MovesByTheMoveAndTheChangeOfWidth) {
     EXPECT_EQ(f.corvane.directory_window().place, (rectangle{7100 + 300 + 200, 1200 - 50, 3000, 2500}));
     EXPECT_EQ(f.shutdown.place, (rectangle{1000, 550, 3000, 2000}));
     EXPECT_EQ(f.options.place, (rectangle{1000, 550, 3000, 2000}));
-    for (const form_model* stays : {&f.tree, &f.about, &f.warning})
+    for (const form_model* stays : std::initializer_list<const form_model*>{&f.tree, &f.about, &f.warning})
         EXPECT_EQ(stays->place, (rectangle{500, 600, 3000, 2000})) << stays->name();
     f.tick();
     EXPECT_EQ(f.shutdown.place.left, 1000) << "one move moves once";

@@ -1,0 +1,28 @@
+// Small parts that the windows of settings share. Used by options_window and tree_window.
+#pragma once
+
+#include <QPalette>
+#include <QWidget>
+
+#include "forms/colours.h"
+
+namespace corvane {
+
+// A layout without margins.
+template <class Layout>
+Layout* bare_layout(QWidget* owner, int spacing) {
+    auto* layout = new Layout(owner);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(spacing);
+    return layout;
+}
+
+// On a dark window the empty box of a check mark is lighter than what is around it.
+inline void colour_mark(QWidget& box, QPalette colours) {
+    if (is_dark(colours))
+        colours.setColor(QPalette::Base,
+                         blend(colours.color(QPalette::Window), colours.color(QPalette::WindowText), 0.22));
+    box.setPalette(colours);
+}
+
+}  // namespace corvane
