@@ -16,6 +16,7 @@
 #include "core/tasks/option_lists.h"
 #include "core/text/text_format.h"
 #include "names/name_handlers.h"
+#include "reports/page_task.h"
 #include "search/search_handlers.h"
 
 namespace corvane {
@@ -56,7 +57,7 @@ program::program(ports outside, std::string program_dir)
 void program::join_handlers() {
     for (const handler_table& table :
          {core_handlers(), search_handlers(), compare_handlers(), browser_handlers(), name_handlers(),
-          cleanup_handlers(), directory_.handlers(), options_.handlers()})
+          cleanup_handlers(), result_page_handlers(program_version), directory_.handlers(), options_.handlers()})
         main_.bind(table);
     main_.bind("exit_sub", [this] { close(); });
     for (const char* name : handlers_to_come())
