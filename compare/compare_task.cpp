@@ -156,7 +156,7 @@ bool store_results(Tavrel& form) {
 void show_closing_message(Tavrel& form, std::int32_t files_checked, double elapsed) {
     const run_state& state = form.state;
     message box;
-    box.title = "检查同内容文件完毕";
+    box.title = comparison_closing_title;
     box.text = "已　检　查:" + std::to_string(files_checked) +
                " 个文件 \r\n相同文件有:" + std::to_string(state.result_count) + "个,占用空间" +
                group_digits(state.same_bytes) + " 字节" + "  用时: " + format_elapsed(elapsed, 1);

@@ -33,8 +33,8 @@ std::int64_t known_checksum(const file_columns& files, std::int32_t i) {
         for (std::size_t at = 0; at < bytes.size(); ++at) bytes[at] = std::byte(signature >> (8 * at) & 0xFF);
         return checksum(std::span(bytes).first(static_cast<std::size_t>(length)));
     }
-    const bool is_whole = length <= signature_block ||
-                          (!files.file_start_crc.empty() && files.file_start_crc[i].has_value());
+    const bool is_whole =
+        length <= signature_block || (!files.file_start_crc.empty() && files.file_start_crc[i].has_value());
     return is_whole ? signature : result_state::no_checksum;
 }
 

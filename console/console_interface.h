@@ -50,6 +50,11 @@ class console_interface : public user_interface {
     screen_size screen() override { return {15360, 11520}; }
     void end_program() override { ended_ = true; }
 
+  protected:
+    void note_failure(const message& shown) { failure_shown_ = failure_shown_ || shown.failure; }
+    // A question has met no answer.
+    void refuse();
+
   private:
     void run_due_acts();
     // Nothing when the queue is empty; the run is then over.

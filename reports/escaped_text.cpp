@@ -12,12 +12,16 @@ namespace {
 
 constexpr char hex_digits[] = "0123456789ABCDEF";
 constexpr char32_t replacement = 0xFFFD;
+// Signs that the program puts in the place of single bytes lie above the first, up to the last.
+constexpr char32_t first_mapped = 0xF000;
+constexpr char32_t last_mapped = 0xF07F;
 
 void append_hex(std::string& out, std::uint32_t number, int digits) {
     for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) out += hex_digits[number >> shift & 0xF];
 }
 
-// Shows nothing, or changes how what follows is shown: controls, marks of direction, breaks, blanks without width.
+// Shows nothing, or changes how what follows is shown: controls, marks of direction, breaks, blanks without
+// width.
 constexpr bool is_unseen(char32_t letter) {
     return letter < 0x20 || (letter >= 0x7F && letter <= 0x9F) || letter == 0xAD || letter == 0x61C ||
            (letter >= 0x200B && letter <= 0x200F) || (letter >= 0x2028 && letter <= 0x202E) ||
@@ -90,18 +94,21 @@ void append_csv_field(std::string& out, std::string_view bytes) {
 
 void append_html_text(std::string& out, std::string_view text) {
     each_letter(text, [&out](char32_t letter, std::size_t length, std::string_view unit) {
-        if (length == 0)
-            append_mark(out, "\\x", letter, 2);
+        const char32_t sign = letter > first_mapped && letter <= last_mapped ? letter - first_mapped : letter;
+        if (length == 0 || (sign != letter && is_unseen(sign)))
+            append_mark(out, "\\x", sign, 2);
         else if (is_unseen(letter))
             append_mark(out, "U+", letter, 4);
-        else if (letter == '&')
+        else if (sign == '&')
             out += "&amp;";
-        else if (letter == '<')
+        else if (sign == '<')
             out += "&lt;";
-        else if (letter == '>')
+        else if (sign == '>')
             out += "&gt;";
-        else if (letter == '"')
+        else if (sign == '"')
             out += "&quot;";
+        else if (sign != letter)
+            append_utf8(out, sign);
         else
             out += unit;
     });

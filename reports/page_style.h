@@ -36,7 +36,7 @@ dd { margin: 0; font-size: 1.5rem; font-weight: 600; line-height: 1.3; font-vari
 table { width: 100%; border-collapse: collapse; }
 th, td { padding: .22rem 0; text-align: left; vertical-align: middle; font-weight: normal; }
 th { width: 34%; padding-right: 1rem; overflow-wrap: anywhere; }
-td.figure { width: 15rem; padding-left: 1rem; text-align: right; white-space: nowrap; font-variant-numeric: tabular-nums; }
+td.figure { width: 1%; padding-left: 1rem; text-align: right; white-space: nowrap; font-variant-numeric: tabular-nums; }
 svg { display: block; width: 100%; height: .85rem; }
 svg .track { fill: var(--track); }
 svg .bar { fill: var(--bar); }
@@ -48,11 +48,10 @@ ol { margin: 0; padding-left: 2.4rem; }
 li { padding: .06rem 0; }
 li::marker { color: var(--soft); font-variant-numeric: tabular-nums; }
 bdi { white-space: pre-wrap; overflow-wrap: anywhere; }
-i { color: var(--mark); font-style: normal; font-size: .85em; border: 1px solid currentColor; border-radius: 3px; padding: 0 .2em; margin: 0 .1em; }
+i { color: var(--mark); font-style: normal; font-size: .85em; border: 1px solid currentColor; border-radius: 3px; padding: 0 .2em; margin: 0 .1em; white-space: nowrap; }
 @media (max-width: 40rem) {
   th { width: 40%; }
-  td.figure { width: auto; }
-  td.figure .soft { display: none; }
+  td.soft { display: none; }
 }
 @media print {
   :root {

@@ -7,8 +7,8 @@
 
 namespace corvane {
 
-// Tells where there is no result, or where the page can be neither written nor opened. Files that have gone since the
-// comparison are left out.
+// Tells where there is no result, or where the page can be neither written nor opened. Files that have gone
+// since the comparison are left out.
 void write_and_open_page(Tavrel& form, const std::string& version);
 
 // `version` is the program's, as the page tells it.

@@ -1,5 +1,5 @@
-// The same-file result for other programs: groups of lines, JSON, CSV, and pairs parted by NUL bytes. Used by the
-// console.
+// The same-file result for other programs: groups of lines, JSON, CSV, and pairs parted by NUL bytes. Used by
+// the console.
 #pragma once
 
 #include <cstdint>
@@ -31,9 +31,9 @@ void write_json(line_writer& out, file_system& files, const result_groups& resul
 // A heading and a row a file: group, length, checksum, modified, path, member.
 void write_csv(line_writer& out, file_system& files, const result_groups& result, const result_facts& facts);
 
-// The two paths of each pair of the store, each closed by a NUL byte. A pair with a member of an archive is left out: it
-// is no path of the disk, and what takes the list may open or remove a file of that name. So is a pair of one path
-// with itself. Returns the number of pairs left out.
+// The two paths of each pair of the store, each closed by a NUL byte. A pair with a member of an archive is
+// left out: it is no path of the disk, and what takes the list may open or remove a file of that name. So is
+// a pair of one path with itself. Returns the number of pairs left out.
 std::int64_t write_null_pairs(line_writer& out, file_system& files, const std::string& store,
                               const result_facts& facts);
 

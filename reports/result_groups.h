@@ -1,5 +1,5 @@
-// Groups of equal files, put together from the pairs of the stored result. What the console's formats and the page
-// are written from.
+// Groups of equal files, put together from the pairs of the stored result. What the console's formats and the
+// page are written from.
 #pragma once
 
 #include <cstdint>
@@ -34,12 +34,12 @@ struct result_groups {
     std::int64_t spare_bytes() const;
 };
 
-// Pairs that share a path belong to one group, in whatever order they stand. A path stands in its group once. Left out
-// are a pair of one path with itself, a blank path, and a pair of another length than an earlier one that has a path
-// in common with it: no comparison writes such.
+// Pairs that share a path belong to one group, in whatever order they stand. A path stands in its group once.
+// Left out are a pair of one path with itself, a blank path, and a pair of another length than an earlier one
+// that has a path in common with it: no comparison writes such.
 //
-// `checksums`: of the n-th pair, -1 where it is not known; may be shorter than the store. `keeps`, if set, is asked of
-// each path once; a group of which fewer than two are kept is left out.
+// `checksums`: of the n-th pair, -1 where it is not known; may be shorter than the store. `keeps`, if set, is
+// asked of each path once; a group of which fewer than two are kept is left out.
 result_groups read_result_groups(file_system& files, const std::string& store,
                                  const column<std::int64_t>& checksums = {},
                                  const std::function<bool(std::string_view)>& keeps = {});

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdio>
 
-#include "core/text/shown_text.h"
 #include "reports/escaped_text.h"
 #include "reports/page_style.h"
 #include "reports/result_shares.h"
@@ -18,7 +17,7 @@ constexpr std::size_t most_bars = 12;
 
 std::string html(std::string_view text) {
     std::string escaped;
-    append_html_text(escaped, shown_text(text));
+    append_html_text(escaped, text);
     return escaped;
 }
 
@@ -79,15 +78,18 @@ class page_writer {
         const double part = largest > 0 ? static_cast<double>(share.bytes) / static_cast<double>(largest) : 0;
         std::snprintf(width, sizeof width, "%.2f", share.bytes > 0 ? std::max(0.4, part * 100) : 0.0);
         char percent[32];
-        std::snprintf(
-            percent, sizeof percent, "%.1f%%",
-            sum > 0 ? 100 * static_cast<double>(share.bytes) / static_cast<double>(sum) : 0.0);
+        std::snprintf(percent, sizeof percent, "%.1f%%",
+                      sum > 0 ? 100 * static_cast<double>(share.bytes) / static_cast<double>(sum) : 0.0);
         add("<tr><th scope=\"row\">" + label +
             "</th><td><svg viewBox=\"0 0 100 10\" preserveAspectRatio=\"none\" aria-hidden=\"true\">"
             "<rect class=\"track\" width=\"100\" height=\"10\"/><rect class=\"bar\" width=\"" +
-            width + "\" height=\"10\"/></svg></td><td class=\"figure\">" + size_words(share.bytes) +
-            " <span class=\"soft\">" + percent + " · " + grouped_number(share.files) +
-            " 个文件</span></td></tr>\n");
+            width + "\" height=\"10\"/></svg></td>" + figure(size_words(share.bytes)) +
+            figure(percent, "figure soft") + figure(grouped_number(share.files) + " 个文件", "figure soft") +
+            "</tr>\n");
+    }
+
+    static std::string figure(const std::string& text, const char* kind = "figure") {
+        return std::string("<td class=\"") + kind + "\">" + text + "</td>";
     }
 
     void bars(const char* title, const std::vector<byte_share>& shares, const char* without_label) {
@@ -98,7 +100,8 @@ class page_writer {
         for (std::size_t i = 0; i < shares.size(); ++i) {
             const byte_share& share = shares[i];
             if (i < most_bars) {
-                bar(share.label.empty() ? without_label : html_path(share.label), share, shares[0].bytes, sum);
+                bar(share.label.empty() ? without_label : html_path(share.label), share, shares[0].bytes,
+                    sum);
                 continue;
             }
             rest.bytes += share.bytes;

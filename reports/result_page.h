@@ -1,5 +1,5 @@
-// The result as a page to look at: one HTML file that needs nothing beside it, no network and no script. Written by
-// the console and by the task that opens it in a browser.
+// The result as a page to look at: one HTML file that needs nothing beside it, no network and no script.
+// Written by the console and by the task that opens it in a browser.
 #pragma once
 
 #include <cstdint>

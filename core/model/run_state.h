@@ -42,8 +42,8 @@ struct run_state : settings,
     std::string shutdown_action_text;
 
     capacity_limits limits;
-    // Lines of the settings file that are written as they stand here, by their numbers: their settings hold for
-    // this run only.
+    // Lines of the settings file that are written as they stand here, by their numbers: their settings hold
+    // for this run only.
     std::map<int, std::string> held_lines;
 
     run_state() = default;

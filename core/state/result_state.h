@@ -20,7 +20,8 @@ struct result_state {
     std::int32_t result_count = 0;
     // Files of the comparison that wrote the store; 0 when this run of the program has written none.
     std::int32_t compared_files = 0;
-    // Of each pair of the store as the comparison wrote it, in its order: the CRC-32 of the content, or no_checksum.
+    // Of each pair of the store as the comparison wrote it, in its order: the CRC-32 of the content, or
+    // no_checksum.
     static constexpr std::int64_t no_checksum = -1;
     column<std::int64_t> pair_checksum;
     double same_bytes = 0;
@@ -33,8 +34,8 @@ struct result_state {
     text_column name_key;
     column<std::int32_t> name_index;
 
-    // The pairs that the view in the list was filled from. Of the view alone: walk, stored list and comparison
-    // have columns of their own.
+    // The pairs that the view in the list was filled from. Of the view alone: walk, stored list and
+    // comparison have columns of their own.
     std::int32_t same_count = 0;
     column<std::int64_t> result_length;  // of the same-file view
     text_column result_file1;
