@@ -57,7 +57,8 @@ program::program(ports outside, std::string program_dir)
 void program::join_handlers() {
     for (const handler_table& table :
          {core_handlers(), search_handlers(), compare_handlers(), browser_handlers(), name_handlers(),
-          cleanup_handlers(), result_page_handlers(program_version), directory_.handlers(), options_.handlers()})
+          cleanup_handlers(), result_page_handlers(program_version), directory_.handlers(),
+          options_.handlers()})
         main_.bind(table);
     main_.bind("exit_sub", [this] { close(); });
     for (const char* name : handlers_to_come())

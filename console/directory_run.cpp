@@ -31,11 +31,12 @@ std::string seconds_words(double seconds) {
 }  // namespace
 
 directory_run::directory_run(program& corvane, plain_interface& screen, plain_words& words,
-                             const command_line& asked)
+                             const command_line& asked, std::FILE* output)
     : program_(corvane),
       screen_(screen),
       words_(words),
       asked_(asked),
+      output_(output),
       form_(corvane.main_form()),
       state_(form_.state),
       progress_(form_, stderr),
@@ -112,7 +113,7 @@ int directory_run::print() {
     // What was interrupted before is printed; an interrupt from here on ends the printing.
     const bool was_interrupted = interrupted();
     line_writer out(outcome_with<file_writer>(std::make_unique<stream_writer>(
-        stdout, [was_interrupted] { return interrupted() && !was_interrupted; }, nobody_reads)));
+        output_, [was_interrupted] { return interrupted() && !was_interrupted; }, nobody_reads)));
     write(out, result);
     const bool written = out.finish();
     if (nobody_reads) return status_closed_pipe;

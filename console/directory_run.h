@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -17,8 +18,9 @@ namespace corvane {
 
 class directory_run {
   public:
-    // All outlive the run. The program has been started.
-    directory_run(program& corvane, plain_interface& screen, plain_words& words, const command_line& asked);
+    // All outlive the run. The program has been started. The result goes to `output`.
+    directory_run(program& corvane, plain_interface& screen, plain_words& words, const command_line& asked,
+                  std::FILE* output);
 
     // Returns the exit status. The program is closed then.
     int run();
@@ -42,6 +44,7 @@ class directory_run {
     plain_interface& screen_;
     plain_words& words_;
     const command_line& asked_;
+    std::FILE* output_;
     Tavrel& form_;
     run_state& state_;
     progress_line progress_;

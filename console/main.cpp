@@ -66,7 +66,7 @@ int run_directories(const command_line& given, plain_words& words) {
     plain_shell shell(words, desktop);
     program corvane({files, shell, shell, screen, encodings}, program_directory(given));
     if (!corvane.start()) return status_failed;
-    return directory_run(corvane, screen, words, given).run();
+    return directory_run(corvane, screen, words, given, stdout).run();
 }
 
 int run_script(const command_line& given, plain_words& words) {

@@ -96,20 +96,19 @@ class page_writer {
         add(std::string("<section>\n<h2>相同文件的字节：") + title + "</h2>\n<table>\n");
         std::int64_t sum = 0;
         for (const byte_share& share : shares) sum += share.bytes;
+        const std::size_t own = std::min(shares.size(), most_bars);
         byte_share rest;
-        for (std::size_t i = 0; i < shares.size(); ++i) {
-            const byte_share& share = shares[i];
-            if (i < most_bars) {
-                bar(share.label.empty() ? without_label : html_path(share.label), share, shares[0].bytes,
-                    sum);
-                continue;
-            }
-            rest.bytes += share.bytes;
-            rest.files += share.files;
+        for (std::size_t i = own; i < shares.size(); ++i) {
+            rest.bytes += shares[i].bytes;
+            rest.files += shares[i].files;
         }
+        const std::int64_t largest = std::max(rest.bytes, shares[0].bytes);
+        for (std::size_t i = 0; i < own; ++i)
+            bar(shares[i].label.empty() ? without_label : html_path(shares[i].label), shares[i], largest,
+                sum);
         if (rest.files > 0)
-            bar("其余 " + grouped_number(static_cast<std::int64_t>(shares.size() - most_bars)) + " 项", rest,
-                std::max(rest.bytes, shares[0].bytes), sum);
+            bar("其余 " + grouped_number(static_cast<std::int64_t>(shares.size() - own)) + " 项", rest,
+                largest, sum);
         add("</table>\n</section>\n");
     }
 

@@ -31,6 +31,7 @@ void keep_closed_pipes_as_errors() {
 }
 
 void note_interrupts() {
+    interrupt_seen = 0;
     struct sigaction before {};
     sigaction(SIGINT, nullptr, &before);
     if (before.sa_handler == SIG_IGN) return;

@@ -14,8 +14,8 @@ bool is_terminal(std::FILE* stream);
 // A closed pipe is then an error of the write to it and no longer the end of the process.
 void keep_closed_pipes_as_errors();
 
-// From now on the first interrupt is only noted; the next one ends the process as ever. Where interrupts were
-// ignored when the program started, they still are.
+// From now on, and as if there had been none before, the first interrupt is only noted; the next one ends the
+// process as ever. Where interrupts were ignored when the program started, they still are.
 void note_interrupts();
 bool interrupted();
 

@@ -249,6 +249,9 @@ with tempfile.TemporaryDirectory(prefix="corvane_formats_") as root:
     for side in (b"l", b"m", b"n"):
         write(side + b"/long", b"long" * 30_000)
         write(side + b"/block", b"z" * 65536)
+        # Up to four bytes are their own signature.
+        for tiny in (b"\x00", b"\xff\xff\xff\xff", b"ab", b"\x00\x01\x02"):
+            write(side + b"/tiny%d" % len(tiny), tiny)
     write(b"alone", b"nobody else has this")
     check_all(program_dir, top)
 
@@ -284,8 +287,11 @@ with tempfile.TemporaryDirectory(prefix="corvane_formats_") as root:
     os.makedirs(boxed)
     with zipfile.ZipFile(os.path.join(boxed, "z.zip"), "w") as box:
         box.writestr("in,side/ä.txt", b"the same in and out")
+        box.writestr("long", b"long" * 40_000)
     with open(os.path.join(boxed, "out.txt"), "wb") as file:
         file.write(b"the same in and out")
+    with open(os.path.join(boxed, "long"), "wb") as file:
+        file.write(b"long" * 40_000)
     arguments = ("--search-archives", boxed)
     archive = os.path.join(boxed, "z.zip")
     told = json.loads(run(program_dir, "--format", "json", *arguments).stdout)
@@ -293,13 +299,15 @@ with tempfile.TemporaryDirectory(prefix="corvane_formats_") as root:
     member = next(file for file in files if "member" in file)
     expect("member", (member["path"], member["member"], member["modified"]), (archive + "*in,side/ä.txt", "in,side/ä.txt", None))
     expect("its checksum", told["groups"][0]["checksum"], f"{zlib.crc32(b'the same in and out'):08x}")
+    expect("of a long one, too", told["groups"][1].get("checksum"), f"{zlib.crc32(b'long' * 40_000):08x}")
     expect("its partner", [file["path"] for file in files if "member" not in file], [os.path.join(boxed, "out.txt")])
     rows = list(csv.reader(io.StringIO(run(program_dir, "--format", "csv", *arguments).stdout.decode(), newline="")))
     expect("member in csv", {(row[4], row[5]) for row in rows[1:]},
-           {(archive + "*in,side/ä.txt", "in,side/ä.txt"), (os.path.join(boxed, "out.txt"), "")})
+           {(archive + "*in,side/ä.txt", "in,side/ä.txt"), (os.path.join(boxed, "out.txt"), ""),
+            (archive + "*long", "long"), (os.path.join(boxed, "long"), "")})
     found = run(program_dir, "--format", "null", *arguments)
     expect("no member in null", found.stdout, b"")
-    expect("which is said", b"1 pairs with members of archives are left out" in found.stderr, True)
+    expect("which is said", b"2 pairs with members of archives are left out" in found.stderr, True)
     expect("without the option no member", run(program_dir, "--format", "null", boxed).stdout, b"")
 
 finish()
