@@ -88,7 +88,10 @@ int run_script(const command_line& given, plain_words& words) {
     program corvane({files, shell, shell, screen, encodings}, program_directory(given));
     if (!corvane.start()) return status_failed;
     script_runner runner(corvane, screen, output);
-    return runner.run(*given.script == "-" ? std::cin : script_file);
+    const int status = runner.run(*given.script == "-" ? std::cin : script_file);
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
+    words.say_failure("standard output could not be written");
+    return status == status_done ? status_failed : status;
 }
 
 }  // namespace

@@ -167,6 +167,11 @@ with tempfile.TemporaryDirectory(prefix="corvane_run_") as root:
     with open("/dev/full", "wb") as full:
         found = run("--help", stdout=full)
     expect("help to a full disk", (found.returncode, found.stderr.count(b"\n")), (1, 1))
+    with open("/dev/full", "wb") as full:
+        found = subprocess.run([console, *with_folder, "--script", "-"], input=b"show file_count\n", stdout=full,
+                               stderr=subprocess.PIPE, timeout=120)
+    expect("a script's output to a full disk", (found.returncode, found.stderr),
+           (1, b"corvane-console: standard output could not be written\n"))
     head = subprocess.run(["bash", "-c", '"$0" "$@" | head -1; exit ${PIPESTATUS[0]}', console, *with_folder, "--quiet", top],
                           capture_output=True, timeout=120)
     expect("head", (head.returncode in (0, 141), head.stdout.count(b"\n"), head.stderr), (True, 1, b""))
