@@ -103,7 +103,7 @@ std::string read_command_line(std::span<const char* const> arguments, command_li
         }
         if (!has_value && i + 1 == arguments.size()) return std::string(option->name) + " needs a value";
         const std::string_view value = has_value ? argument.substr(equals + 1) : arguments[++i];
-        if (const std::string wrong = take_value(*option, value, read); !wrong.empty()) return wrong;
+        if (std::string wrong = take_value(*option, value, read); !wrong.empty()) return wrong;
     }
     return check_form(given, read);
 }

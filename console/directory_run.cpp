@@ -106,7 +106,10 @@ void directory_run::interrupt() {
 }
 
 int directory_run::print() {
-    if (state_.compared_files == 0) return interrupted() ? status_interrupted : status_failed;
+    if (state_.compared_files == 0) {
+        if (interrupted()) words_.say("interrupted before files were compared");
+        return interrupted() ? status_interrupted : status_failed;
+    }
     const result_groups result =
         read_result_groups(form_.outside.files, state_.same_file_path, state_.pair_checksum);
     bool nobody_reads = false;

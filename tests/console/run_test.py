@@ -210,7 +210,7 @@ with tempfile.TemporaryDirectory(prefix="corvane_run_") as root:
     with open(place, "wb") as output:
         began = time.monotonic()
         here = terminal_run(output, "--program-dir", program_dir, "--progress", top)
-        here.wait_for(rb"comparing  ([2-9]|\d\d) %")
+        here.wait_for(rb"comparing  ([2-9]|\d\d) %[^\r]* left")
         here.process.send_signal(signal.SIGINT)
         expect("status of an interrupt", here.end(), 130)
         shown_for = time.monotonic() - began
