@@ -18,6 +18,7 @@
 #include "core/tasks/option_lists.h"
 #include "core/text/text_format.h"
 #include "names/name_handlers.h"
+#include "reports/page_task.h"
 #include "reports/report_handlers.h"
 #include "search/search_handlers.h"
 
@@ -70,8 +71,9 @@ program::program(ports outside, std::string program_dir)
 void program::join_handlers() {
     for (const handler_table& table :
          {core_handlers(), search_handlers(), compare_handlers(), browser_handlers(), name_handlers(),
-          cleanup_handlers(), report_handlers(), directory_.handlers(), options_.handlers(), tree_.handlers(),
-          shutdown_.handlers(), sleep_.handlers(), warning_.handlers()})
+          cleanup_handlers(), report_handlers(), result_page_handlers(program_version), directory_.handlers(),
+          options_.handlers(), tree_.handlers(), shutdown_.handlers(), sleep_.handlers(),
+          warning_.handlers()})
         main_.bind(table);
     main_.bind("exit_sub", [this] { close(); });
     for (const char* name : handlers_to_come())

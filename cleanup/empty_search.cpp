@@ -44,7 +44,7 @@ bool store_empty(Tavrel& form, const empty_walk& walk, std::int32_t finished, st
 void report_limit(Tavrel& form, std::int32_t visited) {
     std::string words = "目录太多，只查找了前 ";
     words.append(std::to_string(visited)).append(" 个目录。");
-    form.complain(words);
+    form.inform(words);
 }
 
 void find_empty_directories(Tavrel& form) {

@@ -99,7 +99,7 @@ void show_directories(Tavrel& form) {
     }
     if (!cut) return;
     std::string words = "空目录太多，只显示前 ";
-    form.complain(words.append(std::to_string(state.empty_dir_count)).append(" 个。"));
+    form.inform(words.append(std::to_string(state.empty_dir_count)).append(" 个。"));
 }
 
 }  // namespace

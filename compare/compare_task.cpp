@@ -96,13 +96,14 @@ bool store_history(Tavrel& form) {
 // Up to the first file of the comparison. False when quit_requested was met.
 bool prepare(Tavrel& form) {
     run_state& state = form.state;
-    if (state.file_count > history_threshold) {
+    if (state.file_count > history_threshold && !state.history_off) {
         if (!load_history(form)) return false;
     } else {
         state.history_count = 0;
     }
     form.RichTextBox2.visible = true;
     state.file_list_loaded = 0;
+    state.compared_files = 0;
     form.panel(1, "文件数:" + std::to_string(state.file_count));
     form.panel(4, "");
     form.panel(7, "查相同文件_核对属性");
@@ -144,7 +145,8 @@ bool store_results(Tavrel& form) {
     // Without a pair there is no store, and one that could not be written is that of an earlier run.
     state.same_fresh_flag = 0;
     bool written = write_same_files(form) && write_different_files(form);
-    if (written && state.file_count > history_threshold) written = store_history(form);
+    state.compared_files = written ? state.file_count : 0;
+    if (written && state.file_count > history_threshold && !state.history_off) written = store_history(form);
     form.pic_gressbar1.visible = false;
     form.Command28.visible = false;
     if (written && state.result_count > 0) state.same_fresh_flag = -1;
@@ -154,7 +156,7 @@ bool store_results(Tavrel& form) {
 void show_closing_message(Tavrel& form, std::int32_t files_checked, double elapsed) {
     const run_state& state = form.state;
     message box;
-    box.title = "检查同内容文件完毕";
+    box.title = comparison_closing_title;
     box.text = "已　检　查:" + std::to_string(files_checked) +
                " 个文件 \r\n相同文件有:" + std::to_string(state.result_count) + "个,占用空间" +
                group_digits(state.same_bytes) + " 字节" + "  用时: " + format_elapsed(elapsed, 1);

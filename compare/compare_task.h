@@ -5,6 +5,9 @@ namespace corvane {
 
 class Tavrel;
 
+// Title of the box that tells what was found.
+constexpr char comparison_closing_title[] = "检查同内容文件完毕";
+
 void Picture3_Click(Tavrel& form);
 
 // The cancel button: the running task ends at its next look.

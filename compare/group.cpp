@@ -13,13 +13,6 @@
 
 namespace corvane {
 
-namespace {
-
-constexpr std::int64_t signature_block = 65536;
-constexpr std::int64_t direct_signature_length = 4;  // up to this length the bytes are the signature
-
-}  // namespace
-
 file_group::file_group(file_system& disk, file_columns& files, group_events events)
     : disk_(disk), files_(files), events_(std::move(events)), same_suffix_only_(!files.file_ext.empty()) {}
 

@@ -26,6 +26,11 @@ struct group_events {
     std::function<void(std::string_view path)> shows;
 };
 
+// Bytes of a file's start that a signature is the checksum of.
+constexpr std::int64_t signature_block = 65536;
+// Up to this length the bytes themselves are the signature, the first one lowest.
+constexpr std::int64_t direct_signature_length = 4;
+
 enum class sameness {
     different,
     by_rule,   // equal signatures, or name, time and signature: the contents themselves were not compared

@@ -1,7 +1,13 @@
 #include "compare/result_store.h"
 
+#include <array>
+#include <cstddef>
+#include <span>
 #include <string>
 
+#include "compare/group.h"
+#include "core/archives/archive_entry.h"
+#include "core/archives/checksum.h"
 #include "core/model/main_form.h"
 #include "core/settings/data_files.h"
 #include "core/tasks/progress.h"
@@ -13,10 +19,35 @@ namespace corvane {
 namespace {
 constexpr std::int32_t rows_per_status = 101;
 constexpr std::int32_t files_per_status = 1000;
+
+// The CRC-32 of a file's content, where the comparison has come to know it.
+std::int64_t known_checksum(const file_columns& files, std::int32_t i) {
+    const auto signature = static_cast<std::uint32_t>(files.file_crc[i]);
+    const std::int64_t length = files.file_len[i];
+    if (length == 0) return 0;
+    if (is_archive_member(files.file_list[i])) return signature;
+    // No signature was taken, or it happens to be 0, which reads the same.
+    if (signature == 0) return result_state::no_checksum;
+    if (length <= direct_signature_length) {
+        std::array<std::byte, direct_signature_length> bytes{};
+        for (std::size_t at = 0; at < bytes.size(); ++at) bytes[at] = std::byte(signature >> (8 * at) & 0xFF);
+        return checksum(std::span(bytes).first(static_cast<std::size_t>(length)));
+    }
+    const bool is_whole =
+        length <= signature_block || (!files.file_start_crc.empty() && files.file_start_crc[i].has_value());
+    return is_whole ? signature : result_state::no_checksum;
+}
+
+std::int64_t known_checksum(const file_columns& files, std::int32_t a, std::int32_t b) {
+    const std::int64_t first = known_checksum(files, a);
+    return first != result_state::no_checksum ? first : known_checksum(files, b);
+}
+
 }  // namespace
 
 bool write_same_files(Tavrel& form) {
     run_state& state = form.state;
+    state.pair_checksum.clear();
     if (state.result_count == 0) {
         form.outside.files.remove_data_file(state.same_file_path);
         return true;
@@ -32,6 +63,7 @@ bool write_same_files(Tavrel& form) {
         writer.number(state.file_len[a]);
         writer.line(state.file_list[a]);
         writer.line(state.file_list[b]);
+        state.pair_checksum.push_back(known_checksum(state, a, b));
         if (n % rows_per_status == 0) form.pic_gressbar1.draw(n);
     }
     if (writer.finish()) return true;

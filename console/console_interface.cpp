@@ -31,10 +31,14 @@ void console_interface::run_due_acts() {
     }
 }
 
+void console_interface::refuse() {
+    question_unanswered_ = true;
+    if (unanswered_) unanswered_();
+}
+
 std::optional<std::string> console_interface::next_answer() {
     if (answers_.empty()) {
-        question_unanswered_ = true;
-        if (unanswered_) unanswered_();
+        refuse();
         return {};
     }
     std::string answer = std::move(answers_.front());
@@ -48,7 +52,7 @@ box_answer console_interface::show_message(const message& message) {
     output_.record({"message", message.title, message.text, question ? "yesno" : "ok",
                     std::to_string(message.help_context)});
     output_.flush();
-    failure_shown_ = failure_shown_ || message.failure;
+    note_failure(message);
     if (!question) return box_answer::ok;
     const std::optional<std::string> answer = next_answer();
     if (!answer || *answer == "cancel") return box_answer::dismissed;

@@ -51,6 +51,11 @@ class console_interface : public user_interface {
     void hold_boxes(bool held) override { boxes_held_ = held; }
     void end_program() override { ended_ = true; }
 
+  protected:
+    void note_failure(const message& shown) { failure_shown_ = failure_shown_ || shown.failure; }
+    // A question has met no answer.
+    void refuse();
+
   private:
     void run_due_acts();
     // Nothing when the queue is empty; the run is then over.

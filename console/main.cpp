@@ -1,66 +1,39 @@
 // corvane-console: the program without windows, for scripts, servers, tests and measurements.
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <memory>
+#include <span>
 #include <string>
-#include <vector>
 
 #include "app/program.h"
+#include "app/version.h"
 #include "console/console_interface.h"
+#include "console/directory_run.h"
+#include "console/option_table.h"
+#include "console/option_texts.h"
+#include "console/plain_interface.h"
+#include "console/plain_shell.h"
+#include "console/plain_words.h"
 #include "console/printing_shell.h"
 #include "console/records.h"
 #include "console/script.h"
-#include "console/typed_path.h"
-#include "core/text/text_file.h"
-#include "core/text/text_format.h"
-#include "core/walk/directory_filter.h"
+#include "console/stream_writer.h"
 #include "platform/desktop/desktop_power.h"
 #include "platform/desktop/desktop_shell.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_text_encoding.h"
 #include "platform/linux/name_mapping.h"
+#include "platform/linux/standard_streams.h"
 
 namespace corvane {
 
 namespace {
 
-constexpr char usage[] =
-    "usage: corvane-console [--program-dir DIR] DIRECTORY...\n"
-    "       corvane-console [--program-dir DIR] [--dry-shell] --script FILE\n";
-
-struct options {
-    std::string program_dir;
-    std::string script;
-    bool has_script = false;
-    bool dry_shell = false;
-    std::vector<std::string> directories;
-};
-
-bool parse_options(int count, char** arguments, options& parsed) {
-    bool only_directories = false;
-    for (int i = 1; i < count; ++i) {
-        const std::string argument = arguments[i];
-        const bool has_value = i + 1 < count;
-        if (only_directories || argument.empty() || argument[0] != '-')
-            parsed.directories.push_back(argument);
-        else if (argument == "--")
-            only_directories = true;
-        else if (argument == "--dry-shell")
-            parsed.dry_shell = true;
-        else if (argument == "--program-dir" && has_value)
-            parsed.program_dir = arguments[++i];
-        else if (argument == "--script" && has_value) {
-            parsed.script = arguments[++i];
-            parsed.has_script = true;
-        } else
-            return false;
-    }
-    return parsed.has_script ? parsed.directories.empty() : !parsed.directories.empty();
-}
-
-std::string program_directory(const options& given) {
+std::string program_directory(const command_line& given) {
     std::error_code error;
     std::string directory =
         given.program_dir.empty()
@@ -70,66 +43,42 @@ std::string program_directory(const options& given) {
     return to_text(directory);
 }
 
-// One pair a line, as the result store has them.
-void print_pairs(program& corvane) {
-    run_state& state = corvane.main_form().state;
-    if (state.result_count == 0) return;
-    line_reader store(corvane.main_form().outside.files, state.same_file_path);
-    record_output output(stdout);
-    std::string_view text;
-    std::string line;
-    store.next(text);
-    store.next(text);
-    while (store.next(text)) {
-        line = std::to_string(parse_number(text));
-        for (int path = 0; path < 2 && store.next(text); ++path) append_field(line += '\t', text);
-        output.line(line);
-    }
-    output.flush();
+// To standard output; the exit status.
+int print(const std::string& text, plain_words& words) {
+    keep_closed_pipes_as_errors();
+    bool nobody_reads = false;
+    line_writer out(outcome_with<file_writer>(std::make_unique<stream_writer>(
+        stdout, [] { return false; }, nobody_reads)));
+    out.add(text);
+    if (out.finish()) return status_done;
+    if (nobody_reads) return status_closed_pipe;
+    words.say_failure("standard output: " + out.error());
+    return status_failed;
 }
 
-int compare_directories(program& corvane, console_interface& screen,
-                        const std::vector<std::string>& directories) {
-    Tavrel& form = corvane.main_form();
-    std::vector<std::string> paths;
-    for (const std::string& directory : directories) {
-        const std::string path = absolute_path(directory);
-        if (!form.outside.files.attributes(path).directory) {
-            std::fprintf(stderr, "%s  不存在\n", directory.c_str());
-            return status_failed;
-        }
-        paths.push_back(path);
-    }
-    screen.set_unanswered([&form] { form.state.quit_requested = -1; });
-    form.run("Picture1_Click");
-    corvane.directory_window().clear_list();
-    corvane.directory_window().add_paths(paths);
-    corvane.directory_window().Command34_Click();
-    form.run("search_check_m_Click");
-    if (screen.question_unanswered()) return status_unanswered;
-    if (screen.failure_shown()) return status_failed;
-    print_pairs(corvane);
-    corvane.close();
-    return status_done;
+int run_directories(const command_line& given, plain_words& words) {
+    keep_closed_pipes_as_errors();
+    record_output records(stderr);
+    plain_interface screen(records, words);
+    linux_file_system files;
+    linux_text_encoding encodings;
+    desktop_shell desktop;
+    plain_shell shell(words, desktop);
+    program corvane({files, shell, shell, screen, encodings}, program_directory(given));
+    if (!corvane.start()) return status_failed;
+    return directory_run(corvane, screen, words, given, stdout).run();
 }
 
-}  // namespace
-
-int console_main(int count, char** arguments) {
-    options given;
-    if (!parse_options(count, arguments, given)) {
-        std::fputs(usage, stderr);
-        return status_usage;
-    }
+int run_script(const command_line& given, plain_words& words) {
     std::ifstream script_file;
-    if (given.has_script && given.script != "-") {
-        script_file.open(given.script, std::ios::binary);
+    if (*given.script != "-") {
+        script_file.open(*given.script, std::ios::binary);
         if (!script_file) {
-            std::fprintf(stderr, "%s: %s\n", given.script.c_str(), std::strerror(errno));
+            words.say_failure(*given.script + ": " + std::strerror(errno));
             return status_usage;
         }
     }
-    record_output output(given.has_script ? stdout : stderr);
+    record_output output(stdout);
     console_interface screen(output);
     linux_file_system files;
     linux_text_encoding encodings;
@@ -138,13 +87,32 @@ int console_main(int count, char** arguments) {
     printing_shell shell(output, desktop, machine, given.dry_shell);
     program corvane({files, shell, shell, screen, encodings}, program_directory(given));
     if (!corvane.start()) return status_failed;
-    if (!given.has_script) return compare_directories(corvane, screen, given.directories);
     script_runner runner(corvane, screen, output);
-    return runner.run(given.script == "-" ? std::cin : script_file);
+    const int status = runner.run(*given.script == "-" ? std::cin : script_file);
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
+    words.say_failure("standard output could not be written");
+    return status == status_done ? status_failed : status;
+}
+
+}  // namespace
+
+int console_main(std::span<const char* const> arguments) {
+    hold_standard_streams();
+    command_line given;
+    const std::string wrong = read_command_line(arguments, given);
+    plain_words words(stderr, given.quiet);
+    if (!wrong.empty()) {
+        words.say_failure(wrong + "; see corvane-console --help");
+        return status_usage;
+    }
+    if (given.help) return print(help_text(), words);
+    if (given.version) return print(std::string("corvane-console ") + program_version + "\n", words);
+    return given.script ? run_script(given, words) : run_directories(given, words);
 }
 
 }  // namespace corvane
 
 int main(int count, char** arguments) {
-    return corvane::console_main(count, arguments);
+    return corvane::console_main(
+        std::span<const char* const>(arguments, static_cast<std::size_t>(count)).subspan(1));
 }

@@ -24,6 +24,7 @@ int script_runner::run(std::istream& lines) {
     }
     program_.close();
     output_.flush();
+    if (status_ == status_done && screen_.failure_shown()) status_ = status_failed;
     return status_;
 }
 

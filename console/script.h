@@ -13,7 +13,14 @@
 namespace corvane {
 
 // Exit statuses of the console.
-enum console_status { status_done = 0, status_failed = 1, status_usage = 2, status_unanswered = 3 };
+enum console_status {
+    status_done = 0,
+    status_failed = 1,
+    status_usage = 2,
+    status_unanswered = 3,
+    status_interrupted = 130,
+    status_closed_pipe = 141
+};
 
 class script_runner {
   public:

@@ -62,7 +62,7 @@ std::int32_t walk_directory_names(Tavrel& form) {
     const std::span<std::string> selected = state.selected_dirs.range(1, state.selected_dir_count);
     const walk_result result = walk_tree(form.outside.files, selected, state.dir_queue, rules, visitor);
     const std::int32_t found = state.dir_queue.size();
-    if (result.limit_reached) form.complain("目录太多，只查前 " + std::to_string(found) + " 个目录。");
+    if (result.limit_reached) form.inform("目录太多，只查前 " + std::to_string(found) + " 个目录。");
     return found;
 }
 

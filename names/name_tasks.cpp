@@ -69,7 +69,7 @@ void close_task(Tavrel& form, const closing_words& words, std::int32_t checked, 
                std::to_string(state.result_count) + "个" + "  用时: " + format_elapsed(elapsed, 1);
     box.icon = box_icon::information;
     form.outside.screen.show_message(box);
-    if (!complete) form.complain("同名的太多，只显示前 " + std::to_string(state.result_count) + " 条。");
+    if (!complete) form.inform("同名的太多，只显示前 " + std::to_string(state.result_count) + " 条。");
 }
 
 // The list as the search left it, or a new search. False: there is none, and the user knows, or the program

@@ -49,7 +49,7 @@ tree_form::tree_form(Tavrel& main)
       List1(add<list_box>("List1")),
       ListView1(add<list_view>("ListView1")),
       MonthView1(add<control>(control_kind::label, "MonthView1")),
-      ProgressBar1(add<progress_control>("ProgressBar1")),
+      ProgressBar1(add<range_control>(control_kind::progress_bar, "ProgressBar1", 0, 0)),
       suffixes(ListView1),
       main_(main) {
     caption = "树状目录输出";

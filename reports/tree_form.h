@@ -15,13 +15,6 @@ namespace corvane {
 
 class Tavrel;
 
-// How far the output has come: `value` of `maximum` files.
-class progress_control : public control {
-  public:
-    explicit progress_control(std::string name) : control(control_kind::frame, std::move(name)) {}
-    int maximum = 0;
-};
-
 class tree_form : public form_model {
   public:
     explicit tree_form(Tavrel& main);
@@ -32,10 +25,10 @@ class tree_form : public form_model {
     std::array<control*, 2> Option1{};
     std::array<control*, 5> commands{};  // Command1 to Command4 from index 1
     control& Picture1;
-    list_box& List1;       // the preview, then the lines that were written
-    list_view& ListView1;  // the suffixes
-    control& MonthView1;   // its text is the date that it shows
-    progress_control& ProgressBar1;
+    list_box& List1;              // the preview, then the lines that were written
+    list_view& ListView1;         // the suffixes
+    control& MonthView1;          // its text is the date that it shows
+    range_control& ProgressBar1;  // files of all
 
     suffix_list suffixes;
     int suffix_target = 1;  // 1: Text7, 2: Text8, whichever was double-clicked last

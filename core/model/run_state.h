@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 
 #include "core/archives/archive_state.h"
@@ -46,6 +47,9 @@ struct run_state : settings,
 
     added_settings added;
     capacity_limits limits;
+    // Lines of the settings file that are written as they stand here, by their numbers: their settings hold
+    // for this run only.
+    std::map<int, std::string> held_lines;
 
     run_state() = default;
     run_state(const run_state&) = delete;

@@ -26,6 +26,7 @@ constexpr char different_files[] = "不相同文件.txt";
 constexpr char empty_directories[] = "spasedir.txt";
 constexpr char history[] = "run_history.txt";  // signatures of earlier runs
 constexpr char run_records[] = "run_time_rem.txt";
+constexpr char result_page[] = "相同文件报告.html";
 
 // What leaves the program for others.
 constexpr char spreadsheet[] = "filelist.xls";

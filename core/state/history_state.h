@@ -11,6 +11,7 @@ namespace corvane {
 
 struct history_state {
     std::string history_path;
+    bool history_off = false;  // signatures are neither read nor written in this run of the program
     text_column history_name;
     column<std::int64_t> history_len;
     column<std::int32_t> history_date_hi;

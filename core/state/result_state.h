@@ -18,6 +18,12 @@ struct result_state {
     // Pairs: row 1 and row 2 of each column; row 0 is not used.
     std::array<column<std::int32_t>, 3> same_pair;
     std::int32_t result_count = 0;
+    // Files of the comparison that wrote the store; 0 when this run of the program has written none.
+    std::int32_t compared_files = 0;
+    // Of each pair of the store as the comparison wrote it, in its order: the CRC-32 of the content, or
+    // no_checksum.
+    static constexpr std::int64_t no_checksum = -1;
+    column<std::int64_t> pair_checksum;
     double same_bytes = 0;
     text_column different_files;  // the files without a twin; index 1 to different_count
     std::int32_t different_count = 0;
@@ -28,8 +34,8 @@ struct result_state {
     text_column name_key;
     column<std::int32_t> name_index;
 
-    // The pairs that the view in the list was filled from. Of the view alone: walk, stored list and comparison
-    // have columns of their own.
+    // The pairs that the view in the list was filled from. Of the view alone: walk, stored list and
+    // comparison have columns of their own.
     std::int32_t same_count = 0;
     column<std::int64_t> result_length;  // of the same-file view
     text_column result_file1;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -26,7 +27,10 @@ bool finish(Tavrel& form, line_writer& writer, const std::string& path) {
 bool write_settings(Tavrel& form) {
     const std::string path = form.data_path(data_file::environment);
     line_writer writer(form.outside.files, path);
-    for (int line = 1; line <= environment_lines; ++line) writer.line(environment_text(form.state, line));
+    for (int line = 1; line <= environment_lines; ++line) {
+        const auto held = form.state.held_lines.find(line);
+        writer.line(held != form.state.held_lines.end() ? held->second : environment_text(form.state, line));
+    }
     return finish(form, writer, path);
 }
 
@@ -108,6 +112,15 @@ bool 写Tavrel环境文件(Tavrel& form) {
     collect_environment(form);
     const bool settings_written = write_settings(form);
     return write_selected_directories(form) && settings_written;
+}
+
+void set_for_this_run(run_state& state, std::string_view setting, std::int32_t number) {
+    const auto table = environment_table();
+    const auto found = std::find_if(table.begin(), table.end(),
+                                    [&](const environment_entry& entry) { return setting == entry.name; });
+    if (found == table.end()) throw std::logic_error("no setting of that name");
+    state.held_lines.try_emplace(found->line, environment_text(state, found->line));
+    set_setting_number(state, found->line, number);
 }
 
 void read_environment(Tavrel& form) {

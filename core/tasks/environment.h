@@ -3,11 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 namespace corvane {
 
 class form_model;
 class Tavrel;
+struct run_state;
 struct settings;
 
 // Collects what lives in windows, then writes both files whole. False, after one message, when it cannot;
@@ -21,6 +23,10 @@ void collect_environment(Tavrel& form);
 std::int16_t stored_place(int twips);
 // Takes the place of the options window, unless it is minimised or maximised.
 void keep_options_place(settings& values, const form_model& options);
+
+// Gives a numeric setting a value that holds for this run alone: the file keeps what it had. Throws
+// std::logic_error for a name that environment_table does not know.
+void set_for_this_run(run_state& state, std::string_view setting, std::int32_t number);
 
 // Reads both files and mends what needs it. A missing settings file is written and announced. One that cannot
 // be read to its end is deleted without a word; what was read up to there stays in force.

@@ -16,6 +16,7 @@
 #include "core/model/task_table.h"
 #include "core/tasks/core_handlers.h"
 #include "names/name_handlers.h"
+#include "reports/page_task.h"
 #include "reports/report_handlers.h"
 #include "search/options_menu.h"
 #include "search/search_handlers.h"
@@ -131,9 +132,10 @@ TEST(Registry, NoNameIsBoundTwiceByTheTables) {
     std::set<std::string> seen;
     for (const handler_table& table :
          {core_handlers(), search_handlers(), compare_handlers(), browser_handlers(), name_handlers(),
-          cleanup_handlers(), report_handlers(), p.corvane.directory_window().handlers(),
-          p.corvane.options_window().handlers(), p.corvane.tree_window().handlers(),
-          p.corvane.sleep_window().handlers(), p.corvane.warning_window().handlers()})
+          cleanup_handlers(), report_handlers(), result_page_handlers("1"),
+          p.corvane.directory_window().handlers(), p.corvane.options_window().handlers(),
+          p.corvane.tree_window().handlers(), p.corvane.sleep_window().handlers(),
+          p.corvane.warning_window().handlers()})
         for (const handler& each : table)
             EXPECT_TRUE(seen.insert(folded_name(each.name)).second) << each.name;
     EXPECT_GT(seen.size(), 60u);

@@ -120,6 +120,7 @@ TEST(EmptyView, BeyondTheLimitNoLineIsRead) {
     p.show_directories({"/d/a/", "/d/b/", "/d/c/"});
     EXPECT_EQ(p.cells(2), (texts{"/d/a/", "/d/b/"}));
     EXPECT_EQ(p.message_texts(), texts{"空目录太多，只显示前 2 个。"});
+    EXPECT_FALSE(p.screen.messages.back().failure);
 }
 
 TEST(EmptyView, RefreshLoadsItAnewAndDropsMarks) {

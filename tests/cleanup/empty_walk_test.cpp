@@ -60,6 +60,7 @@ TEST(EmptyWalk, AtTheLimitOfTheQueueWhatIsLeftOutStillFillsItsDirectory) {
     p.find_empty({"/d"});
     EXPECT_EQ(p.found(), texts{"/d/c/"});
     EXPECT_EQ(p.message_texts(), texts{"目录太多，只查找了前 4 个目录。"});
+    EXPECT_FALSE(p.screen.messages.back().failure);
     EXPECT_FALSE(p.state.tasks_locked);
 }
 
@@ -79,6 +80,7 @@ TEST(EmptyWalk, AtTheLimitOfTheVisitsTheWalkEnds) {
     p.find_empty({"/d"});
     EXPECT_EQ(p.found(), (texts{"/d/a/", "/d/b/"}));
     EXPECT_EQ(p.message_texts(), texts{"目录太多，只查找了前 3 个目录。"});
+    EXPECT_FALSE(p.screen.messages.back().failure);
 }
 
 TEST(EmptyWalk, CancelLeavesOutTheLastOneVisited) {

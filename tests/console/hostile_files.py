@@ -1,5 +1,5 @@
 """Every data file missing, empty, cut, binary, huge, or with a directory in its place: the console ends with a
-status of its own, never by a signal, and loses no other file."""
+status of its own (1 where a failure was shown), never by a signal, and loses no other file."""
 import os
 import random
 import subprocess
@@ -45,7 +45,7 @@ with tempfile.TemporaryDirectory() as root:
             script += f"select {data}\ncall search_check_m_Click\ncall Picture4_Click\nshow StatusBar1\n"
             run = subprocess.run([console, "--program-dir", program_dir, "--dry-shell", "--script", "-"],
                                  input=script.encode(), capture_output=True, timeout=300)
-            if run.returncode != 0 or b"\n7\t" not in run.stdout:
+            if run.returncode not in (0, 1) or b"\n7\t" not in run.stdout:
                 failures += 1
                 print(f"{name}, {kind}: status {run.returncode}\n{run.stderr.decode('utf-8', 'replace')[-2000:]}")
             for other in ("不参加搜索的目录.txt", "不参加比较的文件类型.txt", "仅搜索的文件类型.txt", "mine.txt"):

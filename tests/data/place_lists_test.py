@@ -133,6 +133,9 @@ class InstallTest(PlaceListsTest):
         for name in built:
             self.assertEqual(os.readlink(os.path.join(top, "bin", name)), f"../lib/corvane/{name}")
             self.assertTrue(os.access(os.path.join(top, "bin", name), os.X_OK))
+        for made in ("man/man1/corvane-console.1", "bash-completion/completions/corvane-console",
+                     "zsh/site-functions/_corvane-console"):
+            self.assertGreater(os.path.getsize(os.path.join(top, "share", made)), 0)
         return folder
 
     def test_links_start_programs_that_stand_beside_their_lists(self):
@@ -143,7 +146,7 @@ class InstallTest(PlaceListsTest):
         links = sorted(os.listdir(os.path.dirname(link)))
         usage = subprocess.run([link], capture_output=True, timeout=60)
         self.assertEqual(usage.returncode, 2)
-        self.assertTrue(usage.stderr.startswith(b"usage: corvane-console"))
+        self.assertTrue(usage.stderr.startswith(b"corvane-console: no directory to search"))
         # The program takes the folder behind the link for its own.
         os.mkdir(os.path.join(self.root, "data"))
         for name in ("a", "b"):

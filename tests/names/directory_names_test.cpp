@@ -188,6 +188,7 @@ TEST(SameDirectoryName, StopsAtTheLimitOfDirectoriesAndSaysSo) {
     p.check_directories({"/r"});
     EXPECT_EQ(p.queue(), (texts{"/r/", "/r/a/", "/r/b/"}));
     EXPECT_EQ(p.said().front(), "提示|目录太多，只查前 3 个目录。");
+    EXPECT_FALSE(p.screen.messages.front().failure);
 }
 
 TEST(SameDirectoryName, PathsToBeOpenedAreUpperCasedWhereTheDiskIgnoresCaseAlone) {

@@ -205,6 +205,7 @@ TEST(SameFileName, StopsAtTheLimitOfPairsAndSaysSo) {
     EXPECT_EQ(p.rows(), (name_pairs{{"/a/x", "/b/x"}, {"/a/x", "/c/x"}}));
     EXPECT_EQ(p.screen.messages.size(), 2u);
     EXPECT_EQ(p.last_message(), "同名的太多，只显示前 2 条。");
+    EXPECT_FALSE(p.screen.messages.back().failure);
 }
 
 TEST(SameFileName, ExactlyAsManyPairsAsTheLimitAreNoReasonForAWord) {

@@ -10,6 +10,8 @@ select ROOT/d
 call Picture6_Click
 show StatusBar1
 call disp_dir
+== status ==
+1
 == output ==
 message	提示	ROOT/program/spasedir.txt  不存在,请运行查找空子目录	ok	1000
 message	提示	非空目录状态,不能删除	ok	1000

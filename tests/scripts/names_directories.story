@@ -14,6 +14,8 @@ select ROOT/d
 call search_repeat_dir_name
 show StatusBar1
 show ListView1
+== status ==
+1
 == output ==
 message	提示	没有选定的目录，请在[目录选择]中选定目录	ok	1000
 message	检查目录相同完毕	已　检　查:10 个文件 \r\n同名目录有:2个  用时: 0:0:...	ok	1000

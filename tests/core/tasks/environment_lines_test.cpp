@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/tasks/environment.h"
 #include "tests/support/test_program.h"
 
 namespace corvane {
@@ -128,6 +129,24 @@ TEST(Environment, ALineBreakInASettingDoesNotShiftTheLines) {
     p.form.run("写Tavrel环境文件");
     EXPECT_EQ(p.stored_lines("Tavrel环境.txt").size(), 122u);
     EXPECT_EQ(p.stored_lines("Tavrel环境.txt")[19], "a  b");
+}
+
+TEST(Environment, ASettingOfOneRunIsNotStored) {
+    test_program p;
+    std::vector<std::string> lines = fresh_settings_lines();
+    lines[10] = " 1 ";
+    p.add_used_folder(lines);
+    p.corvane.start();
+    set_for_this_run(p.state, "same_suffix_only", 0);
+    set_for_this_run(p.state, "scan_archives", 1);
+    set_for_this_run(p.state, "scan_archives", 0);
+    set_for_this_run(p.state, "scan_archives", 1);
+    EXPECT_EQ(p.state.same_suffix_only, 0);
+    EXPECT_EQ(p.state.scan_archives, 1);
+    写Tavrel环境文件(p.form);
+    EXPECT_EQ(p.stored_lines("Tavrel环境.txt")[10], " 1 ");
+    EXPECT_EQ(p.stored_lines("Tavrel环境.txt")[54], " 0 ");
+    EXPECT_THROW(set_for_this_run(p.state, "no such setting", 1), std::logic_error);
 }
 
 }  // namespace

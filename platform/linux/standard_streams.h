@@ -1,0 +1,22 @@
+// The streams and signals that a program in a terminal is started with. Used by the console.
+#pragma once
+
+#include <cstdio>
+
+namespace corvane {
+
+// Opens those of the first three streams that the program was started without, so that no file of its own
+// takes their numbers: what is written to them fails, and what is read from them is empty.
+void hold_standard_streams();
+
+bool is_terminal(std::FILE* stream);
+
+// A closed pipe is then an error of the write to it and no longer the end of the process.
+void keep_closed_pipes_as_errors();
+
+// From now on, and as if there had been none before, the first interrupt is only noted; the next one ends the
+// process as ever. Where interrupts were ignored when the program started, they still are.
+void note_interrupts();
+bool interrupted();
+
+}  // namespace corvane
