@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -22,6 +23,7 @@
 #include "console/records.h"
 #include "console/script.h"
 #include "console/stream_writer.h"
+#include "platform/desktop/desktop_attention.h"
 #include "platform/desktop/desktop_power.h"
 #include "platform/desktop/desktop_shell.h"
 #include "platform/linux/linux_file_system.h"
@@ -66,6 +68,8 @@ int run_directories(const command_line& given, plain_words& words) {
     plain_shell shell(words, desktop);
     program corvane({files, shell, shell, screen, encodings}, program_directory(given));
     if (!corvane.start()) return status_failed;
+    desktop_attention notice;
+    const std::unique_ptr<kept_awake> awake = notice.keep_awake("正在运行: corvane-console");
     return directory_run(corvane, screen, words, given, stdout).run();
 }
 
@@ -83,8 +87,10 @@ int run_script(const command_line& given, plain_words& words) {
     linux_file_system files;
     linux_text_encoding encodings;
     desktop_shell desktop;
-    desktop_power machine;
-    printing_shell shell(output, desktop, machine, given.dry_shell);
+    // A dry run does not even have it.
+    std::optional<desktop_power> machine;
+    if (!given.dry_shell) machine.emplace();
+    printing_shell shell(output, desktop, machine ? &*machine : nullptr);
     program corvane({files, shell, shell, screen, encodings}, program_directory(given));
     if (!corvane.start()) return status_failed;
     script_runner runner(corvane, screen, output);

@@ -61,17 +61,17 @@ outcome printing_shell::open_help_topic(const std::string& help_file, const std:
 
 outcome printing_shell::log_off() {
     output_.record({"shell", "log_off"});
-    return dry_ ? outcome::success() : machine_.log_off();
+    return dry_ ? outcome::success() : machine_->log_off();
 }
 
 outcome printing_shell::reboot() {
     output_.record({"shell", "reboot"});
-    return dry_ ? outcome::success() : machine_.reboot();
+    return dry_ ? outcome::success() : machine_->reboot();
 }
 
 outcome printing_shell::power_off() {
     output_.record({"shell", "power_off"});
-    return dry_ ? outcome::success() : machine_.power_off();
+    return dry_ ? outcome::success() : machine_->power_off();
 }
 
 }  // namespace corvane

@@ -9,9 +9,9 @@ namespace corvane {
 
 class printing_shell : public shell, public power {
   public:
-    // All outlive the object. In a dry run everything is printed and nothing done.
-    printing_shell(record_output& output, shell& desktop, power& machine, bool dry)
-        : output_(output), desktop_(desktop), machine_(machine), dry_(dry) {}
+    // All outlive the object. A dry run is one without a machine: everything is printed and nothing done.
+    printing_shell(record_output& output, shell& desktop, power* machine)
+        : output_(output), desktop_(desktop), machine_(machine), dry_(machine == nullptr) {}
 
     outcome recycle(const std::string& path) override;
     outcome open_document(const std::string& path) override;
@@ -31,7 +31,7 @@ class printing_shell : public shell, public power {
   private:
     record_output& output_;
     shell& desktop_;
-    power& machine_;
+    power* machine_;
     bool dry_;
 };
 

@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <string>
 
-#include "platform/desktop/desktop_failure.h"
 #include "platform/desktop/session_bus.h"
 
 namespace corvane {
@@ -47,6 +46,13 @@ object_pointer<GDBusConnection> system_bus(GError** error) {
 }
 
 constexpr char no_answer[] = "系统的电源服务没有回答。";
+constexpr char refused[] = "系统拒绝了此操作。";
+
+// One line: what the bus says of it means nothing to the user.
+outcome failed(const char* what, GError* error) {
+    g_clear_error(&error);
+    return outcome::failure(what);
+}
 
 // What logind says to a question that begins with Can: "yes", "no", "na", "challenge".
 std::string permission(GDBusConnection* bus, const char* question, GError** error) {
@@ -66,15 +72,15 @@ std::string permission(GDBusConnection* bus, const char* question, GError** erro
 outcome ask_logind(const char* question, const char* method) {
     GError* error = nullptr;
     const object_pointer<GDBusConnection> bus = system_bus(&error);
-    if (!bus) return desktop_failure(no_answer, error);
+    if (!bus) return failed(no_answer, error);
     const std::string allowed = permission(bus.get(), question, &error);
-    if (error != nullptr) return desktop_failure(no_answer, error);
+    if (error != nullptr) return failed(no_answer, error);
     if (allowed == "na") return outcome::failure("这台计算机不支持此操作。");
     // "challenge" would ask for a password of a user who may not be there.
     if (allowed != "yes") return outcome::failure("系统不允许此操作。");
     if (succeeds(bus.get(), login_manager, method, g_variant_new("(b)", FALSE), &error))
         return outcome::success();
-    return desktop_failure("系统拒绝了此操作。", error);
+    return failed(refused, error);
 }
 
 }  // namespace
@@ -92,10 +98,10 @@ outcome desktop_power::log_off() {
     if (number == nullptr || *number == '\0') return outcome::failure("没有可以注销的会话。");
     GError* error = nullptr;
     const object_pointer<GDBusConnection> bus = system_bus(&error);
-    if (!bus) return desktop_failure(no_answer, error);
+    if (!bus) return failed(no_answer, error);
     if (succeeds(bus.get(), login_manager, "TerminateSession", g_variant_new("(s)", number), &error))
         return outcome::success();
-    return desktop_failure("系统拒绝了此操作。", error);
+    return failed(refused, error);
 }
 
 outcome desktop_power::reboot() {

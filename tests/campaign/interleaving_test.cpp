@@ -40,6 +40,13 @@ constexpr const char* acts[] = {"picture2_Click",
                                 "rewrite_store",
                                 "del_dir",
                                 "delete_marked_direct",
+                                "shut_computer",
+                                "sleep_music.Command1_Click",
+                                "sleep_music.Timer1_Timer",
+                                "显示关机提示",
+                                "shut_msg.Timer1_Timer",
+                                "shut_msg.Form_Unload",
+                                "shout_close",
                                 "load_same_view",
                                 "Picture1_Click",
                                 "Command33_Click",
@@ -69,6 +76,7 @@ class random_user {
 
     void work(int count) {
         w_.state.scan_archives = static_cast<std::int16_t>(pick(2));
+        w_.state.shut_action = static_cast<std::int16_t>(pick(2) == 0 ? 4 : 0);
         w_.state.delete_prompt_on = static_cast<std::int16_t>(pick(2));
         w_.select({"/d", "/e", "/mnt", "/upper", "/merged"});
         w_.form.run("search_check_m_Click");
@@ -151,6 +159,7 @@ std::string run_seed(std::uint32_t seed, std::size_t& gone) {
     std::string words;
     for (const std::string& content : w.lost()) words += "lost: " + content + "\n";
     if (!w.state.quit_requested && w.form.task_runs()) words += "locked\n";
+    if (w.screen.boxes_held || w.state.going_down) words += "boxes held\n";
     if (const std::string broken = w.broken_store(); !broken.empty()) words += "broken: " + broken + "\n";
     return words;
 }

@@ -21,6 +21,8 @@ class own_session_environment : public testing::Environment {
         g_setenv("XDG_DATA_DIRS", (root_ + "/none").c_str(), TRUE);
         bus_ = g_test_dbus_new(G_TEST_DBUS_NONE);
         g_test_dbus_up(bus_);
+        // The machine's own services are out of reach.
+        g_setenv("DBUS_SYSTEM_BUS_ADDRESS", bus_address(), TRUE);
     }
     void TearDown() override {
         g_test_dbus_stop(bus_);
