@@ -48,13 +48,17 @@ int middle_of(const list_view& list, int column) {
 
 }  // namespace
 
+// What the names of a form's handlers begin with.
+std::string script_input::handler_prefix(const form_model& form) const {
+    return &form == &program_.main_form() ? std::string() : form.name() + ".";
+}
+
 // CONTROL ACT ROW COLUMN [BUTTON] [shift] [ctrl]
 bool script_input::mouse(std::string_view arguments) {
     form_model* form = nullptr;
     control* target = find_control(program_, take_word(arguments), &form);
     if (target == nullptr) return false;
-    const bool is_main = form == &program_.main_form();
-    const std::string handler = (is_main ? std::string() : form->name() + ".") + target->name();
+    const std::string handler = handler_prefix(*form) + target->name();
     if (target->kind() == control_kind::list_box)
         return mouse_on_box(static_cast<list_box&>(*target), handler, arguments);
     if (target->kind() == control_kind::list_view)
@@ -104,19 +108,21 @@ bool script_input::mouse_on_view(list_view& list, std::string_view handler, std:
 
 // CONTROL COLUMN
 bool script_input::header(std::string_view arguments) {
-    control* target = find_control(program_, take_word(arguments), nullptr);
+    form_model* owner = nullptr;
+    control* target = find_control(program_, take_word(arguments), &owner);
     const std::int64_t column = parse_number(take_word(arguments));
     if (target == nullptr || target->kind() != control_kind::list_view) return false;
     if (column < 0 || column >= static_cast<list_view*>(target)->column_count()) return false;
     Tavrel& form = program_.main_form();
     form.list_event = {};
     form.list_event.column = static_cast<int>(column);
-    return form.run(target->name() + "_ColumnClick");
+    return form.run(handler_prefix(*owner) + target->name() + "_ColumnClick");
 }
 
 // CONTROL CODE [shift] [ctrl]
 bool script_input::key(std::string_view arguments) {
-    control* target = find_control(program_, take_word(arguments), nullptr);
+    form_model* owner = nullptr;
+    control* target = find_control(program_, take_word(arguments), &owner);
     const std::int64_t code = parse_number(take_word(arguments));
     act_keys keys;
     if (target == nullptr || !take_keys(arguments, keys)) return false;
@@ -125,7 +131,7 @@ bool script_input::key(std::string_view arguments) {
     form.list_event.key_code = static_cast<int>(code);
     form.list_event.shift = keys.shift;
     form.list_event.ctrl = keys.ctrl;
-    return form.run(target->name() + "_KeyDown");
+    return form.run(handler_prefix(*owner) + target->name() + "_KeyDown");
 }
 
 }  // namespace corvane

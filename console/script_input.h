@@ -17,6 +17,7 @@ class script_input {
     bool key(std::string_view arguments);
 
   private:
+    std::string handler_prefix(const form_model& form) const;
     bool mouse_on_box(list_box& list, std::string_view handler, std::string_view arguments);
     bool mouse_on_view(list_view& list, std::string_view handler, std::string_view arguments);
 

@@ -1,11 +1,15 @@
 #include "forms/child_window.h"
 
+#include <QAbstractButton>
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <algorithm>
 
 #include "forms/colours.h"
+#include "forms/form_parts.h"
 #include "forms/icons.h"
 #include "forms/mirror.h"
 
@@ -30,6 +34,7 @@ void child_window::sync_place() {
 }
 
 void child_window::open_window() {
+    colour_marks();
     before_open();
     if (place_.is_known()) {
         place_.apply();
@@ -42,6 +47,12 @@ void child_window::open_window() {
     raise();
     activateWindow();
     place_.keep();
+}
+
+void child_window::colour_marks() {
+    for (QAbstractButton* mark : findChildren<QAbstractButton*>())
+        if (qobject_cast<QCheckBox*>(mark) != nullptr || qobject_cast<QRadioButton*>(mark) != nullptr)
+            colour_mark(*mark, palette());
 }
 
 void child_window::place_beside_main() {
@@ -70,6 +81,7 @@ void child_window::resizeEvent(QResizeEvent* event) {
 void child_window::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange && isVisible()) place_.keep();
+    if (event->type() == QEvent::PaletteChange) colour_marks();
 }
 
 void child_window::closeEvent(QCloseEvent* event) {

@@ -46,6 +46,7 @@ class child_window : public QDialog {
   private:
     void open_window();
     void place_beside_main();
+    void colour_marks();
 
     form_model& form_;
     window_place place_;

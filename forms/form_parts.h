@@ -1,4 +1,4 @@
-// Small parts that the windows of settings share. Used by options_window and tree_window.
+// Small parts that the windows of settings share. Used by child_window and those made of it.
 #pragma once
 
 #include <QPalette>

@@ -193,17 +193,7 @@ void options_window::sync(bool) {
     sync_window();
 }
 
-void options_window::colour_checks() {
-    for (const bound_check& check : checks_) colour_mark(*check.box, palette());
-}
-
-void options_window::changeEvent(QEvent* event) {
-    child_window::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) colour_checks();
-}
-
 void options_window::before_open() {
-    colour_checks();
     lists_.front().view->setFocus();
 }
 

@@ -29,7 +29,6 @@ class options_window : public child_window {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void before_open() override;
 
   private:
@@ -51,7 +50,6 @@ class options_window : public child_window {
     QWidget* make_checks();
     QWidget* make_types();
     QWidget* make_buttons();
-    void colour_checks();
     QPushButton* make_button(control& model, char letter, QWidget* parent);
     void act(const std::string& handler) { act_(form_.name() + "." + handler); }
 

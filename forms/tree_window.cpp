@@ -230,8 +230,7 @@ void tree_window::sync_month() {
     mirror_visible(month_, form_.MonthView1.visible);
 }
 
-void tree_window::colour_marks() {
-    for (const bound_mark& bound : marks_) colour_mark(*bound.button, palette());
+void tree_window::colour_month() {
     QTextCharFormat weekend;
     weekend.setForeground(cell_text_colour(cell_colour::mark_red, palette()));
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) month_->setWeekdayTextFormat(day, weekend);
@@ -239,11 +238,11 @@ void tree_window::colour_marks() {
 
 void tree_window::changeEvent(QEvent* event) {
     child_window::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) colour_marks();
+    if (event->type() == QEvent::PaletteChange) colour_month();
 }
 
 void tree_window::before_open() {
-    colour_marks();
+    colour_month();
     fields_.front().field->setFocus();
 }
 

@@ -59,7 +59,7 @@ class tree_window : public child_window {
     QAbstractButton* make_mark(QAbstractButton* button, control& model, const char* key);
     QPushButton* make_button(control& model, const QString& words, bool waits_for_task);
     void sync_month();
-    void colour_marks();
+    void colour_month();
     void act(const std::string& handler) { act_(form_.name() + "." + handler); }
 
     tree_form& form_;

@@ -12,8 +12,8 @@ namespace {
 
 constexpr int second = 1000;           // milliseconds
 constexpr std::int32_t shortest = 60;  // seconds of a warning
-constexpr int first_width = 5400;      // twips
-constexpr int first_height = 1950;
+constexpr int first_width = 5700;      // twips
+constexpr int first_height = 2400;
 
 }  // namespace
 
