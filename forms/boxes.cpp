@@ -12,6 +12,7 @@
 #include <QPushButton>
 
 #include "forms/colours.h"
+#include "forms/own_words.h"
 #include "forms/path_names.h"
 #include "forms/screen_text.h"
 
@@ -51,12 +52,12 @@ class question_box : public QMessageBox {
 };
 
 void show_words(QMessageBox& box, const message& shown) {
-    box.setWindowTitle(screen_line(shown.title));
+    box.setWindowTitle(own_line(shown.title));
     box.setTextFormat(Qt::PlainText);
-    box.setText(screen_lines(shown.text));
+    box.setText(own_lines(shown.text));
     box.setIcon(icon_of(shown.icon));
     if (shown.detail.empty()) return;
-    box.setInformativeText(screen_lines(shown.detail));
+    box.setInformativeText(own_lines(shown.detail));
     // The box has no setter for it, and a path may look like marked-up text.
     if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
         label->setTextFormat(Qt::PlainText);
@@ -64,7 +65,7 @@ void show_words(QMessageBox& box, const message& shown) {
 
 void add_help(QMessageBox& box, const message& shown, const std::function<void(int)>& open_topic) {
     if (!shown.help_button) return;
-    QAbstractButton* help = box.addButton(QStringLiteral("帮助"), QMessageBox::HelpRole);
+    QAbstractButton* help = box.addButton(own_line("帮助"), QMessageBox::HelpRole);
     // The box stays open while its help is read.
     help->disconnect();
     QObject::connect(help, &QAbstractButton::clicked, &box, [&open_topic, topic = shown.help_context % 100] {
@@ -74,9 +75,7 @@ void add_help(QMessageBox& box, const message& shown, const std::function<void(i
 
 // The letters stay what they are under other words: the text of a question may name them.
 QString lettered(const std::string& words, const char* usual, char letter) {
-    QString caption = words.empty() ? QString::fromUtf8(usual) : screen_line(words);
-    caption.replace(QLatin1Char('&'), QLatin1String("&&"));
-    return caption + QStringLiteral("(&%1)").arg(QLatin1Char(letter));
+    return own_caption(words.empty() ? usual : words, letter);
 }
 
 box_answer ask_in_box(QWidget* owner, const message& shown, const std::function<void(int)>& open_topic) {
@@ -85,9 +84,7 @@ box_answer ask_in_box(QWidget* owner, const message& shown, const std::function<
     QPushButton* yes = box.addButton(lettered(shown.yes_words, "是", 'Y'), QMessageBox::YesRole);
     QPushButton* no = box.addButton(lettered(shown.no_words, "否", 'N'), QMessageBox::NoRole);
     if (!shown.cancel_words.empty()) {
-        QString caption = screen_line(shown.cancel_words);
-        caption.replace(QLatin1Char('&'), QLatin1String("&&"));
-        box.addButton(caption, QMessageBox::RejectRole);
+        box.addButton(own_line(shown.cancel_words), QMessageBox::RejectRole);
     }
     box.setDefaultButton(shown.default_answer == box_answer::no ? no : yes);
     add_help(box, shown, open_topic);
@@ -103,7 +100,7 @@ box_answer show_message_box(QWidget* owner, const message& shown,
     if (shown.buttons == box_buttons::yes_no) return ask_in_box(owner, shown, open_topic);
     QMessageBox box(owner);
     show_words(box, shown);
-    box.setEscapeButton(box.addButton(QStringLiteral("确定"), QMessageBox::AcceptRole));
+    box.setEscapeButton(box.addButton(own_line("确定"), QMessageBox::AcceptRole));
     add_help(box, shown, open_topic);
     box.exec();
     return box_answer::ok;
@@ -112,11 +109,11 @@ box_answer show_message_box(QWidget* owner, const message& shown,
 std::optional<std::string> ask_for_text(QWidget* owner, const std::string& title, const std::string& prompt,
                                         const std::string& initial) {
     QInputDialog dialog(owner);
-    dialog.setWindowTitle(screen_line(title));
-    dialog.setLabelText(screen_lines(prompt));
+    dialog.setWindowTitle(own_line(title));
+    dialog.setLabelText(own_lines(prompt));
     dialog.setTextValue(QString::fromStdString(initial));
-    dialog.setOkButtonText(QStringLiteral("确定"));
-    dialog.setCancelButtonText(QStringLiteral("取消"));
+    dialog.setOkButtonText(own_line("确定"));
+    dialog.setCancelButtonText(own_line("取消"));
     dialog.resize(420, dialog.sizeHint().height());
     if (dialog.exec() != QDialog::Accepted) return {};
     return dialog.textValue().toStdString();
@@ -124,8 +121,8 @@ std::optional<std::string> ask_for_text(QWidget* owner, const std::string& title
 
 std::optional<std::string> ask_for_file(QWidget* owner, const std::string& title,
                                         const std::string& initial) {
-    const QString chosen = QFileDialog::getOpenFileName(owner, screen_line(title), system_path(initial),
-                                                        QStringLiteral("全部文件 (*)"));
+    const QString chosen =
+        QFileDialog::getOpenFileName(owner, own_line(title), system_path(initial), own_line("全部文件 (*)"));
     if (chosen.isEmpty()) return {};
     return program_path(chosen);
 }
@@ -135,8 +132,8 @@ std::optional<std::string> ask_for_files(QWidget* owner, const std::string& titl
     const QString words = QString::fromStdString(filter.substr(0, filter.find('|')));
     QString pattern = QString::fromStdString(filter.substr(filter.find('|') + 1));
     if (pattern == QStringLiteral("*.*")) pattern = QStringLiteral("*");  // names without a dot, too
-    const QStringList chosen = QFileDialog::getOpenFileNames(
-        owner, screen_line(title), system_path(directory), words + QStringLiteral(" (%1)").arg(pattern));
+    const QStringList chosen = QFileDialog::getOpenFileNames(owner, own_line(title), system_path(directory),
+                                                             words + QStringLiteral(" (%1)").arg(pattern));
     if (chosen.isEmpty()) return {};
     const QFileInfo first(chosen.front());
     std::string answer = program_path(first.path());
@@ -145,7 +142,7 @@ std::optional<std::string> ask_for_files(QWidget* owner, const std::string& titl
 }
 
 std::optional<int> ask_for_colour(QWidget* owner, const std::string& title, int initial) {
-    const QColor chosen = QColorDialog::getColor(from_blue_green_red(initial), owner, screen_line(title));
+    const QColor chosen = QColorDialog::getColor(from_blue_green_red(initial), owner, own_line(title));
     if (!chosen.isValid()) return {};
     return to_blue_green_red(chosen);
 }

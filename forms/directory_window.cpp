@@ -10,6 +10,7 @@
 
 #include "forms/directory_model.h"
 #include "forms/mirror.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 #include "forms/selected_list.h"
 
@@ -20,7 +21,7 @@ namespace {
 constexpr QSize first_size(760, 520);
 
 QLabel* heading(const char* words, QWidget* buddy) {
-    auto* label = new QLabel(QString::fromUtf8(words));
+    auto* label = new QLabel(own_line(words));
     label->setBuddy(buddy);
     return label;
 }
@@ -75,12 +76,12 @@ QWidget* directory_window::make_pick_side() {
     tree_->setExpandsOnDoubleClick(false);
     hidden_ = new QCheckBox(side);
     name_after(hidden_, form_.Check_hidden);
-    hidden_->setText(screen_line(form_.Check_hidden.caption) + QStringLiteral("(&D)"));
+    hidden_->setText(own_caption(form_.Check_hidden.caption, 'D'));
     connect(hidden_, &QCheckBox::toggled, this, [this](bool shown) {
         form_.Check_hidden.value = shown ? 1 : 0;
         show_directory();
     });
-    note_ = new QLabel(screen_line(form_.Label1.caption), side);
+    note_ = new QLabel(own_line(form_.Label1.caption), side);
     name_after(note_, form_.Label1);
     note_->setWordWrap(true);
     auto* layout = column_layout(side);
@@ -151,7 +152,7 @@ QWidget* directory_window::make_buttons() {
                 {nullptr, &form_.cmd_dir_discard, "放弃(&C)", false}};
     for (bound_button& bound : buttons_) {
         const std::string& name = bound.model->name();
-        bound.button = new QPushButton(QString::fromUtf8(bound.caption), row);
+        bound.button = new QPushButton(own_line(bound.caption), row);
         name_after(bound.button, *bound.model);
         bound.button->setAutoDefault(false);
         bound.button->setMinimumWidth(84);

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "forms/mirror.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -22,7 +23,7 @@ error_frame::error_frame(Tavrel& form, const std::function<void(const std::strin
       form_(form),
       caption_(new QLabel(this)),
       path_(new QLineEdit(this)),
-      avoid_(new QCheckBox(QStringLiteral("比对时避开该文件(&A)"), this)) {
+      avoid_(new QCheckBox(own_line("比对时避开该文件(&A)"), this)) {
     name_after(this, form.Frame_err);
     setFrameShape(QFrame::StyledPanel);
     setFrameShadow(QFrame::Raised);
@@ -30,9 +31,9 @@ error_frame::error_frame(Tavrel& form, const std::function<void(const std::strin
     name_after(path_, form.txt_disp_err_file);
     path_->setReadOnly(true);
     name_after(avoid_, form.Check1);
-    auto* open = new QPushButton(QStringLiteral("打开目录(&R)"), this);
+    auto* open = new QPushButton(own_line("打开目录(&R)"), this);
     name_after(open, form.Command46);
-    auto* confirm = new QPushButton(QStringLiteral("确定(&C)"), this);
+    auto* confirm = new QPushButton(own_line("确定(&C)"), this);
     name_after(confirm, form.Command47);
     connect(avoid_, &QCheckBox::toggled, this,
             [this](bool checked) { form_.Check1.value = checked ? 1 : 0; });
@@ -52,7 +53,7 @@ error_frame::error_frame(Tavrel& form, const std::function<void(const std::strin
 
 void error_frame::sync() {
     if (!form_.Frame_err.visible) return hide();
-    mirror_text(caption_, screen_line(form_.Frame_err.caption));
+    mirror_text(caption_, own_line(form_.Frame_err.caption));
     const QString path = screen_line(form_.txt_disp_err_file.text);
     if (mirror_text(path_, path)) {
         path_->setToolTip(path);

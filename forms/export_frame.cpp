@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "forms/mirror.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -29,7 +30,7 @@ export_frame::export_frame(Tavrel& form, std::function<void(const std::string&)>
     types_ = make_field(form_.Text4, "Label7", "(&K)", 2);
     const control& button = *form_.find("Command33");
     name_after(export_, button);
-    export_->setText(screen_line(button.caption) + QStringLiteral("(&X)"));
+    export_->setText(own_caption(button.caption, 'X'));
     connect(export_, &QPushButton::clicked, this, [this] { act_("Command33_Click"); });
     layout->addWidget(export_, 3, 0, 1, 2, Qt::AlignRight);
 }
@@ -42,7 +43,7 @@ QLineEdit* export_frame::make_field(control& model, const char* label, const cha
     connect(box, &QLineEdit::textEdited, this,
             [&model](const QString& words) { model.text = words.toStdString(); });
     const control& words = *form_.find(label);
-    auto* shown = new QLabel(screen_line(words.caption) + QLatin1String(key), this);
+    auto* shown = new QLabel(own_line(words.caption + key), this);
     name_after(shown, words);
     shown->setBuddy(box);
     auto* layout = static_cast<QGridLayout*>(this->layout());
@@ -53,7 +54,7 @@ QLineEdit* export_frame::make_field(control& model, const char* label, const cha
 
 void export_frame::sync(bool tasks_locked) {
     if (!form_.Frame6.visible) return hide();
-    mirror_text(caption_, screen_line(form_.Frame6.caption));
+    mirror_text(caption_, own_line(form_.Frame6.caption));
     mirror_tooltip(this, form_.Frame6.tooltip);
     mirror_text(levels_, screen_line(form_.Text3.text));
     mirror_text(types_, screen_line(form_.Text4.text));

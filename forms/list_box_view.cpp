@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "forms/mirror.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -35,9 +36,9 @@ class list_box_rows : public QAbstractListModel {
         const list_box::row& shown = box_.rows()[row];
         if (role == Qt::CheckStateRole && with_check_marks_)
             return shown.checked ? Qt::Checked : Qt::Unchecked;
-        if (role == Qt::ToolTipRole && !shown.tooltip.empty()) return screen_lines(shown.tooltip);
+        if (role == Qt::ToolTipRole && !shown.tooltip.empty()) return own_lines(shown.tooltip);
         if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
-        return screen_line(shown.text);
+        return box_.own_words ? own_line(shown.text) : screen_line(shown.text);
     }
     bool setData(const QModelIndex& index, const QVariant& value, int role) override {
         const auto row = static_cast<std::size_t>(index.row());

@@ -1,5 +1,6 @@
 #include "forms/list_model.h"
 
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -89,7 +90,7 @@ QVariant list_model::data(const QModelIndex& index, int role) const {
 QVariant list_model::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
     const list_column& column = columns_[static_cast<std::size_t>(section)];
-    if (role == Qt::DisplayRole) return screen_line(column.header);
+    if (role == Qt::DisplayRole) return own_line(column.header);
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(
             Qt::AlignVCenter | (column.alignment == text_alignment::right ? Qt::AlignRight : Qt::AlignLeft));

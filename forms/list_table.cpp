@@ -13,6 +13,7 @@
 #include "forms/colours.h"
 #include "forms/list_cell_painter.h"
 #include "forms/list_model.h"
+#include "forms/own_words.h"
 
 namespace corvane {
 
@@ -296,7 +297,7 @@ void list_table::paintEvent(QPaintEvent* event) {
     if (cells_->shown_rows() > 0) return;
     QPainter painter(viewport());
     painter.setPen(quiet_text(palette()));
-    painter.drawText(viewport()->rect(), Qt::AlignCenter, QStringLiteral("没有可显示的行"));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter, own_line("没有可显示的行"));
 }
 
 }  // namespace corvane

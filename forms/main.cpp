@@ -6,11 +6,16 @@
 #include <cstring>
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "app/program.h"
+#include "core/language/translation.h"
+#include "core/settings/added_settings.h"
+#include "core/settings/data_files.h"
 #include "forms/fonts.h"
 #include "forms/front_end.h"
 #include "forms/icons.h"
+#include "forms/own_words.h"
 #include "forms/qt_shell.h"
 #include "forms/qt_user_interface.h"
 #include "platform/desktop/desktop_attention.h"
@@ -45,6 +50,13 @@ bool read_program_dir(int count, char** arguments, std::string& program_dir) {
 std::string with_slash(std::string directory) {
     if (!directory.ends_with('/')) directory += '/';
     return directory;
+}
+
+// By CORVANE_LANGUAGE, else as the options say.
+bool speaks_english(corvane::file_system& files, const std::string& program_dir) {
+    if (is_set("CORVANE_LANGUAGE"))
+        return std::string_view(std::getenv("CORVANE_LANGUAGE")).starts_with("en");
+    return corvane::read_added_settings(files, program_dir + corvane::data_file::added_settings).english;
 }
 
 std::string own_folder() {
@@ -87,6 +99,8 @@ int main(int argc, char** argv) {
     corvane::desktop_attention notice;
     corvane::program program({files, desktop, machine, screen, encodings, &instances, &notice},
                              corvane::to_text(with_slash(program_dir)));
+    const corvane::translation table = corvane::english();
+    if (speaks_english(files, corvane::to_text(with_slash(program_dir)))) corvane::use_translation(&table);
     corvane::front_end windows(program, screen);
     // Inside the event loop, so that a program closed while it starts leaves the loop as well.
     QTimer::singleShot(0, &application, [&windows] {

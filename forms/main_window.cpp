@@ -24,6 +24,7 @@
 #include "forms/menu_bar.h"
 #include "forms/mirror.h"
 #include "forms/number_frame.h"
+#include "forms/own_words.h"
 #include "forms/panel_bar.h"
 #include "forms/row_panel.h"
 #include "forms/screen_text.h"
@@ -199,12 +200,12 @@ void main_window::sync_run_row() {
     const bool bar_shown = form_.pic_gressbar1.visible;
     const bool cancel_shown = form_.Command28.visible;
     if (name_shown) {
-        const QString name = screen_line(form_.Label4.caption);
+        const QString name = own_line(form_.Label4.caption);
         mirror_text(file_name_,
                     file_name_->fontMetrics().elidedText(name, Qt::ElideMiddle, run_row_->width() - 24));
     }
     bar_->sync(form_.pic_gressbar1);
-    mirror_text(cancel_, screen_line(form_.Command28.caption));
+    mirror_text(cancel_, own_line(form_.Command28.caption));
     mirror_enabled(cancel_, form_.Command28.enabled);
     mirror_visible(file_name_, name_shown);
     mirror_visible(bar_, bar_shown);

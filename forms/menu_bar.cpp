@@ -9,6 +9,7 @@
 #include "core/model/main_menu.h"
 #include "core/model/task_table.h"
 #include "forms/mirror.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -60,7 +61,7 @@ void menu_bar::sync(bool tasks_locked) {
     // A pointer that asks for a topic is a state that the menu shows.
     const bool asks_for_help = form_.mouse_pointer == help_pointer;
     for (const entry& line : entries_) {
-        mirror_text(line.action, screen_line(line.model->caption));
+        mirror_text(line.action, own_line(line.model->caption));
         mirror_enabled(line.action, line.model->enabled && (!line.parent || line.parent->enabled) &&
                                         !(tasks_locked && line.starts_task));
         mirror_visible(line.action, line.model->visible);

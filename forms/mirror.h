@@ -9,6 +9,7 @@
 #include <string>
 
 #include "core/model/controls.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -28,12 +29,12 @@ bool mirror_text(Shown* shown, const QString& words) {
 }
 
 inline void mirror_title(QWidget* window, const std::string& caption) {
-    const QString title = screen_line(caption);
+    const QString title = own_line(caption);
     if (window->windowTitle() != title) window->setWindowTitle(title);
 }
 
 inline void mirror_tooltip(QWidget* shown, const std::string& tooltip) {
-    const QString words = screen_text(tooltip);
+    const QString words = own_text(tooltip);
     if (shown->toolTip() != words) shown->setToolTip(words);
 }
 

@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "forms/mirror.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 #include "forms/window_place.h"
 
@@ -26,7 +27,7 @@ number_frame::number_frame(Tavrel& form, std::function<void(const std::string&)>
     const auto field = [&](int row, const char* words, const control& model) {
         auto* box = new QLineEdit(this);
         name_after(box, model);
-        auto* label = new QLabel(QString::fromUtf8(words), this);
+        auto* label = new QLabel(own_line(words), this);
         label->setBuddy(box);
         layout->addWidget(label, row, 0);
         layout->addWidget(box, row, 1);
@@ -34,7 +35,7 @@ number_frame::number_frame(Tavrel& form, std::function<void(const std::string&)>
     field(1, "起始(&S)", form.Text1);
     field(2, "终点(&E)", form.Text2);
     const auto button = [&](int column, const control& model, const char* key) {
-        auto* made = new QPushButton(screen_line(model.caption) + QLatin1String(key), this);
+        auto* made = new QPushButton(own_line(model.caption + key), this);
         name_after(made, model);
         mirror_tooltip(made, model.tooltip);
         layout->addWidget(made, 3, column);
@@ -48,7 +49,7 @@ number_frame::number_frame(Tavrel& form, std::function<void(const std::string&)>
 
 void number_frame::sync() {
     if (!form_.Frame1.visible) return hide();
-    mirror_text(caption_, screen_line(form_.Frame1.caption));
+    mirror_text(caption_, own_line(form_.Frame1.caption));
     if (isHidden()) show_at(QPoint(form_.Frame1.place.left, form_.Frame1.place.top) / twips_per_pixel);
 }
 

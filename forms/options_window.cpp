@@ -13,6 +13,7 @@
 #include "forms/form_parts.h"
 #include "forms/mirror.h"
 #include "forms/option_list_view.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 #include "search/options_menu.h"
 
@@ -28,11 +29,8 @@ constexpr int button_room = 14;
 
 // The caption with the letter that the keyboard reaches it by.
 QString with_letter(const std::string& caption, char letter) {
-    QString words = screen_line(caption);
-    if (letter == 0) return words;
-    const auto key = QLatin1Char(letter);
-    if (words.startsWith(key)) return words.prepend(QLatin1Char('&'));
-    return words + QStringLiteral("(&%1)").arg(key);
+    if (letter != 0 && caption.starts_with(letter)) return own_line(caption).prepend(QLatin1Char('&'));
+    return own_caption(caption, letter);
 }
 
 QLabel* heading(const control& model, char letter, QWidget* buddy) {
@@ -105,9 +103,11 @@ QWidget* options_window::make_checks() {
     auto* side = new QWidget(this);
     auto* layout = bare_layout<QVBoxLayout>(side, 10);
     layout->addStretch(1);
-    static constexpr char letters[] = {0, 'P', 'C', 'W', 'S', 'R', 'Z', 'M'};
-    for (std::size_t i = 1; i <= form_.checks.size(); ++i) {
-        control& model = i < form_.checks.size() ? *form_.checks[i] : form_.Check7;
+    static constexpr char letters[] = {0, 'P', 'C', 'W', 'S', 'R', 'Z', 'M', 'G'};
+    std::vector<control*> models(form_.checks.begin(), form_.checks.end());
+    models.insert(models.end(), {&form_.Check7, &form_.Check8});
+    for (std::size_t i = 1; i < models.size(); ++i) {
+        control& model = *models[i];
         auto* box = new QCheckBox(with_letter(model.caption, letters[i]), side);
         name_after(box, model);
         mirror_tooltip(box, model.tooltip);

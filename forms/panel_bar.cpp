@@ -6,6 +6,7 @@
 #include <QToolTip>
 
 #include "forms/colours.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -31,13 +32,13 @@ QSize panel_bar::sizeHint() const {
 void panel_bar::sync(const status_bar& bar) {
     bool changed = false;
     for (int number = 1; number <= status_bar::panel_count; ++number) {
-        const QString words = screen_line(bar.panel(number)).trimmed();
+        const QString words = own_line(bar.panel(number)).trimmed();
         if (texts_.at(number - 1) == words && widths_.at(number - 1) == bar.width(number)) continue;
         texts_[number - 1] = words;
         widths_[number - 1] = bar.width(number);
         changed = true;
     }
-    tip_ = screen_text(bar.tooltip);
+    tip_ = own_text(bar.tooltip);
     if (changed) update();
 }
 

@@ -8,6 +8,7 @@
 
 #include "forms/fonts.h"
 #include "forms/mirror.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -41,7 +42,7 @@ row_panel::row_panel(Tavrel& form, std::function<void(const std::string&)> act, 
     auto* close = new QToolButton(this);
     close->setObjectName(QStringLiteral("Frame4_Close"));
     close->setText(QStringLiteral("✕"));
-    close->setToolTip(QStringLiteral("关闭"));
+    close->setToolTip(own_line("关闭"));
     close->setAutoRaise(true);
     close->setCursor(Qt::ArrowCursor);
     connect(close, &QToolButton::clicked, this, [this] { close_panel(); });
@@ -74,7 +75,7 @@ int row_panel::wanted_width() const {
 }
 
 void row_panel::sync() {
-    mirror_text(caption_, screen_line(form_.Frame4.caption));
+    mirror_text(caption_, own_line(form_.Frame4.caption));
     sync_box(first_, form_.samefile_disp1);
     sync_box(second_, form_.samefile_disp2);
     if (!form_.Frame4.visible) {

@@ -8,6 +8,7 @@
 #include <QUrl>
 
 #include "forms/colours.h"
+#include "forms/own_words.h"
 #include "forms/path_names.h"
 #include "forms/screen_text.h"
 
@@ -36,8 +37,8 @@ void selected_list::keyPressEvent(QKeyEvent* event) {
 
 void selected_list::contextMenuEvent(QContextMenuEvent* event) {
     QMenu menu(this);
-    QAction* remove = menu.addAction(screen_line(form_.move_selected_dir.caption) + QStringLiteral("(&M)"));
-    const QAction* clear = menu.addAction(screen_line(form_.清空列表M.caption) + QStringLiteral("(&C)"));
+    QAction* remove = menu.addAction(own_caption(form_.move_selected_dir.caption, 'M'));
+    const QAction* clear = menu.addAction(own_caption(form_.清空列表M.caption, 'C'));
     remove->setShortcut(QKeySequence(Qt::Key_Delete));
     remove->setEnabled(selectionModel()->hasSelection());
     const QAction* chosen = menu.exec(event->globalPos());
@@ -76,7 +77,7 @@ void selected_list::paintEvent(QPaintEvent* event) {
     painter.setPen(quiet_text(palette()));
     painter.drawText(
         viewport()->rect().adjusted(16, 16, -16, -16), Qt::AlignCenter | Qt::TextWordWrap,
-        QStringLiteral("还没有选中目录。\n在左边双击一个目录，它就会列在这里；\n也可以把文件夹拖进来。"));
+        own_text("还没有选中目录。\n在左边双击一个目录，它就会列在这里；\n也可以把文件夹拖进来。"));
 }
 
 }  // namespace corvane

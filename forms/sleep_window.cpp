@@ -13,6 +13,7 @@
 
 #include "forms/colour_bar_view.h"
 #include "forms/mirror.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -48,12 +49,12 @@ sleep_window::sleep_window(Tavrel& main, sleep_form& form, std::function<void(co
 
 QGroupBox* sleep_window::make_options(const char* frame, const std::vector<control*>& options) {
     const control& model = *form_.find(frame);
-    auto* group = new QGroupBox(screen_line(model.caption), this);
+    auto* group = new QGroupBox(own_line(model.caption), this);
     name_after(group, model);
     auto* layout = new QVBoxLayout(group);
     layout->setSpacing(4);
     for (control* option : options) {
-        auto* button = new QRadioButton(screen_line(option->caption), group);
+        auto* button = new QRadioButton(own_line(option->caption), group);
         name_after(button, *option);
         connect(button, &QRadioButton::clicked, this, [this, option] { act(option->name() + "_Click"); });
         layout->addWidget(button);
@@ -65,7 +66,7 @@ QGroupBox* sleep_window::make_options(const char* frame, const std::vector<contr
 
 QLabel* sleep_window::make_label(const char* name, const QString& letter, QWidget* buddy) {
     control& model = *form_.find(name);
-    auto* label = new QLabel(screen_line(model.caption) + letter, this);
+    auto* label = new QLabel(own_line(model.caption + letter.toStdString()), this);
     name_after(label, model);
     label->setBuddy(buddy);
     return label;
@@ -107,7 +108,7 @@ QWidget* sleep_window::make_arrows(range_control& model) {
     for (const int step : {1, -1}) {
         auto* arrow = new QToolButton(arrows);
         arrow->setArrowType(step > 0 ? Qt::UpArrow : Qt::DownArrow);
-        arrow->setAccessibleName(step > 0 ? QStringLiteral("增加") : QStringLiteral("减少"));
+        arrow->setAccessibleName(step > 0 ? own_line("增加") : own_line("减少"));
         mirror_tooltip(arrow, model.tooltip);
         arrow->setAutoRepeat(true);
         arrow->setAutoRepeatDelay(first_repeat);
@@ -151,8 +152,8 @@ QWidget* sleep_window::make_times() {
     grid->addWidget(make_label("Label7", QStringLiteral("(&W)"), warning), 3, 0);
     grid->addWidget(warning, 3, 1);
     grid->addWidget(make_arrows(form_.VScroll3), 3, 2);
-    grid->addWidget(new QLabel(QStringLiteral("分钟"), side), 3, 3, 1, 3);
-    grid->addWidget(new QLabel(QStringLiteral("计时开始"), side), 4, 0);
+    grid->addWidget(new QLabel(own_line("分钟"), side), 3, 3, 1, 3);
+    grid->addWidget(new QLabel(own_line("计时开始"), side), 4, 0);
     grid->addWidget(make_label("Label9"), 4, 1, 1, 5);
     grid->addWidget(make_label("Label8"), 5, 0);
     grid->addWidget(make_label("Label4"), 5, 1, 1, 5);
@@ -171,8 +172,7 @@ QWidget* sleep_window::make_times() {
 }
 
 QPushButton* sleep_window::make_button(control& model, char letter) {
-    auto* button =
-        new QPushButton(screen_line(model.caption) + QStringLiteral("(&%1)").arg(QLatin1Char(letter)), this);
+    auto* button = new QPushButton(own_caption(model.caption, letter), this);
     name_after(button, model);
     mirror_tooltip(button, model.tooltip);
     button->setAutoDefault(false);

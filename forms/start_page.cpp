@@ -5,6 +5,7 @@
 
 #include "forms/colours.h"
 #include "forms/icons.h"
+#include "forms/own_words.h"
 #include "forms/task_column.h"
 
 namespace corvane {
@@ -51,8 +52,10 @@ void start_page::sync() {
     std::array<step, 3> steps;
     const bool listed = state.file_count > 0 && state.file_list_loaded != 0;
     if (state.selected_dir_count > 0) {
-        steps[0] = {step_state::done, QStringLiteral("已选 %1 个目录").arg(state.selected_dir_count)};
-        if (listed) steps[1] = {step_state::done, QStringLiteral("已列出 %1 个文件").arg(state.file_count)};
+        steps[0] = {step_state::done,
+                    own_line("已选 " + std::to_string(state.selected_dir_count) + " 个目录")};
+        if (listed)
+            steps[1] = {step_state::done, own_line("已列出 " + std::to_string(state.file_count) + " 个文件")};
     }
     for (std::size_t i = 0; i < steps.size(); ++i)
         if (next == words[i].picture) steps[i].state = step_state::next;
@@ -88,15 +91,15 @@ void start_page::paintEvent(QPaintEvent*) {
     const page_places where = places();
     painter.setFont(larger(font(), title_factor, false));
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(where.title, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("三步找出重复文件"));
+    painter.drawText(where.title, Qt::AlignLeft | Qt::AlignVCenter, own_line("三步找出重复文件"));
     painter.setFont(font());
     painter.setPen(quiet_text(palette()));
     painter.drawText(where.subtitle, Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("依次点下面三项，左边的任务栏里也有它们。"));
+                     own_line("依次点下面三项，左边的任务栏里也有它们。"));
     for (std::size_t at = 0; at < steps_.size(); ++at) paint_step(painter, at, where.cards[at]);
     painter.setFont(font());
     painter.setPen(quiet_text(palette()));
-    painter.drawText(where.closing, Qt::AlignLeft | Qt::TextWordWrap, QString::fromUtf8(closing));
+    painter.drawText(where.closing, Qt::AlignLeft | Qt::TextWordWrap, own_line(closing));
 }
 
 void start_page::paint_step(QPainter& painter, std::size_t at, const QRectF& card) const {
@@ -123,7 +126,7 @@ void start_page::paint_step(QPainter& painter, std::size_t at, const QRectF& car
     painter.setFont(title_font);
     painter.setPen(ink);
     painter.drawText(QRectF(left, top, wide, title_height), Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("%1  %2").arg(at + 1).arg(QString::fromUtf8(words[at].title)));
+                     QStringLiteral("%1  %2").arg(at + 1).arg(own_line(words[at].title)));
     painter.setFont(font());
     if (!shown.note.isEmpty()) {
         painter.setPen(mark);
@@ -131,7 +134,7 @@ void start_page::paint_step(QPainter& painter, std::size_t at, const QRectF& car
                          QStringLiteral("✓ ") + shown.note);
     }
     painter.setPen(quiet_text(palette()));
-    const QString text = QString::fromUtf8(words[at].text);
+    const QString text = own_line(words[at].text);
     painter.drawText(QRectF(left, top + title_height + 4, wide, line), Qt::AlignLeft | Qt::AlignVCenter,
                      fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(wide)));
 }

@@ -9,6 +9,7 @@
 #include "core/model/task_table.h"
 #include "forms/colours.h"
 #include "forms/mirror.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 #include "forms/task_button.h"
 #include "forms/window_place.h"
@@ -113,7 +114,7 @@ void task_column::sync() {
     if (form_.hover.captured.empty() && form_.hover.pic_pressed == 0) take_places();
     const std::string next = next_step(form_);
     for (const row& task : rows_) {
-        const QString words = task.label ? screen_line(task.label->caption) : QString();
+        const QString words = task.label ? own_line(task.label->caption) : QString();
         if (mirror_text(task.button, words)) {
             task.button->setAccessibleName(words);
             task.button->updateGeometry();

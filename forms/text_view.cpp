@@ -12,6 +12,7 @@
 
 #include "forms/colours.h"
 #include "forms/fonts.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -68,7 +69,7 @@ void text_view::paintEvent(QPaintEvent*) {
     if (!lines_.reason().empty()) {
         painter.setPen(quiet_text(palette()));
         painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
-                         Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, screen_text(lines_.reason()));
+                         Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, own_text(lines_.reason()));
         return;
     }
     const std::int64_t first = first_visible_line();
@@ -175,7 +176,7 @@ void text_view::copy_selection() const {
 
 void text_view::contextMenuEvent(QContextMenuEvent* event) {
     QMenu menu(this);
-    QAction* copy = menu.addAction(QStringLiteral("复制(&C)"), this, [this] { copy_selection(); });
+    QAction* copy = menu.addAction(own_line("复制(&C)"), this, [this] { copy_selection(); });
     copy->setEnabled(anchor_ >= 0);
     menu.exec(event->globalPos());
 }

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "forms/mirror.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 #include "forms/window_place.h"
 
@@ -43,7 +44,7 @@ void tip_box::measure() {
 void tip_box::sync() {
     const control& model = form_.tiptext;
     if (!model.visible) return hide();
-    setText(screen_text(model.text));
+    setText(own_text(model.text));
     setGeometry(model.place.left / twips_per_pixel, model.place.top / twips_per_pixel,
                 model.place.width / twips_per_pixel + 2 * frame, model.place.height / twips_per_pixel);
     show();

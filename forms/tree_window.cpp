@@ -18,6 +18,7 @@
 #include "forms/form_parts.h"
 #include "forms/list_box_view.h"
 #include "forms/mirror.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 #include "forms/suffix_view.h"
 
@@ -34,7 +35,7 @@ constexpr int narrowest_button = 84;
 constexpr int button_room = 14;
 
 QString with_key(const control& model, const char* key) {
-    return screen_line(model.caption) + QLatin1String(key);
+    return own_line(model.caption + key);
 }
 
 QLabel* label_of(const control& model, const char* key, QWidget* buddy) {
@@ -158,7 +159,8 @@ QWidget* tree_window::make_lists() {
     month_ = new QCalendarWidget(side);
     name_after(month_, form_.MonthView1);
     // The interface is Chinese, whatever the desktop's language.
-    month_->setLocale(QLocale(QLocale::Chinese, QLocale::China));
+    month_->setLocale(translation_in_use() ? QLocale(QLocale::English)
+                                           : QLocale(QLocale::Chinese, QLocale::China));
     month_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     connect(month_, &QCalendarWidget::clicked, this, [this](QDate day) {
         form_.MonthView1.text = day.toString(Qt::ISODate).toStdString();
@@ -187,8 +189,7 @@ QWidget* tree_window::make_buttons() {
     auto* row = new QWidget(this);
     auto* layout = bare_layout<QHBoxLayout>(row, 8);
     layout->addWidget(make_button(*form_.commands[3], with_key(*form_.commands[3], ""), false));
-    layout->addWidget(make_button(
-        form_.Picture1, QString::fromUtf8(form_.Picture1.tooltip.c_str()) + QStringLiteral("(&V)"), false));
+    layout->addWidget(make_button(form_.Picture1, own_caption(form_.Picture1.tooltip, 'V'), false));
     progress_ = new QProgressBar(row);
     name_after(progress_, form_.ProgressBar1);
     progress_->setTextVisible(false);

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "forms/mirror.h"
+#include "forms/own_words.h"
 #include "forms/screen_text.h"
 
 namespace corvane {
@@ -34,7 +35,7 @@ warning_window::warning_window(Tavrel& main, warning_form& form, std::function<v
     name_after(bar_, form.ProgressBar1);
     bar_->setTextVisible(false);
     layout->addWidget(bar_);
-    auto* stop = new QPushButton(QStringLiteral("取消关机(&C)"), this);
+    auto* stop = new QPushButton(own_line("取消关机(&C)"), this);
     stop->setObjectName(QStringLiteral("stop"));
     stop->setAutoDefault(false);
     connect(stop, &QPushButton::clicked, this, [this] { reject(); });
@@ -47,7 +48,7 @@ warning_window::warning_window(Tavrel& main, warning_form& form, std::function<v
 }
 
 void warning_window::sync(bool) {
-    mirror_text(words_, screen_text(form_.Label1.caption));
+    mirror_text(words_, own_text(form_.Label1.caption));
     if (bar_->maximum() != form_.ProgressBar1.maximum) bar_->setRange(0, form_.ProgressBar1.maximum);
     if (bar_->value() != form_.ProgressBar1.value) bar_->setValue(form_.ProgressBar1.value);
     if (!form_.Timer1.enabled || form_.Timer1.interval <= 0)

@@ -58,6 +58,7 @@ directory_form::directory_form(Tavrel& main)
       main_(main),
       flight_(Text_animal, Timer1) {
     caption = "搜索目录_选择";
+    List_disk_sele.own_words = true;
     help_context = 1009;
     Check_hidden.caption = "显示隐藏目录";
     Label1.caption = "右键选中;Ctrl+鼠标:多选;shift 鼠标:区域选.";

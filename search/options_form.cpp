@@ -47,6 +47,7 @@ options_form::options_form(Tavrel& main)
       List2(add<list_box>("List2")),
       List3(add<list_box>("List3")),
       List4(add<list_box>("List4")),
+      Check8(add<control>(control_kind::check_box, "Check8")),
       Check7(add<control>(control_kind::check_box, "Check7")),
       Command1(add<control>(control_kind::button, "Command1")),
       Command3(add<control>(control_kind::button, "Command3")),
@@ -72,6 +73,8 @@ options_form::options_form(Tavrel& main)
         checks[i]->caption = check_captions[i];
     }
     checks[6]->tooltip = "关闭本窗口后生效";
+    Check8.caption = "English interface";
+    Check8.tooltip = "界面使用英文,重新启动程序后生效";
     Check7.caption = "较长的任务结束后通知";
     Check7.tooltip = "任务运行超过30秒,结束时窗口不在前面,就在桌面上显示通知";
     static constexpr const char* look[] = {"字体放大", "字体缩小", "背景颜色", "文字颜色"};
@@ -120,6 +123,7 @@ void options_form::load() {
     mend_settings();
     apply_look();
     for (std::size_t i = 1; i < checks.size(); ++i) checks[i]->value = main_.state.*check_settings[i];
+    Check8.value = main_.state.added.english ? 1 : 0;
     Check7.value = main_.state.added.notify_after_task ? 1 : 0;
     kept_texts_ = active_texts();
     loaded_ = true;
@@ -156,8 +160,9 @@ void options_form::Form_Unload() {
     for (const std::size_t i : {1u, 2u, 3u, 5u, 6u}) store_check(i);
 }
 
-void options_form::Check7_Click() {
+void options_form::keep_added_settings() {
     main_.state.added.notify_after_task = Check7.value != 0;
+    main_.state.added.english = Check8.value != 0;
     const std::string path = main_.data_path(data_file::added_settings);
     const outcome written = write_added_settings(main_.outside.files, path, main_.state.added);
     if (!written) main_.complain(path + "\r\n" + written.reason);

@@ -24,6 +24,7 @@ class options_form : public form_model {
     list_box& List4;                   // common types to take from
     std::array<control*, 6> labels{};  // Label1 to Label5 from index 1
     std::array<control*, 7> checks{};  // Check1 to Check6 from index 1
+    control& Check8;                   // English windows; kept in the added settings
     control& Check7;  // a notification when a long task has ended; kept in the added settings
     control& Command1;
     std::array<control*, 4> Command2{};
@@ -65,7 +66,7 @@ class options_form : public form_model {
     void edit_file(const char* name, const char* seed);
     void reload(option_list_edit& list, void (*read)(Tavrel&));
     void Check1_Click();
-    void Check7_Click();
+    void keep_added_settings();
     void open_file_manager();
     void Timer1_Timer();
     void add_list_handlers(handler_table& table);

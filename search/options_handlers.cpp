@@ -84,7 +84,8 @@ void options_form::add_file_handlers(handler_table& table) {
 void options_form::add_option_handlers(handler_table& table) {
     window_handlers bind(table, *this);
     bind("Check1_Click", [this] { Check1_Click(); });
-    bind("Check7_Click", [this] { Check7_Click(); });
+    bind("Check7_Click", [this] { keep_added_settings(); });
+    bind("Check8_Click", [this] { keep_added_settings(); });
     for (std::size_t i = 2; i <= 5; ++i) bind(checks[i]->name() + "_Click", [this, i] { store_check(i); });
     bind("Command1_Click", [this] { open_file_manager(); });
     for (std::size_t i = 0; i < Command2.size(); ++i)

@@ -96,6 +96,7 @@ class list_box : public control {
     void take(std::vector<row> rows);
     std::int32_t row_count() const { return static_cast<std::int32_t>(rows_.size()); }
 
+    bool own_words = false;                  // the rows are words of the program, not names
     int font_size = 0;                       // points; 0: the front end's own
     std::int32_t fore_colour = button_face;  // of the text; button_face: the front end's own
 

@@ -15,6 +15,7 @@ struct switch_row {
 
 constexpr switch_row switches[] = {
     {"notify_after_task", &added_settings::notify_after_task},
+    {"english", &added_settings::english},
 };
 
 bool take(added_settings& values, std::string_view name, std::string_view value) {

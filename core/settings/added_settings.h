@@ -11,6 +11,7 @@ namespace corvane {
 
 struct added_settings {
     bool notify_after_task = true;  // tell the desktop when a long task has ended
+    bool english = false;           // the windows speak English, from the next start on
 
     // Lines that this version does not know; they are written again as they stand.
     std::vector<std::string> unknown;

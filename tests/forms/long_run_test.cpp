@@ -123,7 +123,7 @@ TEST(long_run, tells_nothing_to_a_user_who_looks_or_does_not_want_it) {
     shown.form.run("Form_no_dire.Check7_Click");
     shown.task(100);
     EXPECT_EQ(shown.notifications(), texts{});
-    EXPECT_EQ(shown.files.content_of("/prog/附加设置.txt"), "notify_after_task=0\r\n");
+    EXPECT_EQ(shown.files.content_of("/prog/附加设置.txt"), "notify_after_task=0\r\nenglish=0\r\n");
 }
 
 TEST(long_run, a_click_brings_the_window_back) {

@@ -168,7 +168,7 @@ TEST(options_window, every_button_check_box_and_heading_has_its_own_letter) {
     QStringList words;
     for (const QAbstractButton* button : open.window.findChildren<QAbstractButton*>())
         if (!button->objectName().isEmpty() && button->isVisible()) words.append(button->text());
-    EXPECT_EQ(words.size(), 15);
+    EXPECT_EQ(words.size(), 16);
     for (const char* label : {"Label1", "Label2", "Label3", "Label4"})
         words.append(open.shown.widget(label, &open.window)->property("text").toString());
     QSet<QChar> letters;
@@ -371,13 +371,13 @@ TEST(options_window, the_tab_key_goes_the_way_of_the_eye) {
     open_options open;
     texts names;
     QWidget* at = open.list("List1");
-    for (int i = 0; i < 20; ++i) {
+    for (int i = 0; i < 21; ++i) {
         names.push_back(at->objectName().toStdString());
         do {
             at = at->nextInFocusChain();
         } while (!(at->focusPolicy() & Qt::TabFocus) || !at->isVisible() || at->window() != &open.window);
     }
-    EXPECT_EQ(names, (texts{"List1", "Check1", "Check2", "Check3", "Check4", "Check5", "Check6", "Check7", "List4",
+    EXPECT_EQ(names, (texts{"List1", "Check1", "Check2", "Check3", "Check4", "Check5", "Check6", "Check7", "Check8", "List4",
                             "List2", "List3", "Command1", "Command3", "Command2(0)", "Command2(1)",
                             "Command2(2)", "Command2(3)", "Command5", "Command4", "List1"}));
 }

@@ -8,11 +8,13 @@
 #include <QTimer>
 #include <cstdio>
 
+#include "core/language/translation.h"
 #include "core/tasks/progress.h"
 #include "forms/directory_window.h"
 #include "forms/fonts.h"
 #include "forms/main_window.h"
 #include "forms/options_window.h"
+#include "forms/own_words.h"
 #include "forms/row_panel.h"
 #include "forms/sleep_window.h"
 #include "forms/tree_window.h"
@@ -243,6 +245,9 @@ int main(int argc, char** argv) {
                                 QStringLiteral("_%1_%2.png").arg(palette, QString::fromLocal8Bit(argv[3]))};
     QDir().mkpath(pictures.folder);
 
+    // CORVANE_LANGUAGE=en: the same windows in English.
+    const corvane::translation english = corvane::english();
+    if (qEnvironmentVariable("CORVANE_LANGUAGE") == QLatin1String("en")) corvane::use_translation(&english);
     forms_program shown;
     QWidget* main = &shown.windows.main();
     pictures.save(shown, main, "start");

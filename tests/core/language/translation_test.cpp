@@ -1,0 +1,104 @@
+// The table of texts: whole ones, lines, patterns, letters of captions.
+#include "core/language/translation.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <set>
+#include <string>
+
+namespace corvane {
+namespace {
+
+constexpr std::array<translation_row, 9> rows = {{
+    {"确定", "OK"},
+    {"文件", "File"},
+    {"自动关机...", "Shut down..."},
+    {"关闭计算机.", "shut down."},
+    {"文件数:{}", "Files: {}"},
+    {"就要{t}请做好准备", "About to {t}"},
+    {"保留 {} 个: 最后 {} 个", "Kept {}: last {}"},
+    {"保留 {} 个: 最后 {} 个 变化 {} 个", "Kept {}: last {} changed {}"},
+    {"{}  不存在", "{} is not there"},
+}};
+
+std::string said(std::string_view text) {
+    return translation({rows}).translated(text);
+}
+
+TEST(Translation, AWholeTextIsItsRowAndWhatHasNoneStaysAsItIs) {
+    EXPECT_EQ(said("确定"), "OK");
+    EXPECT_EQ(said("不知道"), "不知道");
+    EXPECT_EQ(said("plain"), "plain");
+    EXPECT_EQ(said(""), "");
+}
+
+TEST(Translation, LinesAreTranslatedOneByOneWithTheirBlanksAndEnds) {
+    EXPECT_EQ(said("  确定\r\n\r\n文件 \r\n不知道\n"), "  OK\r\n\r\nFile \r\n不知道\n");
+}
+
+TEST(Translation, HolesTakeOverWhatTheyCaughtAsItIs) {
+    EXPECT_EQ(said("文件数:12,480"), "Files: 12,480");
+    EXPECT_EQ(said("文件数:"), "Files: ");
+    // A path that is a text of the table, or no UTF-8 at all.
+    EXPECT_EQ(said("/家/文件  不存在"), "/家/文件 is not there");
+    EXPECT_EQ(said("文件  不存在"), "文件 is not there");
+    EXPECT_EQ(said("/a\xFF\xFE 中  不存在"), "/a\xFF\xFE 中 is not there");
+}
+
+TEST(Translation, ASpokenHoleIsTranslatedItself) {
+    EXPECT_EQ(said("就要关闭计算机.请做好准备"), "About to shut down.");
+    EXPECT_EQ(said("就要别的请做好准备"), "About to 别的");
+}
+
+TEST(Translation, OfTwoPatternsWithOneBeginningTheOneThatFitsWholeIsTaken) {
+    EXPECT_EQ(said("保留 2 个: 最后 1 个 变化 1 个"), "Kept 2: last 1 changed 1");
+    EXPECT_EQ(said("保留 2 个: 最后 2 个"), "Kept 2: last 2");
+}
+
+TEST(Translation, TheLetterOfACaptionMarksALetterOfItsWords) {
+    EXPECT_EQ(said("文件(&F)"), "&File");
+    EXPECT_EQ(said("文件(&L)"), "Fi&le");
+    EXPECT_EQ(said("文件(&X)"), "File (&X)");
+    EXPECT_EQ(said("自动关机(&D)..."), "Shut &down...");
+    EXPECT_EQ(said("自动关机(&Z)..."), "Shut down (&Z)...");
+}
+
+TEST(Translation, KnowsWhatItCanSay) {
+    const translation table({rows});
+    EXPECT_TRUE(table.knows("文件数:1\r\nplain\r\n确定"));
+    EXPECT_FALSE(table.knows("文件数:1\r\n不知道"));
+}
+
+TEST(Translation, OnlyChineseIsLookedAt) {
+    EXPECT_TRUE(holds_chinese("a中"));
+    EXPECT_TRUE(holds_chinese("a，"));
+    EXPECT_FALSE(holds_chinese("résumé ✓ …"));
+}
+
+// English: every row once, as many holes on both sides, no Chinese left on the right.
+TEST(English, RowsAreWellFormed) {
+    std::set<std::string_view> seen;
+    for (const auto& table : {english_windows(), english_menus(), english_messages(), english_status()})
+        for (const translation_row& row : table) {
+            EXPECT_TRUE(seen.insert(row.text).second) << row.text;
+            EXPECT_FALSE(holds_chinese(row.translated)) << row.translated;
+            const auto holes = [](std::string_view text) {
+                std::string found;
+                for (std::size_t at = text.find('{'); at != std::string_view::npos;
+                     at = text.find('{', at + 1))
+                    found += text.substr(at, text.find('}', at) - at + 1);
+                return found;
+            };
+            // A hole that English has no use for would be lost, and one too many would take what is not
+            // there.
+            EXPECT_EQ(holes(row.text).size() > 0, holes(row.translated).size() > 0) << row.text;
+            EXPECT_EQ(std::count(row.text.begin(), row.text.end(), '{'),
+                      std::count(row.translated.begin(), row.translated.end(), '{'))
+                << row.text;
+        }
+    EXPECT_GT(seen.size(), 300u);
+}
+
+}  // namespace
+}  // namespace corvane
