@@ -35,6 +35,7 @@ void child_window::sync_place() {
 
 void child_window::open_window() {
     colour_marks();
+    name_by_labels(*this);
     before_open();
     if (place_.is_known()) {
         place_.apply();

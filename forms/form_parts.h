@@ -1,6 +1,7 @@
 // Small parts that the windows of settings share. Used by child_window and those made of it.
 #pragma once
 
+#include <QLabel>
 #include <QPalette>
 #include <QWidget>
 
@@ -23,6 +24,16 @@ inline void colour_mark(QWidget& box, QPalette colours) {
         colours.setColor(QPalette::Base,
                          blend(colours.color(QPalette::Window), colours.color(QPalette::WindowText), 0.22));
     box.setPalette(colours);
+}
+
+// A screen reader hears the words of a label before the part that the label is for.
+inline void name_by_labels(QWidget& window) {
+    for (const QLabel* label : window.findChildren<QLabel*>()) {
+        QWidget* part = label->buddy();
+        if (part == nullptr || !part->accessibleName().isEmpty()) continue;
+        QString words = label->text();
+        part->setAccessibleName(words.remove(QLatin1Char('&')));
+    }
 }
 
 }  // namespace corvane

@@ -73,6 +73,24 @@ std::uint32_t list_model::painted_colour(int row, int column) const {
     return plain && looks_marked(row, column) ? cell_colour::mark_red : own;
 }
 
+// What the eye sees by the colour, in words; empty for an ordinary cell.
+const char* list_model::meaning(int row, int column) const {
+    switch (painted_colour(row, column)) {
+        case cell_colour::mark_red:
+            return "红色:欲删除的文件";
+        case cell_colour::mark_blue:
+            return "蓝色:因属性原因删不掉的文件";
+        case cell_colour::colour_archive:
+            return "紫色:压缩包内部文件";
+        case cell_colour::colour_gray:
+            return "灰色:与上个文件为同一文件";
+        case cell_colour::colour_found:
+            return "水红:查找到的文件";
+        default:
+            return "";
+    }
+}
+
 QVariant list_model::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
@@ -82,6 +100,10 @@ QVariant list_model::data(const QModelIndex& index, int role) const {
             return colour(index.row(), index.column());
         case struck_role:
             return looks_marked(index.row(), index.column());
+        case Qt::AccessibleTextRole:
+            return text(index.row(), index.column());
+        case Qt::AccessibleDescriptionRole:
+            return own_line(meaning(index.row(), index.column()));
         default:
             return {};
     }

@@ -35,6 +35,7 @@ class list_model : public QAbstractTableModel {
     std::uint32_t painted_colour(int row, int column) const;
     // The path is marked, here or in another row.
     bool looks_marked(int row, int column) const;
+    const char* meaning(int row, int column) const;
     // Takes the marks over where they have changed, and says so. A running task changes one cell after the
     // other: its marks wait until it has ended.
     bool take_marks(bool tasks_locked);

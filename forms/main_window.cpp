@@ -117,6 +117,7 @@ QWidget* main_window::make_work_area() {
         stacked->addWidget(widget);
     list_ = new list_table(form_, act_, splitter_);
     name_after(list_, form_.ListView1);
+    list_->setAccessibleName(own_line("结果列表"));
     list_->show_menu = [this](const std::string& name, QPoint place) {
         if (QMenu* menu = menus_->popup(name)) menu->popup(place);
     };

@@ -142,7 +142,9 @@ QWidget* sleep_window::make_times() {
     grid->addWidget(hours, 1, 1);
     grid->addWidget(make_arrows(form_.VScroll1), 1, 2);
     grid->addWidget(new QLabel(QStringLiteral(":"), side), 1, 3);
-    grid->addWidget(make_field(form_.Text_m, 4), 1, 4);
+    QLineEdit* minutes = make_field(form_.Text_m, 4);
+    minutes->setAccessibleName(own_line("终止时间"));
+    grid->addWidget(minutes, 1, 4);
     grid->addWidget(make_arrows(form_.VScroll2), 1, 5, Qt::AlignLeft);
     QLineEdit* delay = make_field(form_.Text3, 4);
     grid->addWidget(make_label("Label2", QStringLiteral("(&D)"), delay), 2, 0);

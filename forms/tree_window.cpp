@@ -96,7 +96,9 @@ QWidget* tree_window::make_bounds(std::size_t check, std::size_t first, const ch
     QLineEdit* least = make_field(first);
     QLineEdit* most = make_field(first + 1);
     QLabel* between = label_of(*form_.labels[first == 3 ? 3 : 5], key, mark);
-    mark->setAccessibleName(between->text());
+    for (QWidget* part :
+         {static_cast<QWidget*>(mark), static_cast<QWidget*>(least), static_cast<QWidget*>(most)})
+        part->setAccessibleName(between->text());
     layout->addWidget(mark);
     layout->addWidget(least, 1);
     layout->addWidget(between);
@@ -147,6 +149,7 @@ QWidget* tree_window::make_lists() {
     auto* side = new QWidget(this);
     auto* layout = bare_layout<QVBoxLayout>(side, 6);
     lines_ = new list_box_view(form_.List1, side);
+    lines_->setAccessibleName(own_line("树状目录"));
     lines_->setTextElideMode(Qt::ElideRight);
     suffixes_ = new suffix_view(
         form_.ListView1, [this] { act("ListView1_DblClick"); },

@@ -16,6 +16,7 @@ std::span<const translation_row> english_windows() {
         {"减少", "Less"},
         {"显示", "Show"},
         {"全部文件 (*)", "All files (*)"},
+        {"结果列表", "List of results"},
         // The first page and the main window.
         {"三步找出重复文件", "Find duplicate files in three steps"},
         {"依次点下面三项，左边的任务栏里也有它们。",
@@ -60,6 +61,7 @@ std::span<const translation_row> english_windows() {
          "Shows the result of the last comparison; choose the files to delete. Right button: menu."},
         {"黑色:正常文件;", "Black: an ordinary file;"},
         {"紫色:压缩包内部文件;", "Purple: a file inside an archive;"},
+        {"紫色:压缩包内部文件", "Purple: a file inside an archive"},
         {"灰色:与上个文件为同一文件", "Gray: the same file as in the row above"},
         {"红色:欲删除的文件", "Red: marked to be deleted"},
         {"蓝色:因属性原因删不掉的文件", "Blue: not deleted because of its attributes"},
