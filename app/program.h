@@ -8,6 +8,7 @@
 #include "core/model/main_form.h"
 #include "search/directory_form.h"
 #include "search/options_form.h"
+#include "ui_text/interface_text.h"
 
 namespace corvane {
 
@@ -19,6 +20,7 @@ class program {
     Tavrel& main_form() { return main_; }
     directory_form& directory_window() { return directory_; }
     options_form& options_window() { return options_; }
+    interface_text& texts() { return texts_; }
     // The main form for an empty name, else the window of that name; null when there is none.
     form_model* find_form(std::string_view name);
 
@@ -43,6 +45,7 @@ class program {
     Tavrel main_;
     directory_form directory_;
     options_form options_;
+    interface_text texts_;
     enum class stage { open, closes, waits, ended };
     stage closing_ = stage::open;
 };

@@ -15,14 +15,6 @@ std::span<const char* const> handlers_to_come() {
         // Shutting down.
         "shut_computer",
         "start_shutdown",
-        // Help, tooltips, language, about.
-        "StatusBar1_PanelClick",
-        "tooltiphelp_true",
-        "tooltiphelp_false",
-        "技术支持_地_form",
-        "volume_explain",
-        "leave_word",
-        "关于_M",
     };
     return names;
 }

@@ -69,6 +69,7 @@ options_form::options_form(Tavrel& main)
     for (std::size_t i = 1; i < checks.size(); ++i) {
         checks[i] = &add<control>(control_kind::check_box, element("Check", i));
         checks[i]->caption = check_captions[i];
+        checks[i]->help_context = 1028;
     }
     checks[6]->tooltip = "关闭本窗口后生效";
     static constexpr const char* look[] = {"字体放大", "字体缩小", "背景颜色", "文字颜色"};

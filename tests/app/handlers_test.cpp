@@ -126,7 +126,8 @@ TEST(Registry, NoNameIsBoundTwiceByTheTables) {
     std::set<std::string> seen;
     for (const handler_table& table :
          {core_handlers(), search_handlers(), compare_handlers(), browser_handlers(), name_handlers(),
-          cleanup_handlers(), p.corvane.directory_window().handlers(), p.corvane.options_window().handlers()})
+          cleanup_handlers(), p.corvane.directory_window().handlers(), p.corvane.options_window().handlers(),
+          p.corvane.texts().handlers()})
         for (const handler& each : table)
             EXPECT_TRUE(seen.insert(folded_name(each.name)).second) << each.name;
     EXPECT_GT(seen.size(), 60u);
