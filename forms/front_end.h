@@ -11,8 +11,10 @@
 
 namespace corvane {
 
+class about_window;
 class child_window;
 class directory_window;
+class help_keys;
 class main_window;
 class options_window;
 class qt_user_interface;
@@ -34,12 +36,14 @@ class front_end {
     main_window& main() { return *main_; }
     directory_window& directory() { return *directory_; }
     options_window& options() { return *options_; }
+    about_window& about() { return *about_; }
 
   private:
     program& program_;
     qt_user_interface& screen_;
     void follow();
-    // What another start of the program gets to see: the window that waits for its end. False when it does not.
+    // What another start of the program gets to see: the window that waits for its end. False when it does
+    // not.
     bool raise_while_closing();
 
     QTimer clock_;
@@ -47,6 +51,8 @@ class front_end {
     std::unique_ptr<main_window> main_;
     std::unique_ptr<directory_window> directory_;
     std::unique_ptr<options_window> options_;
+    std::unique_ptr<about_window> about_;
+    std::unique_ptr<help_keys> help_keys_;
     std::vector<child_window*> windows_;  // every window beside the main form
     bool syncing_ = false;
 };

@@ -23,7 +23,8 @@ class shell {
 
     // Moves one path to the recycle bin; what cannot be moved stays where it is.
     virtual outcome recycle(const std::string& path) = 0;
-    // Opens a document or a directory with the program that is associated with it.
+    // Opens a document, a directory or an address on the web (http:// or https://) with the program that is
+    // associated with it.
     virtual outcome open_document(const std::string& path) = 0;
     // Opens the file manager with the path selected.
     virtual outcome show_in_file_manager(const std::string& path) = 0;

@@ -39,7 +39,10 @@ object_pointer<GFile> file_at(const std::string& path) {
     return object_pointer<GFile>(g_file_new_for_path(to_raw(path).c_str()));
 }
 
+// An address on the web is one already; no path of the disk looks like one.
 text_pointer uri_of(const std::string& path) {
+    if (path.starts_with("https://") || path.starts_with("http://"))
+        return text_pointer(g_strdup(path.c_str()));
     return text_pointer(g_file_get_uri(file_at(path).get()));
 }
 
