@@ -31,6 +31,8 @@ help_browser::help_browser(QString folder, QWidget* parent)
     : QTextBrowser(parent), folder_(std::move(folder)) {
     setFrameShape(QFrame::NoFrame);
     document()->setDocumentMargin(page_margin);
+    // Always there, so that a page does not grow wider than what is left beside it.
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
 }
 
 void help_browser::set_text_size(double points) {

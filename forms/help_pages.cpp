@@ -88,6 +88,7 @@ std::vector<help_hit> help_pages::search(const QString& words) {
     std::stable_sort(found.begin(), found.end(),
                      [](const weighed& left, const weighed& right) { return left.weight > right.weight; });
     std::vector<help_hit> hits;
+    hits.reserve(found.size());
     for (const weighed& hit : found) hits.push_back({hit.page, excerpt_of(hit.page, hit.word)});
     return hits;
 }

@@ -37,7 +37,7 @@ class shell {
     virtual outcome set_clipboard(const std::string& text) = 0;
     // Types keys into the window that has the focus: "{F3}", "^V" (Ctrl+V), "{ENTER}".
     virtual outcome send_keys(const std::string& keys) = 0;
-    // Opens one page of the help file.
+    // Opens one page of the help, which stands in the folder "help" beside the help file.
     virtual outcome open_help_topic(const std::string& help_file, const std::string& topic) = 0;
 };
 

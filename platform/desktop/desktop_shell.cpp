@@ -154,10 +154,10 @@ outcome desktop_shell::send_keys(const std::string&) {
     return outcome::failure("不能向其他程序发送按键。");
 }
 
-outcome desktop_shell::open_help_topic(const std::string& help_file, const std::string&) {
-    if (!g_file_query_exists(file_at(help_file).get(), nullptr))
-        return outcome::failure(help_file + "  不存在");
-    return open_document(help_file);
+outcome desktop_shell::open_help_topic(const std::string& help_file, const std::string& topic) {
+    const std::string page = help_file.substr(0, help_file.rfind('/') + 1) + "help/zh_CN/" + topic;
+    if (!g_file_query_exists(file_at(page).get(), nullptr)) return outcome::failure(page + "  不存在");
+    return open_document(page);
 }
 
 }  // namespace corvane
