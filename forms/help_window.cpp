@@ -28,6 +28,7 @@ namespace {
 
 constexpr QSize first_size(820, 680);
 constexpr int narrowest = 520;
+constexpr int first_side = 220;
 constexpr int gap = 8;  // to the window beside it
 constexpr int file_role = Qt::UserRole;
 
@@ -53,18 +54,18 @@ void help_window::build() {
     setWindowTitle(words("Corvane 帮助", "Corvane help"));
     setWindowIcon(application_icon());
     browser_ = new help_browser(folder_, this);
-    auto* parts = new QSplitter(Qt::Horizontal, this);
-    parts->setChildrenCollapsible(false);
-    parts->addWidget(make_side());
-    parts->addWidget(browser_);
-    parts->setStretchFactor(0, 0);
-    parts->setStretchFactor(1, 1);
-    parts->setSizes({220, 540});
+    parts_ = new QSplitter(Qt::Horizontal, this);
+    parts_->setChildrenCollapsible(false);
+    parts_->addWidget(make_side());
+    parts_->addWidget(browser_);
+    parts_->setStretchFactor(0, 0);
+    parts_->setStretchFactor(1, 1);
+    parts_->setSizes({first_side, first_size.width() - first_side});
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(make_bar());
-    layout->addWidget(parts, 1);
+    layout->addWidget(parts_, 1);
     fill_contents();
     connect(browser_, &QTextBrowser::sourceChanged, this,
             [this](const QUrl& page) { follow_page(page.fileName()); });
@@ -235,10 +236,10 @@ void help_window::join_modal_window() {
     });
 }
 
-// Right of it, left of it, or where it hides least of the right side of the other window, where the results
-// stand.
+// Right of the window that asked, left of it, else at an edge of the screen: at the right one, where the
+// tasks of the main form stay free for help mode, or at the left one while the list shows results, which
+// stand on the right.
 void help_window::place_beside(const QWidget* other) {
-    while (other && other->parentWidget()) other = other->parentWidget()->window();
     if (!other) return;
     const QRect free = other->screen()->availableGeometry();
     const QRect beside = other->frameGeometry();
@@ -247,13 +248,19 @@ void help_window::place_beside(const QWidget* other) {
     const int top = std::clamp(beside.top(), free.top(), std::max(free.top(), free.bottom() - high - title));
     const int right = free.right() - beside.right() - gap;
     const int left = beside.left() - free.left() - gap;
-    if (std::max(right, left) < narrowest) {
-        resize(std::min(width(), free.width()), high);
-        move(free.left(), top);
-        return;
-    }
-    resize(std::min(width(), right >= narrowest ? right : left), high);
-    move(right >= narrowest ? beside.right() + gap : beside.left() - gap - width(), top);
+    const auto* list = other->findChild<QWidget*>(QStringLiteral("ListView1"));
+    const bool has_results = list && list->isVisible();
+    const bool goes_right = right >= narrowest || (left < narrowest && !has_results);
+    const int wide = std::clamp(goes_right ? right : left, narrowest, width());
+    resize(wide, high);
+    if (right >= narrowest)
+        move(beside.right() + gap, top);
+    else if (left >= narrowest)
+        move(beside.left() - gap - wide, top);
+    else
+        move(goes_right ? free.right() - wide - gap : free.left(), top);
+    const int side = std::min(first_side, wide * 3 / 10);
+    parts_->setSizes({side, wide - side});
 }
 
 void help_window::keyPressEvent(QKeyEvent* event) {

@@ -12,6 +12,7 @@
 class QAction;
 class QLineEdit;
 class QListWidget;
+class QSplitter;
 class QStackedWidget;
 class QTreeWidget;
 
@@ -59,6 +60,7 @@ class help_window : public QWidget {
     QTreeWidget* contents_ = nullptr;
     QListWidget* hits_ = nullptr;
     QStackedWidget* side_ = nullptr;
+    QSplitter* parts_ = nullptr;
     bool following_ = false;
 };
 

@@ -202,12 +202,19 @@ TEST(HelpWindow, OpensBesideTheWindowWhereThereIsRoom) {
     EXPECT_TRUE(free.contains(help.geometry()));
 }
 
-TEST(HelpWindow, OverAFullWindowItLeavesTheRightSideOfTheListFree) {
+TEST(HelpWindow, OverAFullWindowItLeavesTheTasksFreeOrTheResults) {
     forms_program shown;
     help_window help(chinese);
     QWidget& main = shown.windows.main();
     const QRect free = main.screen()->availableGeometry();
     main.setGeometry(free);
+    main.activateWindow();
+    shown.settle();
+    help.open(page(1));
+    EXPECT_GT(help.x(), free.left());
+    EXPECT_TRUE(free.contains(help.geometry()));
+    help.hide();
+    shown.show_pairs(5);
     main.activateWindow();
     shown.settle();
     help.open(page(1));
