@@ -24,7 +24,8 @@ int help_keys::context_of(const QWidget* widget) const {
     for (; widget != window; widget = widget->parentWidget())
         if (const control* model = form->find(widget->objectName().toStdString()))
             if (model->help_context != 0) return model->help_context;
-    return form->help_context;
+    // A window without a context of its own stands for the program.
+    return form->help_context != 0 ? form->help_context : program_.main_form().help_context;
 }
 
 bool help_keys::eventFilter(QObject* watched, QEvent* event) {
