@@ -176,7 +176,6 @@ TEST(LanguageTables, TheMachineTableLeavesWhatItDoesNotName) {
     p.form.run("Command38_Click");
     p.form.run("Command39_Click");
     EXPECT_EQ(p.form.find("Picture1")->tooltip, "13698");
-    EXPECT_EQ(p.form.find("Label6"), nullptr);
     EXPECT_EQ(p.form.Frame4.caption, "the demonstration content same filename");
     EXPECT_EQ(p.corvane.directory_window().cmd_dir_firm.caption, "Run");
 }
