@@ -53,12 +53,14 @@ program::program(ports outside, std::string program_dir)
       tree_(main_),
       shutdown_(main_),
       warning_(main_, shutdown_),
-      sleep_(main_, warning_, shutdown_) {
+      sleep_(main_, warning_, shutdown_),
+      texts_(main_, program_version, program_web_page) {
     main_.add_child(directory_);
     main_.add_child(options_);
     main_.add_child(tree_);
     main_.add_child(sleep_);
     main_.add_child(warning_);
+    main_.add_child(texts_.about());
     join_handlers();
     main_.when_idle = [this] {
         end_when_idle();
@@ -72,8 +74,8 @@ void program::join_handlers() {
     for (const handler_table& table :
          {core_handlers(), search_handlers(), compare_handlers(), browser_handlers(), name_handlers(),
           cleanup_handlers(), report_handlers(), result_page_handlers(program_version), directory_.handlers(),
-          options_.handlers(), tree_.handlers(), shutdown_.handlers(), sleep_.handlers(),
-          warning_.handlers()})
+          options_.handlers(), tree_.handlers(), shutdown_.handlers(), sleep_.handlers(), warning_.handlers(),
+          texts_.handlers()})
         main_.bind(table);
     main_.bind("exit_sub", [this] { close(); });
     for (const char* name : handlers_to_come())
@@ -120,11 +122,13 @@ bool program::start() {
     读不参加搜索的目录(main_);
     读不参加比较的文件类型(main_);
     读仅搜索的文件类型(main_);
+    texts_.start();
     lay_out_halves(main_);
     static constexpr const char* panels[] = {"全部文件数", "全部文件大小", "相同文件数", "相同文件大小",
                                              "删除情况",   "运行时间",     "帮助"};
     for (int number = 1; number <= status_bar::panel_count; ++number) main_.panel(number, panels[number - 1]);
     state.file_list_loaded = 0;
+    main_.run("control_helpid");
     main_.pic_gressbar1.set_colours(0xC0C0C0, 0x400040, 0xFF);
     main_.pic_gressbar1.visible = false;
     main_.visible = true;

@@ -12,6 +12,7 @@
 #include "reports/tree_form.h"
 #include "search/directory_form.h"
 #include "search/options_form.h"
+#include "ui_text/interface_text.h"
 
 namespace corvane {
 
@@ -26,11 +27,13 @@ class program {
     tree_form& tree_window() { return tree_; }
     sleep_form& sleep_window() { return sleep_; }
     warning_form& warning_window() { return warning_; }
+    interface_text& texts() { return texts_; }
     // The main form for an empty name, else the window of that name; null when there is none.
     form_model* find_form(std::string_view name);
 
     // What the main form's load handler does, in its order. Shows the main form. False when the program runs
-    // already: the user has been told or sees the window of one that is about to end, no file has been written, and the process is to end.
+    // already: the user has been told or sees the window of one that is about to end, no file has been
+    // written, and the process is to end.
     bool start();
     // What the unload handler does: asks running tasks to end, writes what must survive, closes the other
     // windows. While a handler still runs, the main form stays and says so; with its return the program ends.
@@ -54,6 +57,7 @@ class program {
     shutdown shutdown_;
     warning_form warning_;
     sleep_form sleep_;
+    interface_text texts_;
     enum class stage { open, closes, waits, ended };
     stage closing_ = stage::open;
 };

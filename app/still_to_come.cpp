@@ -3,17 +3,7 @@
 namespace corvane {
 
 std::span<const char* const> handlers_to_come() {
-    static constexpr const char* names[] = {
-        // Help, tooltips, language, about.
-        "StatusBar1_PanelClick",
-        "tooltiphelp_true",
-        "tooltiphelp_false",
-        "技术支持_地_form",
-        "volume_explain",
-        "leave_word",
-        "关于_M",
-    };
-    return names;
+    return {};  // nothing at present
 }
 
 std::span<const char* const> names_without_effect() {

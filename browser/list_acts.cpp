@@ -59,6 +59,7 @@ void locate_column(Tavrel& form) {
 }
 
 void ListView1_MouseDown(Tavrel& form) {
+    if (form.mouse_pointer == help_pointer) return;  // the click that follows opens the topic
     run_state& state = form.state;
     locate_column(form);
     form.panel(7, shown_view(form).mouse_word);
@@ -79,6 +80,7 @@ void ListView1_Click(Tavrel& form) {
 }
 
 void ListView1_DblClick(Tavrel& form) {
+    if (form.mouse_pointer == help_pointer) return;
     run_state& state = form.state;
     locate_column(form);
     if (state.clicked_row < 1 || state.clicked_row > form.ListView1.row_count()) return;

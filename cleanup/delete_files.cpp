@@ -136,8 +136,9 @@ void delete_marked_recycle(Tavrel& form) {
         form.call(handlers::delete_empty_directories);
         return;
     }
+    if (help_mode_opens(form, 20)) return;
     if (deletes == deletion_rule::left_to_file_manager) return form.inform(names_are_not_contents);
-    if (help_mode_opens(form, 20) || !has_result(form)) return;
+    if (!has_result(form)) return;
     const task_scope task(form);
     const box_answer answer = ask_for_road(form);
     if (answer == box_answer::no) return delete_marked_direct(form);

@@ -12,6 +12,7 @@
 #include <QPushButton>
 
 #include "forms/colours.h"
+#include "forms/help_keys.h"
 #include "forms/own_words.h"
 #include "forms/path_names.h"
 #include "forms/screen_text.h"
@@ -56,6 +57,7 @@ void show_words(QMessageBox& box, const message& shown) {
     box.setTextFormat(Qt::PlainText);
     box.setText(own_lines(shown.text));
     box.setIcon(icon_of(shown.icon));
+    box.setProperty(help_keys::context_property, shown.help_context);
     if (shown.detail.empty()) return;
     box.setInformativeText(own_lines(shown.detail));
     // The box has no setter for it, and a path may look like marked-up text.

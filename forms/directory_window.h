@@ -44,6 +44,7 @@ class directory_window : public child_window {
         control* model;
         const char* caption;  // with the mnemonic
         bool waits_for_task;
+        std::string design = {};  // the model's caption before any table of texts
     };
 
     QWidget* make_pick_side();

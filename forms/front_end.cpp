@@ -2,7 +2,9 @@
 
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "forms/about_window.h"
 #include "forms/directory_window.h"
+#include "forms/help_keys.h"
 #include "forms/long_run.h"
 #include "forms/main_window.h"
 #include "forms/options_window.h"
@@ -26,7 +28,9 @@ front_end::front_end(program& corvane, qt_user_interface& screen) : program_(cor
     sleep_ = std::make_unique<sleep_window>(program_.main_form(), program_.sleep_window(), run, main_.get());
     warning_ =
         std::make_unique<warning_window>(program_.main_form(), program_.warning_window(), run, main_.get());
-    windows_ = {directory_.get(), options_.get(), tree_.get(), sleep_.get(), warning_.get()};
+    about_ = std::make_unique<about_window>(program_.main_form(), program_.texts().about(), run, main_.get());
+    help_keys_ = std::make_unique<help_keys>(program_);
+    windows_ = {directory_.get(), options_.get(), tree_.get(), sleep_.get(), warning_.get(), about_.get()};
     screen_.set_sync([this] { sync(); });
     screen_.set_help([this](int topic) { open_topic(program_.main_form(), topic); });
     screen_.set_window_finder([this](const std::string& form) -> QWidget* {

@@ -11,8 +11,10 @@
 
 namespace corvane {
 
+class about_window;
 class child_window;
 class directory_window;
+class help_keys;
 class long_run;
 class main_window;
 class options_window;
@@ -41,6 +43,7 @@ class front_end {
     tree_window& tree() { return *tree_; }
     sleep_window& sleep() { return *sleep_; }
     warning_window& warning() { return *warning_; }
+    about_window& about() { return *about_; }
 
   private:
     program& program_;
@@ -59,6 +62,8 @@ class front_end {
     std::unique_ptr<tree_window> tree_;
     std::unique_ptr<sleep_window> sleep_;
     std::unique_ptr<warning_window> warning_;
+    std::unique_ptr<about_window> about_;
+    std::unique_ptr<help_keys> help_keys_;
     std::vector<child_window*> windows_;  // every window beside the main form
     bool syncing_ = false;
 };

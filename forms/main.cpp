@@ -14,6 +14,7 @@
 #include "core/settings/data_files.h"
 #include "forms/fonts.h"
 #include "forms/front_end.h"
+#include "forms/help_window.h"
 #include "forms/icons.h"
 #include "forms/own_words.h"
 #include "forms/qt_shell.h"
@@ -102,6 +103,10 @@ int main(int argc, char** argv) {
     const corvane::translation table = corvane::english();
     if (speaks_english(files, corvane::to_text(with_slash(program_dir)))) corvane::use_translation(&table);
     corvane::front_end windows(program, screen);
+    bool english = false;
+    const QString pages = corvane::help_folder(QString::fromStdString(own_folder()), english);
+    corvane::help_window help(pages, english);
+    desktop.show_help = [&help](const QString& page) { return help.open(page); };
     // Inside the event loop, so that a program closed while it starts leaves the loop as well.
     QTimer::singleShot(0, &application, [&windows] {
         if (!windows.start()) QApplication::exit(1);

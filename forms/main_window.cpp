@@ -122,6 +122,8 @@ QWidget* main_window::make_work_area() {
         if (QMenu* menu = menus_->popup(name)) menu->popup(place);
     };
     list_->hide();
+    left_list_->viewport()->installEventFilter(this);
+    text_->viewport()->installEventFilter(this);
     splitter_->handle(1)->installEventFilter(this);
     splitter_->setStretchFactor(0, 1);
     splitter_->setStretchFactor(1, 2);
@@ -245,7 +247,24 @@ void main_window::changeEvent(QEvent* event) {
     if (event->type() == QEvent::WindowStateChange) place_.keep();
 }
 
+bool main_window::asks_for_help(QObject* pressed) {
+    if (form_.mouse_pointer != help_pointer) return false;
+    if (pressed == left_list_->viewport())
+        act_("listleft_MouseDown");
+    else if (pressed == text_->viewport())
+        act_("RichTextBox2_MouseDown");
+    else
+        return false;
+    return true;
+}
+
+void main_window::mousePressEvent(QMouseEvent* event) {
+    QMainWindow::mousePressEvent(event);
+    if (event->button() == Qt::LeftButton) act_("Form_MouseDown");
+}
+
 bool main_window::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress && asks_for_help(watched)) return true;
     const auto pointer_x = [&] {
         const auto* mouse = static_cast<QMouseEvent*>(event);
         return mapFromGlobal(mouse->globalPosition().toPoint()).x() * twips_per_pixel;

@@ -50,7 +50,10 @@ class main_window : public QMainWindow {
     void resizeEvent(QResizeEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void changeEvent(QEvent* event) override;
-    // The splitter's handle tells the model of its drags.
+    // A press on no control.
+    void mousePressEvent(QMouseEvent* event) override;
+    // The splitter's handle tells the model of its drags; a press on the left list or the text pane may ask
+    // for help.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -58,6 +61,8 @@ class main_window : public QMainWindow {
     QWidget* make_run_row();
     void sync_work_area(bool tasks_locked);
     void sync_run_row();
+    // True when the pointer asks for help: the press opens the topic and does nothing else.
+    bool asks_for_help(QObject* pressed);
     // Tells the model how large its parts are and runs its resize handler.
     void lay_out();
 

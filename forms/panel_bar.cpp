@@ -71,6 +71,10 @@ void panel_bar::paintEvent(QPaintEvent*) {
     }
 }
 
+void panel_bar::mousePressEvent(QMouseEvent* event) {
+    event->accept();
+}
+
 void panel_bar::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) clicked_();
 }

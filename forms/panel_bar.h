@@ -24,6 +24,8 @@ class panel_bar : public QWidget {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    // A press on the bar is no press on the form.
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     bool event(QEvent* event) override;
 

@@ -23,7 +23,8 @@ class shell {
 
     // Moves one path to the recycle bin; what cannot be moved stays where it is.
     virtual outcome recycle(const std::string& path) = 0;
-    // Opens a document or a directory with the program that is associated with it.
+    // Opens a document, a directory or an address on the web (http:// or https://) with the program that is
+    // associated with it.
     virtual outcome open_document(const std::string& path) = 0;
     // Opens the file manager with the path selected.
     virtual outcome show_in_file_manager(const std::string& path) = 0;
@@ -38,7 +39,7 @@ class shell {
     virtual outcome set_clipboard(const std::string& text) = 0;
     // Types keys into the window that has the focus: "{F3}", "^V" (Ctrl+V), "{ENTER}".
     virtual outcome send_keys(const std::string& keys) = 0;
-    // Opens one page of the help file.
+    // Opens one page of the help, which stands in the folder "help" beside the help file.
     virtual outcome open_help_topic(const std::string& help_file, const std::string& topic) = 0;
 };
 

@@ -71,9 +71,10 @@ options_form::options_form(Tavrel& main)
     for (std::size_t i = 1; i < checks.size(); ++i) {
         checks[i] = &add<control>(control_kind::check_box, element("Check", i));
         checks[i]->caption = check_captions[i];
+        checks[i]->help_context = 1028;
     }
     checks[6]->tooltip = "关闭本窗口后生效";
-    Check8.caption = "English interface";
+    Check8.caption = "英文界面 (English)";
     Check8.tooltip = "界面使用英文,重新启动程序后生效";
     Check7.caption = "较长的任务结束后通知";
     Check7.tooltip = "任务运行超过30秒,结束时窗口不在前面,就在桌面上显示通知";

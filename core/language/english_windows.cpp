@@ -100,6 +100,7 @@ std::span<const translation_row> english_windows() {
         {"只查后缀相同的文件", "Only files of the same suffix"},
         {"运行时显示文件名", "Show the running file"},
         {"检查rar,zip内部文件", "Look inside zip and rar archives"},
+        {"英文界面 (English)", "English interface"},
         {"界面使用英文,重新启动程序后生效", "English windows, from the next start on"},
         {"关闭本窗口后生效", "In force when this window is closed"},
         {"较长的任务结束后通知", "Notify me at the end of long tasks (m)"},

@@ -39,7 +39,10 @@ object_pointer<GFile> file_at(const std::string& path) {
     return object_pointer<GFile>(g_file_new_for_path(to_raw(path).c_str()));
 }
 
+// An address on the web is one already; no path of the disk looks like one.
 text_pointer uri_of(const std::string& path) {
+    if (path.starts_with("https://") || path.starts_with("http://"))
+        return text_pointer(g_strdup(path.c_str()));
     return text_pointer(g_file_get_uri(file_at(path).get()));
 }
 
@@ -167,10 +170,10 @@ outcome desktop_shell::send_keys(const std::string&) {
     return outcome::failure("不能向其他程序发送按键。");
 }
 
-outcome desktop_shell::open_help_topic(const std::string& help_file, const std::string&) {
-    if (!g_file_query_exists(file_at(help_file).get(), nullptr))
-        return outcome::failure(help_file + "  不存在");
-    return open_document(help_file);
+outcome desktop_shell::open_help_topic(const std::string& help_file, const std::string& topic) {
+    const std::string page = help_file.substr(0, help_file.rfind('/') + 1) + "help/zh_CN/" + topic;
+    if (!g_file_query_exists(file_at(page).get(), nullptr)) return outcome::failure(page + "  不存在");
+    return open_document(page);
 }
 
 }  // namespace corvane

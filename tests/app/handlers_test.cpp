@@ -135,7 +135,7 @@ TEST(Registry, NoNameIsBoundTwiceByTheTables) {
           cleanup_handlers(), report_handlers(), result_page_handlers("1"),
           p.corvane.directory_window().handlers(), p.corvane.options_window().handlers(),
           p.corvane.tree_window().handlers(), p.corvane.sleep_window().handlers(),
-          p.corvane.warning_window().handlers()})
+          p.corvane.warning_window().handlers(), p.corvane.texts().handlers()})
         for (const handler& each : table)
             EXPECT_TRUE(seen.insert(folded_name(each.name)).second) << each.name;
     EXPECT_GT(seen.size(), 60u);

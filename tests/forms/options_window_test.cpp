@@ -301,7 +301,7 @@ TEST(options_window, all_lists_show_font_size_and_colours) {
     EXPECT_GT(lists[0]->visualRect(lists[0]->model()->index(0, 0)).height(), height);
 }
 
-TEST(options_window, the_help_key_opens_the_topic_of_the_focused_list_or_of_the_window) {
+TEST(options_window, the_help_key_opens_the_topic_of_the_focused_part_or_of_the_window) {
     open_options open;
     open.window.activateWindow();
     open.list("List4")->setFocus();
@@ -309,9 +309,11 @@ TEST(options_window, the_help_key_opens_the_topic_of_the_focused_list_or_of_the_
     EXPECT_EQ(open.shown.desktop.calls.back(), "help aux25_Corvane帮助_Link.htm");
     open.shown.widget("Check2", &open.window)->setFocus();
     QTest::keyClick(open.shown.widget("Check2", &open.window), Qt::Key_F1);
+    EXPECT_EQ(open.shown.desktop.calls.back(), "help aux28_Corvane帮助_Link.htm");
+    QTest::keyClick(open.shown.widget("Command4", &open.window), Qt::Key_F1);
     EXPECT_EQ(open.shown.desktop.calls.back(), "help aux22_Corvane帮助_Link.htm");
     open.press("Command5");
-    EXPECT_EQ(open.shown.desktop.calls.size(), 3u);
+    EXPECT_EQ(open.shown.desktop.calls.size(), 4u);
 }
 
 TEST(options_window, apply_saves_and_asks_and_yes_searches) {

@@ -10,8 +10,10 @@
 
 #include "core/language/translation.h"
 #include "core/tasks/progress.h"
+#include "forms/about_window.h"
 #include "forms/directory_window.h"
 #include "forms/fonts.h"
+#include "forms/help_window.h"
 #include "forms/main_window.h"
 #include "forms/options_window.h"
 #include "forms/own_words.h"
@@ -231,6 +233,29 @@ void save_reports(forms_program& shown, folder_of_pictures& pictures) {
     shown.form.run("Frame6_DblClick");
 }
 
+void save_about(forms_program& shown, folder_of_pictures& pictures) {
+    shown.form.run("关于_M");
+    pictures.save(shown, &shown.windows.about(), "about");
+    shown.form.run("frmAbout.cmdOK_Click");
+    shown.windows.sync();
+}
+
+void save_help(forms_program& shown, folder_of_pictures& pictures) {
+    for (const bool english : {false, true}) {
+        const QString folder = QStringLiteral(CORVANE_HELP_DIR) + (english ? "/en" : "/zh_CN");
+        corvane::help_window help(folder, english);
+        pictures.written &= help.open(QStringLiteral("aux02_Corvane帮助_Link.htm")).ok;
+        pictures.save(shown, &help, english ? "help_english" : "help");
+        if (english) continue;
+        help.open(QStringLiteral("aux15_Corvane帮助_Link.htm"));
+        pictures.save(shown, &help, "help_picture");
+        help.open(QStringLiteral("aux06_Corvane帮助_Link.htm"));
+        pictures.save(shown, &help, "help_messages");
+        help.search(QStringLiteral("回收站"));
+        pictures.save(shown, &help, "help_search");
+    }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -251,6 +276,8 @@ int main(int argc, char** argv) {
     forms_program shown;
     QWidget* main = &shown.windows.main();
     pictures.save(shown, main, "start");
+
+    save_about(shown, pictures);
 
     shown.files.add_file("/prog/err_rec.txt", "/home/li/照片/2023/夏天/读不出来的图片_0417.jpg\r\n");
     shown.form.run("debug_err_anly");
@@ -322,6 +349,7 @@ int main(int argc, char** argv) {
     save_shutdown(shown, pictures);
     save_boxes(shown, pictures);
     save_reports(shown, pictures);
+    save_help(shown, pictures);
     if (!pictures.written) std::fputs("a picture could not be written\n", stderr);
     return pictures.written ? 0 : 1;
 }

@@ -22,7 +22,7 @@ Command28	caption	取消[查相同文件]
 Command28	tooltip	
 Command28	visible	0
 Command28	enabled	1
-Picture3	tooltip	检查内容相同的文件
+Picture3	tooltip	
 Picture3	visible	1
 Picture3	enabled	1
 == file 不相同文件.txt ==

@@ -18,7 +18,7 @@ Command28	visible	0
 Command28	enabled	1
 rows	1	list_mode	1	visible	1
 1	1	0	ROOT/d/old/	0
-Picture6	tooltip	查找所选目录中的空目录
+Picture6	tooltip	
 Picture6	visible	1
 Picture6	enabled	1
 == file spasedir.txt ==

@@ -44,6 +44,6 @@ rows	3	list_mode	0	visible	1
 shell	select	ROOT/d/b1
 shell	properties	ROOT/d/b1
 samefile_disp2	text	ROOT/d/b2    ...\t5
-samefile_disp2	tooltip	CTRL+左键进入目录资源管理器
+samefile_disp2	tooltip	
 samefile_disp2	visible	1
 samefile_disp2	enabled	1

@@ -137,6 +137,25 @@ TEST_F(DesktopShell, WithoutAnAssociationTheDesktopLacksAProgram) {
     EXPECT_TRUE(result.reason.starts_with("没有可以打开它的程序。"));
 }
 
+TEST_F(DesktopShell, AnAddressOnTheWebIsNoFile) {
+    for (const char* address : {"https://corvane.invalid/", "http://corvane.invalid/a b"}) {
+        const outcome result = desktop.open_document(address);
+        EXPECT_FALSE(result.ok);
+        EXPECT_TRUE(result.lacking) << result.reason;  // there is no browser; a file would be missing
+    }
+}
+
+TEST_F(DesktopShell, AHelpTopicIsAPageBesideTheProgram) {
+    const outcome missing = desktop.open_help_topic(root_ + "/Corvane帮助.chm", "aux01_Corvane帮助_Link.htm");
+    EXPECT_FALSE(missing.ok);
+    EXPECT_FALSE(missing.lacking);
+    EXPECT_TRUE(missing.reason.ends_with("help/zh_CN/aux01_Corvane帮助_Link.htm  不存在")) << missing.reason;
+    fs::create_directories(root_ + "/help/zh_CN");
+    std::ofstream(root_ + "/help/zh_CN/aux01_Corvane帮助_Link.htm") << "<p>";
+    const outcome found = desktop.open_help_topic(root_ + "/Corvane帮助.chm", "aux01_Corvane帮助_Link.htm");
+    EXPECT_TRUE(found.lacking) << found.reason;  // there, and nothing to open it with
+}
+
 TEST_F(DesktopShell, AMissingFileFailsWithoutLacking) {
     const outcome result = desktop.open_document(root_ + "/gone");
     EXPECT_FALSE(result.ok);

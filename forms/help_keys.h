@@ -1,0 +1,31 @@
+// F1 in every window of the program: the topic of the control that has the focus, or of its window. Made by
+// front_end.
+#pragma once
+
+#include <QObject>
+
+class QWidget;
+
+namespace corvane {
+
+class program;
+
+class help_keys : public QObject {
+  public:
+    // Watches the keys of the application as long as it lives.
+    explicit help_keys(program& corvane);
+
+    // The name of the property by which a box tells its help context.
+    static constexpr char context_property[] = "help_context";
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    // The help context of a widget; 0 where it belongs to no window of the program.
+    int context_of(const QWidget* widget) const;
+
+    program& program_;
+};
+
+}  // namespace corvane
