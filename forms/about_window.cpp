@@ -10,7 +10,7 @@
 #include "forms/colours.h"
 #include "forms/icons.h"
 #include "forms/mirror.h"
-#include "forms/screen_text.h"
+#include "forms/own_words.h"
 #include "platform/desktop/desktop_versions.h"
 
 namespace corvane {
@@ -144,15 +144,15 @@ QWidget* about_window::make_feet() {
 
 void about_window::sync(bool) {
     for (const bound_label& bound : labels_) {
-        if (bound.label != icon_) mirror_text(bound.label, screen_line(bound.model->caption));
+        if (bound.label != icon_) mirror_text(bound.label, own_line(bound.model->caption));
         mirror_tooltip(bound.label, bound.model->tooltip);
         mirror_visible(bound.label, bound.model->visible);
     }
     for (const bound_button& bound : buttons_) {
-        mirror_text(bound.button, screen_line(bound.model->caption));
+        mirror_text(bound.button, own_line(bound.model->caption));
         mirror_enabled(bound.button, bound.model->enabled);
     }
-    const QString words = screen_lines(form_.Text1.text);
+    const QString words = own_lines(form_.Text1.text);
     if (libraries_->toPlainText() != words) libraries_->setPlainText(words);
     sync_window();
 }

@@ -236,11 +236,10 @@ void directory_window::sync(bool tasks_locked) {
     mirror_tooltip(selected_, form_.list_selected_dir.tooltip);
     mirror_tooltip(volume_list_, form_.List_disk_sele.tooltip);
     mirror_tooltip(tree_, form_.Dir_select.tooltip);
-    mirror_text(note_, screen_line(form_.Label1.caption));
+    mirror_text(note_, own_line(form_.Label1.caption));
     for (const bound_button& bound : buttons_) {
         const bool is_design = bound.model->caption == bound.design;
-        mirror_text(bound.button,
-                    is_design ? QString::fromUtf8(bound.caption) : screen_line(bound.model->caption));
+        mirror_text(bound.button, own_line(is_design ? bound.caption : bound.model->caption));
         mirror_enabled(bound.button, bound.model->enabled && !(tasks_locked && bound.waits_for_task));
         mirror_tooltip(bound.button, bound.model->tooltip);
     }

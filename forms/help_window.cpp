@@ -1,4 +1,5 @@
 #include "forms/help_window.h"
+#include "forms/own_words.h"
 
 #include <QAction>
 #include <QApplication>
@@ -35,7 +36,7 @@ constexpr int file_role = Qt::UserRole;
 }  // namespace
 
 QString help_folder(const QString& program_folder, bool& english) {
-    english = qEnvironmentVariable("CORVANE_LANGUAGE") == QLatin1String("en");
+    english = translation_in_use() != nullptr;
     return QDir(program_folder).filePath(english ? QStringLiteral("help/en") : QStringLiteral("help/zh_CN"));
 }
 

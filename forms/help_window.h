@@ -64,7 +64,7 @@ class help_window : public QWidget {
     bool following_ = false;
 };
 
-// The folder of the pages below the folder of the program, in the language that CORVANE_LANGUAGE asks for:
+// The folder of the pages below the folder of the program, in the language of the windows:
 // "en" for English, else Chinese.
 QString help_folder(const QString& program_folder, bool& english);
 

@@ -98,6 +98,7 @@ std::span<const translation_row> english_menus() {
         {"查异常文件", "Find unusual files"},
         {"导出文本格式的文件清单", "Export the list as text"},
         {"导出相同文件清单->Excel", "Export the list to Excel"},
+        {"察看文件清单文本", "Look at the list of files"},
         {"察看相同文件清单文本", "Look at the list of duplicates"},
         {"察看相同文件的xls清单", "Look at the XLS list of duplicates"},
         {"选择要清理的目录", "Select the directories to clean up"},

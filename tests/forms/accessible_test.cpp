@@ -6,6 +6,7 @@
 #include <QTableView>
 
 #include "core/language/translation.h"
+#include "forms/about_window.h"
 #include "forms/directory_window.h"
 #include "forms/main_window.h"
 #include "forms/options_window.h"
@@ -34,15 +35,16 @@ class accessible : public testing::TestWithParam<bool> {
         shown_.files.add_file("/prog/常用文件扩展名.txt", ".txt text\r\n");
         shown_.files.add_file("/prog/文件清单.txt", "/home/li/a.txt\r\n");
         shown_.files.add_file("/home/li/a.txt", "a");
-        for (const char* opener :
-             {"Picture1_Click", "select_m_Click", "shut_computer", "显示关机提示", "tree_select_m"}) {
+        for (const char* opener : {"Picture1_Click", "select_m_Click", "shut_computer", "显示关机提示",
+                                   "关于_M", "tree_select_m"}) {
             shown_.form.run(opener);
             shown_.windows.sync();
             shown_.settle();
         }
         shown_.show_pairs(3);
         return {&shown_.windows.main(),  &shown_.windows.directory(), &shown_.windows.options(),
-                &shown_.windows.sleep(), &shown_.windows.warning(),   &shown_.windows.tree()};
+                &shown_.windows.sleep(), &shown_.windows.warning(),   &shown_.windows.tree(),
+                &shown_.windows.about()};
     }
 };
 

@@ -13,6 +13,7 @@
 
 #include "core/language/translation.h"
 #include "core/tasks/progress.h"
+#include "forms/about_window.h"
 #include "forms/directory_window.h"
 #include "forms/main_window.h"
 #include "forms/options_window.h"
@@ -53,11 +54,12 @@ struct english_program : private spoken, forms_program {
         }
         files.add_file("/prog/文件清单.txt", "/home/li/a.txt\r\n");
         files.add_file("/home/li/a.txt", "a");
+        form.run("关于_M");
         form.run("tree_select_m");
         windows.sync();
         settle();
-        return {&windows.main(),  &windows.directory(), &windows.options(),
-                &windows.sleep(), &windows.warning(),   &windows.tree()};
+        return {&windows.main(),    &windows.directory(), &windows.options(), &windows.sleep(),
+                &windows.warning(), &windows.tree(),      &windows.about()};
     }
 };
 

@@ -16,6 +16,7 @@
 #include <QTimer>
 #include <QTreeWidget>
 
+#include "core/language/translation.h"
 #include "forms/about_window.h"
 #include "forms/directory_window.h"
 #include "forms/help_browser.h"
@@ -24,6 +25,7 @@
 #include "forms/list_box_view.h"
 #include "forms/main_window.h"
 #include "forms/options_window.h"
+#include "forms/own_words.h"
 #include "forms/panel_bar.h"
 #include "forms/qt_shell.h"
 #include "tests/forms/forms_program.h"
@@ -248,15 +250,15 @@ TEST(HelpWindow, TheShellAnswersWithIt) {
     EXPECT_FALSE(shell.open_help_topic("/prog/Corvane帮助.chm", "aux98_Corvane帮助_Link.htm"));
 }
 
-TEST(HelpWindow, TheLanguageIsChosenByTheEnvironment) {
+TEST(HelpWindow, TheLanguageIsThatOfTheWindows) {
     bool english = true;
-    qunsetenv("CORVANE_LANGUAGE");
     EXPECT_EQ(help_folder(QStringLiteral("/p"), english), QStringLiteral("/p/help/zh_CN"));
     EXPECT_FALSE(english);
-    qputenv("CORVANE_LANGUAGE", "en");
+    const translation table = corvane::english();
+    use_translation(&table);
     EXPECT_EQ(help_folder(QStringLiteral("/p"), english), QStringLiteral("/p/help/en"));
     EXPECT_TRUE(english);
-    qunsetenv("CORVANE_LANGUAGE");
+    use_translation(nullptr);
 }
 
 TEST(HelpKeys, F1OpensTheTopicOfTheFocusOrOfTheWindow) {

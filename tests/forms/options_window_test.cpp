@@ -379,9 +379,11 @@ TEST(options_window, the_tab_key_goes_the_way_of_the_eye) {
             at = at->nextInFocusChain();
         } while (!(at->focusPolicy() & Qt::TabFocus) || !at->isVisible() || at->window() != &open.window);
     }
-    EXPECT_EQ(names, (texts{"List1", "Check1", "Check2", "Check3", "Check4", "Check5", "Check6", "Check7", "Check8", "List4",
-                            "List2", "List3", "Command1", "Command3", "Command2(0)", "Command2(1)",
-                            "Command2(2)", "Command2(3)", "Command5", "Command4", "List1"}));
+    EXPECT_EQ(
+        names,
+        (texts{"List1",       "Check1",      "Check2",      "Check3",      "Check4",   "Check5",   "Check6",
+               "Check7",      "Check8",      "List4",       "List2",       "List3",    "Command1", "Command3",
+               "Command2(0)", "Command2(1)", "Command2(2)", "Command2(3)", "Command5", "Command4", "List1"}));
 }
 
 }  // namespace

@@ -128,7 +128,9 @@ void save_deletion(forms_program& shown, folder_of_pictures& pictures, const cha
         if (box == nullptr || next == names.size()) return;
         pictures.save(shown, box, names[next]);
         for (QAbstractButton* button : box->findChildren<QAbstractButton*>())
-            if (next == 0 && button->text().startsWith(QString::fromUtf8(clicked))) {
+            if (next == 0 && button->text()
+                                 .remove(QLatin1Char('&'))
+                                 .startsWith(corvane::own_line(clicked).remove(QLatin1Char('&')))) {
                 ++next;
                 return button->click();
             }

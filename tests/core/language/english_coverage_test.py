@@ -16,6 +16,7 @@ stored = {
     "core/text/text_format.h",  # heads of stored files
     "reports/result_page.cpp",  # the page for a browser, and its captions
     "app/still_to_come.cpp",  # names of handlers
+    "forms/help_window.cpp",  # speaks both languages itself
     "forms/main.cpp",  # what a terminal is told before there is a window
     "core/archives/rar_reader.cpp",  # "err.txt"
     "core/archives/zip_reader.cpp",  # the same
@@ -29,7 +30,7 @@ asked_for = {
 }
 # Names of windows, controls and handlers, and pieces of names of files.
 names = re.compile(r"[\w.]*(_[Mm]|_form|_Click|_m|M)|目录选择\..*|目录选择|写Tavrel环境文件|读[^ ]*的目录|读[^ ]*类型|显示关机提示|"
-                   r"进入资源管理器_|.*Corvane帮助.*|帮助|中|\.ani 动画鼠标")
+                   r"进入资源管理器_|.*Corvane帮助.*|帮助|中文?|\.ani 动画鼠标")
 # Pieces of a row that tell no row by themselves.
 tiny = {"个", "等", "条", "组", "行", "项"}
 
