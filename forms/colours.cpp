@@ -1,5 +1,6 @@
 #include "forms/colours.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/model/list_view.h"
@@ -10,6 +11,16 @@ namespace {
 
 int mixed(int base, int over, double share) {
     return static_cast<int>(std::lround(base + (over - base) * share));
+}
+
+// A part of a colour as the guidelines weigh it.
+double linear(double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+}
+
+double luminance(const QColor& colour) {
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
 }
 
 }  // namespace
@@ -51,6 +62,28 @@ QColor cell_text_colour(std::uint32_t cell, const QPalette& palette) {
         default:
             return palette.color(QPalette::Text);
     }
+}
+
+QColor row_background(const QPalette& palette, bool selected, bool second) {
+    const QColor base = palette.color(QPalette::Base);
+    // A tint in place of the full highlight: the mark colours must stay readable on it.
+    if (selected) return blend(base, palette.color(QPalette::Highlight), is_dark(palette) ? 0.34 : 0.2);
+    return second ? blend(base, palette.color(QPalette::Text), 0.03) : base;
+}
+
+double contrast(const QColor& a, const QColor& b) {
+    const double light = std::max(luminance(a), luminance(b));
+    const double dark = std::min(luminance(a), luminance(b));
+    return (light + 0.05) / (dark + 0.05);
+}
+
+QColor readable_on(const QColor& text, const QColor& background) {
+    constexpr double step = 0.04;
+    const QColor far = luminance(background) < 0.18 ? QColor(Qt::white) : QColor(Qt::black);
+    for (double share = 0; share < 1; share += step)
+        if (const QColor tried = blend(text, far, share); contrast(tried, background) >= readable_contrast)
+            return tried;
+    return far;
 }
 
 QColor from_blue_green_red(std::int32_t colour) {

@@ -19,15 +19,9 @@ void list_cell_painter::paint(QPainter* painter, const QStyleOptionViewItem& opt
                               const QModelIndex& index) const {
     const QPalette& palette = option.palette;
     const bool selected = option.state.testFlag(QStyle::State_Selected);
-    if (selected) {
-        // A tint in place of the full highlight: the mark colours must stay readable on it.
-        const double share = is_dark(palette) ? 0.34 : 0.2;
-        painter->fillRect(option.rect,
-                          blend(palette.color(QPalette::Base), palette.color(QPalette::Highlight), share));
-    } else if (index.row() % 2 == 1) {
-        painter->fillRect(option.rect,
-                          blend(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.03));
-    }
+    const bool second = index.row() % 2 == 1;
+    const QColor background = row_background(palette, selected, second);
+    if (selected || second) painter->fillRect(option.rect, background);
     if (option.state.testFlag(QStyle::State_HasFocus)) {
         // The current cell, which the keys work on, whether its row is selected or not.
         painter->setPen(QPen(accent(palette), 1.5));
@@ -41,7 +35,8 @@ void list_cell_painter::paint(QPainter* painter, const QStyleOptionViewItem& opt
     QFont font = option.font;
     font.setStrikeOut(cells_.data(index, list_model::struck_role).toBool());
     painter->setFont(font);
-    painter->setPen(cell_text_colour(cells_.painted_colour(index.row(), index.column()), palette));
+    const std::uint32_t colour = cells_.painted_colour(index.row(), index.column());
+    painter->setPen(readable_on(cell_text_colour(colour, palette), background));
     const int wanted = option.fontMetrics.horizontalAdvance(words);
     if (right && wanted > place.width()) {
         // A number is never cut: its digits move together.

@@ -44,26 +44,6 @@ TEST(list_table, a_red_cell_is_struck_through) {
     EXPECT_FALSE(cells.data(cells.index(0, 3), list_model::struck_role).toBool());
 }
 
-double contrast(const QColor& a, const QColor& b) {
-    const auto light = [](const QColor& colour) {
-        const auto part = [](double value) {
-            return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
-    };
-    const double high = std::max(light(a), light(b)), low = std::min(light(a), light(b));
-    return (high + 0.05) / (low + 0.05);
-}
-
-TEST(list_table, every_mark_reads_well_in_both_palettes) {
-    for (const QPalette& palette : {light_palette(), dark_palette()})
-        for (const std::uint32_t cell :
-             {cell_colour::colour_text, cell_colour::window_text, cell_colour::colour_archive,
-              cell_colour::colour_gray, cell_colour::mark_red, cell_colour::mark_blue,
-              cell_colour::colour_found})
-            EXPECT_GE(contrast(cell_text_colour(cell, palette), palette.color(QPalette::Base)), 4.5) << cell;
-}
-
 TEST(list_table, the_selection_goes_both_ways) {
     forms_program shown;
     shown.show_pairs(10);
