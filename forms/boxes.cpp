@@ -12,6 +12,7 @@
 #include <QPushButton>
 
 #include "forms/colours.h"
+#include "forms/form_parts.h"
 #include "forms/help_keys.h"
 #include "forms/own_words.h"
 #include "forms/path_names.h"
@@ -65,6 +66,11 @@ void show_words(QMessageBox& box, const message& shown) {
         label->setTextFormat(Qt::PlainText);
 }
 
+// Its buttons are described by what the box is about.
+void describe(QMessageBox& box) {
+    describe_parts(box, box.text());
+}
+
 void add_help(QMessageBox& box, const message& shown, const std::function<void(int)>& open_topic) {
     if (!shown.help_button) return;
     QAbstractButton* help = box.addButton(own_line("帮助"), QMessageBox::HelpRole);
@@ -90,6 +96,7 @@ box_answer ask_in_box(QWidget* owner, const message& shown, const std::function<
     }
     box.setDefaultButton(shown.default_answer == box_answer::no ? no : yes);
     add_help(box, shown, open_topic);
+    describe(box);
     box.exec();
     if (box.clickedButton() == yes) return box_answer::yes;
     return box.clickedButton() == no ? box_answer::no : box_answer::dismissed;
@@ -104,6 +111,7 @@ box_answer show_message_box(QWidget* owner, const message& shown,
     show_words(box, shown);
     box.setEscapeButton(box.addButton(own_line("确定"), QMessageBox::AcceptRole));
     add_help(box, shown, open_topic);
+    describe(box);
     box.exec();
     return box_answer::ok;
 }

@@ -12,6 +12,7 @@
 #include "forms/form_parts.h"
 #include "forms/icons.h"
 #include "forms/mirror.h"
+#include "forms/own_words.h"
 
 namespace corvane {
 
@@ -36,6 +37,7 @@ void child_window::sync_place() {
 void child_window::open_window() {
     colour_marks();
     name_by_labels(*this);
+    describe_parts(*this, own_line(form_.caption));
     before_open();
     if (place_.is_known()) {
         place_.apply();

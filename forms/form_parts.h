@@ -36,4 +36,16 @@ inline void name_by_labels(QWidget& window) {
     }
 }
 
+// What a screen reader says of a part beyond its name: the tip, also while tips are off, else where it
+// stands.
+inline void describe_parts(QWidget& window, const QString& title) {
+    for (QWidget* part : window.findChildren<QWidget*>()) {
+        if (part->focusPolicy() == Qt::NoFocus || !part->accessibleDescription().isEmpty()) continue;
+        QString name = part->accessibleName();
+        if (name.isEmpty()) name = part->property("text").toString();
+        const QString place = title + QLatin1String(": ") + name.remove(QLatin1Char('&'));
+        part->setAccessibleDescription(part->toolTip().isEmpty() ? place : part->toolTip());
+    }
+}
+
 }  // namespace corvane

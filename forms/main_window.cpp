@@ -1,4 +1,5 @@
 #include "forms/main_window.h"
+#include "forms/form_parts.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -80,6 +81,11 @@ main_window::main_window(Tavrel& form, std::function<void(const std::string&)> a
     exports_ = new export_frame(form_, act_, central);
     tip_ = new tip_box(form_, this);
     keys_ = std::make_unique<key_focus>(*central, *list_, *cancel_);
+    text_->setAccessibleName(own_line("文件清单"));
+    left_list_->setAccessibleName(own_line("文件清单"));
+    side_list_->setAccessibleName(own_line("文件清单"));
+    name_by_labels(*this);
+    describe_parts(*this, QStringLiteral("Corvane"));
     // Placed here and not by the window manager, so that the windows beside it know where it stands.
     const QRect free = screen()->availableGeometry();
     resize(first_size.boundedTo(free.size() - QSize(0, 40)));

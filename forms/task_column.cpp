@@ -57,6 +57,7 @@ task_column::task_column(Tavrel& form, const std::function<void(const std::strin
         }
         auto* button = new task_button(drawing->icon, this);
         button->setObjectName(QString::fromUtf8(task.picture));
+        button->setAccessibleDescription(own_line(task.tooltip));
         layout->addWidget(button);
         connect(button, &QAbstractButton::clicked, this,
                 [act, handler = std::string(task.picture) + "_Click"] { act(handler); });

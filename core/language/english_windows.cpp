@@ -17,6 +17,7 @@ std::span<const translation_row> english_windows() {
         {"显示", "Show"},
         {"全部文件 (*)", "All files (*)"},
         {"结果列表", "List of results"},
+        {"文件清单", "List of files"},
         // The first page and the main window.
         {"三步找出重复文件", "Find duplicate files in three steps"},
         {"依次点下面三项，左边的任务栏里也有它们。",

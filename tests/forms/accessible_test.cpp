@@ -64,6 +64,7 @@ TEST_P(accessible, every_part_that_takes_the_focus_has_a_name_and_a_role) {
             ++count;
             EXPECT_FALSE(heard->text(QAccessible::Name).isEmpty()) << where;
             EXPECT_NE(heard->role(), QAccessible::NoRole) << where;
+            EXPECT_FALSE(heard->text(QAccessible::Description).isEmpty()) << where;
         }
     EXPECT_GT(count, 50);
 }
