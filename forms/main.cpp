@@ -101,7 +101,10 @@ int main(int argc, char** argv) {
     corvane::program program({files, desktop, machine, screen, encodings, &instances, &notice},
                              corvane::to_text(with_slash(program_dir)));
     const corvane::translation table = corvane::english();
-    if (speaks_english(files, corvane::to_text(with_slash(program_dir)))) corvane::use_translation(&table);
+    if (speaks_english(files, corvane::to_text(with_slash(program_dir)))) {
+        corvane::use_translation(&table);
+        program.main_form().state.speaks_english = true;
+    }
     corvane::front_end windows(program, screen);
     bool english = false;
     const QString pages = corvane::help_folder(QString::fromStdString(own_folder()), english);

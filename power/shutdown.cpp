@@ -1,6 +1,6 @@
 #include "power/shutdown.h"
 
-#include <string>
+#include <iterator>
 
 #include "core/model/main_form.h"
 #include "core/tasks/environment.h"
@@ -9,29 +9,28 @@ namespace corvane {
 
 namespace {
 
-struct action_row {
-    const char* words;
-    outcome (power::*call)();
-};
-
 // By shut_action.
-constexpr action_row actions[] = {
-    {nullptr, nullptr},
-    {"关闭程序.", nullptr},
-    {"关闭所有程序,重启windows.", &power::log_off},
-    {"重新启动计算机.", &power::reboot},
-    {"关闭计算机.", &power::power_off},
-};
+constexpr const char* action_words[] = {nullptr, "关闭程序.", "关闭所有程序,重启windows.", "重新启动计算机.",
+                                        "关闭计算机."};
 
-const action_row& row_of(int shut_action) {
-    const bool known = shut_action >= 0 && shut_action < static_cast<int>(std::size(actions));
-    return actions[known ? shut_action : 0];
+outcome ask_machine(power& machine, end_action action) {
+    switch (action) {
+        case end_action::log_off:
+            return machine.log_off();
+        case end_action::reboot:
+            return machine.reboot();
+        case end_action::power_off:
+            return machine.power_off();
+        default:
+            return outcome::success();
+    }
 }
 
 }  // namespace
 
 const char* end_action_words(int shut_action) {
-    return row_of(shut_action).words;
+    const bool known = shut_action >= 0 && shut_action < static_cast<int>(std::size(action_words));
+    return known ? action_words[shut_action] : nullptr;
 }
 
 bool shutdown::is_waiting() const {
@@ -63,15 +62,14 @@ void shutdown::when_idle() {
 }
 
 void shutdown::act() {
-    if (main_.state.shut_action == static_cast<int>(end_action::end_program)) {
+    const auto action = static_cast<end_action>(main_.state.shut_action);
+    if (action == end_action::end_program) {
         main_.run("exit_sub");
         return;
     }
-    const action_row& action = row_of(main_.state.shut_action);
-    if (action.call == nullptr) return;
     // Once more: the tasks that were waited for have changed them.
     写Tavrel环境文件(main_);
-    const outcome result = (main_.outside.machine.*action.call)();
+    const outcome result = ask_machine(main_.outside.machine, action);
     if (!result) main_.complain(result.reason);
 }
 

@@ -33,6 +33,8 @@ void write_and_open_page(Tavrel& form, const std::string& version) {
         facts.made = page_moment(form.outside.screen.now());
         if (state.compared_files > 0) facts.files = state.compared_files;
         facts.separator = form.outside.files.separator();
+        const translation table = english();
+        if (state.speaks_english) facts.words = &table;
         line_writer page(form.outside.files, path);
         write_result_page(page, result, facts);
         if (!page.finish()) return report_write_failure(form, path, page.error());

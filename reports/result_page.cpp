@@ -44,21 +44,29 @@ class page_writer {
 
   private:
     void add(std::string_view text) { out_.add(text); }
+    std::string say(const std::string& words) const {
+        return facts_.words != nullptr ? facts_.words->translated(words) : words;
+    }
+    // A line of lesser weight.
+    void remark(const std::string& words) { add("<p class=\"soft\">" + say(words) + "</p>\n"); }
 
     void head() {
-        add("<!DOCTYPE html>\n<html lang=\"zh-CN\">\n<head>\n<meta charset=\"utf-8\">\n"
+        add(std::string("<!DOCTYPE html>\n<html lang=\"") + (facts_.words != nullptr ? "en" : "zh-CN") +
+            "\">\n<head>\n<meta charset=\"utf-8\">\n"
             "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
-            "<title>相同文件报告</title>\n<style>");
+            "<title>" +
+            say("相同文件报告") + "</title>\n<style>");
         add(page_style);
-        add("</style>\n</head>\n<body>\n<main>\n<header>\n<h1>相同文件报告</h1>\n<p class=\"soft\">");
+        add("</style>\n</head>\n<body>\n<main>\n<header>\n<h1>" + say("相同文件报告") +
+            "</h1>\n<p class=\"soft\">");
         add(html(facts_.made) + " · Corvane V" + html(facts_.version) + "</p>\n");
         for (const std::string& directory : facts_.directories)
-            add("<p>搜索目录：" + html_path(directory) + "</p>\n");
+            add("<p>" + say("搜索目录：") + html_path(directory) + "</p>\n");
         add("</header>\n");
     }
 
     void total(const char* name, const std::string& figure) {
-        add(std::string("<div><dt>") + name + "</dt><dd>" + figure + "</dd></div>\n");
+        add("<div><dt>" + say(name) + "</dt><dd>" + figure + "</dd></div>\n");
     }
 
     void totals() {
@@ -68,8 +76,7 @@ class page_writer {
         total("多余的文件", grouped_number(result_.spare_count()));
         total("多余文件占用", size_words(result_.spare_bytes()));
         add("</dl>\n");
-        add(result_.groups.empty() ? "<p class=\"soft\">没有相同文件。</p>\n"
-                                   : "<p class=\"soft\">多余：每组相同文件除一个以外的全部文件。</p>\n");
+        remark(result_.groups.empty() ? "没有相同文件。" : "多余：每组相同文件除一个以外的全部文件。");
     }
 
     void bar(const std::string& label, const byte_share& share, std::int64_t largest, std::int64_t sum) {
@@ -84,8 +91,8 @@ class page_writer {
             "</th><td><svg viewBox=\"0 0 100 10\" preserveAspectRatio=\"none\" aria-hidden=\"true\">"
             "<rect class=\"track\" width=\"100\" height=\"10\"/><rect class=\"bar\" width=\"" +
             width + "\" height=\"10\"/></svg></td>" + figure(size_words(share.bytes)) +
-            figure(percent, "figure soft") + figure(grouped_number(share.files) + " 个文件", "figure soft") +
-            "</tr>\n");
+            figure(percent, "figure soft") +
+            figure(say(grouped_number(share.files) + " 个文件"), "figure soft") + "</tr>\n");
     }
 
     static std::string figure(const std::string& text, const char* kind = "figure") {
@@ -93,7 +100,7 @@ class page_writer {
     }
 
     void bars(const char* title, const std::vector<byte_share>& shares, const char* without_label) {
-        add(std::string("<section>\n<h2>相同文件的字节：") + title + "</h2>\n<table>\n");
+        add("<section>\n<h2>" + say(std::string("相同文件的字节：") + title) + "</h2>\n<table>\n");
         std::int64_t sum = 0;
         for (const byte_share& share : shares) sum += share.bytes;
         const std::size_t own = std::min(shares.size(), most_bars);
@@ -104,10 +111,10 @@ class page_writer {
         }
         const std::int64_t largest = std::max(rest.bytes, shares[0].bytes);
         for (std::size_t i = 0; i < own; ++i)
-            bar(shares[i].label.empty() ? without_label : html_path(shares[i].label), shares[i], largest,
+            bar(shares[i].label.empty() ? say(without_label) : html_path(shares[i].label), shares[i], largest,
                 sum);
         if (rest.files > 0)
-            bar("其余 " + grouped_number(static_cast<std::int64_t>(shares.size() - own)) + " 项", rest,
+            bar(say("其余 " + grouped_number(static_cast<std::int64_t>(shares.size() - own)) + " 项"), rest,
                 largest, sum);
         add("</table>\n</section>\n");
     }
@@ -124,23 +131,23 @@ class page_writer {
                               return bytes_a != bytes_b ? bytes_a > bytes_b : a < b;
                           });
         add("<section>\n<h2>");
-        add(shown < groups.size() ? "最大的 " + std::to_string(shown) + " 组（共 " +
-                                        grouped_number(static_cast<std::int64_t>(groups.size())) + " 组）"
-                                  : std::string("全部相同文件组"));
+        add(say(shown < groups.size() ? "最大的 " + std::to_string(shown) + " 组（共 " +
+                                            grouped_number(static_cast<std::int64_t>(groups.size())) + " 组）"
+                                      : std::string("全部相同文件组")));
         add("</h2>\n");
         for (std::size_t i = 0; i < shown && !out_.failed(); ++i) group(*groups[i]);
         add("</section>\n");
     }
 
     void group(const equal_group& shown) {
-        add("<article>\n<h3>" + size_words(shown.spare_bytes()) + " <span>" + grouped_number(shown.count) +
-            " 个文件，每个 " + size_words(shown.length) + "</span></h3>\n<ol>\n");
+        add("<article>\n<h3>" + size_words(shown.spare_bytes()) + " <span>" +
+            say(grouped_number(shown.count) + " 个文件，每个 " + size_words(shown.length)) +
+            "</span></h3>\n<ol>\n");
         const std::int32_t listed = std::min(shown.count, page_paths);
         for (std::int32_t i = shown.first; i < shown.first + listed; ++i)
             add("<li>" + html_path(result_.paths[i]) + "</li>\n");
         add("</ol>\n");
-        if (listed < shown.count)
-            add("<p class=\"soft\">还有 " + grouped_number(shown.count - listed) + " 个文件</p>\n");
+        if (listed < shown.count) remark("还有 " + grouped_number(shown.count - listed) + " 个文件");
         add("</article>\n");
     }
 

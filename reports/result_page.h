@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/language/translation.h"
 #include "core/text/text_file.h"
 #include "platform/user_interface.h"
 #include "reports/result_groups.h"
@@ -19,6 +20,7 @@ struct page_facts {
     std::vector<std::string> directories;  // searched; empty where it is not known
     std::optional<std::int64_t> files;     // examined
     char separator = '/';
+    const translation* words = nullptr;  // of another language; null: Chinese
 };
 
 // The groups that the page shows, of those that free the most, and the paths that it shows of each.

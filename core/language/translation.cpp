@@ -187,7 +187,8 @@ bool translation::knows(std::string_view text) const {
 }
 
 translation english() {
-    return translation({english_windows(), english_menus(), english_messages(), english_status()});
+    return translation(
+        {english_windows(), english_menus(), english_messages(), english_reports(), english_status()});
 }
 
 }  // namespace corvane

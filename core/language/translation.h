@@ -52,6 +52,7 @@ bool holds_chinese(std::string_view text);
 std::span<const translation_row> english_windows();
 std::span<const translation_row> english_menus();
 std::span<const translation_row> english_messages();
+std::span<const translation_row> english_reports();
 std::span<const translation_row> english_status();
 // All of them.
 translation english();

@@ -39,6 +39,7 @@ struct run_state : settings,
     bool program_dir_locked = false;  // start-up found that program_dir cannot be written, and has said so
     std::string base_title;
 
+    bool speaks_english = false;  // the windows do, and what is written for people to read
     bool tasks_locked = false;  // a task is running
     flag tips_on;               // the controls show their tooltips
     flag quit_requested;

@@ -227,5 +227,30 @@ TEST(PageTask, AnotherTaskIsRefusedMeanwhile) {
     EXPECT_TRUE(p.files.has(p.path));
 }
 
+TEST(ResultPage, SpeaksEnglishWhereItIsAskedTo) {
+    result_case c;
+    c.keep({{10, "/家/照片/1.jpg", "/家/照片/2.jpg"}});
+    const translation table = english();
+    page_facts facts;
+    facts.words = &table;
+    facts.files = 5;
+    facts.directories = {"/家/照片"};
+    std::string page = page_of(c, facts);
+    for (const char* expected :
+         {"<html lang=\"en\">", "<h1>Duplicate files</h1>", "Directory searched: <bdi>/家/照片</bdi>",
+          "<dt>Files checked</dt>", "Bytes of duplicates by type", "2 files", "2 files of 10 B",
+          "All groups of duplicates"})
+        EXPECT_NE(page.find(expected), std::string::npos) << expected;
+    // Beside the paths no Chinese word is left.
+    for (const char* path : {"/家/照片", "家", "照片"})
+        for (std::size_t at = page.find(path); at != std::string::npos; at = page.find(path))
+            page.erase(at, std::string_view(path).size());
+    for (std::size_t at = 0; at < page.size();
+         at = page.find('\n', at) == std::string::npos ? page.size() : page.find('\n', at) + 1) {
+        const std::string line = page.substr(at, page.find('\n', at) - at);
+        EXPECT_FALSE(holds_chinese(line)) << line;
+    }
+}
+
 }  // namespace
 }  // namespace corvane

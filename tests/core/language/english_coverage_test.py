@@ -14,7 +14,6 @@ chinese = re.compile("[\u3400-\u9fff\uff00-\uffef]")
 stored = {
     "core/settings/data_files.h",  # names of files
     "core/text/text_format.h",  # heads of stored files
-    "reports/result_page.cpp",  # the page for a browser, and its captions
     "app/still_to_come.cpp",  # names of handlers
     "forms/help_window.cpp",  # speaks both languages itself
     "forms/main.cpp",  # what a terminal is told before there is a window

@@ -79,7 +79,8 @@ TEST(Translation, OnlyChineseIsLookedAt) {
 // English: every row once, as many holes on both sides, no Chinese left on the right.
 TEST(English, RowsAreWellFormed) {
     std::set<std::string_view> seen;
-    for (const auto& table : {english_windows(), english_menus(), english_messages(), english_status()})
+    for (const auto& table :
+         {english_windows(), english_menus(), english_messages(), english_reports(), english_status()})
         for (const translation_row& row : table) {
             EXPECT_TRUE(seen.insert(row.text).second) << row.text;
             EXPECT_FALSE(holds_chinese(row.translated)) << row.translated;
