@@ -34,9 +34,26 @@ struct file_columns {
     // How the file stood when its length and date were taken: the change time and a number of its identity.
     column<std::int64_t> file_changed;
     column<std::uint64_t> file_place;
+    // The place that the name has among all names in ascending order, from 1 on; empty when that is not
+    // known.
+    column<std::int32_t> file_rank;
     // The number of the suffix's text in suffix_texts; empty unless only files of one suffix are compared.
     column<std::int32_t> file_ext;
     std::vector<std::string> suffix_texts;
 };
+
+// Gives back what a comparison has used up, so that it does not stand beside the result. The signatures stay
+// to be looked at.
+inline void give_up_list(file_columns& files) {
+    files.file_list.clear();
+    files.file_len = {};
+    for (column<std::int32_t>* values : {&files.file_date_hi, &files.file_date_lo, &files.file_rank})
+        *values = {};
+    for (column<std::uint8_t>* flags :
+         {&files.file_ok, &files.file_bad, &files.file_matched, &files.file_has_twin, &files.file_in_archive})
+        *flags = {};
+    files.file_changed = {};
+    files.file_place = {};
+}
 
 }  // namespace corvane
