@@ -79,6 +79,7 @@ bool write_different_files(Tavrel& form) {
     bar_scale(form, state.file_count);
     line_writer writer(form.outside.files, path);
     state.different_count = 0;
+    state.different_packed = {};
     // The texts are those of the list; the room is taken once.
     state.different_files.clear_and_share(state.file_list);
     const auto twins = std::count(state.file_has_twin.begin(), state.file_has_twin.end(), 1);

@@ -42,16 +42,19 @@ struct file_columns {
     std::vector<std::string> suffix_texts;
 };
 
-// Gives back what a comparison has used up, so that it does not stand beside the result. The signatures stay
-// to be looked at.
-inline void give_up_list(file_columns& files) {
-    files.file_list.clear();
+// From so many files on what is only kept to be looked at is kept in little memory, or not at all.
+constexpr std::int32_t many_files = 50'000;
+
+// Gives back the columns beside a list that a comparison has used up.
+inline void give_up_columns(file_columns& files) {
     files.file_len = {};
-    for (column<std::int32_t>* values : {&files.file_date_hi, &files.file_date_lo, &files.file_rank})
+    for (column<std::int32_t>* values :
+         {&files.file_date_hi, &files.file_date_lo, &files.file_crc, &files.file_rank})
         *values = {};
     for (column<std::uint8_t>* flags :
          {&files.file_ok, &files.file_bad, &files.file_matched, &files.file_has_twin, &files.file_in_archive})
         *flags = {};
+    files.file_start_crc = {};
     files.file_changed = {};
     files.file_place = {};
 }
