@@ -83,6 +83,12 @@ file_facts held_folder::facts(std::string_view path) {
     return found;
 }
 
+std::size_t held_folder::many_facts(std::span<const std::string_view> paths, std::span<file_facts> answers) {
+    const bool any_held = std::any_of(paths.begin(), paths.end(),
+                                      [this](std::string_view path) { return is_held_place(path); });
+    return any_held ? file_system::many_facts(paths, answers) : disk_.many_facts(paths, answers);
+}
+
 outcome_with<file_reader> held_folder::open_file(std::string_view path) {
     const held_text* held = find(path);
     if (held == nullptr) return disk_.open_file(path);

@@ -44,6 +44,15 @@ class held_folder : public file_system {
                             std::size_t expected) override {
         return disk_.read_start(path, buffer, expected);
     }
+    // The held ones are asked one by one.
+    std::size_t many_facts(std::span<const std::string_view> paths, std::span<file_facts> answers) override;
+    std::size_t read_starts(std::span<start_request> requests) override {
+        return disk_.read_starts(requests);
+    }
+    std::vector<outcome_with<directory_reader>> open_directories(
+        std::span<const std::string> paths) override {
+        return disk_.open_directories(paths);
+    }
     outcome_with<file_reader> open_file(std::string_view path) override;
     outcome_with<file_writer> replace_file(const std::string& path) override;
     outcome_with<file_writer> overwrite_file(const std::string& path) override;

@@ -14,17 +14,20 @@ import time
 
 SETS = ("W1", "W2", "W3", "W4", "W5")
 PEERS = ("jdupes", "fdupes", "rdfind", "rmlint", "duff")
+BOUND = "bound"
 GNU_TIME = "/usr/bin/time"
 
 Result = collections.namedtuple("Result", "wall user system memory verdict")
 
 
-def command_of(tool, program, directory, place):
+def command_of(tool, options, directory, place):
     """The command, and the file that holds its answer; None for standard output."""
+    if tool == BOUND:
+        return [options.bound, directory], None
     if tool == "corvane":
         program_directory = os.path.join(place, "program")
         os.mkdir(program_directory)
-        return [program, "--program-dir", program_directory, directory], None
+        return [options.program, "--program-dir", program_directory, directory], None
     if tool == "jdupes":
         return ["jdupes", "-r", "-q", "-z", directory], None
     if tool == "fdupes":
@@ -146,7 +149,7 @@ def verdict_of(tool, path, directory, truth):
 
 def run_once(tool, options, directory, truth):
     with tempfile.TemporaryDirectory(prefix="corvane-bench-") as place:
-        command, answer = command_of(tool, options.program, directory, place)
+        command, answer = command_of(tool, options, directory, place)
         output_path = os.path.join(place, "output")
         memory_path = os.path.join(place, "memory")
         # A process keeps the peak of the one it was started from, here this interpreter. GNU time is small.
@@ -212,20 +215,28 @@ def read_all(directory):
     return count
 
 
-def is_there(tool, program):
-    return os.access(program, os.X_OK) if tool == "corvane" else shutil.which(tool) is not None
+def is_there(tool, options):
+    own = {"corvane": options.program, BOUND: options.bound}.get(tool)
+    return os.access(own, os.X_OK) if own else shutil.which(tool) is not None
+
+
+def median_of(results):
+    """The middle run by wall time; the lower one of two. A wrong answer is the result, however quick the others."""
+    wrong = [result for result in results if result.verdict != "right"]
+    ordered = sorted(wrong or results, key=lambda result: result.wall)
+    return ordered[(len(ordered) - 1) // 2] if ordered else None
 
 
 def print_table(set_name, count, results):
     print(f"\n{set_name}: {count:,} files")
     print(f"{'':8} {'wall s':>9} {'user s':>9} {'system s':>9} {'peak MiB':>9} {'bytes/file':>10} "
-          f"{'/jdupes':>8}  answer")
-    reference = results.get("jdupes")
+          f"{'/bound':>8} {'/jdupes':>8}  answer")
     for tool, result in results.items():
         if result is None:
             print(f"{tool:8} is not there")
             continue
-        ratio = f"{result.wall / reference.wall:8.3f}" if reference else f"{'':8}"
+        ratio = " ".join(f"{result.wall / results[other].wall:8.3f}" if results.get(other) else f"{'':8}"
+                         for other in (BOUND, "jdupes"))
         print(f"{tool:8} {result.wall:9.3f} {result.user:9.3f} {result.system:9.3f} "
               f"{result.memory / (1 << 20):9.1f} {result.memory / count:10.0f} {ratio}  {result.verdict}")
     sys.stdout.flush()
@@ -235,17 +246,12 @@ def measure(options, set_name, tools):
     directory = make_set(options, set_name)
     truth = true_groups(directory)
     count = read_all(directory)
-    results = {tool: None for tool in tools}
+    runs = {tool: [] for tool in tools}
     for _ in range(options.runs):
         for tool in tools:
-            if not is_there(tool, options.program):
-                continue
-            result = run_once(tool, options, directory, truth)
-            best = results[tool]
-            # One wrong answer is the result, however quick the other runs are.
-            if best is None or (best.verdict == "right" and
-                                (result.verdict != "right" or result.wall < best.wall)):
-                results[tool] = result
+            if is_there(tool, options):
+                runs[tool].append(run_once(tool, options, directory, truth))
+    results = {tool: median_of(each) for tool, each in runs.items()}
     print_table(os.path.basename(directory), count, results)
     # A peer may be missing, the program may not.
     return results["corvane"] is not None and all(
@@ -259,8 +265,9 @@ def main():
     parser.add_argument("--directory", default="bench-data", help="where the sets are or are made")
     parser.add_argument("--program", default="build/bin/corvane-console")
     parser.add_argument("--make-sets", default=None, help="default: make_sets beside the program")
+    parser.add_argument("--bound", default=None, help="default: bound beside make_sets")
     parser.add_argument("--peers", default="jdupes", help="names with commas, all or none; default jdupes")
-    parser.add_argument("--runs", type=int, default=1, help="takes the best of so many runs")
+    parser.add_argument("--runs", type=int, default=1, help="takes the median of so many runs")
     parser.add_argument("--timeout", type=float, default=1800, help="seconds for one run of one tool")
     options = parser.parse_args()
 
@@ -280,8 +287,11 @@ def main():
     if options.make_sets is None:
         options.make_sets = os.path.join(os.path.dirname(options.program), "make_sets")
     options.make_sets = os.path.abspath(options.make_sets)
+    if options.bound is None:
+        options.bound = os.path.join(os.path.dirname(options.make_sets), BOUND)
+    options.bound = os.path.abspath(options.bound)
 
-    right = [measure(options, set_name, ["corvane"] + peers) for set_name in sets]
+    right = [measure(options, set_name, ["corvane", BOUND] + peers) for set_name in sets]
     return 0 if all(right) else 1
 
 

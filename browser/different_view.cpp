@@ -44,11 +44,20 @@ bool read_stored_list(Tavrel& form) {
         return false;
     }
     state.different_files.clear();
+    state.different_packed = {};
     std::string_view line;
     while (state.different_files.size() < state.limits.files && reader.next(line))
         state.different_files.push_back(line);
     state.different_count = state.different_files.size();
     return true;
+}
+
+void unpack(run_state& state) {
+    if (state.different_packed.empty()) return;
+    state.different_files.clear();
+    state.different_files.reserve(state.different_count);
+    state.different_packed.each([&](std::string_view path) { state.different_files.push_back(path); });
+    state.different_packed = {};
 }
 
 void fill_rows(Tavrel& form, const list_view_row& view) {
@@ -80,6 +89,7 @@ void Picture11_Click(Tavrel& form) {
     form.Label4.visible = false;
     state.base_time = form.outside.screen.seconds();
     if (state.different_count == 0 && !read_stored_list(form)) return;
+    unpack(state);
     form.Frame4.visible = false;
     form.panel(5, "不相同文件数:" + std::to_string(state.different_count));
     form.panel(7, "显示不相同文件");

@@ -67,6 +67,25 @@ void reject_load(Tavrel& form) {
     form.inform("没有相同文件");
 }
 
+// Of a long list the columns go, and the files without a twin hold on to its texts no more.
+void put_away(run_state& state) {
+    give_up_columns(state);
+    if (state.different_files.size() != state.different_count || state.different_count == 0) return;
+    state.different_packed = {};
+    for (std::int32_t i = 1; i <= state.different_count; ++i)
+        state.different_packed.push_back(state.different_files[i]);
+    state.different_files.clear();
+}
+
+// The rows of a star stand together, and its centre is in each of them: it is stored once.
+void push_path(text_column& paths, std::string_view path) {
+    const std::int32_t last = paths.size();
+    if (last > 0 && paths[last] == path)
+        paths.push_entry(paths.entry(last));
+    else
+        paths.push_back(path);
+}
+
 // The rows of the store, filtered unless it is fresh. False when the rows did not all fit.
 bool read_rows(Tavrel& form, line_reader& reader) {
     run_state& state = form.state;
@@ -85,8 +104,8 @@ bool read_rows(Tavrel& form, line_reader& reader) {
             if (i == state.limits.result_rows) return false;
             ++i;
             state.result_length.push_back(parse_number(length));
-            files1.push_back(path1);
-            files2.push_back(line);
+            push_path(files1, path1);
+            push_path(files2, line);
         }
         if (i % rows_per_read_status == 0) {
             form.pic_gressbar1.draw(i);
@@ -115,7 +134,10 @@ void load_same_view(Tavrel& form) {
     form.panel(7, "显示相同文件_读入数据");
     empty_result(form);
     // What a comparison or a check has used up is not kept beside the result.
-    if (!state.file_list_loaded) state.file_list.clear();
+    if (!state.file_list_loaded) {
+        state.file_list.clear();
+        if (state.file_count > many_files) put_away(state);
+    }
 
     line_reader reader(form.outside.files, state.same_file_path);
     if (!reader.is_open()) return reject_load(form);

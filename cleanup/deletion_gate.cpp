@@ -112,7 +112,7 @@ deletion_gate::keeping deletion_gate::entry_keeps(std::string_view keeper, leavi
 
 bool deletion_gate::proven_equal(std::string_view a, const file_facts& facts_a, std::string_view b,
                                  const file_facts& facts_b) const {
-    const auto stands = [](const proven_files::proof* proof, const file_facts& facts) {
+    const auto stands = [](const auto* proof, const file_facts& facts) {
         return proof != nullptr && same_state(proof->facts, facts);
     };
     const proven_files& proven = form_.state.proven;
@@ -134,8 +134,8 @@ bool deletion_gate::has_same_bytes(std::string_view keeper, const file_facts& ke
     const auto known = compared_.find(keeper);
     const bool goes_on = known != compared_.end() && same_state(known->second.facts, kept);
     const std::int32_t star = goes_on ? known->second.star : --next_star_;
-    compared_.insert_or_assign(std::string(keeper), proven_files::proof{star, kept});
-    compared_.insert_or_assign(std::string(file.path), proven_files::proof{star, file.facts});
+    compared_.insert_or_assign(std::string(keeper), known_state{star, state_of(kept)});
+    compared_.insert_or_assign(std::string(file.path), known_state{star, state_of(file.facts)});
     return true;
 }
 

@@ -96,7 +96,11 @@ class deletion_gate {
     copy_groups groups_;
     archive_shelf shelf_;
     // What this gate has compared itself, beside what the comparison has proven.
-    std::unordered_map<std::string, proven_files::proof, text_hash, std::equal_to<>> compared_;
+    struct known_state {
+        std::int32_t star;
+        file_state facts;
+    };
+    std::unordered_map<std::string, known_state, text_hash, std::equal_to<>> compared_;
     std::int32_t next_star_ = 0;  // counts down: the comparison's stars are positive
     std::unordered_set<std::string, text_hash, std::equal_to<>> taken_;
     std::unordered_set<std::size_t> touched_archives_;  // marked themselves, or an entry of theirs is

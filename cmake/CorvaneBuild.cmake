@@ -5,7 +5,7 @@ target_compile_options(corvane_warnings INTERFACE -Wall -Wextra -Wpedantic -Wcon
                        $<$<BOOL:${CORVANE_WERROR}>:-Werror>)
 
 # A build that looks for mistakes keeps its asserts and those of the standard library, whatever its type says.
-if(CORVANE_SANITIZE OR CORVANE_FUZZ OR CMAKE_BUILD_TYPE STREQUAL "Debug")
+if(CORVANE_SANITIZE OR CORVANE_SANITIZE_THREADS OR CORVANE_FUZZ OR CMAKE_BUILD_TYPE STREQUAL "Debug")
     add_compile_options(-UNDEBUG)
     add_compile_definitions(_GLIBCXX_ASSERTIONS CORVANE_CHECKED)
 endif()
@@ -13,6 +13,10 @@ if(CORVANE_SANITIZE)
     # Under sanitizers -Og compiles in a third of the time of -O2; -g1 is enough for the lines of a stack.
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -Og -g1)
     add_link_options(-fsanitize=address,undefined)
+endif()
+if(CORVANE_SANITIZE_THREADS)
+    add_compile_options(-fsanitize=thread -Og -g1)
+    add_link_options(-fsanitize=thread)
 endif()
 if(CORVANE_FUZZ)
     if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")

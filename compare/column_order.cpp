@@ -21,6 +21,12 @@ void reorder(Values& values, std::int32_t first, const std::vector<std::int32_t>
     std::copy(moved.begin(), moved.end(), range.begin());
 }
 
+// Its memory is wanted elsewhere.
+template <class Values>
+void give_back(Values& values) {
+    values = Values();
+}
+
 bool is_identity(const std::vector<std::int32_t>& places) {
     for (std::size_t i = 0; i < places.size(); ++i)
         if (places[i] != static_cast<std::int32_t>(i)) return false;
@@ -65,19 +71,25 @@ signature_key key_of(std::int32_t signature, std::int32_t place) {
 void sort_by_length_and_name(file_columns& files) {
     const std::int32_t count = files.file_count;
     if (count < 2) return;
-    std::vector<std::int32_t> places;
-    if (names_ascend(files.file_list, 1, count)) {
-        places.resize(static_cast<std::size_t>(count));
-        std::iota(places.begin(), places.end(), 0);
-    } else {
-        places = places_by_name(files.file_list, 1, count);
-    }
+    std::vector<std::int32_t> by_name;  // empty when the names ascend already
+    if (!names_ascend(files.file_list, 1, count)) by_name = places_by_name(files.file_list, 1, count);
+    const auto place_at = [&](std::int32_t rank) {
+        return by_name.empty() ? rank : by_name[static_cast<std::size_t>(rank)];
+    };
     // In name order already, so that a stable sort by length leaves names ascending within a length.
-    std::vector<std::pair<std::int64_t, std::int32_t>> keyed(places.size());
-    for (std::size_t i = 0; i < places.size(); ++i) keyed[i] = {files.file_len[places[i] + 1], places[i]};
-    std::stable_sort(keyed.begin(), keyed.end(),
+    std::vector<std::pair<std::int64_t, std::int32_t>> ranks(static_cast<std::size_t>(count));
+    for (std::int32_t rank = 0; rank < count; ++rank)
+        ranks[static_cast<std::size_t>(rank)] = {files.file_len[place_at(rank) + 1], rank};
+    std::stable_sort(ranks.begin(), ranks.end(),
                      [](const auto& a, const auto& b) { return a.first < b.first; });
-    for (std::size_t i = 0; i < places.size(); ++i) places[i] = keyed[i].second;
+    files.file_rank.resize(count);
+    std::vector<std::int32_t> places(ranks.size());
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        files.file_rank[static_cast<std::int32_t>(i) + 1] = ranks[i].second + 1;
+        places[i] = place_at(ranks[i].second);
+    }
+    give_back(ranks);
+    give_back(by_name);
 
     if (is_identity(places)) return;
     reorder(files.file_list, 1, places);
@@ -114,13 +126,38 @@ std::vector<std::int32_t> sort_group(file_columns& files, std::int32_t first, st
     reorder(files.file_ok, first, places);
     reorder(files.file_place, first, places);
     reorder(files.file_changed, first, places);
+    if (!files.file_rank.empty()) reorder(files.file_rank, first, places);
     if (!files.file_start_crc.empty()) reorder(files.file_start_crc, first, places);
     return places;
 }
 
+namespace {
+
+// The order of the names as the ranks tell it; empty where there are none.
+std::vector<std::int32_t> places_by_rank(const file_columns& files) {
+    if (files.file_rank.size() != files.file_count) return {};
+    std::vector<std::int32_t> places(static_cast<std::size_t>(files.file_count));
+    for (std::int32_t i = 1; i <= files.file_count; ++i)
+        places[static_cast<std::size_t>(files.file_rank[i] - 1)] = i - 1;
+    return places;
+}
+
+// The ranks are those of the entries with all their fields: the texts of an archive's members are cut since.
+// Of a path that is listed twice they do not tell the order either.
+bool ascends_strictly(const text_column& names, const std::vector<std::int32_t>& places) {
+    for (std::size_t i = 1; i < places.size(); ++i)
+        if (names[places[i] + 1] <= names[places[i - 1] + 1]) return false;
+    return !places.empty();
+}
+
+}  // namespace
+
 void sort_by_name(file_columns& files) {
     if (files.file_count < 2) return;
-    const std::vector<std::int32_t> places = places_by_name(files.file_list, 1, files.file_count);
+    std::vector<std::int32_t> places = places_by_rank(files);
+    if (!ascends_strictly(files.file_list, places))
+        places = places_by_name(files.file_list, 1, files.file_count);
+    give_back(files.file_rank);
     if (is_identity(places)) return;
     reorder(files.file_list, 1, places);
     reorder(files.file_len, 1, places);

@@ -9,15 +9,17 @@
 
 namespace corvane {
 
-// Orders file_list, file_len, both dates, file_ok, file_place and file_changed by length, then name.
+// Orders file_list, file_len, both dates, file_ok, file_place and file_changed by length, then name, and
+// fills file_rank.
 void sort_by_length_and_name(file_columns& files);
 
-// Orders the range first to last of file_list, both dates, both signatures, file_bad, file_ok, file_place and
-// file_changed by the decimal text of file_crc, then the name. The other columns keep their places, on
-// purpose. Returns for each new place, counted from 0, the old one.
+// Orders the range first to last of file_list, both dates, both signatures, file_bad, file_ok, file_place,
+// file_changed and file_rank by the decimal text of file_crc, then the name. The other columns keep their
+// places, on purpose. Returns for each new place, counted from 0, the old one.
 std::vector<std::int32_t> sort_group(file_columns& files, std::int32_t first, std::int32_t last);
 
-// Orders file_list, file_len, both dates and both signatures by name alone.
+// Orders file_list, file_len, both dates and both signatures by name alone, by file_rank where that still
+// holds. Gives file_rank up.
 void sort_by_name(file_columns& files);
 
 }  // namespace corvane

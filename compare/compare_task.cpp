@@ -180,6 +180,9 @@ void Picture3_Click(Tavrel& form) {
     set_up_comparison(form);
     const comparison_outcome outcome = compare_files(form);
     if (outcome.end == comparison_end::quit) return;
+    // Nothing behind the comparison asks how the files stood; the proofs hold what was proven.
+    state.file_place = {};
+    state.file_changed = {};
     if (!store_results(form)) return;
 
     const double elapsed = form.outside.screen.seconds() - state.base_time;

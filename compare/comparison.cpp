@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "compare/estimate.h"
 #include "compare/group.h"
@@ -22,6 +23,7 @@ constexpr double status_seconds = 3;
 constexpr std::int32_t files_per_clock_look = 5;
 constexpr std::int32_t partners_per_status = 100;
 constexpr std::int32_t pairs_per_status = 8;
+constexpr std::size_t most_confirmed_at_once = 256;
 
 class comparison {
   public:
@@ -32,6 +34,13 @@ class comparison {
           group_(form.outside.files, form.state, events_of(form)) {}
 
     comparison_outcome run() {
+        const comparison_outcome outcome = walk_groups();
+        if (outcome.end != comparison_end::quit) store_proofs();
+        return outcome;
+    }
+
+  private:
+    comparison_outcome walk_groups() {
         double last_status = form_.outside.screen.seconds();
         std::int32_t i = 1;
         for (; i < state_.file_count; ++i) {
@@ -62,7 +71,6 @@ class comparison {
         return {comparison_end::finished, state_.file_count};
     }
 
-  private:
     static group_events events_of(Tavrel& form) {
         return {[&form] {
                     form.yield();
@@ -71,71 +79,120 @@ class comparison {
                 [&form](std::string_view path) { note_in_trail(form, path); },
                 [&form](std::string_view path) {
                     if (form.state.show_run_filename) form.Label4.caption = path;
-                }};
+                },
+                [&form] { return form.state.error_trail_on == -1; }};
     }
+
+    // One that is to be paired with the centre.
+    struct partner {
+        std::int32_t file;
+        bool by_bytes;
+        bool unchanged = false;
+        file_facts facts = {};
+    };
 
     // Pairs every empty file with the first; these files keep counting as different ones, too. Returns the
     // last of them, or i when that is no longer one.
     std::int32_t pair_empty_files(std::int32_t i) {
-        if (!take_centre(i)) return i;
         std::int32_t k = i + 1;
-        for (; k <= state_.file_count && state_.file_len[k] == 0; ++k) {
-            if (!state_.file_ok[k] || !is_another_file(i, k)) continue;
-            add_pair(i, k);
-            note_proof(i, k);
-        }
+        do {
+            partners_.clear();
+            for (; k <= state_.file_count && state_.file_len[k] == 0 &&
+                   partners_.size() < most_confirmed_at_once;
+                 ++k)
+                if (state_.file_ok[k]) partners_.push_back({k, true});
+            if (!confirm(i)) return i;
+            for (const partner& each : partners_) {
+                if (!is_another_file(i, each)) continue;
+                add_pair(i, each.file);
+                note_proof(i, each);
+            }
+        } while (!partners_.empty());
         return k - 1;
     }
 
     void compare_with_later(std::int32_t i) {
-        for (std::int32_t j = group_.next_candidate(i, i); j <= group_.end();
-             j = group_.next_candidate(i, j)) {
-            if (j % partners_per_status == 0) show_elapsed(form_);
-            const sameness same = group_.same(i, j);
-            form_.yield();
-            if (same == sameness::different) continue;
-            if (!take_centre(i)) return;
-            if (!is_another_file(i, j)) continue;
-            register_pair(i, j);
-            if (same == sameness::by_bytes) note_proof(i, j);
+        for (std::int32_t j = group_.next_candidate(i, i); j <= group_.end();) {
+            partners_.clear();
+            for (; j <= group_.end() && partners_.size() < most_confirmed_at_once;
+                 j = group_.next_candidate(i, j)) {
+                if (j % partners_per_status == 0) show_elapsed(form_);
+                const sameness same = group_.same(i, j);
+                form_.yield();
+                if (same != sameness::different) partners_.push_back({j, same == sameness::by_bytes});
+            }
+            // No event from here to the last of these pairs.
+            if (partners_.empty()) continue;
+            if (!confirm(i)) return;
+            for (const partner& each : partners_) {
+                if (!is_another_file(i, each)) continue;
+                register_pair(i, each.file);
+                if (each.by_bytes) note_proof(i, each);
+            }
         }
     }
 
-    // True when i, which has been read, is still the file that was listed. Asked once until more is read.
-    bool take_centre(std::int32_t i) {
-        if (centre_ == i && centre_readings_ == group_.readings()) return true;
-        centre_ = is_unchanged(i, centre_facts_) ? i : 0;
-        centre_readings_ = group_.readings();
-        centre_noted_ = false;
-        return centre_ == i;
+    // Asks whether the centre i and its partners, which have been read, still are the files that were listed.
+    // One that has changed takes no further part: its bytes, as far as they were read, are not those that it
+    // has now. False when the centre has; it is asked about once until more is read.
+    bool confirm(std::int32_t i) {
+        const bool knows_centre = centre_ == i && centre_readings_ == group_.readings();
+        asked_.clear();
+        if (!knows_centre) asked_.push_back(i);
+        for (const partner& each : partners_) asked_.push_back(each.file);
+        ask_facts();
+        std::size_t at = 0;
+        if (!knows_centre) {
+            centre_facts_ = facts_[at];
+            centre_ = is_unchanged(i, facts_[at++]) ? i : 0;
+            centre_readings_ = group_.readings();
+            centre_noted_ = false;
+            if (centre_ == 0) return false;
+        }
+        for (partner& each : partners_) {
+            each.facts = facts_[at];
+            each.unchanged = is_unchanged(each.file, facts_[at++]);
+        }
+        return true;
     }
 
-    // True when j is still the file that was listed, and removing one of i and j leaves the other. A path
-    // that is listed twice counts as two.
-    bool is_another_file(std::int32_t i, std::int32_t j) {
-        if (!is_unchanged(j, partner_facts_)) return false;
+    // Fills facts_ for the files of asked_, those of members with nothing.
+    void ask_facts() {
+        paths_.clear();
+        for (const std::int32_t file : asked_) {
+            const std::string_view path = state_.file_list[file];
+            if (!is_archive_member(path)) paths_.push_back(path);
+        }
+        answers_.assign(paths_.size(), {});
+        for (std::size_t done = 0; done < paths_.size();)
+            done += form_.outside.files.many_facts(std::span(paths_).subspan(done),
+                                                   std::span(answers_).subspan(done));
+        facts_.assign(asked_.size(), {});
+        std::size_t next = 0;
+        for (std::size_t n = 0; n < asked_.size(); ++n)
+            if (!is_archive_member(state_.file_list[asked_[n]])) facts_[n] = answers_[next++];
+    }
+
+    bool is_unchanged(std::int32_t i, const file_facts& facts) {
+        if (is_archive_member(state_.file_list[i]) || is_as_listed(state_, i, facts)) return true;
+        state_.file_ok[i] = 0;
+        return false;
+    }
+
+    // True when the partner is unchanged, and removing one of it and i leaves the other. A path that is
+    // listed twice counts as two.
+    bool is_another_file(std::int32_t i, const partner& other) {
+        if (!other.unchanged) return false;
         const std::string_view a = state_.file_list[i];
-        const std::string_view b = state_.file_list[j];
+        const std::string_view b = state_.file_list[other.file];
         const bool members = is_archive_member(a);
         if (a == b || members != is_archive_member(b)) return true;
         file_system& disk = form_.outside.files;
-        if (!members) return !same_physical_file(disk, a, centre_facts_, b, partner_facts_);
+        if (!members) return !same_physical_file(disk, a, centre_facts_, b, other.facts);
         const std::string_view archive_a = archive_path_of(a);
         const std::string_view archive_b = archive_path_of(b);
         return archive_a == archive_b || !same_physical_file(disk, archive_a, archive_facts(archive_a),
                                                              archive_b, archive_facts(archive_b));
-    }
-
-    // A file that has changed takes no further part: its bytes, as far as they were read, are not those that
-    // it has now.
-    bool is_unchanged(std::int32_t i, file_facts& facts) {
-        facts = {};
-        const std::string_view path = state_.file_list[i];
-        if (is_archive_member(path)) return true;
-        facts = form_.outside.files.facts(path);
-        if (is_as_listed(state_, i, facts)) return true;
-        state_.file_ok[i] = 0;
-        return false;
     }
 
     const file_facts& archive_facts(std::string_view archive) {
@@ -144,11 +201,19 @@ class comparison {
         return place->second;
     }
 
-    void note_proof(std::int32_t i, std::int32_t j) {
-        if (!centre_facts_.exists || !partner_facts_.exists) return;
-        if (!centre_noted_) state_.proven.note(state_.file_list[i], i, centre_facts_);
+    void note_proof(std::int32_t i, const partner& other) {
+        if (!centre_facts_.exists || !other.facts.exists) return;
+        if (!centre_noted_) proven_.push_back({i, i});
         centre_noted_ = true;
-        state_.proven.note(state_.file_list[j], i, partner_facts_);
+        proven_.push_back({other.file, i});
+    }
+
+    // The columns keep their order from here to the end of the comparison's own work, and what is_unchanged
+    // has confirmed stands in them.
+    void store_proofs() {
+        state_.proven.reserve(proven_.size());
+        for (const auto& [file, star] : proven_)
+            state_.proven.note(state_.file_list[file], star, listed_state(state_, file));
     }
 
     void add_pair(std::int32_t first, std::int32_t second) {
@@ -177,12 +242,18 @@ class comparison {
     run_state& state_;
     time_estimate estimate_;
     file_group group_;
-    // The first file of the star in work, and the last one held against it; as they stood then.
+    // The first file of the star in work, as it stood when it was confirmed.
     std::int32_t centre_ = 0;
     std::int32_t centre_readings_ = 0;
     bool centre_noted_ = false;
     file_facts centre_facts_;
-    file_facts partner_facts_;
+    // What is confirmed at one go, and its questions and answers.
+    std::vector<partner> partners_;
+    std::vector<std::int32_t> asked_;
+    std::vector<std::string_view> paths_;
+    std::vector<file_facts> answers_;
+    std::vector<file_facts> facts_;
+    std::vector<std::pair<std::int32_t, std::int32_t>> proven_;  // file and star
     std::unordered_map<std::string, file_facts> archive_facts_;
 };
 

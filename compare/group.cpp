@@ -14,7 +14,12 @@
 namespace corvane {
 
 file_group::file_group(file_system& disk, file_columns& files, group_events events)
-    : disk_(disk), files_(files), events_(std::move(events)), same_suffix_only_(!files.file_ext.empty()) {}
+    : disk_(disk),
+      files_(files),
+      events_(std::move(events)),
+      same_suffix_only_(!files.file_ext.empty()),
+      members_listed_(std::find(files.file_in_archive.begin(), files.file_in_archive.end(), 1) !=
+                      files.file_in_archive.end()) {}
 
 bool file_group::open(std::int32_t i) {
     if (is_archive_member(files_.file_list[i])) archive_flag_ = true;
@@ -47,14 +52,13 @@ void file_group::find_end(std::int32_t i) {
 
 bool file_group::compute_signatures(std::int32_t i) {
     signature_mode_ = true;
-    std::vector<std::byte> buffer;
     for (std::int32_t j = i; j <= end_; ++j) {
         const std::string_view name = files_.file_list[j];
         events_.touches(name);
         if (!events_.keep_going()) return false;
         events_.shows(name);
         if (has_signature(j)) continue;
-        read_signature(j, buffer);
+        read_signature(j);
         events_.keep_going();
     }
     contents_.reorder(sort_group(files_, i, end_));
@@ -67,17 +71,60 @@ bool file_group::has_signature(std::int32_t j) const {
     return !archive_flag_ || last_length_ <= signature_block || is_archive_member(files_.file_list[j]);
 }
 
-void file_group::read_signature(std::int32_t j, std::vector<std::byte>& buffer) {
+// What can be read ahead is the signatures of this group and, in a list of plain files, what the groups
+// behind it cannot do without: the starts of three files or more, and both files of a short pair.
+read_ahead::start file_group::start_of(std::int32_t j) {
+    const bool ahead = may_read_ahead();
+    if (!ahead) ahead_.drop();
+    if (!ahead_.holds(j)) {
+        planned_.clear();
+        plan(j);
+        if (ahead) {
+            plan_group(j + 1, end_);
+            if (!members_listed_) plan_later_groups();
+        }
+        ahead_.read(disk_, planned_);
+    }
+    return ahead_.take(j);
+}
+
+void file_group::plan(std::int32_t j) {
+    const std::int64_t length = files_.file_len[j];
+    planned_.push_back({j, files_.file_list[j], static_cast<std::size_t>(std::min(length, signature_block)),
+                        length <= signature_block});
+}
+
+void file_group::plan_group(std::int32_t first, std::int32_t last) {
+    for (std::int32_t j = first; j <= last && !plan_is_full(); ++j)
+        if (!signature_mode_ || (files_.file_crc[j] == 0 && !is_archive_member(files_.file_list[j]))) plan(j);
+}
+
+void file_group::plan_later_groups() {
+    std::int32_t first = end_ + 1;
+    while (first < files_.file_count && !plan_is_full()) {
+        const std::int64_t length = files_.file_len[first];
+        std::int32_t next = first + 1;
+        // To where the next length begins, or as far as it matters.
+        const auto limit = static_cast<std::int32_t>(
+            std::min<std::int64_t>(files_.file_count, std::int64_t{first} + read_ahead::most_files));
+        while (next <= limit && files_.file_len[next] == length) ++next;
+        const std::int32_t count = next - first;
+        const bool reads_pair = count == 2 && length <= signature_block && !same_suffix_only_ &&
+                                files_.file_ok[first] && files_.file_ok[first + 1];
+        for (std::int32_t j = first; j < next && length > 0 && !plan_is_full(); ++j)
+            if (reads_pair || (count > 2 && files_.file_crc[j] == 0)) plan(j);
+        first = next;
+    }
+}
+
+void file_group::read_signature(std::int32_t j) {
     if (last_length_ < 0 || is_archive_member(files_.file_list[j])) return mark_bad(j);
-    const bool partial = last_length_ > signature_block;
-    if (partial && archive_flag_) return whole_file_signature(j, buffer);
+    if (last_length_ > signature_block && archive_flag_) return whole_file_signature(j);
     const auto wanted = static_cast<std::size_t>(std::min(last_length_, signature_block));
-    // One byte more than the length: a file that has grown is not the one that was listed.
-    buffer.resize(wanted + 1);
-    const std::size_t asked = partial ? wanted : wanted + 1;
-    const std::int64_t count = disk_.read_start(files_.file_list[j], std::span(buffer.data(), asked), wanted);
-    if (count != static_cast<std::int64_t>(wanted)) return mark_bad(j);
-    const std::span<const std::byte> bytes(buffer.data(), wanted);
+    const read_ahead::start start = start_of(j);
+    // A file that has grown is not the one that was listed.
+    if (start.count != static_cast<std::int64_t>(wanted)) return mark_bad(j);
+    const std::span<const std::byte> bytes = start.bytes;
     contents_.hold(j - first_, bytes);
     if (last_length_ <= direct_signature_length) {
         std::uint32_t signature = 0;
@@ -89,13 +136,13 @@ void file_group::read_signature(std::int32_t j, std::vector<std::byte>& buffer) 
     }
 }
 
-void file_group::whole_file_signature(std::int32_t j, std::vector<std::byte>& buffer) {
+void file_group::whole_file_signature(std::int32_t j) {
     constexpr std::int64_t stream_block = 256 * std::int64_t{1024};
     constexpr auto start_size = static_cast<std::size_t>(signature_block);
     const outcome_with<file_reader> reader = disk_.open_file(files_.file_list[j]);
     if (!reader) return mark_bad(j);
     reader->will_read(0);
-    buffer.resize(stream_block);
+    std::vector<std::byte> buffer(stream_block);
     checksum_stream sum;
     std::int32_t start = 0;
     std::int64_t at = 0;
@@ -172,9 +219,19 @@ bool file_group::accepted_unread(std::int32_t i, std::int32_t j) const {
     return upper_case(name_a.substr(cut_a + 1)) == upper_case(name_b.substr(cut_b + 1));
 }
 
+// A pair without signatures, short enough to be held: what cannot be read whole is left to the comparison.
+void file_group::hold_pair(std::int32_t i, std::int32_t j) {
+    for (const std::int32_t k : {i, j}) {
+        const read_ahead::start start = start_of(k);
+        if (start.count == last_length_) contents_.hold(k - first_, start.bytes);
+    }
+}
+
 // The first question of i classifies i with every file that it may still be asked about, in one reading.
 bool file_group::equal_contents(std::int32_t i, std::int32_t j) {
     if (content_class_[place(i)] == 0 || content_class_[place(j)] == 0) {
+        if (!signature_mode_ && end_ == first_ + 1 && last_length_ <= signature_block && may_read_ahead())
+            hold_pair(i, j);
         std::vector<std::int32_t> members{i};
         // Nothing before j can be asked about again: it was the same as i, or it differs and has its class.
         for (std::int32_t k = j; k <= end_; k = next_candidate(i, k))

@@ -11,12 +11,13 @@
 #include <vector>
 
 #include "compare/held_contents.h"
+#include "compare/read_ahead.h"
 #include "core/state/file_columns.h"
 #include "platform/file_system.h"
 
 namespace corvane {
 
-// What a group calls while it reads. All are set.
+// What a group calls while it reads. All are set, but for the last one if need be.
 struct group_events {
     // Lets waiting events run; false when the program is closing.
     std::function<bool()> keep_going;
@@ -24,6 +25,8 @@ struct group_events {
     std::function<void(std::string_view path)> touches;
     // A file's signature is about to be taken.
     std::function<void(std::string_view path)> shows;
+    // True while each file must be told before it is touched: then none is read ahead.
+    std::function<bool()> one_at_a_time = {};
 };
 
 // Bytes of a file's start that a signature is the checksum of.
@@ -65,8 +68,15 @@ class file_group {
     void find_end(std::int32_t i);
     bool compute_signatures(std::int32_t i);
     bool has_signature(std::int32_t j) const;
-    void read_signature(std::int32_t j, std::vector<std::byte>& buffer);
-    void whole_file_signature(std::int32_t j, std::vector<std::byte>& buffer);
+    void read_signature(std::int32_t j);
+    read_ahead::start start_of(std::int32_t j);
+    bool may_read_ahead() const { return !events_.one_at_a_time || !events_.one_at_a_time(); }
+    void plan_group(std::int32_t first, std::int32_t last);
+    void plan_later_groups();
+    void plan(std::int32_t j);
+    bool plan_is_full() const { return planned_.size() >= read_ahead::most_files; }
+    void hold_pair(std::int32_t i, std::int32_t j);
+    void whole_file_signature(std::int32_t j);
     void mark_bad(std::int32_t j);
     void chain_suffixes(std::int32_t i);
     bool accepted_unread(std::int32_t i, std::int32_t j) const;
@@ -78,12 +88,16 @@ class file_group {
     group_events events_;
     // As it stood when the suffix column was filled: the option may be switched while a comparison runs.
     const bool same_suffix_only_;
+    // Of the list as a whole: what a group reads may then depend on the one behind it.
+    const bool members_listed_;
     std::int64_t last_length_ = 0;
     std::int32_t first_ = 0;
     std::int32_t end_ = 0;
     bool archive_flag_ = false;
     bool signature_mode_ = false;
     held_contents contents_;
+    read_ahead ahead_;
+    std::vector<read_ahead::wanted_start> planned_;
     std::vector<std::int32_t> content_class_;  // by place; 0 not known yet, -1 unreadable
     std::int32_t next_class_ = 1;
     std::int32_t readings_ = 0;

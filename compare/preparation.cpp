@@ -1,9 +1,11 @@
 #include "compare/preparation.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 #include "core/archives/archive_entry.h"
 #include "core/text/text_case.h"
@@ -46,6 +48,43 @@ void take_facts(file_columns& files, std::int32_t i, const file_facts& facts) {
     files.file_changed[i] = facts.changed_ns;
 }
 
+// The facts of the list's files, in rising order of their numbers; many are asked for at once.
+class listed_facts {
+  public:
+    listed_facts(file_system& disk, const file_columns& files) : disk_(disk), files_(files) {}
+
+    // Of a file of the disk behind all that were asked about before.
+    const file_facts& of(std::int32_t i) {
+        if (next_ == answered_ || numbers_[next_] != i) ask(i);
+        return facts_[next_++];
+    }
+
+  private:
+    static constexpr std::size_t most_at_once = 1024;
+
+    void ask(std::int32_t i) {
+        numbers_.clear();
+        paths_.clear();
+        for (; i <= files_.file_count && paths_.size() < most_at_once; ++i) {
+            const std::string_view name = files_.file_list[i];
+            if (name.empty() || is_archive_member(name)) continue;
+            numbers_.push_back(i);
+            paths_.push_back(name);
+        }
+        facts_.resize(paths_.size());
+        answered_ = disk_.many_facts(paths_, facts_);
+        next_ = 0;
+    }
+
+    file_system& disk_;
+    const file_columns& files_;
+    std::vector<std::int32_t> numbers_;
+    std::vector<std::string_view> paths_;
+    std::vector<file_facts> facts_;
+    std::size_t answered_ = 0;
+    std::size_t next_ = 0;
+};
+
 // A member's text as the comparison knows it, without its checksum and length.
 std::string_view without_fields(std::string_view entry) {
     if (!is_archive_member(entry)) return entry;
@@ -63,10 +102,13 @@ void blank_avoided_files(file_columns& files, const trail_state& trail) {
         if (avoided.count(without_fields(files.file_list[i])) != 0) files.file_list.set(i, "");
 }
 
+file_state listed_state(const file_columns& files, std::int32_t i) {
+    return {files.file_place[i], files.file_len[i], files.file_changed[i], files.file_date_hi[i],
+            files.file_date_lo[i]};
+}
+
 bool is_as_listed(const file_columns& files, std::int32_t i, const file_facts& facts) {
-    return facts.exists && facts.length == files.file_len[i] && facts.date_high == files.file_date_hi[i] &&
-           facts.date_low == files.file_date_lo[i] && facts.changed_ns == files.file_changed[i] &&
-           file_identity_hash()(facts.identity) == files.file_place[i];
+    return same_state(listed_state(files, i), facts);
 }
 
 void size_columns(file_columns& files, result_state& result) {
@@ -76,6 +118,7 @@ void size_columns(file_columns& files, result_state& result) {
         values->assign(count, 0);
     files.file_place.assign(count, 0);
     files.file_changed.assign(count, 0);
+    files.file_rank = {};
     files.file_start_crc.clear();
     for (column<std::uint8_t>* flags :
          {&files.file_ok, &files.file_bad, &files.file_matched, &files.file_has_twin, &files.file_in_archive})
@@ -92,6 +135,7 @@ bool refresh_attributes(file_system& disk, file_columns& files, result_state& re
     members_seen = false;
     result.total_bytes = 0;
     result.size_unit.clear();
+    listed_facts facts(disk, files);
     for (std::int32_t i = 1; i <= files.file_count; ++i) {
         const std::string_view name = files.file_list[i];
         files.file_ok[i] = !name.empty();
@@ -100,7 +144,7 @@ bool refresh_attributes(file_system& disk, file_columns& files, result_state& re
             files.file_len[i] = parse_number(cut_field(files.file_list, i));
             members_seen = true;
         } else {
-            take_facts(files, i, disk.facts(name));
+            take_facts(files, i, facts.of(i));
         }
         result.total_bytes += static_cast<double>(files.file_len[i]);
         if (!reaches(i)) return false;

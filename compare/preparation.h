@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "core/state/file_columns.h"
+#include "core/state/proven_files.h"
 #include "core/state/result_state.h"
 #include "core/state/trail_state.h"
 #include "platform/file_system.h"
@@ -25,6 +26,8 @@ void size_columns(file_columns& files, result_state& result);
 bool refresh_attributes(file_system& disk, file_columns& files, result_state& result, bool& members_seen,
                         const std::function<bool(std::int32_t)>& reaches);
 
+// How file i stood when the refresh asked for its facts.
+file_state listed_state(const file_columns& files, std::int32_t i);
 // True when file i of the disk still is the one that the refresh found: same identity, length and times.
 bool is_as_listed(const file_columns& files, std::int32_t i, const file_facts& facts);
 

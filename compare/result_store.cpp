@@ -1,5 +1,6 @@
 #include "compare/result_store.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <span>
@@ -78,11 +79,15 @@ bool write_different_files(Tavrel& form) {
     bar_scale(form, state.file_count);
     line_writer writer(form.outside.files, path);
     state.different_count = 0;
-    state.different_files.clear();
+    state.different_packed = {};
+    // The texts are those of the list; the room is taken once.
+    state.different_files.clear_and_share(state.file_list);
+    const auto twins = std::count(state.file_has_twin.begin(), state.file_has_twin.end(), 1);
+    state.different_files.reserve(state.file_count - static_cast<std::int32_t>(twins));
     for (std::int32_t i = 1; i <= state.file_count; ++i) {
         if (!state.file_has_twin[i]) {
             writer.line(state.file_list[i]);
-            state.different_files.push_back(state.file_list[i]);
+            state.different_files.push_entry(state.file_list.entry(i));
             ++state.different_count;
         }
         if (i % files_per_status == 0) bar_draw(form, i);

@@ -110,6 +110,14 @@ class file_reader {
     virtual void will_read(std::int64_t offset) = 0;
 };
 
+// One of many starts that are read at once.
+struct start_request {
+    std::string_view path;
+    std::span<std::byte> buffer;
+    std::size_t expected = 0;
+    std::int64_t count = -1;  // the answer, as that of read_start
+};
+
 class file_writer {
   public:
     virtual ~file_writer() = default;
@@ -156,6 +164,26 @@ class file_system {
     // or -1. Once exactly `expected` bytes have come in one go, the end is not asked for again.
     virtual std::int64_t read_start(std::string_view path, std::span<std::byte> buffer,
                                     std::size_t expected) = 0;
+
+    // Many questions at once. Each is answered as if it had been asked alone, in their order; a disk may use
+    // several threads of its own, none of which is at work any more when the call returns. Once 50 ms have
+    // passed no further one is begun. Returns how many were answered, from the first on and at least that
+    // one: the rest is to be asked again. There is at least one question.
+    virtual std::size_t many_facts(std::span<const std::string_view> paths, std::span<file_facts> answers) {
+        for (std::size_t i = 0; i < paths.size(); ++i) answers[i] = facts(paths[i]);
+        return paths.size();
+    }
+    virtual std::size_t read_starts(std::span<start_request> requests) {
+        for (start_request& each : requests) each.count = read_start(each.path, each.buffer, each.expected);
+        return requests.size();
+    }
+    // As many readers as were opened. Each holds an open directory and a bounded part of its entries.
+    virtual std::vector<outcome_with<directory_reader>> open_directories(std::span<const std::string> paths) {
+        std::vector<outcome_with<directory_reader>> opened;
+        opened.push_back(open_directory(paths.front()));
+        return opened;
+    }
+
     // Opens a regular file for reading. Never waits on a FIFO and never opens a device.
     virtual outcome_with<file_reader> open_file(std::string_view path) = 0;
 

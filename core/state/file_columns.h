@@ -34,9 +34,29 @@ struct file_columns {
     // How the file stood when its length and date were taken: the change time and a number of its identity.
     column<std::int64_t> file_changed;
     column<std::uint64_t> file_place;
+    // The place that the name has among all names in ascending order, from 1 on; empty when that is not
+    // known.
+    column<std::int32_t> file_rank;
     // The number of the suffix's text in suffix_texts; empty unless only files of one suffix are compared.
     column<std::int32_t> file_ext;
     std::vector<std::string> suffix_texts;
 };
+
+// From so many files on what is only kept to be looked at is kept in little memory, or not at all.
+constexpr std::int32_t many_files = 50'000;
+
+// Gives back the columns beside a list that a comparison has used up.
+inline void give_up_columns(file_columns& files) {
+    files.file_len = {};
+    for (column<std::int32_t>* values :
+         {&files.file_date_hi, &files.file_date_lo, &files.file_crc, &files.file_rank})
+        *values = {};
+    for (column<std::uint8_t>* flags :
+         {&files.file_ok, &files.file_bad, &files.file_matched, &files.file_has_twin, &files.file_in_archive})
+        *flags = {};
+    files.file_start_crc = {};
+    files.file_changed = {};
+    files.file_place = {};
+}
 
 }  // namespace corvane

@@ -7,6 +7,7 @@
 
 #include "core/text/column.h"
 #include "core/text/flag.h"
+#include "core/text/packed_texts.h"
 #include "core/text/text_column.h"
 
 namespace corvane {
@@ -27,6 +28,7 @@ struct result_state {
     double same_bytes = 0;
     text_column different_files;  // the files without a twin; index 1 to different_count
     std::int32_t different_count = 0;
+    packed_texts different_packed;  // these, while different_files is empty and nobody looks at them
     double total_bytes = 0;
     std::string size_unit;
 

@@ -1,7 +1,9 @@
 #include "core/walk/tree_walk.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "core/text/path_text.h"
 #include "core/text/text_case.h"
@@ -64,6 +66,7 @@ class tree_walk {
             std::string link = links_.next();
             if (link.empty()) return walk_course::finished;
             if (!following) visitor_.links_begin();
+            follows_links_ = true;
             if (!has_room()) return walk_course::finished;
             queue_.push_back(std::move(link));
         }
@@ -84,12 +87,12 @@ class tree_walk {
 
         last_name_.clear();
         directory_reading reading = directory_reading::unreadable;
-        const walk_course read = read_entries(reading);
+        const walk_course read = read_entries(at, reading);
         return read == walk_course::go_on ? visitor_.leave(directory_, reading, last_name_) : read;
     }
 
-    walk_course read_entries(directory_reading& reading) {
-        const outcome_with<directory_reader> reader = files_.open_directory(directory_);
+    walk_course read_entries(std::int32_t at, directory_reading& reading) {
+        const outcome_with<directory_reader> reader = opened(at);
         if (!reader) return walk_course::go_on;
         links_.note_listed(reader->identity());
         std::string_view name;
@@ -108,6 +111,25 @@ class tree_walk {
         return walk_course::go_on;
     }
 
+    // The directory in work, which stands at `at` in the queue. Others behind it are opened with it, as many
+    // as the last ones have shown to be there: but for the links at the end it is known of them that they
+    // will be opened.
+    outcome_with<directory_reader> opened(std::int32_t at) {
+        if (next_ahead_ < ahead_.size() && ahead_at_ + static_cast<std::int32_t>(next_ahead_) == at)
+            return std::move(ahead_[next_ahead_++]);
+        paths_.assign(1, directory_);
+        for (std::int32_t next = at + 1;
+             !follows_links_ && paths_.size() < ahead_most_ && next <= queue_.size(); ++next) {
+            if (is_passed_over(queue_[next])) break;
+            paths_.push_back(queue_[next]);
+        }
+        ahead_most_ = std::min(ahead_most_ * 2, most_ahead);
+        ahead_ = files_.open_directories(paths_);
+        ahead_at_ = at;
+        next_ahead_ = 1;
+        return std::move(ahead_.front());
+    }
+
     std::string path_of(std::string_view name) const {
         std::string path;
         path.reserve(directory_.size() + name.size() + 1);
@@ -123,6 +145,14 @@ class tree_walk {
     const char separator_;
     std::string directory_;  // the one in work
     std::string last_name_;  // of its entries
+    // Directories opened before their turn, ahead_[0] being that at ahead_at_ in the queue.
+    static constexpr std::size_t most_ahead = 32;
+    std::vector<outcome_with<directory_reader>> ahead_;
+    std::int32_t ahead_at_ = 0;
+    std::size_t next_ahead_ = 0;
+    std::size_t ahead_most_ = 1;
+    std::vector<std::string> paths_;
+    bool follows_links_ = false;
     std::int32_t entered_ = 0;
     bool limit_reached_ = false;
 };

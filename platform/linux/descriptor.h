@@ -24,8 +24,9 @@ class descriptor {
     ~descriptor() { close(); }
 
     // No process that is started inherits it. Holds nothing, with the cause in errno, on failure.
-    static descriptor open(const char* raw_path, int flags) {
-        return descriptor(::open(raw_path, flags | O_CLOEXEC, 0666));
+    static descriptor open(const char* raw_path, int flags) { return open_at(AT_FDCWD, raw_path, flags); }
+    static descriptor open_at(int directory, const char* raw_path, int flags) {
+        return descriptor(::openat(directory, raw_path, flags | O_CLOEXEC, 0666));
     }
     // Makes a new file; `raw_path` ends in "XXXXXX", in whose place its own name is written.
     static descriptor open_new(std::string& raw_path) {

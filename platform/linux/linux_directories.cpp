@@ -28,14 +28,7 @@ class linux_directory_reader : public directory_reader {
 
     bool next(std::string_view& name, entry_kind& kind) override {
         for (;;) {
-            if (at_ >= filled_) {
-                const long count =
-                    syscall(SYS_getdents64, directory_.number(), buffer_.data(), buffer_.size());
-                failed_ = count < 0;
-                if (count <= 0) return false;
-                filled_ = static_cast<std::size_t>(count);
-                at_ = 0;
-            }
+            if (at_ >= filled_ && (ends_ || !fill())) return false;
             const char* record = buffer_.data() + at_;
             std::uint16_t length;
             std::memcpy(&length, record + offsetof(dirent64, d_reclen), sizeof length);
@@ -54,6 +47,16 @@ class linux_directory_reader : public directory_reader {
             }
             return true;
         }
+    }
+
+    // False at the end and after a read error.
+    bool fill() {
+        const long count = syscall(SYS_getdents64, directory_.number(), buffer_.data(), buffer_.size());
+        failed_ = count < 0;
+        ends_ = count <= 0;
+        at_ = 0;
+        filled_ = ends_ ? 0 : static_cast<std::size_t>(count);
+        return !ends_;
     }
 
     bool failed() const override { return failed_; }
@@ -84,14 +87,18 @@ class linux_directory_reader : public directory_reader {
     std::size_t at_ = 0;
     std::size_t filled_ = 0;
     bool failed_ = false;
+    bool ends_ = false;
     std::string mapped_;
 };
 
 }  // namespace
 
 bool linux_directories::is_pseudo_device(const descriptor& directory, std::uint64_t device) {
-    const auto known = pseudo_devices_.find(device);
-    if (known != pseudo_devices_.end()) return known->second;
+    {
+        const std::lock_guard lock(guard_);
+        const auto known = pseudo_devices_.find(device);
+        if (known != pseudo_devices_.end()) return known->second;
+    }
     static constexpr std::uint32_t pseudo_types[] = {PROC_SUPER_MAGIC,
                                                      SYSFS_MAGIC,
                                                      CGROUP_SUPER_MAGIC,
@@ -120,17 +127,20 @@ bool linux_directories::is_pseudo_device(const descriptor& directory, std::uint6
         const auto type = static_cast<std::uint32_t>(facts.f_type);
         pseudo = std::find(std::begin(pseudo_types), std::end(pseudo_types), type) != std::end(pseudo_types);
     }
+    const std::lock_guard lock(guard_);
     return pseudo_devices_[device] = pseudo;
 }
 
-outcome_with<directory_reader> linux_directories::open(const std::string& path) {
+outcome_with<directory_reader> linux_directories::open(const std::string& path, bool ahead) {
     const raw_path raw(path);
     descriptor directory = descriptor::open(raw.c_str(), O_RDONLY | O_DIRECTORY);
     struct stat facts;
     if (!directory || fstat(directory.number(), &facts) != 0) return system_failure();
     if (is_pseudo_device(directory, device_of(facts))) return system_failure(EACCES);
-    return std::make_unique<linux_directory_reader>(std::move(directory),
-                                                    file_identity{device_of(facts), facts.st_ino});
+    auto reader = std::make_unique<linux_directory_reader>(std::move(directory),
+                                                           file_identity{device_of(facts), facts.st_ino});
+    if (ahead) reader->fill();
+    return reader;
 }
 
 }  // namespace corvane

@@ -2,6 +2,7 @@
 
 #include <errno.h>
 #include <fcntl.h>
+#include <malloc.h>
 #include <pwd.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -9,8 +10,8 @@
 
 #include <cstdlib>
 
-#include "platform/file_time.h"
 #include "platform/linux/device_number.h"
+#include "platform/linux/linux_facts.h"
 #include "platform/linux/linux_files.h"
 #include "platform/linux/raw_path.h"
 #include "platform/linux/system_failure.h"
@@ -42,33 +43,86 @@ std::string user_trash() {
     return to_text(base + "/Trash");
 }
 
-std::int64_t nanoseconds(const statx_timestamp& time) {
-    return time.tv_sec * 1'000'000'000 + time.tv_nsec;
-}
+// Questions in a row to one thread: enough that taking them is nothing beside answering them, and that a
+// directory is worth holding.
+constexpr std::size_t facts_in_a_row = 64;
+constexpr std::size_t starts_in_a_row = 32;
+constexpr unsigned most_network_threads = 4;
 
 }  // namespace
 
 linux_file_system::linux_file_system()
-    : trash_directory_(user_trash()), recycle_name_(".Trash-" + std::to_string(getuid())) {}
+    : trash_directory_(user_trash()),
+      recycle_name_(".Trash-" + std::to_string(getuid())),
+      facts_pace_(request_pool::processors(), 150e-6),
+      starts_pace_(request_pool::processors(), 300e-6),
+      directories_pace_(request_pool::processors(), 1e-3) {
+    return_big_blocks();
+}
 
 file_facts linux_file_system::facts(std::string_view path) {
-    const raw_path raw(path);
-    struct statx facts;
-    file_facts result;
-    constexpr unsigned wanted = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_CTIME | STATX_INO | STATX_NLINK;
-    if (statx(AT_FDCWD, raw.c_str(), AT_SYMLINK_NOFOLLOW, wanted, &facts) != 0 || !S_ISREG(facts.stx_mode))
-        return result;
-    result.exists = true;
-    result.length = static_cast<std::int64_t>(facts.stx_size);
-    const file_time time = to_file_time(facts.stx_mtime.tv_sec, facts.stx_mtime.tv_nsec);
-    result.date_high = time.high;
-    result.date_low = time.low;
-    result.link_count = facts.stx_nlink;
-    result.identity = {device_of(facts.stx_dev_major, facts.stx_dev_minor), facts.stx_ino};
-    result.modified_ns = nanoseconds(facts.stx_mtime);
-    result.changed_ns = nanoseconds(facts.stx_ctime);
-    result.stacked = stacked_devices_.contains(facts.stx_dev_major, facts.stx_dev_minor, raw.c_str());
-    return result;
+    return linux_facts({AT_FDCWD, path}, path, stacked_devices_);
+}
+
+void linux_file_system::return_big_blocks() {
+    // The columns of a million files come and go. Left to itself the allocator learns from the first ones to
+    // keep what is freed, so that the next step's stand beside holes of the last one's.
+    constexpr int own_mapping = 256 * 1024;
+    mallopt(M_MMAP_THRESHOLD, own_mapping);
+}
+
+unsigned linux_file_system::most_threads(std::string_view path) {
+    constexpr std::chrono::seconds lasting(1);
+    const auto now = std::chrono::steady_clock::now();
+    if (now - network_asked_ > lasting) {
+        on_network_ = is_on_network(path);
+        network_asked_ = now;
+    }
+    return on_network_ ? most_network_threads : request_pace::most_threads;
+}
+
+std::size_t linux_file_system::many_facts(std::span<const std::string_view> paths,
+                                          std::span<file_facts> answers) {
+    const auto path_at = [paths](std::size_t i) { return paths[i]; };
+    return pool_.run(paths.size(), facts_in_a_row, most_threads(paths.front()), facts_pace_,
+                     [&](std::size_t first, std::size_t end, const time_limit& limit) {
+                         held_directory held;
+                         for (std::size_t i = first; i < end; ++i) {
+                             if (i > first && limit.passed()) return i;
+                             answers[i] =
+                                 linux_facts(held.reach(path_at, i, end), paths[i], stacked_devices_);
+                         }
+                         return end;
+                     });
+}
+
+std::size_t linux_file_system::read_starts(std::span<start_request> requests) {
+    const auto path_at = [requests](std::size_t i) { return requests[i].path; };
+    return pool_.run(requests.size(), starts_in_a_row, most_threads(requests.front().path), starts_pace_,
+                     [&](std::size_t first, std::size_t end, const time_limit& limit) {
+                         held_directory held;
+                         for (std::size_t i = first; i < end; ++i) {
+                             if (i > first && limit.passed()) return i;
+                             start_request& each = requests[i];
+                             each.count =
+                                 read_linux_start(held.reach(path_at, i, end), each.buffer, each.expected);
+                         }
+                         return end;
+                     });
+}
+
+std::vector<outcome_with<directory_reader>> linux_file_system::open_directories(
+    std::span<const std::string> paths) {
+    std::vector<outcome_with<directory_reader>> opened;
+    opened.reserve(paths.size());
+    while (opened.size() < paths.size()) opened.emplace_back(outcome());
+    const std::size_t count = pool_.run(paths.size(), 1, most_threads(paths.front()), directories_pace_,
+                                        [&](std::size_t first, std::size_t, const time_limit&) {
+                                            opened[first] = directories_.open(paths[first], true);
+                                            return first + 1;
+                                        });
+    opened.erase(opened.begin() + static_cast<std::ptrdiff_t>(count), opened.end());
+    return opened;
 }
 
 std::string linux_file_system::resolve(const std::string& path) {
@@ -100,18 +154,7 @@ bool linux_file_system::is_recycle_directory(const std::string& path) {
 
 std::int64_t linux_file_system::read_start(std::string_view path, std::span<std::byte> buffer,
                                            std::size_t expected) {
-    const raw_path raw(path);
-    const descriptor file = descriptor::open(raw.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
-    if (!file) return -1;
-    std::size_t filled = 0;
-    while (filled < buffer.size() && filled != expected) {
-        const ssize_t count = read(file.number(), buffer.data() + filled, buffer.size() - filled);
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return -1;
-        if (count == 0) break;
-        filled += static_cast<std::size_t>(count);
-    }
-    return static_cast<std::int64_t>(filled);
+    return read_linux_start({AT_FDCWD, path}, buffer, expected);
 }
 
 outcome_with<file_reader> linux_file_system::open_file(std::string_view path) {

@@ -8,6 +8,7 @@
 #include "platform/linux/linux_attributes.h"
 #include "platform/linux/linux_directories.h"
 #include "platform/linux/linux_volumes.h"
+#include "platform/linux/request_pool.h"
 #include "platform/linux/stacked_devices.h"
 
 namespace corvane {
@@ -34,6 +35,9 @@ class linux_file_system : public file_system {
     bool is_recycle_directory(const std::string& path) override;
     std::int64_t read_start(std::string_view path, std::span<std::byte> buffer,
                             std::size_t expected) override;
+    std::size_t many_facts(std::span<const std::string_view> paths, std::span<file_facts> answers) override;
+    std::size_t read_starts(std::span<start_request> requests) override;
+    std::vector<outcome_with<directory_reader>> open_directories(std::span<const std::string> paths) override;
     outcome_with<file_reader> open_file(std::string_view path) override;
     outcome_with<file_writer> replace_file(const std::string& path) override;
     outcome_with<file_writer> overwrite_file(const std::string& path) override;
@@ -44,12 +48,19 @@ class linux_file_system : public file_system {
     outcome remove_data_file(const std::string& path) override;
 
   private:
+    static void return_big_blocks();
+    unsigned most_threads(std::string_view path);
+
     std::string trash_directory_;  // the user's trash, with a closing separator; text, resolved
     std::string recycle_name_;     // ".Trash-<uid>"
     linux_directories directories_;
     linux_attributes attributes_;
     stacked_devices stacked_devices_;
     descriptor claim_;  // the claimed directory
+    request_pool pool_;
+    request_pace facts_pace_, starts_pace_, directories_pace_;
+    bool on_network_ = false;  // the paths asked about last
+    std::chrono::steady_clock::time_point network_asked_;
 };
 
 }  // namespace corvane

@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "platform/linux/device_number.h"
+#include "platform/linux/raw_path.h"
 
 namespace corvane {
 
@@ -15,24 +16,30 @@ namespace {
 constexpr std::uint32_t stacked_types[] = {OVERLAYFS_SUPER_MAGIC, FUSE_SUPER_MAGIC, ECRYPTFS_SUPER_MAGIC,
                                            0x61756673 /*aufs*/, 0xF15F083D /*unionfs*/};
 
-bool is_stacked(const char* raw_path) {
+bool is_stacked(std::string_view path) {
     struct statfs facts;
-    if (statfs(raw_path, &facts) != 0) return false;
+    if (statfs(raw_path(path).c_str(), &facts) != 0) return false;
     const auto type = static_cast<std::uint32_t>(facts.f_type);
     return std::find(std::begin(stacked_types), std::end(stacked_types), type) != std::end(stacked_types);
 }
 
 }  // namespace
 
-bool stacked_devices::contains(std::uint32_t major, std::uint32_t minor, const char* raw_path) {
+bool stacked_devices::contains(std::uint32_t major, std::uint32_t minor, std::string_view path) {
     // A stack has no block device below it, and the number of its device goes to the next mount after it.
     if (major != 0) return false;
     constexpr std::chrono::seconds lasting(2);
-    answer& known = answers_[device_of(major, minor)];
+    const std::uint64_t device = device_of(major, minor);
     const clock::time_point now = clock::now();
-    if (known.asked == clock::time_point() || now - known.asked > lasting)
-        known = {is_stacked(raw_path), now};
-    return known.stacked;
+    {
+        const std::lock_guard lock(guard_);
+        const answer& known = answers_[device];
+        if (known.asked != clock::time_point() && now - known.asked <= lasting) return known.stacked;
+    }
+    const bool stacked = is_stacked(path);
+    const std::lock_guard lock(guard_);
+    answers_[device] = {stacked, now};
+    return stacked;
 }
 
 }  // namespace corvane

@@ -4,14 +4,16 @@
 
 #include <chrono>
 #include <cstdint>
+#include <mutex>
+#include <string_view>
 #include <unordered_map>
 
 namespace corvane {
 
 class stacked_devices {
   public:
-    // `raw_path` is a path on the device.
-    bool contains(std::uint32_t major, std::uint32_t minor, const char* raw_path);
+    // `path` is one on the device. May be asked from several threads at once.
+    bool contains(std::uint32_t major, std::uint32_t minor, std::string_view path);
 
   private:
     using clock = std::chrono::steady_clock;
@@ -21,6 +23,7 @@ class stacked_devices {
         clock::time_point asked;
     };
 
+    std::mutex guard_;
     std::unordered_map<std::uint64_t, answer> answers_;  // by device
 };
 

@@ -75,6 +75,26 @@ TEST(DifferentView, AfterAComparisonIsShownFromMemory) {
     EXPECT_TRUE(p.screen.messages.size() == 1u) << "only the comparison's own message";
 }
 
+TEST(DifferentView, AfterAComparisonOfALongListIsShownFromMemory) {
+    list_program p;
+    texts expected;
+    for (std::int32_t i = 0; i <= many_files; ++i) {
+        std::string path = "/d/" + std::to_string(100'000 + i);
+        p.files.add_file(path).stated_length = 1 + i / 2 * 2;  // pairs that cannot be read, and one alone
+        expected.push_back(std::move(path));
+    }
+    for (const char* path : {"/d/a", "/d/b"}) p.files.add_file(path, std::string(9, 's')).stated_length = -1;
+    p.compare({"/d"});
+    EXPECT_EQ(p.state.result_count, 1);
+    EXPECT_EQ(p.state.different_count, many_files + 1);
+    EXPECT_EQ(p.state.different_files.size(), 0) << "put away";
+    p.files.erase("/prog/不相同文件.txt");
+    for (int turn = 0; turn < 2; ++turn) {
+        p.form.run("Picture11_Click");
+        EXPECT_EQ(p.cells(4), expected);
+    }
+}
+
 TEST(DifferentView, WithoutFilesAfterAComparisonSaysSo) {
     list_program p;
     p.files.add_file("/d/a", "same");

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "compare/preparation.h"
 #include "core/archives/checksum.h"
 #include "tests/support/memory_file_system.h"
@@ -138,6 +140,66 @@ TEST(Group, OnlyEqualSuffixesAreCandidatesWhereTheColumnSaysSo) {
     ASSERT_TRUE(group.open(1));
     EXPECT_EQ(group.next_candidate(1, 1), 3);
     EXPECT_EQ(group.next_candidate(2, 2), 4);
+}
+
+// Looks at the disk at the moment a file is told.
+TEST(Group, WhileFilesMustBeToldFirstNoneIsReadBefore) {
+    group_case c;
+    std::vector<std::string> paths;
+    for (const char* path : {"/a", "/b", "/c", "/d", "/e", "/f", "/g", "/h"}) {
+        c.add(path, std::string(paths.size() < 3 ? 9 : paths.size() < 6 ? 10 : 11, 'x'));
+        paths.emplace_back(path);
+    }
+    c.list(paths);
+    std::vector<std::string> told;
+    file_group group(c.disk, c.files,
+                     {[] { return true; },
+                      [&](std::string_view path) {
+                          for (const auto& [opened, count] : c.disk.opened)
+                              EXPECT_NE(std::find(told.begin(), told.end(), opened), told.end()) << opened;
+                          told.emplace_back(path);
+                      },
+                      [](std::string_view) {}, [] { return true; }});
+    for (const std::int32_t i : {1, 4, 7}) {
+        ASSERT_TRUE(group.open(i));
+        EXPECT_EQ(group.same(i, i + 1), sameness::by_bytes);
+    }
+    EXPECT_EQ(told.size(), 8u);
+}
+
+TEST(Group, ReadsEachFileOnceAheadAndNothingThatItNeedNot) {
+    group_case c;
+    c.add("/alone", "1");
+    for (const char* path : {"/a", "/b", "/c"}) c.add(path, "22");
+    for (const char* path : {"/k", "/l", "/m"}) c.add(path, "333");
+    for (const char* path : {"/p", "/q"}) c.add(path, "4444");
+    for (const char* path : {"/x", "/y"}) c.add(path, std::string(70'000, 'x'));
+    c.list({"/alone", "/a", "/b", "/c", "/k", "/l", "/m", "/p", "/q", "/x", "/y"});
+    c.files.file_crc[6] = 7;  // known from the history
+    file_group group = c.make();
+    ASSERT_TRUE(group.open(2));
+    EXPECT_EQ(c.disk.opened.count("/alone"), 0u);
+    EXPECT_EQ(c.disk.opened["/q"], 1) << "a short pair cannot do without";
+    EXPECT_EQ(c.disk.opened.count("/x"), 0u) << "a long one may be told apart by less";
+    for (const std::int32_t i : {5, 8, 10}) {
+        ASSERT_TRUE(group.open(i));
+        group.same(i, i + 1);
+    }
+    for (const char* path : {"/a", "/b", "/c", "/p", "/q", "/x", "/y"})
+        EXPECT_EQ(c.disk.opened[path], 1) << path;
+    EXPECT_EQ(c.disk.opened.count("/l"), 0u);
+}
+
+TEST(Group, APairThatWasReadAheadAndCannotBeReadIsDifferent) {
+    group_case c;
+    for (const char* path : {"/a", "/b", "/c"}) c.add(path, "22");
+    for (const char* path : {"/p", "/q"}) c.add(path, "4444");
+    c.list({"/a", "/b", "/c", "/p", "/q"});
+    c.disk.add_file("/q", "44445");
+    file_group group = c.make();
+    ASSERT_TRUE(group.open(1));
+    ASSERT_TRUE(group.open(4));
+    EXPECT_EQ(group.same(4, 5), sameness::different) << "it has grown";
 }
 
 }  // namespace

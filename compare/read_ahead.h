@@ -1,0 +1,53 @@
+// The starts of the files that are going to be read next: read many at once, held until they are asked for.
+// Used by group.h, which says what is going to be read.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace corvane {
+
+class read_ahead {
+  public:
+    // At most so many files and, but for the first one, bytes are held.
+    static constexpr std::size_t most_files = 512;
+    static constexpr std::size_t most_bytes = std::size_t{2} << 20;
+
+    struct wanted_start {
+        std::int32_t file;
+        std::string_view path;
+        std::size_t length;  // of the start
+        bool whole;          // the file is to end behind it: one byte more is asked for
+    };
+    struct start {
+        std::int64_t count = -1;  // bytes read, one too many for a file that has grown; -1: unreadable
+        std::span<const std::byte> bytes;
+    };
+
+    // Whether the start of `file` is held.
+    bool holds(std::int32_t file);
+    // Reads as many of them as fit and time allows, at least the first; they ascend by number. What was held
+    // is dropped.
+    void read(file_system& disk, std::span<const wanted_start> wanted);
+    // Of a file that is held. Valid until the next reading.
+    start take(std::int32_t file);
+    // What has been read no longer counts.
+    void drop() { held_.clear(); }
+
+  private:
+    struct held_start {
+        std::int32_t file;
+        start content;
+    };
+
+    std::vector<std::byte> bytes_;
+    std::vector<start_request> requests_;
+    std::vector<held_start> held_;
+    std::size_t next_ = 0;  // files are asked for in rising order
+};
+
+}  // namespace corvane

@@ -1,0 +1,178 @@
+// Calls of the Linux disk that take many paths: each answer is that of the call for one.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include "core/state/proven_files.h"
+#include "platform/linux/linux_file_system.h"
+
+namespace corvane {
+namespace {
+
+namespace disk = std::filesystem;
+
+class ManyPaths : public testing::Test {
+  protected:
+    ManyPaths() {
+        char place[] = "/tmp/corvane_many_XXXXXX";
+        root = std::string(mkdtemp(place)) + "/";
+    }
+    ~ManyPaths() override { disk::remove_all(root); }
+
+    void write(const std::string& path, const std::string& content) {
+        disk::create_directories(disk::path(path).parent_path());
+        std::ofstream(path, std::ios::binary) << content;
+    }
+    // 600 files of 30 directories, in ascending order, and among them what has no facts.
+    std::vector<std::string> tree() {
+        std::vector<std::string> paths;
+        for (int i = 0; i < 600; ++i) {
+            const std::string path =
+                root + "d" + std::to_string(i / 20) + "/e/file" + std::to_string(i) + ".txt";
+            write(path, std::string(static_cast<std::size_t>(i % 97), static_cast<char>('a' + i % 26)));
+            paths.push_back(path);
+        }
+        mkfifo((root + "d3/fifo").c_str(), 0600);
+        disk::create_symlink(root + "d1/e", root + "link");
+        disk::create_symlink(paths[0], root + "d1/e/link_to_file");
+        for (const char* odd :
+             {"d3/fifo", "d3", "d3/e/", "gone", "gone/file", "d1//e/file20.txt", "link/file21.txt",
+              "d1/e/link_to_file", "d1/e/../e/file22.txt", "d1/e/*", "d1/*e/file23.txt", "d1/e//file24.txt"})
+            paths.push_back(root + odd);
+        paths.emplace_back();
+        paths.emplace_back("relative");
+        std::sort(paths.begin(), paths.end());
+        return paths;
+    }
+    std::vector<file_facts> many(const std::vector<std::string>& paths) {
+        const std::vector<std::string_view> views(paths.begin(), paths.end());
+        std::vector<file_facts> answers(paths.size());
+        for (std::size_t done = 0; done < views.size();) {
+            const std::size_t answered =
+                files.many_facts(std::span(views).subspan(done), std::span(answers).subspan(done));
+            EXPECT_GE(answered, 1u);
+            done += answered;
+        }
+        return answers;
+    }
+    void expect_the_same_facts(const std::vector<std::string>& paths) {
+        const std::vector<file_facts> answers = many(paths);
+        for (std::size_t i = 0; i < paths.size(); ++i) {
+            const file_facts alone = files.facts(paths[i]);
+            EXPECT_EQ(answers[i].exists, alone.exists) << paths[i];
+            if (alone.exists) {
+                EXPECT_TRUE(same_state(answers[i], alone)) << paths[i];
+                EXPECT_EQ(answers[i].link_count, alone.link_count) << paths[i];
+            }
+        }
+    }
+
+    std::string root;
+    linux_file_system files;
+};
+
+TEST_F(ManyPaths, FactsAreThoseOfEachAlone) {
+    std::vector<std::string> paths = tree();
+    expect_the_same_facts(paths);
+    EXPECT_TRUE(files.facts(root + "d1//e/file20.txt").exists) << "odd paths are real ones";
+    // Neighbours that share nothing, and twice the same.
+    std::shuffle(paths.begin(), paths.end(), std::mt19937(7));
+    paths.insert(paths.end(), 20, paths.front());
+    expect_the_same_facts(paths);
+}
+
+TEST_F(ManyPaths, NamesThatAreMappedAreFoundFromTheirDirectory) {
+    std::vector<std::string> paths;
+    disk::create_directories(root + "li\nne");
+    for (int i = 0; i < 40; ++i) {
+        const std::string name = "li\nne/st*r\t" + std::to_string(i) + "\xFF";
+        std::ofstream(root + name) << i;
+    }
+    const auto reader = files.open_directory(root);
+    std::string_view name;
+    entry_kind kind;
+    ASSERT_TRUE(reader->next(name, kind));
+    const std::string directory = root + std::string(name) + '/';
+    const auto inside = files.open_directory(directory);
+    while (inside->next(name, kind)) paths.push_back(directory + std::string(name));
+    ASSERT_EQ(paths.size(), 40u);
+    for (const file_facts& each : many(paths)) EXPECT_TRUE(each.exists);
+}
+
+TEST_F(ManyPaths, ADirectoryThatMayNotBeEnteredHidesItsFilesFromBoth) {
+    const std::vector<std::string> paths = tree();
+    disk::permissions(root + "d5", disk::perms::none);
+    expect_the_same_facts(paths);
+    disk::permissions(root + "d5", disk::perms::owner_all);
+}
+
+TEST_F(ManyPaths, StartsAreThoseOfEachAlone) {
+    const std::vector<std::string> paths = tree();
+    std::vector<std::byte> memory(paths.size() * 64), alone(64);
+    std::vector<start_request> requests;
+    for (std::size_t i = 0; i < paths.size(); ++i)
+        requests.push_back({paths[i], std::span(memory).subspan(i * 64, 64), i % 70});
+    for (std::size_t done = 0; done < requests.size();)
+        done += files.read_starts(std::span(requests).subspan(done));
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        const std::int64_t count = files.read_start(paths[i], alone, i % 70);
+        ASSERT_EQ(requests[i].count, count) << paths[i];
+        EXPECT_TRUE(count < 0 || std::equal(alone.begin(), alone.begin() + count, requests[i].buffer.begin()))
+            << paths[i];
+    }
+}
+
+TEST_F(ManyPaths, DirectoriesHaveTheEntriesOfEachAlone) {
+    tree();
+    std::string large = root + "large";
+    for (int i = 0; i < 3000; ++i)
+        write(large + "/a name that fills the buffer sooner " + std::to_string(i), "");
+    std::vector<std::string> paths = {root,   root + "gone", large, root + "d1/e", root + "d1/e/file20.txt",
+                                      "/proc"};
+    for (int i = 2; i < 30; ++i) paths.push_back(root + "d" + std::to_string(i) + "/e");
+    std::vector<outcome_with<directory_reader>> opened;
+    while (opened.size() < paths.size()) {
+        auto more = files.open_directories(std::span(paths).subspan(opened.size()));
+        ASSERT_GE(more.size(), 1u);
+        std::move(more.begin(), more.end(), std::back_inserter(opened));
+    }
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        const auto alone = files.open_directory(paths[i]);
+        ASSERT_EQ(bool(opened[i]), bool(alone)) << paths[i];
+        if (!alone) {
+            EXPECT_EQ(opened[i].number, alone.number) << paths[i];
+            continue;
+        }
+        EXPECT_EQ(opened[i]->identity(), alone->identity());
+        std::string_view name, name_alone;
+        entry_kind kind, kind_alone;
+        while (alone->next(name_alone, kind_alone)) {
+            ASSERT_TRUE(opened[i]->next(name, kind)) << paths[i];
+            EXPECT_EQ(name, name_alone);
+            EXPECT_EQ(kind, kind_alone);
+        }
+        EXPECT_FALSE(opened[i]->next(name, kind));
+        EXPECT_FALSE(opened[i]->failed());
+    }
+}
+
+TEST_F(ManyPaths, WithoutADescriptorLeftFactsComeAllTheSame) {
+    const std::vector<std::string> paths = tree();
+    rlimit before;
+    getrlimit(RLIMIT_NOFILE, &before);
+    const rlimit none{0, before.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &none);
+    const std::vector<file_facts> answers = many(paths);
+    setrlimit(RLIMIT_NOFILE, &before);
+    for (std::size_t i = 0; i < paths.size(); ++i)
+        EXPECT_EQ(answers[i].exists, files.facts(paths[i]).exists) << paths[i];
+}
+
+}  // namespace
+}  // namespace corvane
