@@ -101,7 +101,7 @@ class comparison {
                    partners_.size() < most_confirmed_at_once;
                  ++k)
                 if (state_.file_ok[k]) partners_.push_back({k, true});
-            if (!confirm(i)) return i;
+            if (!partners_stand(i)) return i;
             for (const partner& each : partners_) {
                 if (!is_another_file(i, each)) continue;
                 add_pair(i, each.file);
@@ -123,7 +123,7 @@ class comparison {
             }
             // No event from here to the last of these pairs.
             if (partners_.empty()) continue;
-            if (!confirm(i)) return;
+            if (!partners_stand(i)) return;
             for (const partner& each : partners_) {
                 if (!is_another_file(i, each)) continue;
                 register_pair(i, each.file);
@@ -135,7 +135,7 @@ class comparison {
     // Asks whether the centre i and its partners, which have been read, still are the files that were listed.
     // One that has changed takes no further part: its bytes, as far as they were read, are not those that it
     // has now. False when the centre has; it is asked about once until more is read.
-    bool confirm(std::int32_t i) {
+    bool partners_stand(std::int32_t i) {
         const bool knows_centre = centre_ == i && centre_readings_ == group_.readings();
         asked_.clear();
         if (!knows_centre) asked_.push_back(i);

@@ -44,11 +44,11 @@ shell	...	...ROOT/program/filelist.xls
 7	导出相同文件清单->Excel
 export_count	5
 Frame6	caption	清单导出选择
-Frame6	tooltip	双击退出
+Frame6	tooltip	
 Frame6	visible	1
 Frame6	enabled	1
 Frame6	caption	清单导出选择
-Frame6	tooltip	双击退出
+Frame6	tooltip	
 Frame6	visible	0
 Frame6	enabled	1
 export_skip_types	GIF

@@ -44,6 +44,8 @@ call tree_dir.Picture1_Click
 call tree_dir.Command3_Click
 call tree_dir.Command2_Click
 show tree_dir.ProgressBar1
+== status ==
+1
 == output ==
 rows	3	list_mode	0	visible	1
 1	jpg	0	2	0
@@ -72,6 +74,7 @@ message	提示	树状目录已写入 ROOT/program/tree_file_list.xls	ok	1000
 shell	open	ROOT/program/tree_file_list.xls
 shell	open	ROOT/program/tree_file_list.xls
 shell	help	aux50_Corvane帮助_Link.htm
+tree_dir.ProgressBar1	value	4
 tree_dir.ProgressBar1	tooltip	
 tree_dir.ProgressBar1	visible	0
 tree_dir.ProgressBar1	enabled	1

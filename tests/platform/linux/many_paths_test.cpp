@@ -164,6 +164,8 @@ TEST_F(ManyPaths, DirectoriesHaveTheEntriesOfEachAlone) {
 
 TEST_F(ManyPaths, WithoutADescriptorLeftFactsComeAllTheSame) {
     const std::vector<std::string> paths = tree();
+    // A sanitizer looks at the first start of a kind of thread through a descriptor: they have started before.
+    many(paths);
     rlimit before;
     getrlimit(RLIMIT_NOFILE, &before);
     const rlimit none{0, before.rlim_max};
