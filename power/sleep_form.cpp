@@ -99,7 +99,7 @@ sleep_form::sleep_form(Tavrel& main, warning_form& warning, shutdown& end)
 
 handler_table sleep_form::handlers() {
     handler_table table = {{"shut_computer", [this](Tavrel&) { open(); }}};
-    const auto bind = [&table](const std::string& name, std::function<void()> procedure) {
+    const auto bind = [&table](const std::string& name, const std::function<void()>& procedure) {
         table.push_back({"sleep_music." + name, [procedure](Tavrel&) { procedure(); }});
     };
     for (std::size_t i = 0; i < Option1.size(); ++i)

@@ -123,7 +123,7 @@ TEST(Shutdown, AComparisonIsCancelledAndKeepsWhatItFound) {
     ASSERT_TRUE(fired);
     EXPECT_EQ(p.asked(), texts{"power_off"});
     EXPECT_GE(p.stored_pairs().size(), 5u);
-    EXPECT_LT(p.stored_pairs().size(), std::size_t{2 * stars});
+    EXPECT_LT(p.stored_pairs().size(), std::size_t{2} * stars);
     EXPECT_TRUE(p.files.has("/prog/run_history.txt"));
     // Nobody was there to answer the closing message.
     EXPECT_TRUE(p.screen.messages.empty()) << p.last_message();

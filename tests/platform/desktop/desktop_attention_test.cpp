@@ -17,7 +17,7 @@ using texts = std::vector<std::string>;
 
 // Runs this thread's events until it holds, or for ten seconds.
 bool comes_true(const std::function<bool()>& condition) {
-    const gint64 deadline = g_get_monotonic_time() + 10 * G_USEC_PER_SEC;
+    const gint64 deadline = g_get_monotonic_time() + gint64{10} * G_USEC_PER_SEC;
     while (!condition()) {
         if (g_get_monotonic_time() > deadline) return false;
         g_main_context_iteration(nullptr, FALSE);

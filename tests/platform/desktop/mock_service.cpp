@@ -45,7 +45,7 @@ mock_service::mock_service(const std::string& name, const std::string& path, con
         bus_, name_.c_str(), G_BUS_NAME_WATCHER_FLAGS_NONE,
         [](GDBusConnection*, const char*, const char*, void* flag) { *static_cast<bool*>(flag) = true; },
         nullptr, &there, nullptr);
-    const gint64 deadline = g_get_monotonic_time() + 20 * G_USEC_PER_SEC;
+    const gint64 deadline = g_get_monotonic_time() + gint64{20} * G_USEC_PER_SEC;
     while (!there && g_get_monotonic_time() < deadline) g_main_context_iteration(nullptr, FALSE);
     g_bus_unwatch_name(watch);
     if (!there) ADD_FAILURE() << "no mock of " << name;
