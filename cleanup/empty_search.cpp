@@ -60,10 +60,8 @@ void find_empty_directories(Tavrel& form) {
         form.complain("没有选定的目录，请在[目录选择]中选定目录");
         return;
     }
-    form.Command28.caption = "取消[查找空目录]";
-    form.Command28.visible = true;
+    offer_cancel(form, "查找空目录");
     if (state.show_run_filename) form.pic_gressbar1.visible = form.Label4.visible = true;
-    state.cancel_task = state.going_down;
 
     empty_walk walk(form);
     const walk_course ending = walk.run();

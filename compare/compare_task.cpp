@@ -132,9 +132,7 @@ void set_up_comparison(Tavrel& form) {
     bar_colours(form, 255, 0xC080FF, 0xAAF0F0);
     bar_scale(form, state.file_count);
     state.base_time = form.outside.screen.seconds();
-    form.Command28.caption = "取消[查相同文件]";
-    form.Command28.visible = true;
-    state.cancel_task = state.going_down;
+    offer_cancel(form, "查相同文件");
     form.List1.clear();
     if (state.show_run_filename) form.Label4.visible = true;
 }

@@ -32,12 +32,6 @@ void start_clock(Tavrel& form) {
     form.state.base_time = form.outside.screen.seconds();
 }
 
-void show_cancel_button(Tavrel& form, const char* task) {
-    form.Command28.caption = std::string("取消[") + task + "]";
-    form.Command28.visible = true;
-    form.state.cancel_task = form.state.going_down;
-}
-
 // From the keys to the pairs in the result columns. The cancel button is there and has no effect on the scan,
 // which does not yield; this is intended. False when not all pairs fitted.
 bool find_pairs(Tavrel& form, const text_column& paths, std::int32_t count, key_part part,
@@ -47,7 +41,7 @@ bool find_pairs(Tavrel& form, const text_column& paths, std::int32_t count, key_
     sort_name_keys(state, 1, count);
     state.different_count = 0;
     form.yield();
-    show_cancel_button(form, cancel_word);
+    offer_cancel(form, cancel_word);
     form.pic_gressbar1.visible = true;
     const bool complete = scan_name_keys(form, paths, count);
     // Without a pair no view takes it back.
@@ -118,7 +112,7 @@ std::int32_t find_directories(Tavrel& form) {
         form.complain("没有选定的目录，请在[目录选择]中选定目录");
         return 0;
     }
-    show_cancel_button(form, "查找同名目录");
+    offer_cancel(form, "查找同名目录");
     if (state.show_run_filename) {
         form.Label4.place.width = form.pic_gressbar1.place.width;
         form.Label4.visible = true;

@@ -1,17 +1,11 @@
 #include "power/shutdown.h"
 
-#include <iterator>
-
 #include "core/model/main_form.h"
 #include "core/tasks/environment.h"
 
 namespace corvane {
 
 namespace {
-
-// By shut_action.
-constexpr const char* action_words[] = {nullptr, "关闭程序.", "关闭所有程序,重启windows.", "重新启动计算机.",
-                                        "关闭计算机."};
 
 outcome ask_machine(power& machine, end_action action) {
     switch (action) {
@@ -28,11 +22,6 @@ outcome ask_machine(power& machine, end_action action) {
 
 }  // namespace
 
-const char* end_action_words(int shut_action) {
-    const bool known = shut_action >= 0 && shut_action < static_cast<int>(std::size(action_words));
-    return known ? action_words[shut_action] : nullptr;
-}
-
 bool shutdown::is_waiting() const {
     return main_.state.going_down != 0;
 }
@@ -40,8 +29,8 @@ bool shutdown::is_waiting() const {
 void shutdown::shout_close() {
     run_state& state = main_.state;
     if (is_waiting() || state.quit_requested) return;
-    写Tavrel环境文件(main_);
-    if (state.shut_action == static_cast<int>(end_action::none)) return;
+    if (!写Tavrel环境文件(main_) || state.shut_action == static_cast<int>(end_action::none)) return;
+    state.unsaved.clear();
     state.going_down = -1;
     state.cancel_task = -1;
     main_.outside.screen.hold_boxes(true);
@@ -58,7 +47,10 @@ void shutdown::call_off() {
 void shutdown::when_idle() {
     if (!is_waiting()) return;
     call_off();
-    if (!main_.state.quit_requested) act();
+    if (main_.state.quit_requested) return;
+    // A box that told of it was dismissed.
+    if (!main_.state.unsaved.empty()) return main_.complain(main_.state.unsaved);
+    act();
 }
 
 void shutdown::act() {
@@ -68,7 +60,7 @@ void shutdown::act() {
         return;
     }
     // Once more: the tasks that were waited for have changed them.
-    写Tavrel环境文件(main_);
+    if (!写Tavrel环境文件(main_)) return;
     const outcome result = ask_machine(main_.outside.machine, action);
     if (!result) main_.complain(result.reason);
 }

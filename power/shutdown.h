@@ -11,13 +11,11 @@ class Tavrel;
 // The index of "关机类型" (shut_action).
 enum class end_action { none, end_program, log_off, reboot, power_off };
 
-// The words for an index; null for none, which keeps the words there were.
-const char* end_action_words(int shut_action);
-
 // Promise: nothing that the user has waited for is lost by it. The settings are written first. A comparison
 // is cancelled as its button does, which stores what it found; a search, a deletion, an archive tool are
-// waited for; boxes are dismissed, for nobody is there to answer. Only when the outermost handler has
-// returned and the settings are written again does the machine get to hear of it.
+// waited for; boxes are dismissed, for nobody is there to answer. The machine gets to hear of it when the
+// outermost handler has returned and everything is on the disk, the settings once more. What could not be
+// written is told, and the machine stays up.
 class shutdown {
   public:
     explicit shutdown(Tavrel& main) : main_(main) {}

@@ -4,6 +4,8 @@
 #include <string>
 
 #include "core/model/main_form.h"
+#include "core/model/window_handlers.h"
+#include "core/tasks/environment.h"
 #include "core/tasks/help.h"
 #include "core/text/text_format.h"
 #include "power/shutdown.h"
@@ -19,6 +21,7 @@ constexpr int second = 1000;                 // milliseconds
 constexpr std::int32_t usual_warning = 180;  // seconds
 constexpr std::int32_t open_seconds = 5;     // of a countdown before its window is minimised
 constexpr int longest_warning = 60;          // minutes
+constexpr int longest_delay = 1'000'000;     // minutes; its seconds are a number still
 constexpr int at_the_end_time = 2;           // shutdown_after_task
 constexpr int topic = 41;
 
@@ -26,10 +29,6 @@ constexpr const char* action_captions[] = {"停止播放", "退出程序", "重�
 constexpr const char* form_captions[] = {"不关机", "查找完关机", "定时关机"};
 constexpr const char* command_captions[] = {"",     "计时开始", "取消计时", "初始",
                                             "试验", "电源选项", "帮助",     "确定"};
-
-std::string element(const char* name, std::size_t index) {
-    return name + std::to_string(index) + ")";
-}
 
 std::string clock_text(const local_time& time) {
     const auto two_digits = [](int number) { return (number < 10 ? ":0" : ":") + std::to_string(number); };
@@ -42,10 +41,6 @@ int minute_of_day(const local_time& time) {
 
 std::int32_t second_of_day(const local_time& time) {
     return minute_of_day(time) * 60 + time.second;
-}
-
-int whole_number(const std::string& text) {
-    return static_cast<int>(std::clamp<std::int64_t>(parse_number(text), -1, 1'000'000));
 }
 
 }  // namespace
@@ -73,15 +68,15 @@ sleep_form::sleep_form(Tavrel& main, warning_form& warning, shutdown& end)
         add<control>(control_kind::label, name).caption = words;
     };
     for (std::size_t i = 0; i < Option1.size(); ++i) {
-        Option1[i] = &add<control>(control_kind::check_box, element("Option1(", i));
+        Option1[i] = &add<control>(control_kind::check_box, element_name("Option1", i));
         Option1[i]->caption = action_captions[i];
     }
     for (std::size_t i = 0; i < Option2.size(); ++i) {
-        Option2[i] = &add<control>(control_kind::check_box, element("Option2(", i));
+        Option2[i] = &add<control>(control_kind::check_box, element_name("Option2", i));
         Option2[i]->caption = form_captions[i];
     }
     for (std::size_t i = 1; i < commands.size(); ++i) {
-        commands[i] = &add<control>(control_kind::button, "Command" + std::to_string(i));
+        commands[i] = &add<control>(control_kind::button, numbered_name("Command", i));
         commands[i]->caption = command_captions[i];
     }
     add<control>(control_kind::frame, "Frame1").caption = "关机类型";
@@ -99,15 +94,13 @@ sleep_form::sleep_form(Tavrel& main, warning_form& warning, shutdown& end)
 
 handler_table sleep_form::handlers() {
     handler_table table = {{"shut_computer", [this](Tavrel&) { open(); }}};
-    const auto bind = [&table](const std::string& name, const std::function<void()>& procedure) {
-        table.push_back({"sleep_music." + name, [procedure](Tavrel&) { procedure(); }});
-    };
+    window_handlers bind(table, *this);
     for (std::size_t i = 0; i < Option1.size(); ++i)
         bind(Option1[i]->name() + "_Click", [this, i] { choose_action(static_cast<int>(i)); });
     for (std::size_t i = 0; i < Option2.size(); ++i)
         bind(Option2[i]->name() + "_Click", [this, i] { choose_form(static_cast<int>(i)); });
-    bind("VScroll1_Change", [this] { take_scroll(VScroll1); });
-    bind("VScroll2_Change", [this] { take_scroll(VScroll2); });
+    bind("VScroll1_Change", [this] { take_scroll(); });
+    bind("VScroll2_Change", [this] { take_scroll(); });
     bind("VScroll3_Change", [this] { take_warning(VScroll3.value); });
     // Enter and a double click take a typed value over.
     for (const char* act : {"_KeyPress", "_DblClick"}) {
@@ -141,7 +134,7 @@ void sleep_form::open() {
 void sleep_form::load() {
     run_state& state = main_.state;
     state.countdown_done = 0;
-    state.shut_delay_min = std::max(state.shut_delay_min, 1);
+    state.shut_delay_min = std::clamp(state.shut_delay_min, 1, longest_delay);
     Text3.text = std::to_string(state.shut_delay_min);
     for (std::size_t i = 0; i < Option1.size(); ++i)
         Option1[i]->value = state.shut_action == static_cast<int>(i);
@@ -186,7 +179,7 @@ void sleep_form::enable_countdown() {
     commands[2]->enabled = false;
 }
 
-void sleep_form::take_scroll(range_control& bar) {
+void sleep_form::take_scroll() {
     int hours = VScroll1.value;
     int minutes = VScroll2.value;
     if (minutes > VScroll2.maximum) {
@@ -198,8 +191,6 @@ void sleep_form::take_scroll(range_control& bar) {
     }
     if (hours > VScroll1.maximum) hours = 0;
     if (hours < 0) hours = VScroll1.maximum;
-    // What the user does not hold in hand keeps what its field says.
-    if (&bar == &VScroll1) minutes = std::clamp(whole_number(Text_m.text), 0, VScroll2.maximum);
     show_end_time(hours, minutes);
     delay_from_end_time();
 }
@@ -217,7 +208,7 @@ void sleep_form::take_end_time() {
 }
 
 void sleep_form::take_delay() {
-    main_.state.shut_delay_min = std::max(whole_number(Text3.text), 1);
+    main_.state.shut_delay_min = std::clamp(whole_number(Text3.text), 1, longest_delay);
     Text3.text = std::to_string(main_.state.shut_delay_min);
     end_time_from_delay();
 }

@@ -57,7 +57,7 @@ class sleep_form : public form_model {
     void choose_action(int index);
     void choose_form(int index);
     void enable_countdown();
-    void take_scroll(range_control& bar);
+    void take_scroll();
     void take_warning(int minutes);
     void take_end_time();
     void take_delay();

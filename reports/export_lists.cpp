@@ -49,9 +49,7 @@ bool copy_beside_program(Tavrel& form, const std::string& from, const std::strin
 bool write_paths(Tavrel& form, const std::string& path) {
     run_state& state = form.state;
     if (!filter_export_list(form)) return false;
-    form.Command28.caption = "取消[导出文件清单]";
-    form.Command28.visible = true;
-    state.cancel_task = 0;
+    offer_cancel(form, "导出文件清单");
     line_writer writer(form.outside.files, path);
     std::string line;
     for (std::int32_t i = 1; i <= state.export_count && !writer.failed(); ++i) {

@@ -56,9 +56,7 @@ void start_progress(Tavrel& form) {
                                 static_cast<double>(state.export_count);
         if (estimate > 0) form.panel(5, "预计:" + format_elapsed(estimate, 1));
     }
-    form.Command28.caption = "取消[导出文件清单]";
-    form.Command28.visible = true;
-    form.state.cancel_task = 0;
+    offer_cancel(form, "导出文件清单");
 }
 
 // The rows of the sheet. A file that cannot be read repeats the figures of the row before.

@@ -29,12 +29,6 @@ constexpr std::int16_t settings::*check_settings[] = {nullptr,
                                                       &settings::tree_length_filter,
                                                       &settings::tree_date_filter};
 
-std::string element(const char* name, std::size_t index) {
-    std::string made = name;
-    made += std::to_string(index);
-    return made;
-}
-
 std::int16_t small_number(std::string_view text) {
     return static_cast<std::int16_t>(std::clamp<std::int32_t>(whole_number(text),
                                                               std::numeric_limits<std::int16_t>::min(),
@@ -64,21 +58,21 @@ tree_form::tree_form(Tavrel& main)
 
 void tree_form::add_controls() {
     for (std::size_t i = 1; i < labels.size(); ++i) {
-        labels[i] = &add<control>(control_kind::label, element("Label", i));
+        labels[i] = &add<control>(control_kind::label, numbered_name("Label", i));
         labels[i]->caption = label_captions[i];
     }
     for (std::size_t i = 1; i < texts.size(); ++i)
-        texts[i] = &add<control>(control_kind::text_box, element("Text", i));
+        texts[i] = &add<control>(control_kind::text_box, numbered_name("Text", i));
     for (std::size_t i = 1; i < checks.size(); ++i) {
-        checks[i] = &add<control>(control_kind::check_box, element("Check", i));
+        checks[i] = &add<control>(control_kind::check_box, numbered_name("Check", i));
         checks[i]->caption = check_captions[i];
     }
     for (std::size_t i = 0; i < Option1.size(); ++i) {
-        Option1[i] = &add<control>(control_kind::check_box, element("Option1(", i) + ")");
+        Option1[i] = &add<control>(control_kind::check_box, element_name("Option1", i));
         Option1[i]->caption = format_captions[i];
     }
     for (std::size_t i = 1; i < commands.size(); ++i) {
-        commands[i] = &add<control>(control_kind::button, element("Command", i));
+        commands[i] = &add<control>(control_kind::button, numbered_name("Command", i));
         commands[i]->caption = command_captions[i];
     }
 }
@@ -152,6 +146,8 @@ void tree_form::choose_format(int index) {
 }
 
 void tree_form::show_preview() {
+    // A cancel of an earlier task is none of this one.
+    main_.state.cancel_task = main_.state.going_down;
     const std::int32_t count = std::min(main_.state.file_count, previewed_files);
     const tree_rules rules = preview_rules(main_.state);
     tree_files first;

@@ -1,5 +1,6 @@
 // The handlers of the tree's window under their names.
 #include "core/model/main_form.h"
+#include "core/model/window_handlers.h"
 #include "core/tasks/help.h"
 #include "reports/tree_form.h"
 
@@ -9,10 +10,7 @@ handler_table tree_form::handlers() {
     handler_table table;
     // The preview and the suffixes read the list, which a running task may be making.
     table.push_back({"Command36_Click", [this](Tavrel&) { open(); }, starts_task});
-    const auto bind = [&](const char* entry, std::function<void()> procedure, bool is_task = false) {
-        table.push_back(
-            {name() + "." + entry, [procedure = std::move(procedure)](Tavrel&) { procedure(); }, is_task});
-    };
+    window_handlers bind(table, *this);
     bind("Form_Unload", [this] { Form_Unload(); });
     bind(
         "Command1_Click", [this] { Command1_Click(); }, starts_task);

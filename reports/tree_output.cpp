@@ -4,6 +4,7 @@
 #include "core/model/main_form.h"
 #include "core/settings/data_files.h"
 #include "core/tasks/help.h"
+#include "core/tasks/progress.h"
 #include "core/tasks/task_scope.h"
 #include "core/text/text_file.h"
 #include "reports/current_list.h"
@@ -83,9 +84,7 @@ void tree_form::Command1_Click() {
     ListView1.visible = List1.visible = MonthView1.visible = false;
     if (const wrong found = read_controls(); found != wrong::nothing) return complain_of(found);
     List1.clear();
-    main_.state.cancel_task = 0;
-    main_.Command28.caption = "取消[树状目录输出]";
-    main_.Command28.visible = true;
+    offer_cancel(main_, "树状目录输出");
     std::vector<list_box::row> lines;
     const bool made = make_lines(lines);
     ProgressBar1.visible = false;

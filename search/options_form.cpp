@@ -33,12 +33,6 @@ constexpr std::int16_t settings::*check_settings[] = {
     &settings::scan_archives,
 };
 
-std::string element(const char* name, std::size_t index) {
-    std::string made = name;
-    made += std::to_string(index);
-    return made;
-}
-
 }  // namespace
 
 options_form::options_form(Tavrel& main)
@@ -65,11 +59,11 @@ options_form::options_form(Tavrel& main)
     List2.help_context = 1026;
     List3.help_context = 1027;
     for (std::size_t i = 1; i < labels.size(); ++i) {
-        labels[i] = &add<control>(control_kind::label, element("Label", i));
+        labels[i] = &add<control>(control_kind::label, numbered_name("Label", i));
         labels[i]->caption = label_captions[i];
     }
     for (std::size_t i = 1; i < checks.size(); ++i) {
-        checks[i] = &add<control>(control_kind::check_box, element("Check", i));
+        checks[i] = &add<control>(control_kind::check_box, numbered_name("Check", i));
         checks[i]->caption = check_captions[i];
         checks[i]->help_context = 1028;
     }
@@ -80,7 +74,7 @@ options_form::options_form(Tavrel& main)
     Check7.tooltip = "任务运行超过30秒,结束时窗口不在前面,就在桌面上显示通知";
     static constexpr const char* look[] = {"字体放大", "字体缩小", "背景颜色", "文字颜色"};
     for (std::size_t i = 0; i < Command2.size(); ++i) {
-        Command2[i] = &add<control>(control_kind::button, element("Command2(", i) + ")");
+        Command2[i] = &add<control>(control_kind::button, element_name("Command2", i));
         Command2[i]->caption = look[i];
     }
     Command1.caption = "打开资源管理器";

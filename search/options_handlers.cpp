@@ -1,29 +1,11 @@
 // The handlers of the options window under their names.
 #include "core/model/main_form.h"
+#include "core/model/window_handlers.h"
 #include "core/settings/data_files.h"
 #include "core/tasks/help.h"
 #include "search/options_form.h"
 
 namespace corvane {
-
-namespace {
-
-// Adds handlers of one window.
-class window_handlers {
-  public:
-    window_handlers(handler_table& table, options_form& window) : table_(table), window_(window) {}
-
-    void operator()(const std::string& name, std::function<void()> procedure) {
-        table_.push_back(
-            {window_.name() + "." + name, [procedure = std::move(procedure)](Tavrel&) { procedure(); }});
-    }
-
-  private:
-    handler_table& table_;
-    options_form& window_;
-};
-
-}  // namespace
 
 handler_table options_form::handlers() {
     handler_table table;

@@ -19,4 +19,12 @@ void form_model::keep(std::unique_ptr<control> added) {
     controls_.push_back(std::move(added));
 }
 
+std::string numbered_name(std::string_view stem, std::size_t number) {
+    return std::string(stem) + std::to_string(number);
+}
+
+std::string element_name(std::string_view array, std::size_t index) {
+    return numbered_name(std::string(array) + "(", index) + ")";
+}
+
 }  // namespace corvane

@@ -41,6 +41,10 @@ class form_model : public control {
     std::unordered_map<std::string, control*> by_name_;
 };
 
+// "Label3", and "Option1(3)" of an array.
+std::string numbered_name(std::string_view stem, std::size_t number);
+std::string element_name(std::string_view array, std::size_t index);
+
 // Control and handler names compare without case in a-z.
 std::string folded_name(std::string_view name);
 

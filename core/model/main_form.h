@@ -48,8 +48,8 @@ class Tavrel : public form_model {
     control& Picture10;
     control& samefile_disp1;
     control& samefile_disp2;
-    control& Text3;  // "目录层数" of the export frame
-    control& Text4;  // "不导出的后缀类型" of the export frame
+    control& Text3;   // "目录层数" of the export frame
+    control& Text4;   // "不导出的后缀类型" of the export frame
     control& Frame6;  // "清单导出选择": holds Text3, Text4 and Command33
     control& Frame_err;
     control& txt_disp_err_file;

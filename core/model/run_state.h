@@ -40,8 +40,8 @@ struct run_state : settings,
     std::string base_title;
 
     bool speaks_english = false;  // the windows do, and what is written for people to read
-    bool tasks_locked = false;  // a task is running
-    flag tips_on;               // the controls show their tooltips
+    bool tasks_locked = false;    // a task is running
+    flag tips_on;                 // the controls show their tooltips
     flag quit_requested;
     flag cancel_task;
     flag chained_run_flag;

@@ -14,6 +14,7 @@ struct shutdown_state {
     std::int32_t warn_done = 0;        // seconds that the last warning has counted
     flag warn_shown;                   // the last warning has been opened
     std::string warn_text;
+    std::string unsaved;  // what could not be written while going down; the machine then stays up
     flag going_down;  // what runs is being brought to its end: a cancellable task that begins is cancelled at
                       // once
 };

@@ -10,6 +10,7 @@
 #include "core/model/main_form.h"
 #include "core/settings/data_files.h"
 #include "core/settings/environment_table.h"
+#include "core/tasks/progress.h"
 #include "core/text/date_text.h"
 #include "core/text/text_file.h"
 #include "core/text/text_format.h"
@@ -20,7 +21,7 @@ namespace {
 
 bool finish(Tavrel& form, line_writer& writer, const std::string& path) {
     if (writer.finish()) return true;
-    if (!form.state.program_dir_locked) form.complain(path + "\r\n" + writer.error());
+    if (!form.state.program_dir_locked) report_write_failure(form, path, writer.error());
     return false;
 }
 
@@ -51,11 +52,8 @@ bool read_lines(Tavrel& form, const std::string& path) {
 }
 
 void set_action_text(run_state& state) {
-    static constexpr std::array<const char*, 4> actions = {"关闭程序.", "关闭所有程序,重启windows.",
-                                                           "重新启动计算机.", "关闭计算机."};
     if (state.shut_action == 0) state.shut_action = 1;
-    if (state.shut_action >= 1 && state.shut_action <= static_cast<int>(actions.size()))
-        state.shutdown_action_text = actions[static_cast<std::size_t>(state.shut_action - 1)];
+    if (const char* words = end_action_words(state.shut_action)) state.shutdown_action_text = words;
 }
 
 void read_selected_directories(Tavrel& form) {
@@ -77,6 +75,13 @@ void read_selected_directories(Tavrel& form) {
 }
 
 }  // namespace
+
+const char* end_action_words(int shut_action) {
+    static constexpr std::array<const char*, 5> words = {nullptr, "关闭程序.", "关闭所有程序,重启windows.",
+                                                         "重新启动计算机.", "关闭计算机."};
+    const bool known = shut_action >= 0 && shut_action < static_cast<int>(words.size());
+    return known ? words[static_cast<std::size_t>(shut_action)] : nullptr;
+}
 
 std::int16_t stored_place(int twips) {
     return static_cast<std::int16_t>(std::clamp<int>(twips, std::numeric_limits<std::int16_t>::min(),

@@ -12,6 +12,9 @@ class Tavrel;
 struct run_state;
 struct settings;
 
+// What an end of the session does, in words, by shut_action; null for none, which keeps the words there were.
+const char* end_action_words(int shut_action);
+
 // Collects what lives in windows, then writes both files whole. False, after one message, when it cannot;
 // says nothing more in a program folder of which start-up has said that it cannot be written.
 bool 写Tavrel环境文件(Tavrel& form);

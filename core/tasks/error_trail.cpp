@@ -5,6 +5,7 @@
 
 #include "core/model/main_form.h"
 #include "core/settings/data_files.h"
+#include "core/tasks/progress.h"
 #include "core/text/text_file.h"
 #include "core/text/text_format.h"
 
@@ -60,7 +61,7 @@ void Command47_Click(Tavrel& form) {
     const std::string list = form.data_path(data_file::avoided_files);
     line_writer writer(form.outside.files, list);
     for (std::int32_t i = 1; i <= state.avoid_count; ++i) writer.line(state.avoid_files[i]);
-    if (!writer.finish()) form.complain(list + "\r\n" + writer.error());
+    if (!writer.finish()) report_write_failure(form, list, writer.error());
 }
 
 void read_avoid_list(Tavrel& form) {
@@ -113,7 +114,7 @@ void write_run_record(Tavrel& form, std::int32_t size, std::int32_t seconds) {
         writer.add(",");
         writer.line(std::to_string(seconds));
     }
-    if (!writer.finish()) form.complain(path + "\r\n" + writer.error());
+    if (!writer.finish()) report_write_failure(form, path, writer.error());
 }
 
 }  // namespace corvane

@@ -68,6 +68,12 @@ void pointer_glide(Tavrel& form, const std::string& form_name, const std::string
     screen.set_pointer(*target);
 }
 
+void offer_cancel(Tavrel& form, const std::string& task) {
+    form.Command28.caption = "取消[" + task + "]";
+    form.Command28.visible = true;
+    form.state.cancel_task = form.state.going_down;
+}
+
 void ask_for_shutdown(Tavrel& form) {
     std::string question = "  运行完毕后,";
     question.append(form.state.shutdown_action_text).append("同意吗(Y/N)?");
@@ -75,7 +81,9 @@ void ask_for_shutdown(Tavrel& form) {
 }
 
 void report_write_failure(Tavrel& form, const std::string& path, const std::string& reason) {
-    form.complain(path + "\r\n" + reason);
+    const std::string words = path + "\r\n" + reason;
+    if (form.state.going_down) form.state.unsaved = words;
+    form.complain(words);
 }
 
 }  // namespace corvane

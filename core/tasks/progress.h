@@ -14,6 +14,10 @@ class Tavrel;
 void lock_tasks(Tavrel& form);
 void unlock_tasks(Tavrel& form);
 
+// The cancel button of a task that begins, which its task_scope hides. What was pressed before does not
+// count; while the machine waits to go down the task is cancelled at its first look.
+void offer_cancel(Tavrel& form, const std::string& task);
+
 // True between the two.
 bool tasks_locked(const Tavrel& form);
 
@@ -36,7 +40,8 @@ void pointer_glide(Tavrel& form, const std::string& form_name, const std::string
 // Asks whether the shutdown after the task stands. No takes it back.
 void ask_for_shutdown(Tavrel& form);
 
-// A file could not be written: the file and the system's words. The task ends.
+// A file could not be written: the file and the system's words. The task ends. While the machine waits to go
+// down nobody sees the box: it stays up then, and the words are told again.
 void report_write_failure(Tavrel& form, const std::string& path, const std::string& reason);
 
 }  // namespace corvane

@@ -130,6 +130,38 @@ TEST(Shutdown, AComparisonIsCancelledAndKeepsWhatItFound) {
     EXPECT_FALSE(p.form.task_runs());
 }
 
+// Nobody sees the box that says so; the machine must not go down over it.
+TEST(Shutdown, AResultThatCannotBeWrittenKeepsTheMachineUpAndIsToldAgain) {
+    shutdown_program p;
+    for (const char* path : {"/d/a", "/d/b", "/d/c", "/d/longer 1", "/d/longer 2"}) p.files.add_file(path, "same content" + std::string(std::string_view(path).size() / 8, 'x'));
+    p.search({"/d"});
+    p.files.write_failure_path = "/prog/相同文件.txt";
+    bool fired = false;
+    p.screen.on_yield = [&] {
+        if (!fired && p.state.result_count > 0) p.form.run("shout_close");
+        fired |= p.state.result_count > 0;
+    };
+    p.form.run("Picture3_Click");
+    ASSERT_TRUE(fired);
+    EXPECT_EQ(p.asked(), texts{});
+    ASSERT_EQ(p.screen.messages.size(), 1u);
+    EXPECT_EQ(p.last_message(), "/prog/相同文件.txt\r\ndisk full");
+    EXPECT_FALSE(p.screen.boxes_held);
+    // With room again it goes down, and of the old failure nothing is left.
+    p.files.write_failure_path.clear();
+    p.form.run("shout_close");
+    EXPECT_EQ(p.asked(), texts{"power_off"});
+}
+
+TEST(Shutdown, SettingsThatCannotBeWrittenKeepTheMachineUp) {
+    shutdown_program p;
+    p.files.write_failure_path = "/prog/Tavrel环境.txt";
+    p.form.run("shout_close");
+    EXPECT_EQ(p.asked(), texts{});
+    EXPECT_EQ(p.last_message(), "/prog/Tavrel环境.txt\r\ndisk full");
+    EXPECT_FALSE(p.screen.boxes_held);
+}
+
 TEST(Shutdown, ATaskThatBeginsMeanwhileIsCancelledAtOnce) {
     shutdown_program p;
     for (const char* path : {"/d/a", "/d/b", "/d/c", "/d/e"}) p.files.add_file(path, "same content");

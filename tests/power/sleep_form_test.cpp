@@ -54,6 +54,16 @@ TEST(SleepForm, ADelayBelowOneMinuteIsOne) {
     EXPECT_EQ(p.state.shut_delay_min, 1);
 }
 
+TEST(SleepForm, ADelayWithoutMeasureIsCut) {
+    shutdown_program p;
+    p.count_down(1);
+    p.sleep.Text3.text = "2000000000";
+    p.act("Text3_KeyPress");
+    p.act("Command1_Click");
+    EXPECT_EQ(p.state.shut_delay_min, 1'000'000);
+    EXPECT_EQ(p.sleep.countdown_total, 60'000'000);
+}
+
 TEST(SleepForm, OnlyTheTimedFormHasTimesAndAStart) {
     shutdown_program p;
     p.state.shutdown_after_task = 1;

@@ -155,6 +155,23 @@ TEST(ExportText, AnEndAtALineLeavesTheEarlierFile) {
     EXPECT_TRUE(p.desktop.calls.empty());
 }
 
+// The machine is to go down while the stored list is still being read: that must not be forgotten with the
+// next step.
+TEST(ExportText, AShutdownWhileTheListIsReadWritesNothingAndGoesThrough) {
+    for (const char* task : {"文件清单_M_Click", "Command33_Click"}) {
+        exports p;
+        p.store({"/a", "/b", "/c"});
+        for (const char* path : {"/a", "/b", "/c"}) p.add(path);
+        p.state.shut_action = 4;
+        p.screen.acts[1] = [&p] { p.form.run("shout_close"); };
+        p.form.run(task);
+        ASSERT_GE(p.screen.yields, 1) << task;
+        EXPECT_FALSE(p.files.has("/prog/filelist_txt_.txt")) << task;
+        EXPECT_FALSE(p.files.has("/prog/filelist.xls")) << task;
+        EXPECT_EQ(p.desktop.calls, texts{"power_off"}) << task;
+    }
+}
+
 TEST(ExportText, ALineBreakInANameBreaksNoLine) {
     exports p;
     p.list({"/d/a\uF00Ab", "/d/c\uF02A"});

@@ -73,6 +73,15 @@ TEST(TreeForm, ThePreviewShowsTheFirstHundredFilesByTheLevelsAlone) {
     EXPECT_EQ(p.state.file_count, 202);
 }
 
+TEST(TreeForm, ACancelOfAnEarlierTaskDoesNotEmptyThePreview) {
+    opened_tree p;
+    p.state.tree_levels = 9;
+    p.list_files({"/a/b"});
+    p.form.run("Command28_Click");
+    p.open();
+    EXPECT_EQ(p.window.List1.row_count(), 3);  // the root, its directory, the file
+}
+
 TEST(TreeForm, WhatHasGoneIsNotInThePreviewAndStaysInTheList) {
     opened_tree p;
     p.state.tree_levels = 4;
