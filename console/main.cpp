@@ -26,6 +26,7 @@
 #include "platform/desktop/desktop_attention.h"
 #include "platform/desktop/desktop_power.h"
 #include "platform/desktop/desktop_shell.h"
+#include "platform/linux/big_blocks.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_text_encoding.h"
 #include "platform/linux/name_mapping.h"
@@ -104,6 +105,7 @@ int run_script(const command_line& given, plain_words& words) {
 
 int console_main(std::span<const char* const> arguments) {
     hold_standard_streams();
+    return_big_blocks();
     command_line given;
     const std::string wrong = read_command_line(arguments, given);
     plain_words words(stderr, given.quiet);

@@ -18,6 +18,14 @@ Layout* bare_layout(QWidget* owner, int spacing) {
     return layout;
 }
 
+// Before all others, out of its icon if need be.
+inline void bring_to_front(QWidget& window) {
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
 // On a dark window the empty box of a check mark is lighter than what is around it.
 inline void colour_mark(QWidget& box, QPalette colours) {
     if (is_dark(colours))

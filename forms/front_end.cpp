@@ -4,6 +4,7 @@
 #include "core/tasks/progress.h"
 #include "forms/about_window.h"
 #include "forms/directory_window.h"
+#include "forms/form_parts.h"
 #include "forms/help_keys.h"
 #include "forms/long_run.h"
 #include "forms/main_window.h"
@@ -98,9 +99,7 @@ bool front_end::start() {
 
 bool front_end::raise_while_closing() {
     if (!program_.is_closing() || !main_->isVisible()) return false;
-    main_->setWindowState(main_->windowState() & ~Qt::WindowMinimized);
-    main_->raise();
-    main_->activateWindow();
+    bring_to_front(*main_);
     return true;
 }
 

@@ -19,6 +19,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include "forms/form_parts.h"
 #include "forms/help_browser.h"
 #include "forms/help_pages.h"
 #include "forms/icons.h"
@@ -211,10 +212,7 @@ outcome help_window::open(const QString& page) {
     join_modal_window();
     if (isHidden()) place_beside(QApplication::activeWindow());
     show_page(page);
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
+    bring_to_front(*this);
     return outcome::success();
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/tasks/progress.h"
+#include "forms/form_parts.h"
 
 namespace corvane {
 
@@ -75,11 +76,8 @@ void long_run::settle() {
 
 void long_run::tell() {
     QApplication::alert(&window_);
-    notice_->notify("Corvane: " + main_.StatusBar1.panel(7), totals(main_), [this] {
-        window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
-        window_.raise();
-        window_.activateWindow();
-    });
+    notice_->notify("Corvane: " + main_.StatusBar1.panel(7), totals(main_),
+                    [this] { bring_to_front(window_); });
 }
 
 void long_run::end() {

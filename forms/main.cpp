@@ -22,6 +22,7 @@
 #include "platform/desktop/desktop_attention.h"
 #include "platform/desktop/desktop_instance_link.h"
 #include "platform/desktop/desktop_power.h"
+#include "platform/linux/big_blocks.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_text_encoding.h"
 #include "platform/linux/name_mapping.h"
@@ -69,6 +70,7 @@ std::string own_folder() {
 }  // namespace
 
 int main(int argc, char** argv) {
+    corvane::return_big_blocks();
     if (!is_set("DISPLAY") && !is_set("WAYLAND_DISPLAY") && !is_set("QT_QPA_PLATFORM") &&
         !asks_for_platform(argc, argv)) {
         std::fputs("corvane: 没有可用的显示 (DISPLAY 和 WAYLAND_DISPLAY 都未设置)\n", stderr);

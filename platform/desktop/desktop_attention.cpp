@@ -3,7 +3,7 @@
 #include <gio/gunixfdlist.h>
 #include <unistd.h>
 
-#include "platform/desktop/session_bus.h"
+#include "platform/desktop/buses.h"
 
 namespace corvane {
 
@@ -30,7 +30,6 @@ class inhibitor : public kept_awake {
 class desktop_attention::session {
   public:
     explicit session(object_pointer<GDBusConnection> bus) : bus_(std::move(bus)) {
-        g_dbus_connection_set_exit_on_close(bus_.get(), FALSE);
         clicks_ = g_dbus_connection_signal_subscribe(bus_.get(), nullptr, notifications, "ActionInvoked",
                                                      notifications_object, nullptr, G_DBUS_SIGNAL_FLAGS_NONE,
                                                      clicked, this, nullptr);
@@ -103,9 +102,8 @@ desktop_attention::session* desktop_attention::on_bus() {
 }
 
 std::unique_ptr<kept_awake> desktop_attention::keep_awake(const std::string& reason) {
-    const object_pointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SYSTEM, nullptr, nullptr));
+    const object_pointer<GDBusConnection> bus = system_bus(nullptr);
     if (!bus) return nullptr;
-    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
     GUnixFDList* descriptors = nullptr;
     GVariant* const answer = g_dbus_connection_call_with_unix_fd_list_sync(
         bus.get(), "org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager",

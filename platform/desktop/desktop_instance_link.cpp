@@ -2,7 +2,7 @@
 
 #include <sys/stat.h>
 
-#include "platform/desktop/session_bus.h"
+#include "platform/desktop/buses.h"
 #include "platform/linux/name_mapping.h"
 
 namespace corvane {
@@ -68,8 +68,6 @@ void desktop_instance_link::serve(const std::string& program_dir, std::function<
     if (name.empty()) return;
     object_pointer<GDBusConnection> bus = session_bus(nullptr);
     if (!bus) return;
-    // A bus that ends must not end the program.
-    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
     served_ = std::make_unique<served_name>(std::move(bus), name, std::move(on_raise));
 }
 

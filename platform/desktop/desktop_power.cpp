@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "platform/desktop/session_bus.h"
+#include "platform/desktop/buses.h"
 
 namespace corvane {
 
@@ -37,12 +37,6 @@ bool succeeds(GDBusConnection* bus, const bus_object& object, const char* method
     if (answer == nullptr) return false;
     g_variant_unref(answer);
     return true;
-}
-
-object_pointer<GDBusConnection> system_bus(GError** error) {
-    object_pointer<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SYSTEM, nullptr, error));
-    if (bus) g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
-    return bus;
 }
 
 constexpr char no_answer[] = "系统的电源服务没有回答。";

@@ -6,8 +6,8 @@
 
 #include <memory>
 
+#include "platform/desktop/buses.h"
 #include "platform/desktop/desktop_failure.h"
-#include "platform/desktop/session_bus.h"
 #include "platform/linux/name_mapping.h"
 
 namespace corvane {

@@ -2,7 +2,6 @@
 
 #include <errno.h>
 #include <fcntl.h>
-#include <malloc.h>
 #include <pwd.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -49,6 +48,10 @@ constexpr std::size_t facts_in_a_row = 64;
 constexpr std::size_t starts_in_a_row = 32;
 constexpr unsigned most_network_threads = 4;
 
+unsigned most_threads(std::string_view path) {
+    return is_on_network(path) ? most_network_threads : request_pace::most_threads;
+}
+
 }  // namespace
 
 linux_file_system::linux_file_system()
@@ -56,29 +59,10 @@ linux_file_system::linux_file_system()
       recycle_name_(".Trash-" + std::to_string(getuid())),
       facts_pace_(request_pool::processors(), 150e-6),
       starts_pace_(request_pool::processors(), 300e-6),
-      directories_pace_(request_pool::processors(), 1e-3) {
-    return_big_blocks();
-}
+      directories_pace_(request_pool::processors(), 1e-3) {}
 
 file_facts linux_file_system::facts(std::string_view path) {
     return linux_facts({AT_FDCWD, path}, path, stacked_devices_);
-}
-
-void linux_file_system::return_big_blocks() {
-    // The columns of a million files come and go. Left to itself the allocator learns from the first ones to
-    // keep what is freed, so that the next step's stand beside holes of the last one's.
-    constexpr int own_mapping = 256 * 1024;
-    mallopt(M_MMAP_THRESHOLD, own_mapping);
-}
-
-unsigned linux_file_system::most_threads(std::string_view path) {
-    constexpr std::chrono::seconds lasting(1);
-    const auto now = std::chrono::steady_clock::now();
-    if (now - network_asked_ > lasting) {
-        on_network_ = is_on_network(path);
-        network_asked_ = now;
-    }
-    return on_network_ ? most_network_threads : request_pace::most_threads;
 }
 
 std::size_t linux_file_system::many_facts(std::span<const std::string_view> paths,

@@ -48,9 +48,6 @@ class linux_file_system : public file_system {
     outcome remove_data_file(const std::string& path) override;
 
   private:
-    static void return_big_blocks();
-    unsigned most_threads(std::string_view path);
-
     std::string trash_directory_;  // the user's trash, with a closing separator; text, resolved
     std::string recycle_name_;     // ".Trash-<uid>"
     linux_directories directories_;
@@ -59,8 +56,6 @@ class linux_file_system : public file_system {
     descriptor claim_;  // the claimed directory
     request_pool pool_;
     request_pace facts_pace_, starts_pace_, directories_pace_;
-    bool on_network_ = false;  // the paths asked about last
-    std::chrono::steady_clock::time_point network_asked_;
 };
 
 }  // namespace corvane

@@ -93,12 +93,22 @@ std::size_t request_pool::run(std::size_t count, std::size_t chunk, unsigned mos
         finished_.wait(lock, [this] { return busy_ == 0; });
         batch_ = nullptr;
     }
+    if (asked.failure) std::rethrow_exception(asked.failure);
     const std::size_t answered = std::min(asked.stopped.load(), asked.next.load());
     pace.note(threads, answered, std::chrono::duration<double>(clock::now() - start).count());
     return answered;
 }
 
 void request_pool::take_chunks(batch& asked) {
+    try {
+        take_chunks_until_failure(asked);
+    } catch (...) {
+        if (!asked.has_failed.exchange(true)) asked.failure = std::current_exception();
+        asked.stopped.store(0);
+    }
+}
+
+void request_pool::take_chunks_until_failure(batch& asked) {
     // Whoever takes a chunk answers its first question at least, so that the answers have no hole.
     while (asked.stopped.load() == asked.count) {
         if (asked.next.load() != 0 && asked.limit.passed()) return;

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstddef>
+#include <exception>
 #include <functional>
 #include <mutex>
 #include <thread>
@@ -63,7 +64,8 @@ class request_pool {
     request_pool& operator=(const request_pool&) = delete;
 
     // Questions 0 to count - 1, `chunk` in a row to one thread, on at most `most` threads, the caller's
-    // included. Returns how many were answered from the first on, at least one; all threads are at rest then.
+    // included. Returns how many were answered from the first on, at least one; all threads are at rest then,
+    // also when what a thread threw is thrown on.
     std::size_t run(std::size_t count, std::size_t chunk, unsigned most, request_pace& pace,
                     const work& carry_out);
 
@@ -79,10 +81,13 @@ class request_pool {
         time_limit limit;
         std::atomic<std::size_t> next{0};
         std::atomic<std::size_t> stopped;  // the first question that was left unanswered
+        std::atomic<bool> has_failed{false};
+        std::exception_ptr failure{};  // the first one; the caller's once all threads are at rest
     };
 
     void help();
     static void take_chunks(batch& asked);
+    static void take_chunks_until_failure(batch& asked);
     void hire(unsigned helpers);
 
     std::mutex guard_;

@@ -4,6 +4,10 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <new>
 #include <set>
 #include <thread>
 #include <vector>
@@ -45,6 +49,63 @@ TEST(RequestPool, UsesTheCallersThreadAloneForOneChunk) {
         return end;
     });
     EXPECT_EQ(threads, std::set<std::thread::id>{std::this_thread::get_id()});
+}
+
+// A chunk that waits for another thread to come in would wait for ever in a pool of one.
+TEST(RequestPool, ThreadsWorkAtTheSameTime) {
+    pool_case c;
+    std::mutex guard;
+    std::condition_variable came;
+    std::set<std::thread::id> threads;
+    bool met = true;
+    c.run(2, 1, 2, [&](std::size_t, std::size_t end, const time_limit&) {
+        std::unique_lock lock(guard);
+        threads.insert(std::this_thread::get_id());
+        came.notify_all();
+        met &= came.wait_for(lock, std::chrono::seconds(20), [&] { return threads.size() == 2; });
+        return end;
+    });
+    EXPECT_TRUE(met);
+    EXPECT_EQ(threads.size(), 2u);
+}
+
+TEST(RequestPool, ReturnsWhenTheLastThreadIsAtRest) {
+    pool_case c;
+    std::atomic<bool> entered = false;
+    std::atomic<int> inside = 0;
+    const std::thread::id caller = std::this_thread::get_id();
+    c.run(2, 1, 2, [&](std::size_t, std::size_t end, const time_limit&) {
+        ++inside;
+        if (std::this_thread::get_id() == caller) {
+            // Done only when the other one is in the midst of its own.
+            while (!entered) std::this_thread::yield();
+        } else {
+            entered = true;
+            for (int turn = 0; turn < 1000; ++turn) std::this_thread::yield();
+        }
+        --inside;
+        return end;
+    });
+    EXPECT_EQ(inside, 0);
+}
+
+TEST(RequestPool, WhatAThreadThrowsIsThrownOnWithAllAtRest) {
+    pool_case c;
+    for (int turn = 0; turn < 50; ++turn) {
+        std::atomic<int> inside = 0;
+        EXPECT_THROW(c.run(64, 1, 4,
+                           [&](std::size_t first, std::size_t end, const time_limit&) {
+                               ++inside;
+                               const bool fails = first % 16 == 7;
+                               --inside;
+                               if (fails) throw std::bad_alloc();
+                               return end;
+                           }),
+                     std::bad_alloc);
+        EXPECT_EQ(inside, 0);
+    }
+    // The pool works on.
+    EXPECT_EQ(c.run(8, 1, 4, [](std::size_t, std::size_t end, const time_limit&) { return end; }), 8u);
 }
 
 TEST(RequestPool, AnswersHaveNoHoleWhereAThreadStopped) {

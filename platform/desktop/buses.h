@@ -1,4 +1,4 @@
-// The bus of the user's session.
+// The buses of the desktop. One that ends does not end the program.
 #pragma once
 
 #include <gio/gio.h>
@@ -13,7 +13,11 @@ struct object_release {
 template <class Object>
 using object_pointer = std::unique_ptr<Object, object_release>;
 
-// Null where there is none. Never starts one: a bus that nobody else is on has nobody to speak to.
+// The bus of the user's session. Null where there is none. Never starts one: a bus that nobody else is on has
+// nobody to speak to.
 object_pointer<GDBusConnection> session_bus(GError** error);
+
+// Null where there is none.
+object_pointer<GDBusConnection> system_bus(GError** error);
 
 }  // namespace corvane

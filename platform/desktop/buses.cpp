@@ -1,6 +1,16 @@
-#include "platform/desktop/session_bus.h"
+#include "platform/desktop/buses.h"
 
 namespace corvane {
+
+namespace {
+
+object_pointer<GDBusConnection> connected(GBusType type, GError** error) {
+    object_pointer<GDBusConnection> bus(g_bus_get_sync(type, nullptr, error));
+    if (bus) g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+    return bus;
+}
+
+}  // namespace
 
 object_pointer<GDBusConnection> session_bus(GError** error) {
     const char* const address = g_getenv("DBUS_SESSION_BUS_ADDRESS");
@@ -14,7 +24,11 @@ object_pointer<GDBusConnection> session_bus(GError** error) {
             return nullptr;
         }
     }
-    return object_pointer<GDBusConnection>(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error));
+    return connected(G_BUS_TYPE_SESSION, error);
+}
+
+object_pointer<GDBusConnection> system_bus(GError** error) {
+    return connected(G_BUS_TYPE_SYSTEM, error);
 }
 
 }  // namespace corvane
