@@ -92,10 +92,8 @@ void put_in_order(history_state& history) {
     cut_rows(history, count);
 }
 
-search_result find_in_history(history_state& history, std::string_view name, std::int32_t low) {
-    const search_result found = find_text(history.history_name, name, low, history.history_count);
-    history.search_upper_bound = found.upper_bound;
-    return found;
+search_result find_in_history(const history_state& history, std::string_view name, std::int32_t low) {
+    return find_text(history.history_name, name, low, history.history_count);
 }
 
 }  // namespace

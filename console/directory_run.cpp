@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 
 #include "app/version.h"
 #include "console/records.h"
@@ -145,7 +146,8 @@ void directory_run::write(line_writer& out, const result_groups& result) {
         {"html", [&] { write_result_page(out, result, page_facts_of()); }},
     };
     for (const format& each : formats)
-        if (asked_.format == each.name) each.write();
+        if (asked_.format == each.name) return each.write();
+    throw std::logic_error("no writer of the format " + asked_.format);
 }
 
 page_facts directory_run::page_facts_of() const {

@@ -24,7 +24,8 @@ void write_and_open_page(Tavrel& form, const std::string& version) {
         const result_groups result =
             read_result_groups(form.outside.files, state.same_file_path, {}, [&form](std::string_view entry) {
                 form.yield();
-                return path_exists(form.outside.files, std::string(archive_path_of(entry)));
+                return !form.state.quit_requested &&
+                       path_exists(form.outside.files, std::string(archive_path_of(entry)));
             });
         if (state.quit_requested) return;
         if (result.groups.empty()) return form.inform("没有相同文件");

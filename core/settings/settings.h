@@ -30,8 +30,9 @@ struct settings {
     std::string dir_select_path;
     std::string last_used;  // date, two blanks, time of the last write
     std::string similar_main_file;
-    std::int32_t export_rate_count = 0;  // kept, without effect
-    std::int32_t export_rate_time = 0;   // kept, without effect
+    std::int32_t export_rate_count =
+        0;  // with the next one the pace of exports, for an estimate; nothing writes them
+    std::int32_t export_rate_time = 0;  // seconds
     std::int32_t export_levels = 0;
     std::string export_skip_types;
     std::string find_text;

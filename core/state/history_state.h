@@ -18,7 +18,6 @@ struct history_state {
     column<std::int32_t> history_date_lo;
     column<std::int32_t> history_crc;
     std::int32_t history_count = 0;
-    std::int32_t search_upper_bound = 0;  // where the last binary search stopped
 };
 
 }  // namespace corvane

@@ -209,8 +209,10 @@ TEST(PageTask, ClosingAtAYieldWritesNoPage) {
     for (const char* path : {"/d/a", "/d/b"}) p.files.add_file(path, "same");
     p.compare({"/d"});
     p.screen.on_yield = [&p] { p.state.quit_requested = -1; };
+    const std::int64_t before = p.files.attribute_questions;
     p.form.run("报告网页_M");
     EXPECT_FALSE(p.files.has(p.path));
+    EXPECT_EQ(p.files.attribute_questions, before) << "a closing program asks no further";
 }
 
 TEST(PageTask, AnotherTaskIsRefusedMeanwhile) {

@@ -47,8 +47,9 @@ class memory_file_system : public file_system {
     bool has(const std::string& path) const { return entries_.count(key(path)) != 0; }
     void erase(const std::string& path) { entries_.erase(key(path)); }
 
-    std::map<std::string, int> opened;  // how often each file was opened for reading
-    int open_now = 0;                   // readers that have not been closed
+    std::map<std::string, int> opened;     // how often each file was opened for reading
+    std::int64_t attribute_questions = 0;  // how often attributes() was asked
+    int open_now = 0;                      // readers that have not been closed
     std::map<std::string, std::int64_t> bytes_read;
     std::vector<std::string> removed;  // by remove_file, in order
     std::set<std::string> recycle_directories;
