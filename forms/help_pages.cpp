@@ -39,11 +39,6 @@ help_pages::help_pages(QString folder) : folder_(std::move(folder)) {
     }
 }
 
-bool help_pages::has(const QString& file) const {
-    return std::any_of(pages_.begin(), pages_.end(),
-                       [&](const help_page& page) { return page.file == file; });
-}
-
 const QString& help_pages::text_of(std::size_t page) {
     texts_.resize(pages_.size());
     QString& text = texts_[page];

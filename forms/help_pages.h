@@ -27,7 +27,6 @@ class help_pages {
 
     const QString& folder() const { return folder_; }
     const std::vector<help_page>& pages() const { return pages_; }
-    bool has(const QString& file) const;
 
     // The pages that hold every word, parted by blanks and without regard to case, those with the word in
     // their title first. Where none does, the pages that hold most of what was typed: a message may hold a

@@ -36,24 +36,20 @@ constexpr int file_role = Qt::UserRole;
 
 }  // namespace
 
-QString help_folder(const QString& program_folder, bool& english) {
-    english = translation_in_use() != nullptr;
+QString help_folder(const QString& program_folder) {
+    const bool english = translation_in_use() != nullptr;
     return QDir(program_folder).filePath(english ? QStringLiteral("help/en") : QStringLiteral("help/zh_CN"));
 }
 
-help_window::help_window(QString folder, bool english) : folder_(std::move(folder)), english_(english) {
+help_window::help_window(QString folder) : folder_(std::move(folder)) {
     setObjectName(QStringLiteral("help_window"));
 }
 
 help_window::~help_window() = default;
 
-QString help_window::words(const char* chinese, const char* english) const {
-    return QString::fromUtf8(english_ ? english : chinese);
-}
-
 void help_window::build() {
     pages_ = std::make_unique<help_pages>(folder_);
-    setWindowTitle(words("Corvane 帮助", "Corvane help"));
+    setWindowTitle(own_line("Corvane 帮助"));
     setWindowIcon(application_icon());
     browser_ = new help_browser(folder_, this);
     parts_ = new QSplitter(Qt::Horizontal, this);
@@ -74,8 +70,8 @@ void help_window::build() {
     resize(first_size);
 }
 
-QAction* help_window::add_action(const QString& icon, const QString& text, const QList<QKeySequence>& keys) {
-    auto* action = new QAction(QIcon::fromTheme(icon), text, this);
+QAction* help_window::add_action(const QString& text, const QList<QKeySequence>& keys) {
+    auto* action = new QAction(text, this);
     action->setShortcuts(keys);
     addAction(action);
     return action;
@@ -83,14 +79,13 @@ QAction* help_window::add_action(const QString& icon, const QString& text, const
 
 QWidget* help_window::make_bar() {
     auto* bar = new QToolBar(this);
-    bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    QAction* back = add_action({}, words("← 后退", "← Back"), {QKeySequence::Back});
-    QAction* next = add_action({}, words("前进 →", "Forward →"), {QKeySequence::Forward});
-    QAction* home = add_action({}, words("目录", "Contents"), {QKeySequence(Qt::ALT | Qt::Key_Home)});
-    QAction* smaller = add_action({}, words("字小", "Smaller"), {QKeySequence::ZoomOut});
-    QAction* larger = add_action({}, words("字大", "Larger"),
-                                 {QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
-    QAction* find = add_action({}, words("查找", "Search"), {QKeySequence::Find});
+    QAction* back = add_action(own_line("← 后退"), {QKeySequence::Back});
+    QAction* next = add_action(own_line("前进 →"), {QKeySequence::Forward});
+    QAction* home = add_action(own_line("目录"), {QKeySequence(Qt::ALT | Qt::Key_Home)});
+    QAction* smaller = add_action(own_line("字小"), {QKeySequence::ZoomOut});
+    QAction* larger =
+        add_action(own_line("字大"), {QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
+    QAction* find = add_action(own_line("查找"), {QKeySequence::Find});
     bar->addActions({back, next, home});
     auto* space = new QWidget(bar);
     space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
@@ -118,7 +113,7 @@ QWidget* help_window::make_side() {
     auto* side = new QWidget(this);
     search_ = new QLineEdit(side);
     search_->setObjectName(QStringLiteral("help_search"));
-    search_->setPlaceholderText(words("在帮助中查找", "Search the help"));
+    search_->setPlaceholderText(own_line("在帮助中查找"));
     search_->setClearButtonEnabled(true);
     contents_ = new QTreeWidget(side);
     contents_->setHeaderHidden(true);
@@ -181,7 +176,7 @@ void help_window::search(const QString& asked) {
         for (QListWidgetItem* line : {title, excerpt}) line->setData(file_role, page.file);
     }
     if (hits_->count() > 0) return;
-    auto* nothing = new QListWidgetItem(words("没有找到", "Nothing found"), hits_);
+    auto* nothing = new QListWidgetItem(own_line("没有找到"), hits_);
     nothing->setFlags(Qt::NoItemFlags);
 }
 

@@ -23,8 +23,9 @@ class help_pages;
 
 class help_window : public QWidget {
   public:
-    // `folder` holds the pages of one language. Nothing is read before the first opening.
-    explicit help_window(QString folder, bool english = false);
+    // `folder` holds the pages of one language, as help_folder tells. Nothing is read before the first
+    // opening.
+    explicit help_window(QString folder);
     ~help_window() override;
 
     // Shows a page by the name of its file, beside the window that is in front where there is room. Fails
@@ -43,17 +44,15 @@ class help_window : public QWidget {
     void build();
     QWidget* make_bar();
     QWidget* make_side();
-    QAction* add_action(const QString& icon, const QString& words, const QList<QKeySequence>& keys);
+    QAction* add_action(const QString& words, const QList<QKeySequence>& keys);
     void show_page(const QString& file);
     void fill_contents();
     void follow_page(const QString& shown);
     // A box that waits for an answer blocks every window but those that belong to it.
     void join_modal_window();
     void place_beside(const QWidget* other);
-    QString words(const char* chinese, const char* english) const;
 
     QString folder_;
-    const bool english_;
     std::unique_ptr<help_pages> pages_;
     help_browser* browser_ = nullptr;
     QLineEdit* search_ = nullptr;
@@ -64,8 +63,7 @@ class help_window : public QWidget {
     bool following_ = false;
 };
 
-// The folder of the pages below the folder of the program, in the language of the windows:
-// "en" for English, else Chinese.
-QString help_folder(const QString& program_folder, bool& english);
+// The folder of the pages in the language of the windows, below the folder of the program.
+QString help_folder(const QString& program_folder);
 
 }  // namespace corvane

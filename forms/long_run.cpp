@@ -5,6 +5,7 @@
 
 #include "core/tasks/progress.h"
 #include "forms/form_parts.h"
+#include "forms/own_words.h"
 
 namespace corvane {
 
@@ -19,7 +20,7 @@ std::string totals(const Tavrel& form) {
         const std::string& panel = form.StatusBar1.panel(number);
         if (panel.empty()) continue;
         if (!words.empty()) words += "  ";
-        words += panel;
+        words += own_text(panel).toStdString();
     }
     return words;
 }
@@ -53,7 +54,7 @@ void long_run::begin() {
     runs_ = true;
     since_ = clock_();
     shown_percent_ = -1;
-    awake_ = notice_->keep_awake("正在运行: " + main_.StatusBar1.panel(7));
+    awake_ = notice_->keep_awake(own_text("正在运行: " + main_.StatusBar1.panel(7)).toStdString());
 }
 
 void long_run::show_progress() {
@@ -76,7 +77,7 @@ void long_run::settle() {
 
 void long_run::tell() {
     QApplication::alert(&window_);
-    notice_->notify("Corvane: " + main_.StatusBar1.panel(7), totals(main_),
+    notice_->notify("Corvane: " + own_text(main_.StatusBar1.panel(7)).toStdString(), totals(main_),
                     [this] { bring_to_front(window_); });
 }
 

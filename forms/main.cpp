@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -102,15 +103,13 @@ int main(int argc, char** argv) {
     corvane::desktop_attention notice;
     corvane::program program({files, desktop, machine, screen, encodings, &instances, &notice},
                              corvane::to_text(with_slash(program_dir)));
-    const corvane::translation table = corvane::english();
+    std::optional<corvane::translation> table;
     if (speaks_english(files, corvane::to_text(with_slash(program_dir)))) {
-        corvane::use_translation(&table);
+        corvane::use_translation(&table.emplace(corvane::english()));
         program.main_form().state.speaks_english = true;
     }
     corvane::front_end windows(program, screen);
-    bool english = false;
-    const QString pages = corvane::help_folder(QString::fromStdString(own_folder()), english);
-    corvane::help_window help(pages, english);
+    corvane::help_window help(corvane::help_folder(QString::fromStdString(own_folder())));
     desktop.show_help = [&help](const QString& page) { return help.open(page); };
     // Inside the event loop, so that a program closed while it starts leaves the loop as well.
     QTimer::singleShot(0, &application, [&windows] {

@@ -16,6 +16,25 @@ std::string_view bare(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
+struct text_hole {
+    std::size_t at;
+    std::size_t length;  // 0: there is none
+    char kind;           // 0, 'n' or 't'
+};
+
+text_hole next_hole(std::string_view text) {
+    for (std::size_t at = text.find('{'); at != std::string_view::npos; at = text.find('{', at + 1)) {
+        const std::string_view rest = text.substr(at);
+        if (rest.starts_with("{}")) return {at, 2, 0};
+        if (rest.starts_with("{n}") || rest.starts_with("{t}")) return {at, 3, rest[1]};
+    }
+    return {text.size(), 0, 0};
+}
+
+bool is_figure(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789,.") == std::string_view::npos;
+}
+
 // The place of "(&X)" in a caption, before "..." or at its end; npos without one.
 std::size_t letter_at(std::string_view caption) {
     if (caption.ends_with("...")) caption.remove_suffix(3);
@@ -60,8 +79,7 @@ bool holds_chinese(std::string_view text) {
 translation::translation(std::initializer_list<std::span<const translation_row>> tables) {
     for (const auto& table : tables)
         for (const translation_row& row : table) {
-            if (row.text.find("{}") == std::string_view::npos &&
-                row.text.find("{t}") == std::string_view::npos)
+            if (next_hole(row.text).length == 0)
                 whole_.emplace(row.text, row.translated);
             else
                 add_pattern(row);
@@ -82,14 +100,10 @@ void translation::add_pattern(const translation_row& row) {
     pattern made;
     made.translated = row.translated;
     std::string_view rest = row.text;
-    for (;;) {
-        const std::size_t plain = rest.find("{}");
-        const std::size_t spoken = rest.find("{t}");
-        const std::size_t at = std::min(plain, spoken);
-        if (at == std::string_view::npos) break;
-        made.pieces.push_back(rest.substr(0, at));
-        made.holes.push_back(spoken < plain);
-        rest.remove_prefix(at + (spoken < plain ? 3 : 2));
+    for (text_hole found = next_hole(rest); found.length != 0; found = next_hole(rest)) {
+        made.pieces.push_back(rest.substr(0, found.at));
+        made.holes.push_back(found.kind);
+        rest.remove_prefix(found.at + found.length);
     }
     made.pieces.push_back(rest);
     patterns_.push_back(std::move(made));
@@ -110,13 +124,14 @@ bool translation::fit(const pattern& candidate, std::string_view words, std::str
         at = found + candidate.pieces[piece].size();
     }
     caught.push_back(words.substr(at, end - at));
+    for (std::size_t hole = 0; hole < caught.size(); ++hole)
+        if (candidate.holes[hole] == 'n' && !is_figure(caught[hole])) return false;
     std::string_view shape = candidate.translated;
     for (std::size_t hole = 0; hole < caught.size(); ++hole) {
-        const std::size_t open = shape.find('{');
-        const std::size_t close = shape.find('}', open);
-        out.append(shape.substr(0, open));
-        if (!candidate.holes[hole] || !translate_line(caught[hole], out)) out.append(caught[hole]);
-        shape.remove_prefix(close + 1);
+        const text_hole place = next_hole(shape);
+        out.append(shape.substr(0, place.at));
+        if (place.kind != 't' || !translate_line(caught[hole], out)) out.append(caught[hole]);
+        shape.remove_prefix(place.at + place.length);
     }
     out.append(shape);
     return true;
@@ -171,19 +186,6 @@ std::string translation::translated(std::string_view text) const {
         at = end + 1;
     }
     return out;
-}
-
-bool translation::knows(std::string_view text) const {
-    if (whole_.count(text) != 0) return true;
-    for (std::size_t at = 0; at <= text.size();) {
-        const std::size_t end = std::min(text.find('\n', at), text.size());
-        std::string_view line = text.substr(at, end - at);
-        if (line.ends_with('\r')) line.remove_suffix(1);
-        std::string made;
-        if (holds_chinese(line) && !translate_line(line, made)) return false;
-        at = end + 1;
-    }
-    return true;
 }
 
 translation english() {

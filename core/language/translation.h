@@ -10,8 +10,9 @@
 
 namespace corvane {
 
-// A text and what it is called in the other language. "{}" stands for any run of characters, which is taken
-// over as it is, "{t}" for one that is translated itself; both sides have the same ones in the same order.
+// A text and what it is called in the other language. Both sides have the same holes in the same order: "{}"
+// for any run of characters, which is taken over as it is, "{n}" for a figure, "{t}" for a text that is
+// translated itself. A row that begins with a count says so: a bare path is a line, too, and may end like it.
 struct translation_row {
     std::string_view text;
     std::string_view translated;
@@ -26,13 +27,11 @@ class translation {
     // A whole text of the table, or line by line. "(&X)" at the end of a caption becomes a mark before that
     // letter. What no row fits is given back as it stands.
     std::string translated(std::string_view text) const;
-    // Whether every line of the text that holds a Chinese letter is in the table.
-    bool knows(std::string_view text) const;
 
   private:
     struct pattern {
         std::vector<std::string_view> pieces;  // fixed texts around the holes
-        std::vector<bool> holes;               // true: translated
+        std::vector<char> holes;               // 0, 'n' or 't'
         std::string_view translated;
     };
 

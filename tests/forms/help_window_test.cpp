@@ -238,13 +238,15 @@ TEST(HelpWindow, TheShellAnswersWithIt) {
 }
 
 TEST(HelpWindow, TheLanguageIsThatOfTheWindows) {
-    bool english = true;
-    EXPECT_EQ(help_folder(QStringLiteral("/p"), english), QStringLiteral("/p/help/zh_CN"));
-    EXPECT_FALSE(english);
+    EXPECT_EQ(help_folder(QStringLiteral("/p")), QStringLiteral("/p/help/zh_CN"));
     const translation table = corvane::english();
     use_translation(&table);
-    EXPECT_EQ(help_folder(QStringLiteral("/p"), english), QStringLiteral("/p/help/en"));
-    EXPECT_TRUE(english);
+    EXPECT_EQ(help_folder(QStringLiteral("/p")), QStringLiteral("/p/help/en"));
+    help_window help(QStringLiteral(CORVANE_HELP_PAGES "/en"));
+    ASSERT_TRUE(help.open(page(2)).ok);
+    EXPECT_EQ(help.windowTitle(), QStringLiteral("Corvane help"));
+    help.search(QStringLiteral("zqxj"));
+    EXPECT_EQ(help.findChild<QListWidget*>()->item(0)->text(), QStringLiteral("Nothing found"));
     use_translation(nullptr);
 }
 

@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include "core/language/translation.h"
 #include "core/tasks/progress.h"
 #include "forms/main_window.h"
+#include "forms/own_words.h"
 #include "tests/forms/forms_program.h"
 
 namespace corvane {
@@ -102,6 +104,19 @@ TEST(long_run, tells_the_end_of_what_took_more_than_thirty_seconds) {
     EXPECT_EQ(shown.notifications(), texts{});
     shown.task(30.5);
     EXPECT_EQ(shown.notifications(), texts{"notify Corvane: 查相同文件|相同文件:12  0:0:31"});
+}
+
+TEST(long_run, speaks_the_language_of_the_windows_to_the_desktop) {
+    watched shown;
+    const translation table = english();
+    use_translation(&table);
+    shown.form.StatusBar1.clear_figures();
+    shown.form.panel(1, "12个文件");
+    shown.form.panel(3, "相同文件:12");
+    shown.task(31);
+    use_translation(nullptr);
+    EXPECT_EQ(shown.desk.calls, (texts{"awake Running: Find duplicates",
+                                       "notify Corvane: Find duplicates|12 files  Duplicates: 12"}));
 }
 
 TEST(long_run, the_second_that_settles_does_not_count) {

@@ -243,9 +243,12 @@ void save_about(forms_program& shown, folder_of_pictures& pictures) {
 }
 
 void save_help(forms_program& shown, folder_of_pictures& pictures) {
+    const corvane::translation* spoken = corvane::translation_in_use();
+    const corvane::translation table = corvane::english();
     for (const bool english : {false, true}) {
+        corvane::use_translation(english ? &table : nullptr);
         const QString folder = QStringLiteral(CORVANE_HELP_DIR) + (english ? "/en" : "/zh_CN");
-        corvane::help_window help(folder, english);
+        corvane::help_window help(folder);
         pictures.written &= help.open(QStringLiteral("aux02_Corvane帮助_Link.htm")).ok;
         pictures.save(shown, &help, english ? "help_english" : "help");
         if (english) continue;
@@ -256,6 +259,7 @@ void save_help(forms_program& shown, folder_of_pictures& pictures) {
         help.search(QStringLiteral("回收站"));
         pictures.save(shown, &help, "help_search");
     }
+    corvane::use_translation(spoken);
 }
 
 }  // namespace

@@ -139,9 +139,10 @@ SHOWS = re.compile(r"\b(?:complain|inform|confirm|ask_text|choose_files?|choose_
                    r"\bdesktop_failure\s*\(|\bfailed_or_lacking\s*\(|\bquestion\s*\((?=form)")
 LITERAL = re.compile(r'"((?:[^"\\\n]|\\.)*)"')
 NAME = re.compile(r"\b[a-z_][a-z_0-9]*\b")
-# A span without words of its own: a declaration, or words that another place or the system has said.
+# A span without words of its own: a declaration, or words that another place or the system has said (a failure to write
+# is told again where it kept the machine up).
 HANDED_ON = re.compile(r"const std::string&|const char\*|\breason\b|\berror\b|\bfailures?\b|^words$|^form$|^what$|"
-                       r"^program_name$|^\"Error\"$")
+                       r"^program_name$|^\"Error\"$|\bunsaved$")
 # The texts of fields that happen to be called a box in the code.
 FIELDS = {"MonthView1.text", "suffix", "','"}
 # Spans whose words stand in another file, or in a table: the file, and the texts in it that are theirs.

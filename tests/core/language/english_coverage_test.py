@@ -15,7 +15,6 @@ stored = {
     "core/settings/data_files.h",  # names of files
     "core/text/text_format.h",  # heads of stored files
     "app/still_to_come.cpp",  # names of handlers
-    "forms/help_window.cpp",  # speaks both languages itself
     "forms/main.cpp",  # what a terminal is told before there is a window
     "core/archives/rar_reader.cpp",  # "err.txt"
     "core/archives/zip_reader.cpp",  # the same
@@ -30,8 +29,9 @@ asked_for = {
 # Names of windows, controls and handlers, and pieces of names of files.
 names = re.compile(r"[\w.]*(_[Mm]|_form|_Click|_m|M)|目录选择\..*|目录选择|写Tavrel环境文件|读[^ ]*的目录|读[^ ]*类型|显示关机提示|"
                    r"进入资源管理器_|.*Corvane帮助.*|帮助|中文?|\.ani 动画鼠标")
-# Pieces of a row that tell no row by themselves.
-tiny = {"个", "等", "条", "组", "行", "项"}
+# Parts of texts that are put together at other places than the holes of their rows.
+glued = {"个", "等", "条", "组", "行", "项", "个文件:", "最后一份", "比对后已变化", "用时:", "秒,", "等待正在运行的任务结束,",
+         "按类型", "按目录", "相同文件的字节："}
 
 
 def table_texts():
@@ -67,17 +67,14 @@ def pieces(literal):
 known = table_texts()
 fixed = set()
 for text in known:
-    for piece in re.split(r"\{t?\}", text):
+    for piece in re.split(r"\{[nt]?\}", text):
         fixed.add(piece.strip())
-whole = "\n".join(known)
-patterns = [re.compile(".*".join(re.escape(piece) for piece in re.split(r"\{t?\}", text))) for text in known
+patterns = [re.compile(".*".join(re.escape(piece) for piece in re.split(r"\{[nt]?\}", text))) for text in known
             if "{" in text]
 
 
 def is_known(line):
-    if line in fixed or line in tiny:
-        return True
-    return line in whole or any(pattern.fullmatch(line) for pattern in patterns)
+    return line in fixed or line in glued or any(pattern.fullmatch(line) for pattern in patterns)
 
 
 missing = []
