@@ -12,11 +12,11 @@ namespace corvane {
 
 namespace {
 
-constexpr std::int64_t edge_block = 65536;  // first and last bytes, read before what lies between
-constexpr std::int64_t largest_block =
-    256 * std::int64_t{1024};                    // two of these stay in the processor's cache
+constexpr std::int64_t edge_block = 65536;       // first and last bytes, read before what lies between
+constexpr std::int64_t largest_block = 65536;    // two of these stay in a core's own cache
 constexpr std::int64_t block_memory = 32 << 20;  // for the blocks of all classes of one step
 constexpr std::size_t open_file_limit = 200;     // more candidates are opened block by block
+constexpr std::size_t kept_buffers = 32;         // stay for the next block, the rest is freed
 
 class content_sorter {
   public:
@@ -78,19 +78,22 @@ class content_sorter {
         return std::min({left, largest_block, share});
     }
 
+    // A file is read into the first buffer that no sample uses: what equals a sample leaves it to the next
+    // file, what equals none has become a sample in its place. Nothing is copied.
     std::vector<member_set> split_block(const member_set& set, std::int64_t at, std::int64_t block) {
         const auto size = static_cast<std::size_t>(block);
         std::vector<member_set> parts;
-        std::vector<std::vector<std::byte>> samples;
+        std::vector<const std::byte*> samples;
         std::unordered_multimap<std::uint32_t, std::size_t> by_checksum;
+        std::size_t used = 0;
         for (const std::size_t i : set) {
-            const std::byte* bytes = block_of(i, at, size);
+            const std::byte* bytes = block_of(i, at, size, used);
             if (bytes == nullptr) {
                 readers_[i].reset();
                 continue;
             }
             // The first sample alone decides most blocks; sums are taken only once there is a second one.
-            if (!samples.empty() && std::memcmp(samples[0].data(), bytes, size) == 0) {
+            if (!samples.empty() && std::memcmp(samples[0], bytes, size) == 0) {
                 parts[0].push_back(i);
                 continue;
             }
@@ -98,21 +101,23 @@ class content_sorter {
             bool found = false;
             const auto range = by_checksum.equal_range(sum);
             for (auto match = range.first; match != range.second && !found; ++match) {
-                if (match->second == 0 || std::memcmp(samples[match->second].data(), bytes, size) != 0)
-                    continue;
+                if (match->second == 0 || std::memcmp(samples[match->second], bytes, size) != 0) continue;
                 parts[match->second].push_back(i);
                 found = true;
             }
             if (found) continue;
             if (!samples.empty()) by_checksum.emplace(sum, samples.size());
-            samples.emplace_back(bytes, bytes + size);
+            samples.push_back(bytes);
             parts.push_back({i});
+            if (used < buffers_.size() && buffers_[used].bytes.get() == bytes) ++used;
         }
+        if (buffers_.size() > kept_buffers) buffers_.resize(kept_buffers);
         return parts;
     }
 
-    // Null when the block cannot be read whole, or the file goes on behind its length.
-    const std::byte* block_of(std::size_t i, std::int64_t at, std::size_t size) {
+    // What the candidate holds already, or the block read into the buffer of this number. Null when the block
+    // cannot be read whole, or the file goes on behind its length.
+    const std::byte* block_of(std::size_t i, std::int64_t at, std::size_t size, std::size_t number) {
         const content_candidate& candidate = candidates_[i];
         if (static_cast<std::size_t>(at) + size <= candidate.head.size()) return candidate.head.data() + at;
         if (before_read_ && last_read_ != i) before_read_(candidate.path);
@@ -124,11 +129,23 @@ class content_sorter {
         }
         // One byte more at the end: a file that has grown is not the one that was listed.
         const bool last = at + static_cast<std::int64_t>(size) == length_;
-        buffer_.resize(std::max<std::size_t>(buffer_.size(), size + 1));
-        const std::int64_t count = readers_[i]->read_at(at, std::span(buffer_.data(), size + (last ? 1 : 0)));
+        const std::span<std::byte> buffer = buffer_of(number, size + 1).first(size + (last ? 1 : 0));
+        const std::int64_t count = readers_[i]->read_at(at, buffer);
         if (candidates_.size() > open_file_limit) readers_[i].reset();
-        return count == static_cast<std::int64_t>(size) ? buffer_.data() : nullptr;
+        return count == static_cast<std::int64_t>(size) ? buffer.data() : nullptr;
     }
+
+    std::span<std::byte> buffer_of(std::size_t number, std::size_t size) {
+        if (number == buffers_.size()) buffers_.emplace_back();
+        block_buffer& buffer = buffers_[number];
+        if (buffer.size < size) buffer = {std::make_unique_for_overwrite<std::byte[]>(size), size};
+        return {buffer.bytes.get(), size};
+    }
+
+    struct block_buffer {
+        std::unique_ptr<std::byte[]> bytes;
+        std::size_t size = 0;
+    };
 
     file_system& files_;
     std::span<const content_candidate> candidates_;
@@ -138,7 +155,7 @@ class content_sorter {
     std::size_t last_read_ = static_cast<std::size_t>(-1);
     std::vector<std::unique_ptr<file_reader>> readers_;
     std::vector<std::int32_t> classes_;
-    std::vector<std::byte> buffer_;
+    std::vector<block_buffer> buffers_;
     std::int32_t next_class_ = 0;
 };
 
