@@ -4,6 +4,7 @@ import argparse
 import collections
 import json
 import os
+import re
 import shutil
 import signal
 import subprocess
@@ -13,7 +14,7 @@ import threading
 import time
 
 SETS = ("W1", "W2", "W3", "W4", "W5")
-PEERS = ("jdupes", "fdupes", "rdfind", "rmlint", "duff")
+PEERS = ("jdupes", "fdupes", "rdfind", "rmlint", "rmlint-pp", "duff", "hardlink")
 BOUND = "bound"
 GNU_TIME = "/usr/bin/time"
 
@@ -35,12 +36,15 @@ def command_of(tool, options, directory, place):
     if tool == "rdfind":
         answer = os.path.join(place, "rdfind.txt")
         return ["rdfind", "-dryrun", "true", "-ignoreempty", "false", "-outputname", answer, directory], answer
-    if tool == "rmlint":
+    if tool in ("rmlint", "rmlint-pp"):
         # Only ever an ordinary file: it removes what is at this path first.
         answer = os.path.join(place, "rmlint.json")
-        return ["rmlint", "-T", "df", "--size", "0", "-o", "json:" + answer, directory], answer
+        exact = ["-pp"] if tool == "rmlint-pp" else []
+        return ["rmlint", "-T", "df", "--size", "0", *exact, "-o", "json:" + answer, directory], answer
     if tool == "duff":
         return ["duff", "-r", "-f", "=", directory], None
+    if tool == "hardlink":
+        return ["hardlink", "-n", "-v", "-c", "-s", "0", directory], None
     raise ValueError(tool)
 
 
@@ -112,13 +116,25 @@ def groups_of_rmlint(path):
     return list(groups.values())
 
 
+def groups_of_links(path):
+    """Groups of what hardlink would link: the one it keeps, and each that it would make a link of it."""
+    groups = collections.defaultdict(list)
+    for line in lines_of(path):
+        found = re.fullmatch(r"\[DryRun\] Linking (/.*) to (/.*) \(-.*\)", line)
+        if found:
+            groups[found[1]].append(found[2])
+    return [[kept, *others] for kept, others in groups.items()]
+
+
 def read_groups(tool, path):
     if tool == "corvane":
         return groups_of_pairs(path)
     if tool == "rdfind":
         return groups_of_rdfind(path)
-    if tool == "rmlint":
+    if tool in ("rmlint", "rmlint-pp"):
         return groups_of_rmlint(path)
+    if tool == "hardlink":
+        return groups_of_links(path)
     return groups_in_blocks(path, lambda line: line == ("=" if tool == "duff" else ""))
 
 
@@ -201,6 +217,17 @@ def make_set(options, set_name):
     return directory
 
 
+def count_files(directory):
+    return sum(len(names) for _, _, names in os.walk(directory))
+
+
+def forget_all():
+    """Has the system forget what it holds of the disk; wants root."""
+    os.sync()
+    with open("/proc/sys/vm/drop_caches", "w", encoding="ascii") as file:
+        file.write("3\n")
+
+
 def read_all(directory):
     """Brings all files into the memory of the system and returns their number."""
     count = 0
@@ -217,7 +244,7 @@ def read_all(directory):
 
 def is_there(tool, options):
     own = {"corvane": options.program, BOUND: options.bound}.get(tool)
-    return os.access(own, os.X_OK) if own else shutil.which(tool) is not None
+    return os.access(own, os.X_OK) if own else shutil.which(tool.removesuffix("-pp")) is not None
 
 
 def median_of(results):
@@ -227,17 +254,17 @@ def median_of(results):
     return ordered[(len(ordered) - 1) // 2] if ordered else None
 
 
-def print_table(set_name, count, results):
-    print(f"\n{set_name}: {count:,} files")
-    print(f"{'':8} {'wall s':>9} {'user s':>9} {'system s':>9} {'peak MiB':>9} {'bytes/file':>10} "
+def print_table(set_name, warmth, count, results):
+    print(f"\n{set_name}: {count:,} files, {warmth}")
+    print(f"{'':9} {'wall s':>9} {'user s':>9} {'system s':>9} {'peak MiB':>9} {'bytes/file':>10} "
           f"{'/bound':>8} {'/jdupes':>8}  answer")
     for tool, result in results.items():
         if result is None:
-            print(f"{tool:8} is not there")
+            print(f"{tool:9} is not there")
             continue
         ratio = " ".join(f"{result.wall / results[other].wall:8.3f}" if results.get(other) else f"{'':8}"
                          for other in (BOUND, "jdupes"))
-        print(f"{tool:8} {result.wall:9.3f} {result.user:9.3f} {result.system:9.3f} "
+        print(f"{tool:9} {result.wall:9.3f} {result.user:9.3f} {result.system:9.3f} "
               f"{result.memory / (1 << 20):9.1f} {result.memory / count:10.0f} {ratio}  {result.verdict}")
     sys.stdout.flush()
 
@@ -245,17 +272,18 @@ def print_table(set_name, count, results):
 def measure(options, set_name, tools):
     directory = make_set(options, set_name)
     truth = true_groups(directory)
-    count = read_all(directory)
+    count = count_files(directory) if options.cold else read_all(directory)
     runs = {tool: [] for tool in tools}
     for _ in range(options.runs):
         for tool in tools:
             if is_there(tool, options):
+                if options.cold:
+                    forget_all()
                 runs[tool].append(run_once(tool, options, directory, truth))
     results = {tool: median_of(each) for tool, each in runs.items()}
-    print_table(os.path.basename(directory), count, results)
-    # A peer may be missing, the program may not.
-    return results["corvane"] is not None and all(
-        result is None or result.verdict == "right" for result in results.values())
+    print_table(os.path.basename(directory), "cold" if options.cold else "warm", count, results)
+    # A peer may be missing or answer something else, the program may not.
+    return results["corvane"] is not None and results["corvane"].verdict == "right"
 
 
 def main():
@@ -268,6 +296,7 @@ def main():
     parser.add_argument("--bound", default=None, help="default: bound beside make_sets")
     parser.add_argument("--peers", default="jdupes", help="names with commas, all or none; default jdupes")
     parser.add_argument("--runs", type=int, default=1, help="takes the median of so many runs")
+    parser.add_argument("--cold", action="store_true", help="nothing is in memory before each run; wants root")
     parser.add_argument("--timeout", type=float, default=1800, help="seconds for one run of one tool")
     options = parser.parse_args()
 
