@@ -23,6 +23,7 @@ class held_reader : public file_reader {
         return static_cast<std::int64_t>(count);
     }
     void will_read(std::int64_t) override {}
+    void fetch(std::int64_t, std::int64_t) override {}
 
   private:
     text content_;

@@ -16,7 +16,10 @@ constexpr std::int64_t edge_block = 65536;       // first and last bytes, read b
 constexpr std::int64_t largest_block = 65536;    // two of these stay in a core's own cache
 constexpr std::int64_t block_memory = 32 << 20;  // for the blocks of all classes of one step
 constexpr std::size_t open_file_limit = 200;     // more candidates are opened block by block
-constexpr std::size_t kept_buffers = 32;         // stay for the next block, the rest is freed
+// How much of the files is asked for ahead. It grows, for what has been equal so far mostly stays so.
+constexpr std::int64_t first_fetch = 512 * std::int64_t{1024};
+constexpr std::int64_t largest_fetch = 16 << 20;  // of all members of a set together
+constexpr std::size_t kept_buffers = 32;          // stay for the next block, the rest is freed
 
 class content_sorter {
   public:
@@ -49,14 +52,22 @@ class content_sorter {
   private:
     using member_set = std::vector<std::size_t>;
 
+    // Members that agree up to `at`, and how far the disk has been asked for their bytes.
+    struct stretch {
+        member_set members;
+        std::int64_t at;
+        std::int64_t fetched;
+        std::int64_t window;
+    };
+
     // The members by equal bytes in the range from to end; what cannot be read drops out. A set of one is
     // read only where that shows whether the file is still there, at the end of the road.
     std::vector<member_set> split(const member_set& members, std::int64_t from, std::int64_t end) {
         std::vector<member_set> done;
-        std::vector<std::pair<member_set, std::int64_t>> open;
-        open.emplace_back(members, from);
+        std::vector<stretch> open;
+        open.push_back({members, from, from, first_fetch});
         while (!open.empty()) {
-            auto [set, at] = std::move(open.back());
+            auto [set, at, fetched, window] = std::move(open.back());
             open.pop_back();
             if (at >= end || set.size() < 2) {
                 for (const std::size_t i : set)
@@ -65,11 +76,37 @@ class content_sorter {
                 continue;
             }
             if (!keep_going_()) continue;
+            // The next window is fetched while the rest of the one before is compared.
+            while (fetched < end && at >= fetched - window / 4) {
+                const std::int64_t next = std::min(window, end - fetched);
+                fetch(set, fetched, next);
+                fetched += next;
+                window = std::min(window * 2, largest_fetch / static_cast<std::int64_t>(set.size()));
+                window = std::max(window, largest_block);
+            }
             const std::int64_t block = block_size(set.size(), end - at);
             for (member_set& part : split_block(set, at, block))
-                open.emplace_back(std::move(part), at + block);
+                open.push_back({std::move(part), at + block, fetched, window});
         }
         return done;
+    }
+
+    // All members at once: the disk answers them side by side.
+    void fetch(const member_set& set, std::int64_t at, std::int64_t length) {
+        if (candidates_.size() > open_file_limit) return;
+        for (const std::size_t i : set)
+            if (static_cast<std::size_t>(at + length) > candidates_[i].head.size() && opened(i, at))
+                readers_[i]->fetch(at, length);
+    }
+
+    bool opened(std::size_t i, std::int64_t at) {
+        if (readers_[i]) return true;
+        if (before_read_ && last_read_ != i) before_read_(candidates_[i].path);
+        last_read_ = i;
+        readers_[i] = files_.open_file(candidates_[i].path).object;
+        if (!readers_[i]) return false;
+        readers_[i]->will_read(at);
+        return true;
     }
 
     std::int64_t block_size(std::size_t members, std::int64_t left) const {
@@ -122,11 +159,7 @@ class content_sorter {
         if (static_cast<std::size_t>(at) + size <= candidate.head.size()) return candidate.head.data() + at;
         if (before_read_ && last_read_ != i) before_read_(candidate.path);
         last_read_ = i;
-        if (!readers_[i]) {
-            readers_[i] = files_.open_file(candidate.path).object;
-            if (!readers_[i]) return nullptr;
-            readers_[i]->will_read(at);
-        }
+        if (!opened(i, at)) return nullptr;
         // One byte more at the end: a file that has grown is not the one that was listed.
         const bool last = at + static_cast<std::int64_t>(size) == length_;
         const std::span<std::byte> buffer = buffer_of(number, size + 1).first(size + (last ? 1 : 0));

@@ -108,6 +108,8 @@ class file_reader {
     virtual std::int64_t read_at(std::int64_t offset, std::span<std::byte> buffer) = 0;
     // Tells the system that the file will be read from `offset` on, front to back.
     virtual void will_read(std::int64_t offset) = 0;
+    // Has the system begin to fetch `length` bytes at `offset`, without waiting for them.
+    virtual void fetch(std::int64_t offset, std::int64_t length) = 0;
 };
 
 // One of many starts that are read at once.

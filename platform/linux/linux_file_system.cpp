@@ -58,7 +58,7 @@ linux_file_system::linux_file_system()
     : trash_directory_(user_trash()),
       recycle_name_(".Trash-" + std::to_string(getuid())),
       facts_pace_(request_pool::processors(), 150e-6),
-      starts_pace_(request_pool::processors(), 300e-6),
+      starts_pace_(request_pool::processors(), 40e-6),
       directories_pace_(request_pool::processors(), 1e-3) {}
 
 file_facts linux_file_system::facts(std::string_view path) {

@@ -40,6 +40,10 @@ class linux_reader : public file_reader {
         posix_fadvise(file_.number(), offset, 0, POSIX_FADV_SEQUENTIAL);
     }
 
+    void fetch(std::int64_t offset, std::int64_t length) override {
+        posix_fadvise(file_.number(), offset, length, POSIX_FADV_WILLNEED);
+    }
+
   private:
     descriptor file_;
 };

@@ -75,6 +75,8 @@ std::size_t request_pool::run(std::size_t count, std::size_t chunk, unsigned mos
                               const work& carry_out) {
     using clock = std::chrono::steady_clock;
     const clock::time_point start = clock::now();
+    // Several rows a thread, so that none waits long for the last one.
+    chunk = std::clamp<std::size_t>(count / (std::size_t{4} * pace.threads(most)), 1, chunk);
     batch asked{count, chunk, carry_out, time_limit(longest), {}, count};
     const std::size_t chunks = (count + chunk - 1) / chunk;
     const unsigned threads = std::min<unsigned>(

@@ -38,7 +38,7 @@ class request_pace {
     // `threads` have answered `answered` questions in `seconds`.
     void note(unsigned threads, std::size_t answered, double seconds);
 
-    static constexpr unsigned most_threads = 16;
+    static constexpr unsigned most_threads = 32;
 
   private:
     void settle();
@@ -63,9 +63,9 @@ class request_pool {
     request_pool(const request_pool&) = delete;
     request_pool& operator=(const request_pool&) = delete;
 
-    // Questions 0 to count - 1, `chunk` in a row to one thread, on at most `most` threads, the caller's
-    // included. Returns how many were answered from the first on, at least one; all threads are at rest then,
-    // also when what a thread threw is thrown on.
+    // Questions 0 to count - 1, at most `chunk` in a row to one thread, on at most `most` threads, the
+    // caller's included. Returns how many were answered from the first on, at least one; all threads are at
+    // rest then, also when what a thread threw is thrown on.
     std::size_t run(std::size_t count, std::size_t chunk, unsigned most, request_pace& pace,
                     const work& carry_out);
 

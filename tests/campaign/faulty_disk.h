@@ -106,6 +106,7 @@ class faulty_disk : public file_system {
             return disk_.fails() ? -1 : inner_->read_at(offset, buffer);
         }
         void will_read(std::int64_t offset) override { inner_->will_read(offset); }
+        void fetch(std::int64_t offset, std::int64_t length) override { inner_->fetch(offset, length); }
 
       private:
         faulty_disk& disk_;

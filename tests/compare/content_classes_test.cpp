@@ -106,5 +106,80 @@ TEST(ContentClasses, GivesUpWhenAskedTo) {
     EXPECT_EQ(classes, (std::vector<std::int32_t>{unreadable_content, unreadable_content}));
 }
 
+// Equal files that cost no memory, and what was asked of them in its order.
+struct fetch_case {
+    fetch_case(int count, std::int64_t length) {
+        for (int i = 0; i < count; ++i) {
+            paths.push_back("/f" + std::to_string(i));
+            files.add_file(paths.back(), "end").hole = length - 3;
+        }
+        std::vector<content_candidate> candidates;
+        for (const std::string& path : paths) candidates.push_back({path, {}});
+        files.read_events = &events;
+        const std::vector<std::int32_t> classes = classify_contents(files, candidates, length, always);
+        for (const std::int32_t each : classes) EXPECT_EQ(each, classes.front());
+    }
+
+    std::vector<std::string> paths;
+    memory_file_system files;
+    std::vector<read_event> events;
+};
+
+TEST(ContentClasses, AllFilesAreFetchedBeforeTheFirstIsRead) {
+    const fetch_case c(3, 1'000'000);
+    ASSERT_GT(c.events.size(), 4u);
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_TRUE(c.events[i].is_fetch);
+        EXPECT_EQ(c.events[i].path, c.paths[i]);
+    }
+    EXPECT_FALSE(c.events[3].is_fetch);
+}
+
+TEST(ContentClasses, EachByteIsFetchedOnceAndBeforeItIsRead) {
+    const std::int64_t length = 50'000'000;
+    const fetch_case c(2, length);
+    std::map<std::string, std::map<std::int64_t, std::int64_t>> fetched;  // end by start
+    for (const read_event& each : c.events) {
+        auto& known = fetched[each.path];
+        if (each.is_fetch) {
+            const auto next = known.lower_bound(each.from);
+            EXPECT_TRUE(next == known.end() || each.end <= next->first);
+            EXPECT_TRUE(next == known.begin() || std::prev(next)->second <= each.from);
+            known.emplace(each.from, each.end);
+        } else {
+            // Stretches that touch count as one.
+            std::int64_t at = each.from;
+            for (auto part = known.upper_bound(at); part != known.begin() && at < each.end;) {
+                part = std::prev(part);
+                ASSERT_LT(at, part->second) << each.path << " read at " << at;
+                at = part->second;
+                part = known.upper_bound(at);
+            }
+            EXPECT_GE(at, each.end) << each.path;
+        }
+    }
+    for (const auto& [path, known] : fetched) {
+        std::int64_t sum = 0;
+        for (const auto& [from, end] : known) sum += end - from;
+        EXPECT_EQ(sum, length) << path;
+    }
+}
+
+TEST(ContentClasses, WhatIsFetchedAheadIsBoundedForAllFilesTogether) {
+    const fetch_case c(10, 60'000'000);
+    std::int64_t ahead = 0, most = 0;
+    for (const read_event& each : c.events) {
+        ahead += (each.is_fetch ? 1 : -1) * (each.end - each.from);
+        most = std::max(most, ahead);
+    }
+    EXPECT_GT(most, 1 << 20);
+    EXPECT_LE(most, 20 << 20) << "a window of 16 MiB, and a quarter of it when the next one is asked for";
+}
+
+TEST(ContentClasses, NothingIsFetchedOfMoreFilesThanMayBeOpen) {
+    const fetch_case c(300, 100'000);
+    for (const read_event& each : c.events) EXPECT_FALSE(each.is_fetch);
+}
+
 }  // namespace
 }  // namespace corvane

@@ -34,11 +34,17 @@ class memory_reader : public file_reader {
             done += part;
         }
         files_.bytes_read[path_] += static_cast<std::int64_t>(count);
+        note(false, offset, static_cast<std::int64_t>(count));
         return static_cast<std::int64_t>(count);
     }
     void will_read(std::int64_t) override {}
+    void fetch(std::int64_t offset, std::int64_t length) override { note(true, offset, length); }
 
   private:
+    void note(bool is_fetch, std::int64_t offset, std::int64_t length) {
+        if (files_.read_events) files_.read_events->push_back({path_, is_fetch, offset, offset + length});
+    }
+
     memory_file_system& files_;
     std::string path_;
 };

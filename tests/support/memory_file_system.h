@@ -35,6 +35,14 @@ struct memory_file {
     std::int64_t read_failure = -1;   // when not -1, a read that reaches this offset fails
 };
 
+// A part of a file that was read or asked for ahead.
+struct read_event {
+    std::string path;
+    bool is_fetch;
+    std::int64_t from;
+    std::int64_t end;
+};
+
 class memory_file_system : public file_system {
   public:
     explicit memory_file_system(char separator = '/') : separator_(separator) {}
@@ -51,7 +59,8 @@ class memory_file_system : public file_system {
     std::int64_t attribute_questions = 0;  // how often attributes() was asked
     int open_now = 0;                      // readers that have not been closed
     std::map<std::string, std::int64_t> bytes_read;
-    std::vector<std::string> removed;  // by remove_file, in order
+    std::vector<read_event>* read_events = nullptr;  // takes what open files are asked for
+    std::vector<std::string> removed;                // by remove_file, in order
     std::set<std::string> recycle_directories;
     std::map<std::string, std::uint32_t> modes;         // permissions, by path
     std::function<void(const std::string&)> on_commit;  // right after a file has come to its place
