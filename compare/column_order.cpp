@@ -131,9 +131,6 @@ std::vector<std::int32_t> sort_group(file_columns& files, std::int32_t first, st
     return places;
 }
 
-namespace {
-
-// The order of the names as the ranks tell it; empty where there are none.
 std::vector<std::int32_t> places_by_rank(const file_columns& files) {
     if (files.file_rank.size() != files.file_count) return {};
     std::vector<std::int32_t> places(static_cast<std::size_t>(files.file_count));
@@ -141,6 +138,8 @@ std::vector<std::int32_t> places_by_rank(const file_columns& files) {
         places[static_cast<std::size_t>(files.file_rank[i] - 1)] = i - 1;
     return places;
 }
+
+namespace {
 
 // The ranks are those of the entries with all their fields: the texts of an archive's members are cut since.
 // Of a path that is listed twice they do not tell the order either.

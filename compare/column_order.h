@@ -18,6 +18,10 @@ void sort_by_length_and_name(file_columns& files);
 // places, on purpose. Returns for each new place, counted from 0, the old one.
 std::vector<std::int32_t> sort_group(file_columns& files, std::int32_t first, std::int32_t last);
 
+// The files by name as file_rank tells it, counted from 0; empty where there are no ranks. The fields of
+// archive members count for the rank though they are cut off, so that a name may be followed by a lesser one.
+std::vector<std::int32_t> places_by_rank(const file_columns& files);
+
 // Orders file_list, file_len, both dates and both signatures by name alone, by file_rank where that still
 // holds. Gives file_rank up.
 void sort_by_name(file_columns& files);

@@ -25,12 +25,13 @@ class content_sorter {
   public:
     content_sorter(file_system& files, std::span<const content_candidate> candidates, std::int64_t length,
                    const std::function<bool()>& keep_going,
-                   const std::function<void(std::string_view)>& before_read)
+                   const std::function<void(std::string_view)>& before_read, bool fetches)
         : files_(files),
           candidates_(candidates),
           length_(length),
           keep_going_(keep_going),
           before_read_(before_read),
+          fetches_(fetches && candidates.size() <= open_file_limit),
           readers_(candidates.size()),
           classes_(candidates.size(), unreadable_content) {}
 
@@ -93,7 +94,7 @@ class content_sorter {
 
     // All members at once: the disk answers them side by side.
     void fetch(const member_set& set, std::int64_t at, std::int64_t length) {
-        if (candidates_.size() > open_file_limit) return;
+        if (!fetches_) return;
         for (const std::size_t i : set)
             if (static_cast<std::size_t>(at + length) > candidates_[i].head.size() && opened(i, at))
                 readers_[i]->fetch(at, length);
@@ -185,6 +186,7 @@ class content_sorter {
     std::int64_t length_;
     const std::function<bool()>& keep_going_;
     const std::function<void(std::string_view)>& before_read_;
+    const bool fetches_;
     std::size_t last_read_ = static_cast<std::size_t>(-1);
     std::vector<std::unique_ptr<file_reader>> readers_;
     std::vector<std::int32_t> classes_;
@@ -196,8 +198,9 @@ class content_sorter {
 
 std::vector<std::int32_t> classify_contents(file_system& files, std::span<const content_candidate> candidates,
                                             std::int64_t length, const std::function<bool()>& keep_going,
-                                            const std::function<void(std::string_view)>& before_read) {
-    return content_sorter(files, candidates, length, keep_going, before_read).run();
+                                            const std::function<void(std::string_view)>& before_read,
+                                            bool fetches) {
+    return content_sorter(files, candidates, length, keep_going, before_read, fetches).run();
 }
 
 }  // namespace corvane

@@ -27,6 +27,7 @@ constexpr std::int32_t unreadable_content = -1;
 // it is opened or read on after another one. `length` is above 0.
 std::vector<std::int32_t> classify_contents(file_system& files, std::span<const content_candidate> candidates,
                                             std::int64_t length, const std::function<bool()>& keep_going,
-                                            const std::function<void(std::string_view)>& before_read = {});
+                                            const std::function<void(std::string_view)>& before_read = {},
+                                            bool fetches = true);
 
 }  // namespace corvane

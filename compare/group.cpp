@@ -71,49 +71,94 @@ bool file_group::has_signature(std::int32_t j) const {
     return !archive_flag_ || last_length_ <= signature_block || is_archive_member(files_.file_list[j]);
 }
 
-// What can be read ahead is the signatures of this group and, in a list of plain files, what the groups
-// behind it cannot do without: the starts of three files or more, and both files of a short pair.
-read_ahead::start file_group::start_of(std::int32_t j) {
+// What can be read ahead is `next`, files of this group, and, in a list of plain files, what the groups
+// behind it cannot do without. An empty `next` stands for the signatures of this group.
+read_ahead::start file_group::start_of(std::int32_t j, bool reads_signatures,
+                                       std::span<const std::int32_t> next) {
     const bool ahead = may_read_ahead();
+    const std::string_view path = files_.file_list[j];
     if (!ahead) ahead_.drop();
-    if (!ahead_.holds(j)) {
+    if (!ahead_.holds(path)) {
         planned_.clear();
+        planned_bytes_ = 0;
         plan(j);
         if (ahead) {
-            plan_group(j + 1, end_);
+            for (std::size_t n = 0; n < next.size() && !plan_is_full(); ++n) plan(next[n]);
+            if (reads_signatures)
+                plan_signatures(j + 1, end_);
+            else if (signature_mode_)
+                plan_comparisons((next.empty() ? j : next.back()) + 1, end_, true);
             if (!members_listed_) plan_later_groups();
         }
         ahead_.read(disk_, planned_);
     }
-    return ahead_.take(j);
+    return ahead_.take(path);
 }
 
 void file_group::plan(std::int32_t j) {
     const std::int64_t length = files_.file_len[j];
-    planned_.push_back({j, files_.file_list[j], static_cast<std::size_t>(std::min(length, signature_block)),
+    planned_.push_back({files_.file_list[j], static_cast<std::size_t>(std::min(length, signature_block)),
                         length <= signature_block});
+    planned_bytes_ += planned_.back().length + 1;
 }
 
-void file_group::plan_group(std::int32_t first, std::int32_t last) {
+void file_group::plan_signatures(std::int32_t first, std::int32_t last) {
     for (std::int32_t j = first; j <= last && !plan_is_full(); ++j)
-        if (!signature_mode_ || (files_.file_crc[j] == 0 && !is_archive_member(files_.file_list[j]))) plan(j);
+        if (files_.file_crc[j] == 0 && !is_archive_member(files_.file_list[j])) plan(j);
 }
 
 void file_group::plan_later_groups() {
-    std::int32_t first = end_ + 1;
-    while (first < files_.file_count && !plan_is_full()) {
+    constexpr std::int32_t most_looked_at = 16 * static_cast<std::int32_t>(read_ahead::most_files);
+    const auto last = static_cast<std::int32_t>(
+        std::min<std::int64_t>(files_.file_count, std::int64_t{end_} + most_looked_at));
+    for (std::int32_t first = end_ + 1; first < last && !plan_is_full();) {
         const std::int64_t length = files_.file_len[first];
-        std::int32_t next = first + 1;
         // To where the next length begins, or as far as it matters.
-        const auto limit = static_cast<std::int32_t>(
-            std::min<std::int64_t>(files_.file_count, std::int64_t{first} + read_ahead::most_files));
-        while (next <= limit && files_.file_len[next] == length) ++next;
-        const std::int32_t count = next - first;
-        const bool reads_pair = count == 2 && length <= signature_block && !same_suffix_only_ &&
-                                files_.file_ok[first] && files_.file_ok[first + 1];
-        for (std::int32_t j = first; j < next && length > 0 && !plan_is_full(); ++j)
-            if (reads_pair || (count > 2 && files_.file_crc[j] == 0)) plan(j);
+        std::int32_t next = first + 1;
+        while (next <= last && files_.file_len[next] == length) ++next;
+        if (length > 0 && next - first > 1 && !plan_later_group(first, next - 1)) return;
         first = next;
+    }
+}
+
+// The starts of three files or more, both files of a short pair; where all signatures are known, the short
+// files whose contents have to be compared. False when it does not fit.
+bool file_group::plan_later_group(std::int32_t first, std::int32_t last) {
+    const bool is_short = files_.file_len[first] <= signature_block;
+    if (last - first == 1) {
+        if (!is_short || same_suffix_only_ || !files_.file_ok[first] || !files_.file_ok[last]) return true;
+        plan(first);
+        plan(last);
+        return true;
+    }
+    const std::size_t before = planned_.size();
+    plan_signatures(first, last);
+    if (planned_.size() != before || !is_short || same_suffix_only_) return true;
+    plan_comparisons(first, last, false);
+    if (!plan_is_full() || before == 0) return true;
+    // Its order is not known before it is opened: what is asked for first might be what did not fit.
+    planned_.resize(before);
+    return false;
+}
+
+// Files of one length with known signatures. Ordered: those of one signature stand together.
+void file_group::plan_comparisons(std::int32_t first, std::int32_t last, bool ordered) {
+    if (first > last || files_.file_len[first] > signature_block ||
+        files_.file_len[first] <= direct_signature_length)
+        return;
+    signed_.clear();
+    for (std::int32_t j = first; j <= last && signed_.size() < 2 * read_ahead::most_files; ++j)
+        if (files_.file_ok[j] && !files_.file_matched[j]) signed_.emplace_back(files_.file_crc[j], j);
+    if (!ordered) std::sort(signed_.begin(), signed_.end());
+    for (std::size_t at = 0; at < signed_.size() && !plan_is_full();) {
+        const auto [signature, centre] = signed_[at];
+        bool centre_is_planned = false;
+        for (++at; at < signed_.size() && signed_[at].first == signature; ++at) {
+            if (plan_is_full() || accepted_unread(centre, signed_[at].second)) continue;
+            if (!centre_is_planned) plan(centre);
+            centre_is_planned = true;
+            plan(signed_[at].second);
+        }
     }
 }
 
@@ -121,7 +166,7 @@ void file_group::read_signature(std::int32_t j) {
     if (last_length_ < 0 || is_archive_member(files_.file_list[j])) return mark_bad(j);
     if (last_length_ > signature_block && archive_flag_) return whole_file_signature(j);
     const auto wanted = static_cast<std::size_t>(std::min(last_length_, signature_block));
-    const read_ahead::start start = start_of(j);
+    const read_ahead::start start = start_of(j, true, {});
     // A file that has grown is not the one that was listed.
     if (start.count != static_cast<std::int64_t>(wanted)) return mark_bad(j);
     const std::span<const std::byte> bytes = start.bytes;
@@ -206,7 +251,7 @@ sameness file_group::same(std::int32_t i, std::int32_t j) {
 
 // Same name, same time, same length and same checksum of the whole file: accepted without a byte comparison.
 bool file_group::accepted_unread(std::int32_t i, std::int32_t j) const {
-    if (last_length_ >= signature_block || files_.file_date_hi[i] != files_.file_date_hi[j] ||
+    if (files_.file_len[i] >= signature_block || files_.file_date_hi[i] != files_.file_date_hi[j] ||
         files_.file_date_lo[i] != files_.file_date_lo[j])
         return false;
     const char separator = disk_.separator();
@@ -219,30 +264,33 @@ bool file_group::accepted_unread(std::int32_t i, std::int32_t j) const {
     return upper_case(name_a.substr(cut_a + 1)) == upper_case(name_b.substr(cut_b + 1));
 }
 
-// A pair without signatures, short enough to be held: what cannot be read whole is left to the comparison.
-void file_group::hold_pair(std::int32_t i, std::int32_t j) {
-    for (const std::int32_t k : {i, j}) {
-        const read_ahead::start start = start_of(k);
-        if (start.count == last_length_) contents_.hold(k - first_, start.bytes);
+// Short files that no signature pass has read; what cannot be read whole is left to the comparison.
+void file_group::hold(std::span<const std::int32_t> members) {
+    while (!members.empty()) {
+        const std::int32_t j = members.front();
+        members = members.subspan(1);
+        if (!contents_.at(j - first_).empty()) continue;
+        const read_ahead::start start = start_of(j, false, members);
+        if (start.count == last_length_ && !contents_.hold(j - first_, start.bytes)) return;
+        if (!events_.keep_going()) return;
     }
 }
 
 // The first question of i classifies i with every file that it may still be asked about, in one reading.
 bool file_group::equal_contents(std::int32_t i, std::int32_t j) {
     if (content_class_[place(i)] == 0 || content_class_[place(j)] == 0) {
-        if (!signature_mode_ && end_ == first_ + 1 && last_length_ <= signature_block && may_read_ahead())
-            hold_pair(i, j);
         std::vector<std::int32_t> members{i};
         // Nothing before j can be asked about again: it was the same as i, or it differs and has its class.
         for (std::int32_t k = j; k <= end_; k = next_candidate(i, k))
             if (k == j || !signature_mode_ || !accepted_unread(i, k)) members.push_back(k);
+        if (last_length_ <= signature_block && may_read_ahead()) hold(members);
         std::vector<content_candidate> candidates;
         candidates.reserve(members.size());
         for (const std::int32_t k : members)
             candidates.push_back({files_.file_list[k], contents_.at(k - first_)});
         ++readings_;
-        const std::vector<std::int32_t> classes =
-            classify_contents(disk_, candidates, last_length_, events_.keep_going, events_.touches);
+        const std::vector<std::int32_t> classes = classify_contents(
+            disk_, candidates, last_length_, events_.keep_going, events_.touches, may_read_ahead());
         std::int32_t highest = 0;
         for (std::size_t m = 0; m < members.size(); ++m) {
             highest = std::max(highest, classes[m] + 1);

@@ -69,13 +69,17 @@ class file_group {
     bool compute_signatures(std::int32_t i);
     bool has_signature(std::int32_t j) const;
     void read_signature(std::int32_t j);
-    read_ahead::start start_of(std::int32_t j);
+    read_ahead::start start_of(std::int32_t j, bool reads_signatures, std::span<const std::int32_t> next);
     bool may_read_ahead() const { return !events_.one_at_a_time || !events_.one_at_a_time(); }
-    void plan_group(std::int32_t first, std::int32_t last);
+    void plan_signatures(std::int32_t first, std::int32_t last);
     void plan_later_groups();
+    bool plan_later_group(std::int32_t first, std::int32_t last);
+    void plan_comparisons(std::int32_t first, std::int32_t last, bool ordered);
     void plan(std::int32_t j);
-    bool plan_is_full() const { return planned_.size() >= read_ahead::most_files; }
-    void hold_pair(std::int32_t i, std::int32_t j);
+    bool plan_is_full() const {
+        return planned_.size() >= read_ahead::most_files || planned_bytes_ >= read_ahead::most_bytes;
+    }
+    void hold(std::span<const std::int32_t> members);
     void whole_file_signature(std::int32_t j);
     void mark_bad(std::int32_t j);
     void chain_suffixes(std::int32_t i);
@@ -98,7 +102,9 @@ class file_group {
     held_contents contents_;
     read_ahead ahead_;
     std::vector<read_ahead::wanted_start> planned_;
-    std::vector<std::int32_t> content_class_;  // by place; 0 not known yet, -1 unreadable
+    std::size_t planned_bytes_ = 0;
+    std::vector<std::pair<std::int32_t, std::int32_t>> signed_;  // of a later group: signature and file
+    std::vector<std::int32_t> content_class_;                    // by place; 0 not known yet, -1 unreadable
     std::int32_t next_class_ = 1;
     std::int32_t readings_ = 0;
     std::vector<std::int32_t> next_of_suffix_;  // by place; empty unless only equal suffixes are compared

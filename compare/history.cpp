@@ -71,10 +71,13 @@ bool ascends_strictly(const text_column& names) {
 }
 
 // Ascending by name, each name once and none blank, as the searches want it. Of several rows of a name the
-// last one stays.
-void put_in_order(history_state& history) {
+// last one stays. True when they stood like that.
+bool put_in_order(history_state& history) {
     const std::int32_t read = history.history_name.size();
-    if (ascends_strictly(history.history_name)) return cut_rows(history, read);
+    if (ascends_strictly(history.history_name)) {
+        cut_rows(history, read);
+        return true;
+    }
     std::vector<text_row> rows;
     for (std::int32_t k = 1; k <= read; ++k)
         if (!is_blank(history.history_name[k])) rows.push_back({history.history_name.entry(k), k});
@@ -90,10 +93,12 @@ void put_in_order(history_state& history) {
         history.history_crc[count] = old.history_crc[row.row];
     }
     cut_rows(history, count);
+    return false;
 }
 
+// Names come in their order, so the next one mostly stands right behind the last.
 search_result find_in_history(const history_state& history, std::string_view name, std::int32_t low) {
-    return find_text(history.history_name, name, low, history.history_count);
+    return find_text_near(history.history_name, name, low, history.history_count);
 }
 
 }  // namespace
@@ -101,6 +106,7 @@ search_result find_in_history(const history_state& history, std::string_view nam
 bool read_history(file_system& disk, history_state& history, std::int32_t most,
                   const history_reading& reading) {
     history.history_count = 0;
+    history.history_as_stored = false;
     size_columns(history, 0);
 
     line_reader reader(disk, history.history_path);
@@ -119,18 +125,27 @@ bool read_history(file_system& disk, history_state& history, std::int32_t most,
         take_row(history, k, line, delimiter);
         if (k % rows_per_status == 0 && !reading.reaches(k)) return false;
     }
-    put_in_order(history);
+    const bool is_whole = history.history_name.size() == stated && !reader.next(line);
+    history.history_as_stored = put_in_order(history) && is_whole && delimiter == '\t';
     return true;
 }
 
 void reuse_history(history_state& history, file_columns& files) {
     if (history.history_count < 1) return;
-    for (std::int32_t i = 1; i <= files.file_count; ++i) {
+    const std::vector<std::int32_t> places = places_by_rank(files);
+    std::string_view previous;
+    std::int32_t next = 1;
+    for (std::int32_t n = 1; n <= files.file_count; ++n) {
+        const std::int32_t i = places.empty() ? n : places[static_cast<std::size_t>(n) - 1] + 1;
         const std::string_view name = files.file_list[i];
         if (is_archive_member(name)) continue;
-        const std::int32_t k = find_in_history(history, name, 1).index;
-        if (k < 1) continue;
-        if (history.history_len[k] == files.file_len[i] &&
+        if (name <= previous) next = 1;
+        previous = name;
+        if (next > history.history_count) continue;
+        const search_result found = find_in_history(history, name, next);
+        const std::int32_t k = found.index;
+        next = (k > 0 ? k : found.upper_bound) + 1;
+        if (k > 0 && history.history_len[k] == files.file_len[i] &&
             history.history_date_hi[k] == files.file_date_hi[i] &&
             history.history_date_lo[k] == files.file_date_lo[i])
             files.file_crc[i] = history.history_crc[k];
@@ -204,28 +219,62 @@ void purge_history(file_system& disk, history_state& history, const std::functio
         if (path_exists(disk, std::string(history.history_name[k]))) move_row(history, k, ++kept);
         turn();
     }
+    if (kept != history.history_count) history.history_as_stored = false;
     cut_rows(history, kept);
 }
 
-bool merge_history(file_system& disk, history_state& history, file_columns& files, std::string& error) {
-    sort_by_name(files);
-    history_writer writer(disk, history, files);
+namespace {
+
+// Goes through the rows of history and files by name: `old_rows` takes a range of the first, `file_row` a
+// file and its row of the history, or 0; false ends it. A path that is listed twice has one row.
+template <class OldRows, class FileRow>
+void merge_rows(const history_state& history, const file_columns& files, OldRows old_rows, FileRow file_row) {
     std::int32_t next = 1;
-    std::string_view written;  // a path that is listed twice has one row
+    std::string_view taken;
     for (std::int32_t i = 1; i <= files.file_count; ++i) {
         const std::string_view name = files.file_list[i];
-        if (signature_to_keep(files, i) == 0 || is_archive_member(name) || is_blank(name) || name == written)
+        if (signature_to_keep(files, i) == 0 || is_archive_member(name) || is_blank(name) || name == taken)
             continue;
+        std::int32_t row = 0;
         if (next <= history.history_count) {
             const search_result found = find_in_history(history, name, next);
-            const std::int32_t last = found.index > 0 ? found.index - 1 : found.upper_bound;
-            writer.old_rows(next, last);
-            next = (found.index > 0 ? found.index : found.upper_bound) + 1;
+            row = std::max(found.index, 0);
+            old_rows(next, row > 0 ? row - 1 : found.upper_bound);
+            next = (row > 0 ? row : found.upper_bound) + 1;
         }
-        writer.file_row(i);
-        written = name;
+        if (!file_row(i, row)) return;
+        taken = name;
     }
-    writer.old_rows(next, history.history_count);
+    old_rows(next, history.history_count);
+}
+
+bool holds_already(const history_state& history, const file_columns& files) {
+    bool all = true;
+    merge_rows(
+        history, files, [](std::int32_t, std::int32_t) {},
+        [&](std::int32_t i, std::int32_t k) {
+            all = k > 0 && history.history_len[k] == files.file_len[i] &&
+                  history.history_date_hi[k] == files.file_date_hi[i] &&
+                  history.history_date_lo[k] == files.file_date_lo[i] &&
+                  history.history_crc[k] == signature_to_keep(files, i);
+            return all;
+        });
+    return all;
+}
+
+}  // namespace
+
+bool merge_history(file_system& disk, history_state& history, file_columns& files, std::string& error) {
+    sort_by_name(files);
+    if (history.history_as_stored && holds_already(history, files) && path_exists(disk, history.history_path))
+        return true;
+    history_writer writer(disk, history, files);
+    merge_rows(
+        history, files, [&](std::int32_t first, std::int32_t last) { writer.old_rows(first, last); },
+        [&](std::int32_t i, std::int32_t) {
+            writer.file_row(i);
+            return true;
+        });
     if (!writer.finish()) {
         error = writer.error();
         return false;

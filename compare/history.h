@@ -33,9 +33,9 @@ void reuse_history(history_state& history, file_columns& files);
 // Drops the rows of files that are gone. `turn` is called after each row.
 void purge_history(file_system& disk, history_state& history, const std::function<void()>& turn);
 
-// Orders the file columns by name and merges them into the stored history; history_count takes the rows
-// written. False, with the system's words in `error`, when it could not be written; the old file is then
-// whole.
+// Orders the file columns by name and merges them into the stored history; history_count takes the rows that
+// it has then. A file that holds them already is not written again. False, with the system's words in
+// `error`, when it could not be written; the old file is then whole.
 bool merge_history(file_system& disk, history_state& history, file_columns& files, std::string& error);
 
 }  // namespace corvane

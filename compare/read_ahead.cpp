@@ -4,9 +4,12 @@
 
 namespace corvane {
 
-bool read_ahead::holds(std::int32_t file) {
-    while (next_ < held_.size() && held_[next_].file < file) ++next_;
-    return next_ < held_.size() && held_[next_].file == file;
+const read_ahead::held_start* read_ahead::find(std::string_view path) {
+    for (std::size_t passed = 0; passed < held_.size(); ++passed, ++next_) {
+        if (next_ >= held_.size()) next_ = 0;
+        if (held_[next_].path == path.data()) return &held_[next_];
+    }
+    return nullptr;
 }
 
 void read_ahead::read(file_system& disk, std::span<const wanted_start> wanted) {
@@ -27,12 +30,14 @@ void read_ahead::read(file_system& disk, std::span<const wanted_start> wanted) {
     for (std::size_t i = 0; i < answered; ++i) {
         const start_request& each = requests_[i];
         const auto read = static_cast<std::size_t>(std::max<std::int64_t>(each.count, 0));
-        held_.push_back({wanted[i].file, {each.count, std::span<const std::byte>(each.buffer.first(read))}});
+        held_.push_back(
+            {wanted[i].path.data(), {each.count, std::span<const std::byte>(each.buffer.first(read))}});
     }
 }
 
-read_ahead::start read_ahead::take(std::int32_t file) {
-    return holds(file) ? held_[next_].content : start();
+read_ahead::start read_ahead::take(std::string_view path) {
+    const held_start* found = find(path);
+    return found ? found->content : start();
 }
 
 }  // namespace corvane

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "platform/file_system.h"
@@ -18,36 +19,37 @@ class read_ahead {
     static constexpr std::size_t most_bytes = std::size_t{2} << 20;
 
     struct wanted_start {
-        std::int32_t file;
-        std::string_view path;
-        std::size_t length;  // of the start
-        bool whole;          // the file is to end behind it: one byte more is asked for
+        std::string_view path;  // its text stays where it is for as long as the start is held
+        std::size_t length;     // of the start
+        bool whole;             // the file is to end behind it: one byte more is asked for
     };
     struct start {
         std::int64_t count = -1;  // bytes read, one too many for a file that has grown; -1: unreadable
         std::span<const std::byte> bytes;
     };
 
-    // Whether the start of `file` is held.
-    bool holds(std::int32_t file);
-    // Reads as many of them as fit and time allows, at least the first; they ascend by number. What was held
-    // is dropped.
+    // Files are known by where the text of their path stands: their numbers change when a group is ordered.
+    bool holds(std::string_view path) { return find(path) != nullptr; }
+    // Reads as many of them as fit and time allows, at least the first. What was held is dropped. Quickest
+    // when they are taken in the same order.
     void read(file_system& disk, std::span<const wanted_start> wanted);
-    // Of a file that is held. Valid until the next reading.
-    start take(std::int32_t file);
+    // Of a file that is held; else unreadable. Valid until the next reading.
+    start take(std::string_view path);
     // What has been read no longer counts.
     void drop() { held_.clear(); }
 
   private:
     struct held_start {
-        std::int32_t file;
+        const char* path;
         start content;
     };
+
+    const held_start* find(std::string_view path);
 
     std::vector<std::byte> bytes_;
     std::vector<start_request> requests_;
     std::vector<held_start> held_;
-    std::size_t next_ = 0;  // files are asked for in rising order
+    std::size_t next_ = 0;  // what is looked at first
 };
 
 }  // namespace corvane

@@ -18,6 +18,7 @@ struct history_state {
     column<std::int32_t> history_date_lo;
     column<std::int32_t> history_crc;
     std::int32_t history_count = 0;
+    bool history_as_stored = false;  // the columns are what the file holds, row by row
 };
 
 }  // namespace corvane

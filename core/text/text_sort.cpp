@@ -148,4 +148,14 @@ search_result find_text(const text_column& column, std::string_view key, std::in
     return {-1, high};
 }
 
+search_result find_text_near(const text_column& column, std::string_view key, std::int32_t low,
+                             std::int32_t high) {
+    std::int32_t end = low;
+    for (std::int64_t step = 1; end < high && key.compare(column[end]) > 0; step *= 2) {
+        low = end + 1;
+        end = static_cast<std::int32_t>(std::min<std::int64_t>(high, end + step));
+    }
+    return find_text(column, key, low, std::min(end, high));
+}
+
 }  // namespace corvane

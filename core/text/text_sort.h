@@ -31,4 +31,8 @@ struct search_result {
 // even.
 search_result find_text(const text_column& column, std::string_view key, std::int32_t low, std::int32_t high);
 
+// The same for a key that is expected soon behind `low`: a few comparisons where it stands there.
+search_result find_text_near(const text_column& column, std::string_view key, std::int32_t low,
+                             std::int32_t high);
+
 }  // namespace corvane

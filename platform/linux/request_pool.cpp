@@ -75,8 +75,9 @@ std::size_t request_pool::run(std::size_t count, std::size_t chunk, unsigned mos
                               const work& carry_out) {
     using clock = std::chrono::steady_clock;
     const clock::time_point start = clock::now();
-    // Several rows a thread, so that none waits long for the last one.
-    chunk = std::clamp<std::size_t>(count / (std::size_t{4} * pace.threads(most)), 1, chunk);
+    // A disk that makes threads wait gets several rows a thread, so that none waits long for the last one.
+    if (pace.threads(most) > processors())
+        chunk = std::clamp<std::size_t>(count / (std::size_t{4} * pace.threads(most)), 1, chunk);
     batch asked{count, chunk, carry_out, time_limit(longest), {}, count};
     const std::size_t chunks = (count + chunk - 1) / chunk;
     const unsigned threads = std::min<unsigned>(

@@ -190,6 +190,67 @@ TEST(Group, ReadsEachFileOnceAheadAndNothingThatItNeedNot) {
     EXPECT_EQ(c.disk.opened.count("/l"), 0u);
 }
 
+// Eight files of one length, all known from the history, in a group of its own; /s0 to /s7.
+struct known_case : group_case {
+    explicit known_case(std::vector<std::int32_t> signatures) {
+        for (const char* path : {"/a", "/b", "/c"}) add(path, "22222");
+        std::vector<std::string> paths{"/a", "/b", "/c"};
+        for (std::size_t n = 0; n < signatures.size(); ++n) {
+            paths.push_back("/s" + std::to_string(n));
+            add(paths.back(), "999999");
+        }
+        list(paths);
+        for (std::size_t n = 0; n < signatures.size(); ++n)
+            files.file_crc[static_cast<std::int32_t>(n) + 4] = signatures[n];
+    }
+    void compare_all(file_group& group) {
+        for (std::int32_t i = 1; i <= files.file_count; ++i) {
+            if (group.end() <= i) {
+                ASSERT_TRUE(group.open(i));
+            }
+            for (std::int32_t j = group.next_candidate(i, i); j <= group.end();
+                 j = group.next_candidate(i, j))
+                if (group.same(i, j) != sameness::different) files.file_matched[j] = 1;
+        }
+    }
+};
+
+TEST(Group, OfFilesWithKnownSignaturesOnlyThoseThatShareOneAreReadAndOnce) {
+    known_case c({5, 6, 7, 6, 9, 5, 1, 6});
+    file_group group = c.make();
+    ASSERT_TRUE(group.open(1));
+    for (const char* path : {"/s0", "/s1", "/s3", "/s5", "/s7"})
+        EXPECT_EQ(c.disk.opened[path], 1) << path << " ahead";
+    c.compare_all(group);
+    for (const char* path : {"/s0", "/s1", "/s3", "/s5", "/s7"}) EXPECT_EQ(c.disk.opened[path], 1) << path;
+    for (const char* path : {"/s2", "/s4", "/s6"}) EXPECT_EQ(c.disk.opened.count(path), 0u) << path;
+}
+
+TEST(Group, WhatTheHistoryMakesUnnecessaryIsNotReadAhead) {
+    group_case c;
+    for (const char* path : {"/a", "/b", "/c"}) c.add(path, "22222");
+    for (const char* path : {"/1/n", "/2/n", "/3/other"}) c.add(path, "333333");
+    c.list({"/a", "/b", "/c", "/1/n", "/2/n", "/3/other"});
+    for (const std::int32_t i : {4, 5, 6}) c.files.file_crc[i] = i == 6 ? 8 : 7;
+    file_group group = c.make();
+    ASSERT_TRUE(group.open(1));
+    ASSERT_TRUE(group.open(4));
+    EXPECT_EQ(c.disk.total_opened(), 3) << "one name, one date, one signature: accepted";
+}
+
+TEST(Group, MoreThanIsHeldAtOnceIsStillReadOnce) {
+    std::vector<std::int32_t> signatures;
+    for (std::int32_t n = 0; n < 1500; ++n) signatures.push_back(1 + n * 7919 % 500);
+    known_case c(signatures);
+    file_group group = c.make();
+    c.compare_all(group);
+    std::int64_t matched = 0;
+    for (std::int32_t i = 4; i <= c.files.file_count; ++i) matched += c.files.file_matched[i];
+    EXPECT_EQ(matched, 1000) << "three files of each signature";
+    EXPECT_LE(c.disk.total_opened(), 3 + 1500 + 3 * 2) << "but where a star does not fit into what is held";
+    EXPECT_GE(c.disk.total_opened(), 3 + 1500);
+}
+
 TEST(Group, APairThatWasReadAheadAndCannotBeReadIsDifferent) {
     group_case c;
     for (const char* path : {"/a", "/b", "/c"}) c.add(path, "22");

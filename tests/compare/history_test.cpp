@@ -97,6 +97,42 @@ TEST(HistoryFile, MergingKeepsOldRowsAndTakesNewOnesByName) {
     EXPECT_EQ(c.history.history_count, 4);
 }
 
+TEST(HistoryFile, IsNotWrittenAgainWhenItHoldsAllAlready) {
+    const std::string stored = "3           \r\n/a\t5\t1\t2\t77\r\n/b\t6\t1\t2\t88\r\n/c\t6\t1\t2\t9\r\n";
+    const auto is_written = [](const std::string& text, auto change) {
+        history_case c;
+        int commits = 0;
+        c.read(text);
+        c.add("/c", 6, 9);
+        c.add("/a", 5, 77);
+        c.disk.on_commit = [&](const std::string&) { ++commits; };
+        change(c);
+        c.merged();
+        return commits == 1;
+    };
+    EXPECT_FALSE(is_written(stored, [](history_case&) {}));
+    EXPECT_TRUE(is_written(stored, [](history_case& c) { c.add("/d", 1, 1); })) << "a new file";
+    EXPECT_TRUE(is_written(stored, [](history_case& c) { c.files.file_crc[1] = 10; })) << "another signature";
+    EXPECT_TRUE(is_written(stored, [](history_case& c) { c.files.file_len[1] = 7; })) << "another length";
+    EXPECT_TRUE(is_written(stored, [](history_case& c) { c.files.file_date_hi[2] = 9; })) << "another date";
+    EXPECT_TRUE(is_written(stored, [](history_case& c) { c.files.file_date_lo[2] = 9; })) << "another date";
+    EXPECT_TRUE(is_written(stored, [](history_case& c) { c.disk.erase("/h"); })) << "it is gone";
+    EXPECT_TRUE(is_written(stored, [](history_case& c) {
+        c.disk.add_file("/a", "x");
+        c.disk.add_file("/c", "x");
+        purge_history(c.disk, c.history, [] {});
+    })) << "/b has been dropped";
+    const auto as_it_stands = [](history_case&) {};
+    EXPECT_TRUE(is_written("3\r\n/b\t6\t1\t2\t88\r\n/a\t5\t1\t2\t77\r\n/c\t6\t1\t2\t9\r\n", as_it_stands))
+        << "out of order";
+    EXPECT_TRUE(is_written("3\r\n/a,5,1,2,77\r\n/b,6,1,2,88\r\n/c,6,1,2,9\r\n", as_it_stands))
+        << "the old form";
+    EXPECT_TRUE(is_written("9\r\n/a\t5\t1\t2\t77\r\n/b\t6\t1\t2\t88\r\n/c\t6\t1\t2\t9\r\n", as_it_stands))
+        << "cut";
+    EXPECT_TRUE(is_written("2\r\n/a\t5\t1\t2\t77\r\n/c\t6\t1\t2\t9\r\n/d\t6\t1\t2\t9\r\n", as_it_stands))
+        << "rows behind its count";
+}
+
 TEST(HistoryFile, APathThatIsListedTwiceHasOneRow) {
     history_case c;
     c.read("0\r\n");
