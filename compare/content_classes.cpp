@@ -68,36 +68,38 @@ class content_sorter {
         std::vector<stretch> open;
         open.push_back({members, from, from, first_fetch});
         while (!open.empty()) {
-            auto [set, at, fetched, window] = std::move(open.back());
+            stretch next = std::move(open.back());
             open.pop_back();
-            if (at >= end || set.size() < 2) {
+            member_set& set = next.members;
+            if (next.at >= end || set.size() < 2) {
                 for (const std::size_t i : set)
                     if (set.size() < 2) readers_[i].reset();
                 done.push_back(std::move(set));
                 continue;
             }
             if (!keep_going_()) continue;
-            // The next window is fetched while the rest of the one before is compared.
-            while (fetched < end && at >= fetched - window / 4) {
-                const std::int64_t next = std::min(window, end - fetched);
-                fetch(set, fetched, next);
-                fetched += next;
-                window = std::min(window * 2, largest_fetch / static_cast<std::int64_t>(set.size()));
-                window = std::max(window, largest_block);
-            }
-            const std::int64_t block = block_size(set.size(), end - at);
-            for (member_set& part : split_block(set, at, block))
-                open.push_back({std::move(part), at + block, fetched, window});
+            fetch_ahead(next, end);
+            const std::int64_t block = block_size(set.size(), end - next.at);
+            for (member_set& part : split_block(set, next.at, block))
+                open.push_back({std::move(part), next.at + block, next.fetched, next.window});
         }
         return done;
     }
 
-    // All members at once: the disk answers them side by side.
-    void fetch(const member_set& set, std::int64_t at, std::int64_t length) {
+    // The next window is fetched while the rest of the one before is compared; of all members at once, so
+    // that the disk answers them side by side.
+    void fetch_ahead(stretch& next, std::int64_t end) {
         if (!fetches_) return;
-        for (const std::size_t i : set)
-            if (static_cast<std::size_t>(at + length) > candidates_[i].head.size() && opened(i, at))
-                readers_[i]->fetch(at, length);
+        const auto members = static_cast<std::int64_t>(next.members.size());
+        while (next.fetched < end && next.at >= next.fetched - next.window / 4) {
+            const std::int64_t length = std::min(next.window, end - next.fetched);
+            for (const std::size_t i : next.members)
+                if (static_cast<std::size_t>(next.fetched + length) > candidates_[i].head.size() &&
+                    opened(i, next.at))
+                    readers_[i]->fetch(next.fetched, length);
+            next.fetched += length;
+            next.window = std::max(std::min(next.window * 2, largest_fetch / members), largest_block);
+        }
     }
 
     bool opened(std::size_t i, std::int64_t at) {
