@@ -125,6 +125,9 @@ class file_writer {
     virtual outcome write(std::string_view bytes) = 0;
     // Overwrites bytes already written, at `offset` from the start.
     virtual outcome write_at(std::int64_t offset, std::string_view bytes) = 0;
+    // Makes durable what has been written so far, so that commit() has not to wait for it; what fails here
+    // fails there. Another thread may call it while nobody else uses the writer.
+    virtual void settle() {}
     // Makes the file durable and puts it in its place. A writer that is destroyed without a successful
     // commit leaves the old file as it was.
     virtual outcome commit() = 0;
