@@ -176,6 +176,12 @@ class file_system {
         for (std::size_t i = 0; i < paths.size(); ++i) answers[i] = facts(paths[i]);
         return paths.size();
     }
+    // 1 where path_exists() is true, else 0. Quickest where paths of one directory stand side by side.
+    virtual std::size_t many_exist(std::span<const std::string_view> paths, std::span<std::uint8_t> answers) {
+        for (std::size_t i = 0; i < paths.size(); ++i)
+            answers[i] = attributes(std::string(paths[i])).exists ? 1 : 0;
+        return paths.size();
+    }
     virtual std::size_t read_starts(std::span<start_request> requests) {
         for (start_request& each : requests) each.count = read_start(each.path, each.buffer, each.expected);
         return requests.size();
