@@ -21,14 +21,30 @@ class cell_finder {
 
     bool is_hit(std::int32_t row, int column) {
         if (column >= list_.column_count()) return false;
-        shown_.clear();
-        append_shown_text(shown_, list_.text_cell(row, column));
-        lower_.clear();
-        append_lower_case(lower_, shown_);
+        const std::string_view text = list_.text_cell(row, column);
+        if (!lower_plain(text)) {
+            shown_.clear();
+            append_shown_text(shown_, text);
+            lower_.clear();
+            append_lower_case(lower_, shown_);
+        }
         return lower_.find(term_) != std::string::npos && list_.colour(row, column) != colour_gray;
     }
 
   private:
+    // Most texts are ASCII, which the screen shows as it is. False, and nothing done, for another one.
+    bool lower_plain(std::string_view text) {
+        lower_.resize(text.size());
+        unsigned char all = 0;
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            const auto unit = static_cast<unsigned char>(text[i]);
+            all |= unit;
+            const bool is_upper = unit >= 'A' && unit <= 'Z';
+            lower_[i] = static_cast<char>(unit | (is_upper ? 0x20 : 0));
+        }
+        return all < 0x80;
+    }
+
     const list_view& list_;
     std::string term_;
     std::string shown_;

@@ -295,5 +295,30 @@ TEST(Filter, AfterADeletionShowsTheBlankCellOfTheRow) {
     EXPECT_EQ(p.cells(4), texts{""});
 }
 
+TEST(Find, CaseIsFoldedInPlainTextsAndInOthersAlike) {
+    // The neighbours of the letters in their table are no letters, and a text may be plain in one row only.
+    list_program p;
+    p.show({{1, "/d/@AZ[`az{", "/e/1"},
+            {2, "/d/plain KEY", "/e/2"},
+            {3, "/d/ÄÖ KEY", "/e/3"},
+            {4, "/d/文件 key", "/e/4"},
+            {5, "/d/last Key", "/e/5"}});
+    const auto hits = [&](const std::string& term) {
+        p.screen.texts = {term};
+        p.form.run("search_in_result");
+        for (int more = 0; more < 6; ++more) p.form.run("again_search");
+        texts names;
+        for (std::int32_t row = 1; row <= p.list().row_count(); ++row)
+            if (p.list().colour(row, 3) == found) names.push_back(p.list().cell(row, 3).substr(3));
+        std::sort(names.begin(), names.end());
+        return names;
+    };
+    EXPECT_EQ(hits("@az["), texts{"@AZ[`az{"});
+    EXPECT_EQ(hits("`AZ{"), texts{"@AZ[`az{"});
+    EXPECT_EQ(hits("[@"), texts{});
+    EXPECT_EQ(hits("kEy"), (texts{"last Key", "plain KEY", "ÄÖ KEY", "文件 key"}));
+    EXPECT_EQ(hits("äö"), texts{"ÄÖ KEY"});
+}
+
 }  // namespace
 }  // namespace corvane
