@@ -59,7 +59,7 @@ bool write_paths(Tavrel& form, const std::string& path) {
         form.yield();
         if (state.quit_requested || state.cancel_task) return false;
     }
-    if (writer.finish()) return true;
+    if (finish_file(form, writer)) return true;
     report_write_failure(form, path, writer.error());
     return false;
 }
