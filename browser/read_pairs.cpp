@@ -23,6 +23,7 @@ namespace {
 constexpr std::int32_t rows_per_status = 918;
 constexpr std::int32_t rows_per_yield = 50;
 constexpr std::int32_t least_rows = 1024;         // that are read at once
+constexpr std::size_t texts_ahead = 16;           // that come from memory while others are looked at
 constexpr std::size_t questions_at_once = 16384;  // to the disk between two yields
 
 // Which of many paths exist. They are asked for folder by folder, in which the disk answers quickest, and
@@ -47,8 +48,10 @@ class existence_questions {
             const std::span asked =
                 std::span(order).subspan(start, std::min(questions_at_once, order.size() - start));
             paths.clear();
-            for (const std::uint32_t question : asked)
-                paths.push_back(text_arena::text_at(entries_[question]));
+            for (std::size_t i = 0; i < asked.size(); ++i) {
+                if (i + texts_ahead < asked.size()) __builtin_prefetch(entries_[asked[i + texts_ahead]]);
+                paths.push_back(text_arena::text_at(entries_[asked[i]]));
+            }
             for (std::size_t done = 0; done < paths.size();) {
                 done += form_.outside.files.many_exist(std::span(paths).subspan(done),
                                                        std::span(found).subspan(done));
@@ -125,11 +128,12 @@ class row_block {
         std::int32_t found = 0;
         std::size_t next_question = 0;
         const std::int32_t base = kept_;
-        side first, second;
+        bool has_first = true, has_second = true;
         for (std::int32_t row = base + 1; row <= last; ++row) {
-            const bool has_first = exists(first, state_.result_file1.entry(row), next_question);
-            const bool has_second = exists(second, state_.result_file2.entry(row), next_question);
-            if ((state_.same_fresh_flag || (has_first && has_second)) && ++found <= room) {
+            const auto at = static_cast<std::size_t>(row - base - 1) * 2;
+            has_first = exists(has_first, at, next_question);
+            has_second = exists(has_second, at + 1, next_question);
+            if (has_first && has_second && ++found <= room) {
                 ++kept_;
                 state_.result_length[kept_] = state_.result_length[row];
                 state_.result_file1.set_entry(kept_, state_.result_file1.entry(row));
@@ -145,26 +149,28 @@ class row_block {
     std::int32_t kept() const { return kept_; }
 
   private:
-    // A column while its rows are gone through: the rows of a star share a path, which is asked for once.
-    struct side {
-        const char* entry = nullptr;
-        bool exists = false;
+    // Where the answer about a path comes from, without another look at its text.
+    enum class source : std::uint8_t {
+        none,      // a member of an archive is not asked for
+        question,  // the next one
+        above      // the path is that of the row above, as in a star
     };
-
     // The rows of a star stand together, and its centre is in each of them: it is stored once.
     void push(text_column& paths, std::string_view path) {
         const std::int32_t last = paths.size();
-        if (last > kept_ && paths[last] == path) return paths.push_entry(paths.entry(last));
+        if (last > kept_ && paths[last] == path) {
+            paths.push_entry(paths.entry(last));
+            return sources_.push_back(source::above);
+        }
         paths.push_back(path);
-        // A member of an archive is not asked for.
-        if (!state_.same_fresh_flag && !is_archive_member(path)) questions_.add(paths.entry(last + 1));
+        const bool is_asked = !state_.same_fresh_flag && !is_archive_member(path);
+        if (is_asked) questions_.add(paths.entry(last + 1));
+        sources_.push_back(is_asked ? source::question : source::none);
     }
-    bool exists(side& known, const char* entry, std::size_t& next_question) const {
-        if (known.entry == entry) return known.exists;
-        known.entry = entry;
-        known.exists = state_.same_fresh_flag || is_archive_member(text_arena::text_at(entry)) ||
-                       questions_.exists(next_question++);
-        return known.exists;
+    // `above`: of the path of the same column in the row above.
+    bool exists(bool above, std::size_t place, std::size_t& next_question) const {
+        if (sources_[place] == source::above) return above;
+        return sources_[place] == source::none || questions_.exists(next_question++);
     }
     void show(std::int32_t row) {
         if (row % rows_per_status != 0) return;
@@ -176,6 +182,7 @@ class row_block {
     run_state& state_;
     std::int32_t kept_;
     existence_questions questions_;
+    std::vector<source> sources_;  // of the first path, the second, the first of the next row
     std::int32_t rows_ = 0;
     std::string length_, path1_;
 };

@@ -1,6 +1,7 @@
 #include "reports/result_groups.h"
 
 #include <algorithm>
+#include <memory>
 #include <unordered_map>
 
 #include "core/text/text_format.h"
@@ -107,15 +108,19 @@ result_groups read_result_groups(file_system& files, const std::string& store,
                                  const column<std::int64_t>& checksums,
                                  const std::function<bool(std::string_view)>& keeps,
                                  const std::function<void(const std::function<void()>&)>& carry_out) {
-    path_sets sets;
+    auto sets = std::make_unique<path_sets>();
     carry_out([&] {
         stored_pair_reader reader(files, store);
         stored_pair pair;
         for (std::int32_t n = 1; reader.next(pair); ++n)
-            sets.add(pair, n <= checksums.size() ? checksums[n] : -1);
+            sets->add(pair, n <= checksums.size() ? checksums[n] : -1);
     });
     result_groups result;
-    carry_out([&, kept = sets.kept(keeps)] { result = sets.take(kept); });
+    std::vector<std::int32_t> kept = sets->kept(keeps);
+    carry_out([&] {
+        result = sets->take(std::move(kept));
+        sets.reset();  // takes its time, too
+    });
     return result;
 }
 

@@ -252,6 +252,27 @@ TEST(Recycle, EventsRunBeforeEachPathOfABatch) {
     EXPECT_EQ(p.recycled, (texts{"/e/a", "/e/b", "/e/c"}));
 }
 
+TEST(Recycle, AMarkThatComesWhileTheGroupsOfALongListAreMadeIsTakenAndProven) {
+    deleting p;
+    std::vector<list_program::pair> pairs;
+    for (int i = 0; i < 1500; ++i)
+        pairs.push_back({1, "/d/" + std::to_string(10'000 + i), "/e/" + std::to_string(10'000 + i)});
+    p.show_files(pairs);
+    p.mark(1, 4);
+    // The first yield is that of the thousandth row: the groups know it, its mark they do not.
+    p.screen.acts[p.screen.yields + 1] = [&] {
+        p.mark(2, 4);
+        p.mark(3, 3);
+        p.files.erase("/e/10002");  // row 3 loses the copy of what is marked
+        p.header(2);
+        p.form.run("Picture4_Click");
+    };
+    p.run_recycle();
+    EXPECT_EQ(p.recycled, (texts{"/e/10000", "/e/10001"}));
+    EXPECT_TRUE(p.files.has("/d/10002"));
+    EXPECT_NE(p.last_message().find("保留 1 个文件: 最后一份 1 个"), std::string::npos) << p.last_message();
+}
+
 TEST(Recycle, WhatABatchHasNotTakenYetIsProvenAfterEachEvent) {
     deleting p;
     p.show_files({{1, "/d/a", "/e/a"}, {2, "/d/b", "/e/b"}, {3, "/d/c", "/e/c"}, {4, "/d/d", "/e/d"}});
