@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "core/archives/archive_entry.h"
@@ -14,7 +15,6 @@
 #include "core/tasks/progress.h"
 #include "core/text/text_file.h"
 #include "core/text/text_format.h"
-#include "core/text/text_hash.h"
 
 namespace corvane {
 
@@ -26,6 +26,42 @@ constexpr std::int32_t least_rows = 1024;         // that are read at once
 constexpr std::size_t texts_ahead = 16;           // that come from memory while others are looked at
 constexpr std::size_t questions_at_once = 16384;  // to the disk between two yields
 
+// Numbers folders from 0 on, by hashes of 64 bits: two folders of one hash would share a number, and their
+// paths would stand among each other.
+class folder_numbers {
+  public:
+    std::uint32_t of(std::string_view folder) {
+        if (2 * std::size_t{count_} >= slots_.size()) grow();
+        const std::uint64_t hash = std::hash<std::string_view>()(folder);
+        slot& found = place_of(slots_, hash);
+        if (found.number == unknown) found = {hash, count_++};
+        return found.number;
+    }
+    std::uint32_t count() const { return count_; }
+
+  private:
+    static constexpr std::uint32_t unknown = ~std::uint32_t{0};
+    struct slot {
+        std::uint64_t hash = 0;
+        std::uint32_t number = unknown;
+    };
+    static slot& place_of(std::vector<slot>& slots, std::uint64_t hash) {
+        std::size_t place = hash & (slots.size() - 1);
+        while (slots[place].number != unknown && slots[place].hash != hash)
+            place = (place + 1) & (slots.size() - 1);
+        return slots[place];
+    }
+    void grow() {
+        std::vector<slot> larger(std::max<std::size_t>(64, 2 * slots_.size()));
+        for (const slot& each : slots_)
+            if (each.number != unknown) place_of(larger, each.hash) = each;
+        slots_ = std::move(larger);
+    }
+
+    std::vector<slot> slots_;
+    std::uint32_t count_ = 0;
+};
+
 // Which of many paths exist. They are asked for folder by folder, in which the disk answers quickest, and
 // answered in the order in which they came.
 class existence_questions {
@@ -35,7 +71,8 @@ class existence_questions {
     // `entry` stays valid until the answers have come.
     void add(const char* entry) {
         entries_.push_back(entry);
-        folders_.push_back(folder_number(text_arena::text_at(entry)));
+        const std::string_view path = text_arena::text_at(entry);
+        folders_.push_back(numbers_.of(path.substr(0, path.rfind(separator_) + 1)));
     }
 
     // False: the program is closing.
@@ -65,15 +102,9 @@ class existence_questions {
     bool exists(std::size_t question) const { return answers_[question] != 0; }
 
   private:
-    std::uint32_t folder_number(std::string_view path) {
-        const std::string_view folder = path.substr(0, path.rfind(separator_) + 1);
-        const auto [place, is_new] =
-            numbers_.try_emplace(folder, static_cast<std::uint32_t>(numbers_.size()));
-        return place->second;
-    }
     // The questions, those of one folder side by side.
     std::vector<std::uint32_t> by_folder() const {
-        std::vector<std::uint32_t> places(numbers_.size() + 1);
+        std::vector<std::uint32_t> places(std::size_t{numbers_.count()} + 1);
         for (const std::uint32_t folder : folders_) ++places[folder + 1];
         for (std::size_t folder = 1; folder < places.size(); ++folder) places[folder] += places[folder - 1];
         std::vector<std::uint32_t> order(folders_.size());
@@ -84,7 +115,7 @@ class existence_questions {
 
     Tavrel& form_;
     char separator_;
-    std::unordered_map<std::string_view, std::uint32_t, text_hash, std::equal_to<>> numbers_;
+    folder_numbers numbers_;
     std::vector<const char*> entries_;
     std::vector<std::uint32_t> folders_;
     std::vector<std::uint8_t> answers_;
