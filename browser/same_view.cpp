@@ -117,10 +117,13 @@ void load_same_view(Tavrel& form) {
 void sort_result_rows(Tavrel& form, std::int32_t low, std::int32_t high) {
     if (low >= high) return;
     run_state& state = form.state;
+    // Long steps lie before the sort, and so they do behind it.
+    form.yield();
     std::vector<text_row> rows;
     rows.reserve(static_cast<std::size_t>(high - low + 1));
     for (std::int32_t i = low; i <= high; ++i) rows.push_back({state.result_file1.entry(i), i});
     form.work_aside([&rows] { sort_rows_by_text(rows); });
+    form.yield();
     if (state.quit_requested) return;
     std::vector<const char*> files2(rows.size());
     std::vector<std::int64_t> lengths(rows.size());
