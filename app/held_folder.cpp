@@ -84,10 +84,18 @@ file_facts held_folder::facts(std::string_view path) {
     return found;
 }
 
+bool held_folder::any_held(std::span<const std::string_view> paths) const {
+    return std::any_of(paths.begin(), paths.end(),
+                       [this](std::string_view path) { return is_held_place(path); });
+}
+
+std::size_t held_folder::many_exist(std::span<const std::string_view> paths,
+                                    std::span<std::uint8_t> answers) {
+    return any_held(paths) ? file_system::many_exist(paths, answers) : disk_.many_exist(paths, answers);
+}
+
 std::size_t held_folder::many_facts(std::span<const std::string_view> paths, std::span<file_facts> answers) {
-    const bool any_held = std::any_of(paths.begin(), paths.end(),
-                                      [this](std::string_view path) { return is_held_place(path); });
-    return any_held ? file_system::many_facts(paths, answers) : disk_.many_facts(paths, answers);
+    return any_held(paths) ? file_system::many_facts(paths, answers) : disk_.many_facts(paths, answers);
 }
 
 outcome_with<file_reader> held_folder::open_file(std::string_view path) {

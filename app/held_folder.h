@@ -46,6 +46,7 @@ class held_folder : public file_system {
     }
     // The held ones are asked one by one.
     std::size_t many_facts(std::span<const std::string_view> paths, std::span<file_facts> answers) override;
+    std::size_t many_exist(std::span<const std::string_view> paths, std::span<std::uint8_t> answers) override;
     std::size_t read_starts(std::span<start_request> requests) override {
         return disk_.read_starts(requests);
     }
@@ -66,6 +67,7 @@ class held_folder : public file_system {
     using held_text = std::shared_ptr<std::string>;
 
     bool is_held_place(std::string_view path) const;
+    bool any_held(std::span<const std::string_view> paths) const;
     // The entry of a file that was written or removed since; null for one of the disk.
     const held_text* find(std::string_view path) const;
 

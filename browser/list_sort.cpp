@@ -8,7 +8,7 @@
 #include "browser/list_views.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
-#include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_sort.h"
 
 namespace corvane {
@@ -38,22 +38,40 @@ std::vector<std::int32_t> ascending_rows(const list_view& list, int column) {
     return order;
 }
 
+// What a sort makes of the rows, told by their texts alone.
+struct sorted_rows {
+    std::vector<std::int32_t> order;
+    // In that order, where the view is coloured anew: of the first paths, and the rows whose second path lies
+    // inside an archive.
+    std::vector<std::uint32_t> first_colours;
+    std::vector<std::int32_t> second_members;
+};
+
 // Gray for a first path that stands in the row above. Wipes red and blue from the first path, and from the
 // second where the cell lies inside an archive; other marks of it stay. The difference is meant.
-void recolour(list_view& list, const list_view_row& view) {
+void find_colours(const list_view& list, const list_view_row& view, sorted_rows& sorted) {
     const bool archives = view.colours == sort_colours::repeats_gray_archives_own;
-    const int first = view.first_path;
-    const int second = view.second_path;
+    sorted.first_colours.reserve(sorted.order.size());
     std::string_view previous;
-    for (std::int32_t row = 1; row <= list.row_count(); ++row) {
-        const std::string_view path = list.text_cell(row, first);
+    std::int32_t place = 0;
+    for (const std::int32_t row : sorted.order) {
+        ++place;
+        const std::string_view path = list.text_cell(row, view.first_path);
         std::uint32_t colour = path == previous ? colour_gray : colour_text;
         previous = path;
         if (archives && is_archive_member(path)) colour = colour_archive;
-        list.set_colour(row, first, colour);
-        if (archives && is_archive_member(list.text_cell(row, second)))
-            list.set_colour(row, second, colour_archive);
+        sorted.first_colours.push_back(colour);
+        if (archives && is_archive_member(list.text_cell(row, view.second_path)))
+            sorted.second_members.push_back(place);
     }
+}
+
+void take_over(list_view& list, const list_view_row& view, const sorted_rows& sorted) {
+    list.reorder(sorted.order);
+    std::int32_t row = 0;
+    for (const std::uint32_t colour : sorted.first_colours) list.set_colour(++row, view.first_path, colour);
+    for (const std::int32_t member : sorted.second_members)
+        list.set_colour(member, view.second_path, colour_archive);
 }
 
 }  // namespace
@@ -69,10 +87,16 @@ void ListView1_ColumnClick(Tavrel& form) {
     const std::string header = list.columns()[static_cast<std::size_t>(clicked)].header;
     state.sort_descending = header == state.last_sort_column ? -1 : 0;
     if (view.columns[static_cast<std::size_t>(clicked)].sorts) {
-        std::vector<std::int32_t> order = ascending_rows(list, clicked);
-        if (state.sort_descending) std::reverse(order.begin(), order.end());
-        list.reorder(order);
-        if (view.colours != sort_colours::stay) recolour(list, view);
+        // Until they have their order the rows are nobody else's; marks may come meanwhile and move along.
+        const task_scope task(form);
+        sorted_rows sorted;
+        form.work_aside([&, descending = state.sort_descending != 0] {
+            sorted.order = ascending_rows(list, clicked);
+            if (descending) std::reverse(sorted.order.begin(), sorted.order.end());
+            if (view.colours != sort_colours::stay) find_colours(list, view, sorted);
+        });
+        if (state.quit_requested) return;
+        take_over(list, view, sorted);
     }
     state.last_sort_column = state.sort_descending ? std::string() : header;
 }

@@ -61,14 +61,17 @@ bool rewrite_store(Tavrel& form) {
     for (std::int32_t row = 1; row <= list.row_count(); ++row) {
         write_pair(writer, list.cell(row, view.length_column), list.text_cell(row, view.first_path),
                    list.text_cell(row, view.second_path));
-        if (row % rows_per_status == 0) form.pic_gressbar1.draw(row);
+        // What has gone has gone: a program that closes meanwhile writes the store to its end.
+        if (row % rows_per_status == 0) bar_draw(form, row);
     }
     const std::vector<bool> hidden = pairs_without_row(form, view);
-    for (std::int32_t i = 1; i <= state.result_file1.size(); ++i)
+    for (std::int32_t i = 1; i <= state.result_file1.size(); ++i) {
+        if (i % rows_per_status == 0) form.yield();
         if (hidden[static_cast<std::size_t>(i)])
             write_pair(writer, std::to_string(state.result_length[i]), state.result_file1[i],
                        state.result_file2[i]);
-    if (writer.finish()) return true;
+    }
+    if (finish_file(form, writer)) return true;
     report_write_failure(form, path, writer.error());
     return false;
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "browser/list_views.h"
+#include "browser/read_pairs.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
@@ -19,37 +20,15 @@ namespace corvane {
 
 namespace {
 
-constexpr std::int32_t rows_per_read_status = 918;
 constexpr std::int32_t rows_per_fill_status = 1000;
 constexpr std::int32_t first_rows_shown = 100;
+constexpr std::int32_t rows_ahead = 16;  // whose texts come from memory while others are looked at
 
 constexpr char legend[] =
     "显示最近一次[查相同文件]的结果,选择欲删除的文件。右键<显示选择>菜单.\r\n----------------\r\n"
     "黑色:正常文件;\r\n紫色:压缩包内部文件;\r\n灰色:与上个文件为同一文件\r\n红色:欲删除的文件\r\n"
     "蓝色:因属性原因删不掉的文件\r\n水红:查找到的文件 \r\n"
     "空:该文件已删除 \r\n空:该文件已删除 \r\n空:该文件已删除 \r\n空:该文件已删除 ";
-
-// What the store's rows are kept by: an archive member always, a file while it exists. A path that stands in
-// many rows is looked up once.
-class existence_filter {
-  public:
-    explicit existence_filter(Tavrel& form) : form_(form) {}
-
-    bool keeps(std::string_view path) {
-        if (is_blank(path)) return false;
-        if (is_archive_member(path)) return true;
-        if (path != last_path_) {
-            last_path_ = path;
-            last_exists_ = path_exists(form_.outside.files, last_path_);
-        }
-        return last_exists_;
-    }
-
-  private:
-    Tavrel& form_;
-    std::string last_path_;
-    bool last_exists_ = false;
-};
 
 void empty_result(Tavrel& form) {
     run_state& state = form.state;
@@ -75,45 +54,6 @@ void put_away(run_state& state) {
     for (std::int32_t i = 1; i <= state.different_count; ++i)
         state.different_packed.push_back(state.different_files[i]);
     state.different_files.clear();
-}
-
-// The rows of a star stand together, and its centre is in each of them: it is stored once.
-void push_path(text_column& paths, std::string_view path) {
-    const std::int32_t last = paths.size();
-    if (last > 0 && paths[last] == path)
-        paths.push_entry(paths.entry(last));
-    else
-        paths.push_back(path);
-}
-
-// The rows of the store, filtered unless it is fresh. False when the rows did not all fit.
-bool read_rows(Tavrel& form, line_reader& reader) {
-    run_state& state = form.state;
-    existence_filter first(form), second(form);
-    text_column& files1 = state.result_file1;
-    text_column& files2 = state.result_file2;
-    std::string_view line;
-    std::string length, path1;
-    std::int32_t i = 0;
-    while (reader.next(line)) {
-        length = line;
-        if (!reader.next(line)) break;
-        path1 = line;
-        if (!reader.next(line)) break;
-        if (state.same_fresh_flag || (first.keeps(path1) && second.keeps(line))) {
-            if (i == state.limits.result_rows) return false;
-            ++i;
-            state.result_length.push_back(parse_number(length));
-            push_path(files1, path1);
-            push_path(files2, line);
-        }
-        if (i % rows_per_read_status == 0) {
-            form.pic_gressbar1.draw(i);
-            form.panel(5, "读入:" + std::to_string(i));
-        }
-    }
-    state.same_count = i;
-    return true;
 }
 
 }  // namespace
@@ -152,14 +92,16 @@ void load_same_view(Tavrel& form) {
     bar_colours(form, 11202800, 65280, 16402770);
     bar_scale(form, state.same_count);
     form.pic_gressbar1.visible = true;
-    const bool complete = read_rows(form, reader);
-    if (state.quit_requested) return;
+    const pairs_read read = read_stored_pairs(form, reader);
+    if (read == pairs_read::closing || state.quit_requested) return;
+    const bool complete = read == pairs_read::all;
     if (!complete) state.same_count = state.limits.result_rows;
     form.pic_gressbar1.draw(state.same_count);
     if (state.same_count == 0) {
         return reject_load(form);
     }
     sort_result_rows(form, 1, state.same_count);
+    if (state.quit_requested) return;
     form.ListView1.visible = false;
     state.list_mode = view.list_mode;
     set_columns(form.ListView1, view);
@@ -175,10 +117,14 @@ void load_same_view(Tavrel& form) {
 void sort_result_rows(Tavrel& form, std::int32_t low, std::int32_t high) {
     if (low >= high) return;
     run_state& state = form.state;
+    // Long steps lie before the sort, and so they do behind it.
+    form.yield();
     std::vector<text_row> rows;
     rows.reserve(static_cast<std::size_t>(high - low + 1));
     for (std::int32_t i = low; i <= high; ++i) rows.push_back({state.result_file1.entry(i), i});
-    sort_rows_by_text(rows);
+    form.work_aside([&rows] { sort_rows_by_text(rows); });
+    form.yield();
+    if (state.quit_requested) return;
     std::vector<const char*> files2(rows.size());
     std::vector<std::int64_t> lengths(rows.size());
     for (std::size_t n = 0; n < rows.size(); ++n) {
@@ -224,6 +170,10 @@ void fill_same_rows(Tavrel& form) {
     std::string_view previous;
     for (std::int32_t i = 1; i <= state.same_count; ++i) {
         form.yield();
+        if (i + rows_ahead <= state.same_count) {
+            __builtin_prefetch(state.result_file1.entry(i + rows_ahead));
+            __builtin_prefetch(state.result_file2.entry(i + rows_ahead));
+        }
         const std::int64_t length = state.result_length[i];
         const std::string_view path1 = state.result_file1[i];
         const std::int32_t row = add_pair_row(list, state, i);

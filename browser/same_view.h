@@ -23,6 +23,7 @@ std::int32_t add_pair_row(list_view& list, const result_state& result, std::int3
 void fill_same_rows(Tavrel& form);
 
 // Orders the three result columns by result_file1, by plain character code. low is 1, high is same_count.
+// Yields; while the program closes the columns stay as they are.
 void sort_result_rows(Tavrel& form, std::int32_t low, std::int32_t high);
 
 }  // namespace corvane

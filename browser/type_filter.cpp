@@ -10,12 +10,15 @@
 #include "browser/same_view.h"
 #include "core/model/main_form.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_case.h"
 #include "core/text/text_format.h"
 
 namespace corvane {
 
 namespace {
+
+constexpr std::int32_t rows_per_yield = 100;
 
 struct filter_words {
     const char* prompt;
@@ -69,6 +72,8 @@ void fill_rows(Tavrel& form, const filter_words& words, const std::unordered_set
     type_test test(types);
     const std::int32_t last = std::min(state.same_count, state.result_file2.size());
     for (std::int32_t i = 1; i <= last; ++i) {
+        if (i % rows_per_yield == 0) form.yield();
+        if (state.quit_requested) return;
         const std::string_view path1 = state.result_file1[i];
         const bool listed = test.is_listed(path1) || test.is_listed(state.result_file2[i]);
         if (listed != words.shows_listed) continue;
@@ -91,7 +96,10 @@ void filter(Tavrel& form, const filter_words& words) {
     // Only the same-file view has these columns.
     if (is_blank(answer) || !shown_view(form).holds_copies || form.ListView1.column_count() < 5) return;
     state.base_time = form.outside.screen.seconds();
+    // The rows that are on their way are shown now and then only while tasks are locked.
+    const task_scope task(form);
     fill_rows(form, words, listed_types(answer));
+    if (state.quit_requested) return;
     form.panel(3, "相同文件:" + std::to_string(form.ListView1.row_count()));
     scale_size(state.total_bytes, state.size_unit);
     form.panel(4, "相同文件长度:" + group_digits(state.total_bytes) + state.size_unit);

@@ -5,11 +5,16 @@
 
 namespace corvane {
 
-copy_groups::copy_groups(const list_view& list) {
+namespace {
+constexpr std::int32_t rows_per_turn = 1000;
+}
+
+copy_groups::copy_groups(const list_view& list, const std::function<void()>& turn) {
     const list_view_row& view = view_of(list_modes::same_files);
     if (list.column_count() <= view.second_path) return;
     number_.reserve(static_cast<std::size_t>(list.row_count()) * 2);
     for (std::int32_t row = 1; row <= list.row_count(); ++row) {
+        if (row % rows_per_turn == 0) turn();
         for (const int column : {view.first_path, view.second_path}) {
             const std::uint32_t colour = list.colour(row, column);
             if (colour == cell_colour::mark_red || colour == cell_colour::mark_blue)
@@ -25,8 +30,10 @@ copy_groups::copy_groups(const list_view& list) {
     // In the order of the rows, whatever the order of the table.
     std::vector<std::string_view> by_number(number_.size());
     for (const auto& [path, member] : number_) by_number[member] = path;
-    for (std::size_t member = 0; member < by_number.size(); ++member)
+    for (std::size_t member = 0; member < by_number.size(); ++member) {
+        if ((member + 1) % rows_per_turn == 0) turn();
         groups_[root_of(member)].paths.push_back(by_number[member]);
+    }
 }
 
 copy_groups::group* copy_groups::group_of(std::string_view path) {

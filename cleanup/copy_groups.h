@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
@@ -15,7 +16,10 @@ class list_view;
 class copy_groups {
   public:
     // The texts of the list's cells must stay valid, which they do while its columns live.
-    explicit copy_groups(const list_view& list);
+    // `turn` lets waiting events run, now and then: they may set other marks, the rows are those that they
+    // were.
+    explicit copy_groups(
+        const list_view& list, const std::function<void()>& turn = [] {});
 
     struct group {
         std::vector<std::string_view> paths;

@@ -23,7 +23,7 @@ deletion_gate::deletion_gate(Tavrel& form)
                     form.yield();
                     return !form.state.quit_requested;
                 }),
-      groups_(form.ListView1),
+      groups_(form.ListView1, [&form] { form.yield(); }),
       shelf_(form) {}
 
 void deletion_gate::take(std::string_view path) {

@@ -14,10 +14,11 @@ void send_in_batches(Tavrel& form, std::size_t count,
     bar_colours(form, 13619151, 4227327, 4210816);
     bar_scale(form, static_cast<std::int32_t>(batches));
     for (std::size_t b = 1; b <= batches; ++b) {
-        form.yield();
-        if (form.state.quit_requested) return;
         const std::size_t end = std::min(b * recycle_batch_size, count);
         for (std::size_t number = (b - 1) * recycle_batch_size; number < end; ++number) {
+            // Before the proof, never between it and the removal.
+            form.yield();
+            if (form.state.quit_requested) return;
             const std::string* path = path_of(number);
             // The proof may have yielded.
             if (form.state.quit_requested) return;

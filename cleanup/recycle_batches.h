@@ -12,7 +12,7 @@ class Tavrel;
 
 constexpr std::size_t recycle_batch_size = 1000;
 
-// Hands `count` paths to the recycle bin, yielding at each batch. After each batch the bar moves to it, panel
+// Hands `count` paths to the recycle bin, yielding at each path. After each batch the bar moves to it, panel
 // 5 reads "已删除:" with its number times 1,000, and the elapsed time is shown. What the bin refuses stays on
 // the disk, and `refused` is told its number. Ends early when the program is closing. `path_of` is asked for
 // each full path by its number from 0 on, right before it goes; null for what stays.

@@ -51,6 +51,8 @@ void Command44_Click(Tavrel& form) {
     rows.place.left = list_margin;
     rows.place.width = std::max(0, form.layout.inner_width - both_margins);
     for (std::int32_t i = 1; i <= state.file_count; ++i) {
+        form.yield();
+        if (state.quit_requested) return;
         const std::string_view path = state.file_list[i];
         if (has_length(form, path)) continue;
         rows.add(std::string(path) + "   -1");
@@ -58,6 +60,8 @@ void Command44_Click(Tavrel& form) {
     }
     std::int64_t abnormal = 0;
     for (std::int32_t i = 1; i <= state.file_count; ++i) {
+        form.yield();
+        if (state.quit_requested) return;
         const std::string_view path = state.file_list[i];
         if (is_found(form, path)) continue;
         rows.add(std::string(path));

@@ -88,7 +88,14 @@ bool store_history(Tavrel& form) {
     bar_colours(form, 128, 65535, 0xF5F9EC);
     bar_scale(form, state.file_count);
     std::string error;
-    if (merge_history(form.outside.files, state, state, error)) return true;
+    bool merged = false;
+    const auto merge = [&] { merged = merge_history(form.outside.files, state, state, error); };
+    // What is held in memory for want of a folder is no other thread's to write.
+    if (state.program_dir_locked)
+        merge();
+    else
+        form.work_aside(merge);
+    if (merged) return true;
     report_write_failure(form, state.history_path, error);
     return false;
 }
@@ -119,7 +126,7 @@ bool prepare(Tavrel& form) {
     state.list_sorted_flag = -1;
     if (members_seen) take_member_signatures(state);
     form.panel(7, "核对文件历史数据");
-    reuse_history(state, state);
+    form.work_aside([&state] { reuse_history(state, state); });
     if (state.same_suffix_only) fill_suffix_column(state);
     return true;
 }
@@ -213,7 +220,7 @@ void Command18_Click(Tavrel& form) {
     const run_state& state = form.state;
     if (state.file_list.size() == state.file_count && state.file_date_hi.size() == state.file_count &&
         state.file_len.size() == state.file_count)
-        sort_by_length_and_name(form.state);
+        form.work_aside([&form] { sort_by_length_and_name(form.state); });
 }
 
 }  // namespace corvane

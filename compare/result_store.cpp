@@ -65,9 +65,9 @@ bool write_same_files(Tavrel& form) {
         writer.line(state.file_list[a]);
         writer.line(state.file_list[b]);
         state.pair_checksum.push_back(known_checksum(state, a, b));
-        if (n % rows_per_status == 0) form.pic_gressbar1.draw(n);
+        if (n % rows_per_status == 0) bar_draw(form, n);
     }
-    if (writer.finish()) return true;
+    if (finish_file(form, writer)) return true;
     report_write_failure(form, state.same_file_path, writer.error());
     return false;
 }
@@ -92,7 +92,7 @@ bool write_different_files(Tavrel& form) {
         }
         if (i % files_per_status == 0) bar_draw(form, i);
     }
-    if (writer.finish()) return true;
+    if (finish_file(form, writer)) return true;
     report_write_failure(form, path, writer.error());
     return false;
 }

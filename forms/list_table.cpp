@@ -294,7 +294,8 @@ void list_table::changeEvent(QEvent* event) {
 
 void list_table::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
-    if (cells_->shown_rows() > 0) return;
+    // Rows that are on their way are not said to be missing.
+    if (cells_->shown_rows() > 0 || form_.task_runs()) return;
     QPainter painter(viewport());
     painter.setPen(quiet_text(palette()));
     painter.drawText(viewport()->rect(), Qt::AlignCenter, own_line("没有可显示的行"));

@@ -7,6 +7,8 @@
 #include <QEventLoop>
 #include <QScreen>
 #include <QTimer>
+#include <future>
+#include <system_error>
 
 #include "forms/boxes.h"
 #include "forms/child_window.h"
@@ -76,6 +78,17 @@ void qt_user_interface::take_turn() {
     sync();
     QCoreApplication::processEvents();
     next_turn_ = std::chrono::steady_clock::now() + turn_interval;
+}
+
+void qt_user_interface::work_aside(const std::function<void()>& work) {
+    std::future<void> done;
+    try {
+        done = std::async(std::launch::async, work);
+    } catch (const std::system_error&) {
+        return work();  // no thread to be had
+    }
+    while (done.wait_for(turn_interval) != std::future_status::ready) take_turn();
+    done.get();
 }
 
 void qt_user_interface::wait(double seconds) {

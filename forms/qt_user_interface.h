@@ -37,6 +37,7 @@ class qt_user_interface : public user_interface {
     void yield() override {
         if (std::chrono::steady_clock::now() >= next_turn_) take_turn();
     }
+    void work_aside(const std::function<void()>& work) override;
     void wait(double seconds) override;
     void repaint() override;
     double seconds() override;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -70,6 +71,11 @@ class user_interface {
 
     // Lets waiting events run. Cheap enough to be called once a file.
     virtual void yield() = 0;
+    // Carries out `work`, which takes longer than an event may wait, and returns when it is done. A front end
+    // with windows lets waiting events run meanwhile, as at a yield, and the work runs beside them: it
+    // touches nothing that a handler can reach while the caller's task is locked. What it throws is thrown
+    // on.
+    virtual void work_aside(const std::function<void()>& work) { work(); }
     // Yields until `seconds` have passed.
     virtual void wait(double seconds) = 0;
     // Copies the models to the screen now.

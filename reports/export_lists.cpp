@@ -19,12 +19,16 @@ namespace {
 
 constexpr std::size_t block_size = 256 * std::size_t{1024};
 
-outcome copy_bytes(file_reader& source, file_writer& target) {
+outcome copy_bytes(Tavrel& form, file_reader& source, file_writer& target) {
     std::vector<char> block(block_size);
     for (std::int64_t at = 0;;) {
+        form.yield();
         const std::int64_t count = source.read_at(at, std::as_writable_bytes(std::span(block)));
         if (count < 0) return outcome::failure("不能读出。");
-        if (count == 0) return target.commit();
+        if (count == 0) {
+            form.work_aside([&target] { target.settle(); });
+            return target.commit();
+        }
         outcome written = target.write({block.data(), static_cast<std::size_t>(count)});
         if (!written) return written;
         at += count;
@@ -41,7 +45,7 @@ bool copy_beside_program(Tavrel& form, const std::string& from, const std::strin
         return false;
     }
     const outcome_with<file_writer> target = files.replace_file(to);
-    const outcome copied = target ? copy_bytes(*source, *target) : static_cast<const outcome&>(target);
+    const outcome copied = target ? copy_bytes(form, *source, *target) : static_cast<const outcome&>(target);
     if (!copied) report_write_failure(form, to, copied.reason);
     return copied.ok;
 }
@@ -59,7 +63,7 @@ bool write_paths(Tavrel& form, const std::string& path) {
         form.yield();
         if (state.quit_requested || state.cancel_task) return false;
     }
-    if (writer.finish()) return true;
+    if (finish_file(form, writer)) return true;
     report_write_failure(form, path, writer.error());
     return false;
 }

@@ -108,7 +108,7 @@ bool write_sheet(Tavrel& form, const std::string& path) {
         if (state.quit_requested || state.cancel_task) return false;
     }
     rows.add_total();
-    if (writer.finish()) return true;
+    if (finish_file(form, writer)) return true;
     report_write_failure(form, path, writer.error());
     return false;
 }

@@ -1,5 +1,6 @@
 #include "reports/page_task.h"
 
+#include <functional>
 #include <string>
 
 #include "core/archives/archive_entry.h"
@@ -21,12 +22,14 @@ void write_and_open_page(Tavrel& form, const std::string& version) {
         const task_scope task(form);
         form.panel(7, "报告网页");
         // What has gone since the comparison is no longer a copy of anything.
-        const result_groups result =
-            read_result_groups(form.outside.files, state.same_file_path, {}, [&form](std::string_view entry) {
+        const result_groups result = read_result_groups(
+            form.outside.files, state.same_file_path, {},
+            [&form](std::string_view entry) {
                 form.yield();
                 return !form.state.quit_requested &&
                        path_exists(form.outside.files, std::string(archive_path_of(entry)));
-            });
+            },
+            [&form](const std::function<void()>& work) { form.work_aside(work); });
         if (state.quit_requested) return;
         if (result.groups.empty()) return form.inform("没有相同文件");
         page_facts facts;
@@ -37,8 +40,9 @@ void write_and_open_page(Tavrel& form, const std::string& version) {
         const translation table = english();
         if (state.speaks_english) facts.words = &table;
         line_writer page(form.outside.files, path);
-        write_result_page(page, result, facts);
-        if (!page.finish()) return report_write_failure(form, path, page.error());
+        form.work_aside([&] { write_result_page(page, result, facts); });
+        if (state.quit_requested) return;
+        if (!finish_file(form, page)) return report_write_failure(form, path, page.error());
     }
     const outcome opened = form.outside.desktop.open_document(path);
     if (!opened) form.complain(opened.reason);

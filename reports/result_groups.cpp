@@ -1,6 +1,7 @@
 #include "reports/result_groups.h"
 
 #include <algorithm>
+#include <memory>
 #include <unordered_map>
 
 #include "core/text/text_format.h"
@@ -24,10 +25,14 @@ class path_sets {
         checksums_[earlier] = std::max({checksums_[earlier], checksums_[later], checksum});
     }
 
-    result_groups take(const std::function<bool(std::string_view)>& keeps) {
+    std::vector<std::int32_t> kept(const std::function<bool(std::string_view)>& keeps) const {
         std::vector<std::int32_t> kept;
         for (std::int32_t i = 1; i <= paths_.size(); ++i)
             if (!keeps || keeps(paths_[i])) kept.push_back(i);
+        return kept;
+    }
+
+    result_groups take(std::vector<std::int32_t> kept) {
         std::vector<std::int32_t> roots(static_cast<std::size_t>(paths_.size()) + 1);
         for (const std::int32_t i : kept) roots[static_cast<std::size_t>(i)] = root(i);
         std::sort(kept.begin(), kept.end(), [&](std::int32_t a, std::int32_t b) {
@@ -101,13 +106,22 @@ std::int64_t result_groups::spare_bytes() const {
 
 result_groups read_result_groups(file_system& files, const std::string& store,
                                  const column<std::int64_t>& checksums,
-                                 const std::function<bool(std::string_view)>& keeps) {
-    path_sets sets;
-    stored_pair_reader reader(files, store);
-    stored_pair pair;
-    for (std::int32_t n = 1; reader.next(pair); ++n)
-        sets.add(pair, n <= checksums.size() ? checksums[n] : -1);
-    return sets.take(keeps);
+                                 const std::function<bool(std::string_view)>& keeps,
+                                 const std::function<void(const std::function<void()>&)>& carry_out) {
+    auto sets = std::make_unique<path_sets>();
+    carry_out([&] {
+        stored_pair_reader reader(files, store);
+        stored_pair pair;
+        for (std::int32_t n = 1; reader.next(pair); ++n)
+            sets->add(pair, n <= checksums.size() ? checksums[n] : -1);
+    });
+    result_groups result;
+    std::vector<std::int32_t> kept = sets->kept(keeps);
+    carry_out([&] {
+        result = sets->take(std::move(kept));
+        sets.reset();  // takes its time, too
+    });
+    return result;
 }
 
 }  // namespace corvane

@@ -39,9 +39,12 @@ struct result_groups {
 // that has a path in common with it: no comparison writes such.
 //
 // `checksums`: of the n-th pair, -1 where it is not known; may be shorter than the store. `keeps`, if set, is
-// asked of each path once; a group of which fewer than two are kept is left out.
-result_groups read_result_groups(file_system& files, const std::string& store,
-                                 const column<std::int64_t>& checksums = {},
-                                 const std::function<bool(std::string_view)>& keeps = {});
+// asked of each path once; a group of which fewer than two are kept is left out. `carry_out`, if set, is
+// handed what takes long beside that, piece by piece: each has been done when it returns.
+result_groups read_result_groups(
+    file_system& files, const std::string& store, const column<std::int64_t>& checksums = {},
+    const std::function<bool(std::string_view)>& keeps = {},
+    const std::function<void(const std::function<void()>&)>& carry_out =
+        [](const std::function<void()>& work) { work(); });
 
 }  // namespace corvane

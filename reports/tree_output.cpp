@@ -72,7 +72,7 @@ bool tree_form::make_lines(std::vector<list_box::row>& lines) {
 bool tree_form::write_lines(const std::vector<list_box::row>& lines, const std::string& path) {
     line_writer writer(main_.outside.files, path);
     for (const list_box::row& row : lines) writer.line(row.text);
-    if (writer.finish()) return true;
+    if (finish_file(main_, writer)) return true;
     report_output_failure(main_, writer.result());
     return false;
 }

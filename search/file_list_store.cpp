@@ -18,9 +18,11 @@ constexpr std::int32_t lines_per_status = 821;
 
 bool write_list(Tavrel& form, const std::string& path, bool cut) {
     line_writer writer(form.outside.files, path);
-    for (std::int32_t i = 1; i <= form.state.file_count; ++i)
+    for (std::int32_t i = 1; i <= form.state.file_count; ++i) {
         writer.line(cut ? archive_path_of(form.state.file_list[i]) : form.state.file_list[i]);
-    if (writer.finish()) return true;
+        if (i % lines_per_status == 0) form.yield();
+    }
+    if (finish_file(form, writer)) return true;
     report_write_failure(form, path, writer.error());
     return false;
 }

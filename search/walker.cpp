@@ -179,7 +179,7 @@ void list_files(Tavrel& form) {
     state.file_count = state.walk_count;
     state.file_len.assign(state.file_count, 0);
     state.first_root = !state.dir_queue.empty() ? state.dir_queue[1] : std::string();
-    sort_text_array(state.file_list, 1, state.file_count);
+    form.work_aside([&state] { sort_text_array(state.file_list, 1, state.file_count); });
     form.panel(1, "搜索出:" + std::to_string(state.file_count));
 }
 

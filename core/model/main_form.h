@@ -117,6 +117,11 @@ class Tavrel : public form_model {
         ++yields_;
         outside.screen.yield();
     }
+    // A piece of work that takes long, with waiting events running beside it; counts as a yield.
+    void work_aside(const std::function<void()>& work) {
+        ++yields_;
+        outside.screen.work_aside(work);
+    }
 
     // Shows a box titled "提示". The short form is for what only informs.
     void inform(const std::string& words, int context = 1000);

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/model/main_form.h"
+#include "core/text/text_file.h"
 #include "core/text/text_format.h"
 
 namespace corvane {
@@ -78,6 +79,12 @@ void ask_for_shutdown(Tavrel& form) {
     std::string question = "  运行完毕后,";
     question.append(form.state.shutdown_action_text).append("同意吗(Y/N)?");
     if (!form.confirm(question)) form.state.shutdown_after_task = 0;
+}
+
+bool finish_file(Tavrel& form, line_writer& writer) {
+    writer.flush();
+    form.work_aside([&writer] { writer.settle(); });
+    return writer.finish();
 }
 
 void report_write_failure(Tavrel& form, const std::string& path, const std::string& reason) {

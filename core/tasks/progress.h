@@ -7,6 +7,7 @@
 
 namespace corvane {
 
+class line_writer;
 class Tavrel;
 
 // Disables Picture1 to Picture8 and the menus 文件操作_m, 目录操作_m, 文件清单_M. unlock_tasks enables the
@@ -39,6 +40,9 @@ void pointer_glide(Tavrel& form, const std::string& form_name, const std::string
 
 // Asks whether the shutdown after the task stands. No takes it back.
 void ask_for_shutdown(Tavrel& form);
+
+// Ends a file that may be large: flush, and events run while the disk takes it in. As line_writer::finish.
+bool finish_file(Tavrel& form, line_writer& writer);
 
 // A file could not be written: the file and the system's words. The task ends. While the machine waits to go
 // down nobody sees the box: it stays up then, and the words are told again.

@@ -63,6 +63,11 @@ class line_writer {
     // Overwrites bytes that were written before, at `offset` from the start of the file.
     void patch(std::int64_t offset, std::string_view text);
     bool failed() const { return !state_; }
+    // Makes durable what has been flushed; takes as long as the disk does, and finish() then less. Another
+    // thread may call it while nobody else uses the writer.
+    void settle() {
+        if (!failed()) file_->settle();
+    }
     // False: the old file is whole and error() says why.
     bool finish();
     const std::string& error() const { return state_.reason; }

@@ -10,6 +10,7 @@
 #include <cstdlib>
 
 #include "platform/linux/device_number.h"
+#include "platform/linux/linux_existence.h"
 #include "platform/linux/linux_facts.h"
 #include "platform/linux/linux_files.h"
 #include "platform/linux/raw_path.h"
@@ -46,6 +47,7 @@ std::string user_trash() {
 // directory is worth holding.
 constexpr std::size_t facts_in_a_row = 64;
 constexpr std::size_t starts_in_a_row = 32;
+constexpr std::size_t existences_in_a_row = 2048;  // a directory is read once for those of them that it holds
 constexpr unsigned most_network_threads = 4;
 
 unsigned most_threads(std::string_view path) {
@@ -58,6 +60,7 @@ linux_file_system::linux_file_system()
     : trash_directory_(user_trash()),
       recycle_name_(".Trash-" + std::to_string(getuid())),
       facts_pace_(request_pool::processors(), 150e-6),
+      exist_pace_(request_pool::processors(), 150e-6),
       starts_pace_(request_pool::processors(), 40e-6),
       directories_pace_(request_pool::processors(), 1e-3) {}
 
@@ -77,6 +80,14 @@ std::size_t linux_file_system::many_facts(std::span<const std::string_view> path
                                  linux_facts(held.reach(path_at, i, end), paths[i], stacked_devices_);
                          }
                          return end;
+                     });
+}
+
+std::size_t linux_file_system::many_exist(std::span<const std::string_view> paths,
+                                          std::span<std::uint8_t> answers) {
+    return pool_.run(paths.size(), existences_in_a_row, most_threads(paths.front()), exist_pace_,
+                     [&](std::size_t first, std::size_t end, const time_limit& limit) {
+                         return answer_existence(attributes_, paths, answers, first, end, limit);
                      });
 }
 

@@ -36,6 +36,7 @@ class linux_file_system : public file_system {
     std::int64_t read_start(std::string_view path, std::span<std::byte> buffer,
                             std::size_t expected) override;
     std::size_t many_facts(std::span<const std::string_view> paths, std::span<file_facts> answers) override;
+    std::size_t many_exist(std::span<const std::string_view> paths, std::span<std::uint8_t> answers) override;
     std::size_t read_starts(std::span<start_request> requests) override;
     std::vector<outcome_with<directory_reader>> open_directories(std::span<const std::string> paths) override;
     outcome_with<file_reader> open_file(std::string_view path) override;
@@ -55,7 +56,7 @@ class linux_file_system : public file_system {
     stacked_devices stacked_devices_;
     descriptor claim_;  // the claimed directory
     request_pool pool_;
-    request_pace facts_pace_, starts_pace_, directories_pace_;
+    request_pace facts_pace_, exist_pace_, starts_pace_, directories_pace_;
 };
 
 }  // namespace corvane

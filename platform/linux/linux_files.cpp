@@ -61,6 +61,7 @@ class linux_writer : public file_writer {
     }
 
     outcome write(std::string_view bytes) override {
+        is_settled_ = false;
         while (!bytes.empty()) {
             const ssize_t count = ::write(file_.number(), bytes.data(), bytes.size());
             if (count < 0 && errno == EINTR) continue;
@@ -71,6 +72,7 @@ class linux_writer : public file_writer {
     }
 
     outcome write_at(std::int64_t offset, std::string_view bytes) override {
+        is_settled_ = false;
         while (!bytes.empty()) {
             const ssize_t count = pwrite(file_.number(), bytes.data(), bytes.size(), offset);
             if (count < 0 && errno == EINTR) continue;
@@ -81,9 +83,19 @@ class linux_writer : public file_writer {
         return outcome::success();
     }
 
+    void settle() override {
+        if (final_path_.empty()) return;
+        // The system tells a failure once: it is kept for the commit.
+        const outcome done = make_durable();
+        if (settled_) settled_ = done;
+        is_settled_ = true;
+    }
+
     outcome commit() override {
         const bool replaces = !final_path_.empty();
-        if (replaces && fsync(file_.number()) != 0 && errno != EINVAL) return system_failure();
+        if (!settled_) return settled_;
+        if (replaces && !is_settled_)
+            if (outcome failed = make_durable(); !failed) return failed;
         if (!file_.close() || (replaces && rename(path_.c_str(), final_path_.c_str()) != 0)) {
             outcome failed = system_failure();
             if (replaces) unlink(path_.c_str());
@@ -93,9 +105,15 @@ class linux_writer : public file_writer {
     }
 
   private:
+    outcome make_durable() {
+        return fsync(file_.number()) == 0 || errno == EINVAL ? outcome::success() : system_failure();
+    }
+
     descriptor file_;
     std::string path_;
     std::string final_path_;
+    outcome settled_ = outcome::success();
+    bool is_settled_ = false;  // nothing has been written since
 };
 
 // Opens a regular file and nothing else: not a device or a FIFO, which could block or swallow what is

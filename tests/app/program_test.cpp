@@ -228,6 +228,11 @@ TEST(Program, InAFolderThatCannotBeWrittenEveryTaskWorksFromMemory) {
     EXPECT_EQ(p.files.content_of("/prog/相同文件.txt"), stale) << "nothing is written";
     EXPECT_FALSE(p.files.has("/prog/文件清单.txt"));
     EXPECT_EQ(p.screen.messages.size(), 2u) << "said once at start, and the end of the comparison";
+    // Asked for many paths, the folder tells of what it holds beside what the disk does.
+    const std::vector<std::string_view> asked = {"/prog/文件清单.txt", "/d/a", "/prog/none", "/d/none"};
+    std::vector<std::uint8_t> found(asked.size());
+    EXPECT_EQ(p.form.outside.files.many_exist(asked, found), asked.size());
+    EXPECT_EQ(found, (std::vector<std::uint8_t>{1, 1, 0, 0}));
     // Without a twin the result of before is gone, the disk's old one included.
     p.files.erase("/d/b");
     p.form.run("search_check_m_Click");

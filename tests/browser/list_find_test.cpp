@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "core/tasks/task_scope.h"
 #include "tests/browser/list_program.h"
 
 namespace corvane {
@@ -293,6 +294,128 @@ TEST(Filter, AfterADeletionShowsTheBlankCellOfTheRow) {
     p.form.run("only_disp");
     EXPECT_EQ(p.cells(3), texts{"/d/z.tar.gz"});
     EXPECT_EQ(p.cells(4), texts{""});
+}
+
+TEST(Find, CaseIsFoldedInPlainTextsAndInOthersAlike) {
+    // The neighbours of the letters in their table are no letters, and a text may be plain in one row only.
+    list_program p;
+    p.show({{1, "/d/@AZ[`az{", "/e/1"},
+            {2, "/d/plain KEY", "/e/2"},
+            {3, "/d/ÄÖ KEY", "/e/3"},
+            {4, "/d/文件 key", "/e/4"},
+            {5, "/d/last Key", "/e/5"}});
+    const auto hits = [&](const std::string& term) {
+        p.screen.texts = {term};
+        p.form.run("search_in_result");
+        for (int more = 0; more < 6; ++more) p.form.run("again_search");
+        texts names;
+        for (std::int32_t row = 1; row <= p.list().row_count(); ++row)
+            if (p.list().colour(row, 3) == found) names.push_back(p.list().cell(row, 3).substr(3));
+        std::sort(names.begin(), names.end());
+        return names;
+    };
+    EXPECT_EQ(hits("@az["), texts{"@AZ[`az{"});
+    EXPECT_EQ(hits("`AZ{"), texts{"@AZ[`az{"});
+    EXPECT_EQ(hits("[@"), texts{});
+    EXPECT_EQ(hits("kEy"), (texts{"last Key", "plain KEY", "ÄÖ KEY", "文件 key"}));
+    EXPECT_EQ(hits("äö"), texts{"ÄÖ KEY"});
+}
+
+// 1,000 rows of which the last one alone is sought.
+struct thousand_rows : list_program {
+    thousand_rows() {
+        std::vector<pair> pairs;
+        for (int i = 1000; i < 2000; ++i) {
+            pairs.push_back({1, "/d/" + std::to_string(i) + ".jpg", "/e/" + std::to_string(i) + ".jpg"});
+            files.add_file(pairs.back().path1);
+            files.add_file(pairs.back().path2);
+        }
+        show(pairs);
+    }
+};
+
+TEST(Find, EventsRunWhileItSearchesAndNoTask) {
+    thousand_rows p;
+    int yields = 0;
+    p.screen.on_yield = [&] {
+        ++yields;
+        EXPECT_TRUE(p.state.tasks_locked);
+        p.form.run("Picture4_Click");
+        p.form.run("not_list");
+        p.header(3);
+        p.header(3);
+    };
+    p.screen.texts = {"1999"};
+    p.form.run("search_in_result");
+    EXPECT_EQ(yields, 5);
+    EXPECT_EQ(p.state.find_row, 1000);
+    EXPECT_EQ(p.list().colour(1000, 3), found);
+    EXPECT_FALSE(p.state.tasks_locked);
+}
+
+TEST(Find, OneWithinAnotherDoesNotYield) {
+    thousand_rows p;
+    int yields = 0;
+    p.screen.on_yield = [&] {
+        ++yields;
+        p.form.run("again_search");
+    };
+    p.screen.texts = {"1999"};
+    p.form.run("search_in_result");
+    EXPECT_EQ(yields, 5);
+    EXPECT_EQ(p.list().colour(1000, 3), found);
+}
+
+TEST(Find, WithinATaskItLeavesLockAndCancelButtonToIt) {
+    thousand_rows p;
+    const task_scope task(p.form);
+    p.form.Command28.visible = true;
+    const std::int64_t yields = p.screen.yields;
+    p.screen.texts = {"1999"};
+    p.form.run("search_in_result");
+    EXPECT_EQ(p.screen.yields, yields);
+    EXPECT_EQ(p.state.find_row, 1000);
+    EXPECT_TRUE(p.form.Command28.visible);
+    EXPECT_TRUE(p.state.tasks_locked);
+}
+
+TEST(Find, AProgramThatClosesSearchesNoFurther) {
+    thousand_rows p;
+    p.screen.on_yield = [&] { p.form.run("exit_sub"); };
+    p.screen.texts = {"no such"};
+    p.form.run("search_in_result");
+    EXPECT_TRUE(p.screen.messages.empty());
+    EXPECT_TRUE(p.screen.ended);
+}
+
+TEST(Filter, EventsRunWhileItFillsAndNoTask) {
+    thousand_rows p;
+    int yields = 0;
+    p.screen.on_yield = [&] {
+        ++yields;
+        EXPECT_TRUE(p.state.tasks_locked);
+        p.form.run("Picture4_Click");
+        p.form.run("only_disp");
+        p.form.run("Picture5_Click");
+        p.header(1);
+        p.header(1);
+    };
+    p.screen.texts = {"*.jpg"};
+    p.form.run("only_disp");
+    EXPECT_EQ(yields, 10);
+    EXPECT_EQ(p.list().row_count(), 1000);
+    EXPECT_EQ(p.list().cell(1, 3), "/d/1000.jpg");
+    EXPECT_EQ(p.form.StatusBar1.panel(3), "相同文件:1000");
+    EXPECT_FALSE(p.state.tasks_locked);
+}
+
+TEST(Filter, AProgramThatClosesFillsNoFurther) {
+    thousand_rows p;
+    p.screen.on_yield = [&] { p.form.run("exit_sub"); };
+    p.screen.texts = {"*.jpg"};
+    p.form.run("only_disp");
+    EXPECT_EQ(p.list().row_count(), 99);
+    EXPECT_TRUE(p.screen.ended);
 }
 
 }  // namespace

@@ -87,5 +87,37 @@ TEST(ColumnClick, TheSelectionStaysWithItsRow) {
     EXPECT_EQ(p.list().selected_row, 1);
 }
 
+// What comes while the rows are ordered finds a task at work.
+TEST(ColumnClick, AtItsYieldNoTaskStartsAndMarksMoveAlong) {
+    five_rows p;
+    int yields = 0;
+    p.screen.on_yield = [&] {
+        ++yields;
+        p.form.run("Picture4_Click");
+        p.form.run("Picture5_Click");
+        p.form.run("only_disp");
+        p.form.list_event = {};
+        p.form.list_event.column = 4;
+        p.form.run("ListView1_ColumnClick");
+        p.double_click(4, 4);  // "/e/4", of length 7
+    };
+    p.header(2);
+    EXPECT_EQ(yields, 1);
+    EXPECT_TRUE(p.screen.messages.empty());
+    EXPECT_EQ(p.cells(2), (std::vector<std::string>{"5", "7", "10", "10", "10"}));
+    EXPECT_EQ(p.colours(3), (colour_row{purple, black, black, gray, gray}));
+    EXPECT_EQ(p.colours(4), (colour_row{purple, red, black, black, black}));
+    EXPECT_EQ(p.state.last_sort_column, "长度");
+    EXPECT_FALSE(p.state.tasks_locked);
+}
+
+TEST(ColumnClick, AProgramThatClosesLeavesTheRowsInTheirOrder) {
+    five_rows p;
+    p.screen.on_yield = [&] { p.form.run("exit_sub"); };
+    p.header(2);
+    EXPECT_EQ(p.cells(2), (std::vector<std::string>{"10", "10", "10", "7", "5"}));
+    EXPECT_TRUE(p.screen.ended);
+}
+
 }  // namespace
 }  // namespace corvane

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+
 #include "tests/support/test_program.h"
 
 namespace corvane {
@@ -165,7 +168,149 @@ TEST(SameView, RepaintsOnceAtRowOneHundredAndThinsTheFigures) {
         };
     p.form.run("Picture4_Click");
     EXPECT_EQ(p.screen.repaints, 1);
-    EXPECT_EQ(shown, (texts{"读入:1836", "读取: 40%", "读取: 80%"}));
+    EXPECT_EQ(shown, (texts{"", "读入:918", "读入:1836", "读取: 40%", "读取: 80%"}));
+}
+
+// The rows that the rules keep, one triple after the other.
+std::vector<stored_row> kept_rows(test_program& p, const std::vector<stored_row>& rows) {
+    std::vector<stored_row> kept;
+    const auto is_there = [&p](const std::string& path) {
+        return path > " " && (path.find('*') != std::string::npos || p.files.has(path));
+    };
+    for (const stored_row& row : rows)
+        if (is_there(row.path1) && is_there(row.path2)) kept.push_back(row);
+    return kept;
+}
+
+// What the list shows, in the order of the store.
+void expect_shown(test_program& p, std::vector<stored_row> rows) {
+    const auto as_text = [](std::int64_t length, const std::string& path1, const std::string& path2) {
+        return path1 + "|" + path2 + "|" + std::to_string(length);
+    };
+    texts expected, shown;
+    for (const stored_row& row : rows) expected.push_back(as_text(row.length, row.path1, row.path2));
+    const list_view& list = p.form.ListView1;
+    for (std::int32_t row = 1; row <= list.row_count(); ++row)
+        shown.push_back(as_text(list.number_cell(row, 2), list.cell(row, 3), list.cell(row, 4)));
+    std::sort(expected.begin(), expected.end());
+    std::sort(shown.begin(), shown.end());
+    EXPECT_EQ(shown, expected);
+    ASSERT_EQ(p.state.result_length.size(), list.row_count());
+    ASSERT_EQ(p.state.result_file1.size(), list.row_count());
+    ASSERT_EQ(p.state.result_file2.size(), list.row_count());
+}
+
+TEST(SameView, RowsAreKeptAsEachOfThemWouldBeAlone) {
+    std::mt19937 dice(18);
+    for (int round = 0; round < 40; ++round) {
+        test_program p;
+        // Few folders and names: paths that repeat in rows side by side, in both columns and across.
+        const auto path = [&]() -> std::string {
+            const auto kind = dice() % 20;
+            if (kind == 0) return dice() % 2 == 0 ? "" : " ";
+            std::string text = "/d" + std::to_string(dice() % 3) + "/f" + std::to_string(dice() % 12);
+            if (kind == 1) return text + ".zip*member";
+            if (kind == 2) return "no folder";
+            return text;
+        };
+        for (int i = 0; i < 36; ++i)
+            if (dice() % 3 != 0)
+                p.files.add_file("/d" + std::to_string(i % 3) + "/f" + std::to_string(i / 3));
+        std::vector<stored_row> rows;
+        for (int i = 0; i < 400; ++i) {
+            rows.push_back({i, path(), path()});
+            while (dice() % 3 == 0) rows.push_back({i, rows.back().path1, path()});
+            if (dice() % 5 == 0) rows.push_back({i, path(), rows.back().path2});
+        }
+        store(p, rows);
+        p.form.run("Picture4_Click");
+        expect_shown(p, kept_rows(p, rows));
+    }
+}
+
+TEST(SameView, TheLimitCountsTheRowsThatAreKept) {
+    for (const bool one_more : {false, true}) {
+        test_program p;
+        p.state.limits.result_rows = 2;
+        p.files.add_file("/a");
+        std::vector<stored_row> rows{
+            {1, "/a", "/gone"}, {2, "/a", "/a"}, {3, "/gone", "/a"}, {4, "/a", "/a"}};
+        for (int i = 0; i < 3000; ++i) rows.push_back({5, "/a", "/gone"});
+        if (one_more) rows.push_back({6, "/a", "/a"});
+        store(p, rows);
+        p.form.run("Picture4_Click");
+        expect_shown(p, {{2, "/a", "/a"}, {4, "/a", "/a"}});
+        EXPECT_EQ(p.screen.messages.size(), one_more ? 1u : 0u);
+    }
+}
+
+TEST(SameView, EventsRunWhileTheStoreIsReadAndNoOtherTask) {
+    test_program p;
+    std::vector<stored_row> rows;
+    for (int i = 0; i < 500; ++i) {
+        rows.push_back({1, "/d/" + std::to_string(1000 + i), "/e/" + std::to_string(1000 + i)});
+        p.files.add_file(rows.back().path1);
+        p.files.add_file(rows.back().path2);
+    }
+    store(p, rows);
+    const std::string stored = p.files.content_of("/prog/相同文件.txt");
+    int yields_before_rows = 0;
+    p.screen.on_yield = [&] {
+        EXPECT_TRUE(p.state.tasks_locked);
+        if (p.form.ListView1.row_count() > 0) return;
+        ++yields_before_rows;
+        p.form.run("Picture4_Click");
+        p.form.run("result_refresh");
+        p.form.run("Picture5_Click");
+        p.form.run("only_disp");
+        p.form.run("rewrite_store");
+        p.form.list_event = {};
+        p.form.list_event.column = 2;
+        p.form.run("ListView1_ColumnClick");
+        p.form.run("ListView1_DblClick");
+    };
+    p.form.run("Picture4_Click");
+    EXPECT_GE(yields_before_rows, 500 / 50);
+    p.screen.on_yield = {};
+    expect_shown(p, rows);
+    EXPECT_TRUE(p.screen.messages.empty());
+    EXPECT_EQ(p.files.content_of("/prog/相同文件.txt"), stored) << "the store is as it was";
+}
+
+TEST(SameView, AFileThatGoesWhileTheStoreIsReadTakesItsRowsAlong) {
+    test_program p;
+    std::vector<stored_row> rows;
+    for (int i = 0; i < 100; ++i) rows.push_back({1, "/d/a" + std::to_string(i), "/d/b" + std::to_string(i)});
+    for (const stored_row& row : rows) {
+        p.files.add_file(row.path1);
+        p.files.add_file(row.path2);
+    }
+    store(p, rows);
+    p.screen.acts[1] = [&] { p.files.erase("/d/b7"); };
+    p.form.run("Picture4_Click");
+    rows.erase(rows.begin() + 7);
+    expect_shown(p, rows);
+}
+
+TEST(SameView, AProgramThatClosesAtAnyYieldOfTheLoadShowsNothingMore) {
+    std::int64_t yields = 1;
+    for (std::int64_t at = 1; at <= yields; ++at) {
+        test_program p;
+        std::vector<stored_row> rows;
+        for (int i = 0; i < 120; ++i) rows.push_back({1, "/d/" + std::to_string(i), "/e"});
+        for (const stored_row& row : rows) p.files.add_file(row.path1);
+        p.files.add_file("/e");
+        store(p, rows);
+        const std::string before = p.files.content_of("/prog/相同文件.txt");
+        p.screen.acts[at] = [&] { p.form.run("exit_sub"); };
+        p.form.run("Picture4_Click");
+        EXPECT_EQ(p.screen.ended, true);
+        EXPECT_TRUE(p.screen.messages.empty());
+        EXPECT_EQ(p.files.content_of("/prog/相同文件.txt"), before);
+        // Two while it reads, one that asks the disk, three around the order of the rows.
+        yields = 6;
+        EXPECT_EQ(p.form.ListView1.row_count(), 0) << at;
+    }
 }
 
 TEST(SameView, RowsBeyondTheLimitAreLeftOutAndSaidOnce) {

@@ -278,7 +278,7 @@ TEST(EmptyDelete, TheThousandAndFirstPathStartsANewBatch) {
         const std::int64_t before = p.screen.yields;
         p.form.run("Picture8_Click");
         EXPECT_EQ(p.recycled(), directories);
-        EXPECT_EQ(p.screen.yields - before, count + (count > 1000 ? 2 : 1));  // a row each, a batch each
+        EXPECT_EQ(p.screen.yields - before, 2 * count);  // each row and each path
         EXPECT_EQ(p.panel(5), "已删除:" + std::to_string(count));
     }
 }
@@ -295,7 +295,17 @@ TEST(EmptyDelete, PanelFiveCountsWhileItRuns) {
         EXPECT_TRUE(p.state.tasks_locked);
     };
     p.form.run("Picture8_Click");
-    EXPECT_EQ(p.screen.yields, before + 3);
+    EXPECT_EQ(p.screen.yields, before + 4);
+}
+
+TEST(EmptyDelete, ADirectoryThatIsFilledWithinABatchStays) {
+    empty_program p;
+    p.show_directories({"/d/a/", "/d/b/"});
+    p.mark_all();
+    p.screen.acts[p.screen.yields + 2 + 2] = [&] { p.files.add_file("/d/b/new"); };
+    p.form.run("Picture8_Click");
+    EXPECT_EQ(p.recycled(), texts{"/d/a/"});
+    EXPECT_TRUE(p.files.has("/d/b/new"));
 }
 
 TEST(EmptyDelete, WhatTheBinRefusesStaysAndIsSaid) {

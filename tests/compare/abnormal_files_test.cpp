@@ -96,14 +96,15 @@ TEST(AbnormalFiles, WithoutAListItSaysSo) {
     EXPECT_FALSE(p.form.List1.visible);
 }
 
-TEST(AbnormalFiles, NeitherYieldsNorShowsTheCancelButtonInItsPasses) {
+TEST(AbnormalFiles, NeitherShowsTheCancelButtonInItsPassesNorHeedsIt) {
     abnormal_program p;
-    p.files.add_file("/d/a");
     p.search({"/d"});
-    const std::int64_t yields = p.screen.yields;
-    p.form.run("Command44_Click");
-    EXPECT_EQ(p.screen.yields, yields);
-    EXPECT_FALSE(p.form.Command28.visible);
+    p.screen.on_yield = [&] {
+        EXPECT_FALSE(p.form.Command28.visible);
+        p.form.run("Command28_Click");
+    };
+    p.check({"/d/x", "/d/y"});
+    EXPECT_EQ(p.rows().size(), 6u);
 }
 
 TEST(AbnormalFiles, AsksAboutTheShutdownUnlessTheRunIsChained) {
@@ -144,6 +145,29 @@ TEST(AbnormalFiles, TheButtonIsHidden) {
     EXPECT_FALSE(p.form.find("Command44")->visible);
     EXPECT_EQ(p.form.find("Command44")->caption, "查异常文件");
     EXPECT_TRUE(p.form.find("search_no_normal_file")->enabled);
+}
+
+TEST(AbnormalFiles, EventsRunAtEachEntryAndNoOtherTask) {
+    abnormal_program p;
+    p.files.add_file("/d/a");
+    std::int64_t entries = 0;
+    p.screen.on_yield = [&] {
+        ++entries;
+        p.form.run("Picture3_Click");
+        p.form.run("读暂存的文件清单_M");
+    };
+    p.check({"/d/a", "/d/gone"});
+    // Each of the two while the list is read and in both passes.
+    EXPECT_EQ(entries, 6);
+    EXPECT_EQ(p.rows(), (texts{"/d/gone   -1", "7", "/d/gone"}));
+    EXPECT_TRUE(p.screen.messages.empty());
+}
+
+TEST(AbnormalFiles, AProgramThatClosesLooksAtNoFurtherEntry) {
+    abnormal_program p;
+    p.screen.acts[p.screen.yields + 3 + 2] = [&] { p.form.run("exit_sub"); };
+    p.check({"/d/x", "/d/y", "/d/z"});
+    EXPECT_EQ(p.rows(), (texts{"/d/x   -1", "4"}));
 }
 
 }  // namespace

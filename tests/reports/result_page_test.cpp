@@ -229,6 +229,30 @@ TEST(PageTask, AnotherTaskIsRefusedMeanwhile) {
     EXPECT_TRUE(p.files.has(p.path));
 }
 
+TEST(PageTask, AProgramThatClosesAtAnyYieldLeavesTheOldPageOrAWholeOne) {
+    for (std::int64_t at = 1; at <= 6; ++at) {
+        page_program p;
+        for (const char* path : {"/d/a", "/d/b"}) p.files.add_file(path, "same");
+        p.compare({"/d"});
+        p.files.add_file(p.path, "old");
+        p.screen.messages.clear();
+        p.screen.acts[p.screen.yields + at] = [&] {
+            EXPECT_EQ(p.files.content_of(p.path), "old");
+            p.form.run("exit_sub");
+        };
+        p.form.run("报告网页_M");
+        // While it reads the store, twice for the paths, while it orders them and while it makes the page;
+        // then the disk takes the page in.
+        const std::string page = p.files.content_of(p.path);
+        if (at <= 5)
+            EXPECT_EQ(page, "old") << at;
+        else
+            EXPECT_TRUE(page.ends_with("</html>\n")) << at;
+        EXPECT_TRUE(p.screen.ended);
+        EXPECT_TRUE(p.screen.messages.empty());
+    }
+}
+
 TEST(ResultPage, SpeaksEnglishWhereItIsAskedTo) {
     result_case c;
     c.keep({{10, "/家/照片/1.jpg", "/家/照片/2.jpg"}});

@@ -82,6 +82,11 @@ class scripted_interface : public user_interface {
         if (due != acts.end()) due->second();
         if (on_yield) on_yield();
     }
+    // Events come before the work is done: what they leave is what it stands on.
+    void work_aside(const std::function<void()>& work) override {
+        yield();
+        work();
+    }
     void wait(double seconds) override { waited += seconds; }
     void repaint() override { ++repaints; }
     double seconds() override { return clock; }

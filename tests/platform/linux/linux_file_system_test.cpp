@@ -222,6 +222,25 @@ TEST_F(LinuxFileSystem, ReplacingIsSeenOnlyAfterTheCommit) {
     EXPECT_EQ(list().size(), 1u);
 }
 
+TEST_F(LinuxFileSystem, SettlingPutsNothingInItsPlaceAndMoreMayFollow) {
+    write("f", "old");
+    {
+        const auto writer = files.replace_file(root + "f");
+        writer->settle();
+        EXPECT_TRUE(writer->write("new"));
+        writer->settle();
+        EXPECT_EQ(read("f"), "old");
+        EXPECT_TRUE(writer->write(" text"));
+        writer->settle();
+        writer->settle();
+        EXPECT_TRUE(writer->commit());
+    }
+    EXPECT_EQ(read("f"), "new text");
+    { files.replace_file(root + "f")->settle(); }
+    EXPECT_EQ(read("f"), "new text");
+    EXPECT_EQ(list().size(), 1u);
+}
+
 TEST_F(LinuxFileSystem, AWriterWithoutCommitLeavesNothing) {
     write("f", "old");
     { files.replace_file(root + "f")->write("half"); }

@@ -73,6 +73,23 @@ class ManyPaths : public testing::Test {
         }
     }
 
+    std::vector<std::uint8_t> many_exist(const std::vector<std::string>& paths) {
+        const std::vector<std::string_view> views(paths.begin(), paths.end());
+        std::vector<std::uint8_t> answers(paths.size(), 7);
+        for (std::size_t done = 0; done < views.size();) {
+            const std::size_t answered =
+                files.many_exist(std::span(views).subspan(done), std::span(answers).subspan(done));
+            EXPECT_GE(answered, 1u);
+            done += answered;
+        }
+        return answers;
+    }
+    void expect_the_same_existence(const std::vector<std::string>& paths) {
+        const std::vector<std::uint8_t> answers = many_exist(paths);
+        for (std::size_t i = 0; i < paths.size(); ++i)
+            ASSERT_EQ(answers[i], path_exists(files, paths[i]) ? 1 : 0) << paths[i];
+    }
+
     std::string root;
     linux_file_system files;
 };
@@ -103,13 +120,58 @@ TEST_F(ManyPaths, NamesThatAreMappedAreFoundFromTheirDirectory) {
     while (inside->next(name, kind)) paths.push_back(directory + std::string(name));
     ASSERT_EQ(paths.size(), 40u);
     for (const file_facts& each : many(paths)) EXPECT_TRUE(each.exists);
+    for (const std::uint8_t exists : many_exist(paths)) EXPECT_EQ(exists, 1);
+    paths[20] += "no";
+    expect_the_same_existence(paths);
 }
 
 TEST_F(ManyPaths, ADirectoryThatMayNotBeEnteredHidesItsFilesFromBoth) {
     const std::vector<std::string> paths = tree();
     disk::permissions(root + "d5", disk::perms::none);
     expect_the_same_facts(paths);
+    expect_the_same_existence(paths);
+    // It may be read, but not entered: the names are seen, the files are not. (The superuser enters it.)
+    disk::permissions(root + "d6/e", disk::perms::owner_read);
+    expect_the_same_existence(paths);
+    disk::permissions(root + "d6/e", disk::perms::owner_all);
     disk::permissions(root + "d5", disk::perms::owner_all);
+}
+
+TEST_F(ManyPaths, WhatExistsIsWhatEachSaysAlone) {
+    std::vector<std::string> paths = tree();
+    disk::create_symlink("/nowhere/at/all", root + "d2/e/dangling");
+    for (int i = 0; i < 600; i += 3)
+        paths.push_back(root + "d" + std::to_string(i / 20) + "/e/gone" + std::to_string(i));
+    for (const char* odd :
+         {"d2/e/dangling", "d2/e/.", "d2/e/..", "d2/e/", "d2/e/file40.txt/", "d2/e/file40.txt/x"})
+        paths.push_back(root + odd);
+    std::sort(paths.begin(), paths.end());
+    ASSERT_EQ(std::count(paths.begin(), paths.end(), root + "d2/e/dangling"), 1);
+    expect_the_same_existence(paths);
+    paths.insert(paths.end(), 20, paths[100]);
+    expect_the_same_existence(paths);
+    std::shuffle(paths.begin(), paths.end(), std::mt19937(7));
+    expect_the_same_existence(paths);
+}
+
+TEST_F(ManyPaths, WhatExistsIsFoundInADirectoryOfAnySize) {
+    std::vector<std::string> paths;
+    for (int i = 0; i < 5000; ++i) {
+        const std::string path = root + "large/some name " + std::to_string(i);
+        if (i % 5 != 4) write(path, "");
+        paths.push_back(path);
+    }
+    expect_the_same_existence(paths);
+    // A few of many, the last ones of the directory among them.
+    std::vector<std::string> few;
+    for (int i = 0; i < 5000; i += 500) few.push_back(paths[static_cast<std::size_t>(i)]);
+    few.push_back(root + "large/not there");
+    expect_the_same_existence(few);
+    // None of them is there, and then the directory itself is not.
+    std::vector<std::string> none;
+    for (int i = 0; i < 100; ++i) none.push_back(root + "large/gone " + std::to_string(i));
+    for (int i = 0; i < 100; ++i) none.push_back(root + "no directory/" + std::to_string(i));
+    expect_the_same_existence(none);
 }
 
 TEST_F(ManyPaths, StartsAreThoseOfEachAlone) {
@@ -164,7 +226,8 @@ TEST_F(ManyPaths, DirectoriesHaveTheEntriesOfEachAlone) {
 
 TEST_F(ManyPaths, WithoutADescriptorLeftFactsComeAllTheSame) {
     const std::vector<std::string> paths = tree();
-    // A sanitizer looks at the first start of a kind of thread through a descriptor: they have started before.
+    // A sanitizer looks at the first start of a kind of thread through a descriptor: they have started
+    // before.
     many(paths);
     rlimit before;
     getrlimit(RLIMIT_NOFILE, &before);
@@ -174,6 +237,11 @@ TEST_F(ManyPaths, WithoutADescriptorLeftFactsComeAllTheSame) {
     setrlimit(RLIMIT_NOFILE, &before);
     for (std::size_t i = 0; i < paths.size(); ++i)
         EXPECT_EQ(answers[i].exists, files.facts(paths[i]).exists) << paths[i];
+    setrlimit(RLIMIT_NOFILE, &none);
+    const std::vector<std::uint8_t> found = many_exist(paths);
+    setrlimit(RLIMIT_NOFILE, &before);
+    for (std::size_t i = 0; i < paths.size(); ++i)
+        EXPECT_EQ(found[i], path_exists(files, paths[i]) ? 1 : 0) << paths[i];
 }
 
 }  // namespace
