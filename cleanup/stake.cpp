@@ -1,7 +1,5 @@
 #include "cleanup/stake.h"
 
-#include <array>
-#include <cstdio>
 #include <string_view>
 #include <unordered_set>
 
@@ -32,18 +30,6 @@ deletion_stake stake_of(const Tavrel& form) {
         }
     }
     return stake;
-}
-
-std::string short_size(double bytes) {
-    static constexpr const char* units[] = {"字节", "KB", "MB", "GB", "TB"};
-    std::size_t unit = 0;
-    while (bytes >= 1024 && unit + 1 < std::size(units)) {
-        bytes /= 1024;
-        ++unit;
-    }
-    std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), unit == 0 ? "%.0f %s" : "%.1f %s", bytes, units[unit]);
-    return text.data();
 }
 
 std::string stake_words(const deletion_stake& stake) {

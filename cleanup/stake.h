@@ -21,7 +21,4 @@ deletion_stake stake_of(const Tavrel& form);
 // "3 个文件, 17.4 KB; 其中压缩包内 1 个, 不能恢复"; empty without a mark.
 std::string stake_words(const deletion_stake& stake);
 
-// "17.4 KB": whole bytes below 1,024, else one decimal.
-std::string short_size(double bytes);
-
 }  // namespace corvane

@@ -13,7 +13,22 @@ namespace corvane {
 
 namespace {
 constexpr int margin = 6;
+
+// A small lock in front of a protected path; returns the room that it takes.
+int draw_lock(QPainter& painter, const QRect& place, int height, const QColor& colour) {
+    const double unit = height / 10.0;
+    const double top = place.center().y() - 4.5 * unit;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, 1.3 * unit));
+    painter.drawArc(QRectF(place.left() + 2.2 * unit, top, 3.6 * unit, 6 * unit), 0, 180 * 16);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawRoundedRect(QRectF(place.left() + unit, top + 3.6 * unit, 6 * unit, 4.9 * unit), unit, unit);
+    painter.restore();
+    return height;
 }
+}  // namespace
 
 void list_cell_painter::paint(QPainter* painter, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const {
@@ -31,7 +46,10 @@ void list_cell_painter::paint(QPainter* painter, const QStyleOptionViewItem& opt
     if (words.isEmpty()) return;
     const QVariant stated = cells_.headerData(index.column(), Qt::Horizontal, Qt::TextAlignmentRole);
     const bool right = stated.value<Qt::Alignment>().testFlag(Qt::AlignRight);
-    const QRect place = option.rect.adjusted(margin, 0, -margin, 0);
+    QRect place = option.rect.adjusted(margin, 0, -margin, 0);
+    if (cells_.is_protected(index.row(), index.column()))
+        place.setLeft(place.left() + draw_lock(*painter, place, option.fontMetrics.ascent(),
+                                               readable_on(quiet_text(palette), background)));
     QFont font = option.font;
     font.setStrikeOut(cells_.data(index, list_model::struck_role).toBool());
     painter->setFont(font);

@@ -69,6 +69,12 @@ std::span<const translation_row> english_status() {
         {"选择要删除空目录", "Choose empty directories to delete"},
         {"取消[{t}]", "Cancel [{t}]"},
         {"树状目录输出", "Directory tree"},
+        {"已标记:{} 个文件, {}", "Marked: {} files, {}"},
+        {"没有可撤销的标记", "No marks to undo"},
+        {"没有可重做的标记", "No marks to redo"},
+        {"已撤销,标记:{n}", "Undone, marked: {n}"},
+        {"已重做,标记:{n}", "Redone, marked: {n}"},
+        {"受保护,不标记:{n}", "Protected, not marked: {n}"},
         // Headings of the list.
         {"序号", "No."},
         {"长度", "Length"},

@@ -44,6 +44,47 @@ TEST(list_table, a_red_cell_is_struck_through) {
     EXPECT_FALSE(cells.data(cells.index(0, 3), list_model::struck_role).toBool());
 }
 
+TEST(list_table, a_protected_path_has_a_lock_and_says_so) {
+    forms_program shown;
+    shown.show_pairs(3);
+    list_table& table = shown.windows.main().list();
+    const auto cell_image = [&] {
+        return table.grab(table.visualRect(table.model()->index(0, 3)).translated(table.viewport()->pos()))
+            .toImage();
+    };
+    shown.settle();
+    const QImage before = cell_image();
+    const QString plain = table.model()->index(0, 3).data(Qt::AccessibleDescriptionRole).toString();
+    set_protected_folders(shown.form, {"/home/li/照片/2023/"});
+    shown.windows.sync();
+    shown.settle();
+    list_model& cells = table.cells();
+    EXPECT_TRUE(cells.is_protected(0, 3));
+    EXPECT_FALSE(cells.is_protected(0, 1)) << "a number";
+    EXPECT_EQ(cells.index(0, 3).data(Qt::AccessibleDescriptionRole).toString(),
+              QStringLiteral("受保护的文件"));
+    EXPECT_NE(cell_image(), before);
+    set_protected_folders(shown.form, {});
+    shown.windows.sync();
+    shown.settle();
+    EXPECT_EQ(cell_image(), before);
+    EXPECT_EQ(cells.index(0, 3).data(Qt::AccessibleDescriptionRole).toString(), plain);
+}
+
+TEST(list_table, ctrl_z_takes_a_mark_back) {
+    forms_program shown;
+    shown.show_pairs(3);
+    list_table& table = shown.windows.main().list();
+    const QRect cell = table.visualRect(table.model()->index(1, 4));
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, cell.center());
+    ASSERT_EQ(shown.form.ListView1.colour(2, 4), cell_colour::mark_red);
+    table.setFocus();
+    QTest::keyClick(&table, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown.form.ListView1.colour(2, 4), cell_colour::colour_text);
+    QTest::keyClick(&table, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(shown.form.ListView1.colour(2, 4), cell_colour::mark_red);
+}
+
 TEST(list_table, the_selection_goes_both_ways) {
     forms_program shown;
     shown.show_pairs(10);
