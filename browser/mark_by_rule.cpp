@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "browser/group_sort.h"
 #include "browser/keep_rules.h"
 #include "browser/list_marks.h"
 #include "browser/list_views.h"
@@ -122,18 +123,30 @@ class rule_work {
     void take_copies(std::span<const std::int32_t> group) {
         copies_.clear();
         if (rule_.counts_neighbours) count_neighbours(group);
-        for (const std::int32_t member : group) {
+        for (std::size_t i = 0; i < group.size(); ++i) {
+            const std::int32_t member = group[i];
             const std::int64_t date = dates_.empty() ? rule_copy::unknown_date : dates_[at(member)];
             if (table_.state(member).marked || date == gone) continue;
-            rule_copy copy{member, table_.groups().path(member), date};
-            if (rule_.counts_neighbours) copy.neighbours = in_folder_[folder_of(copy.path, input_.separator)];
-            copies_.push_back(copy);
+            const std::int32_t neighbours = rule_.counts_neighbours ? neighbours_[i] : 0;
+            copies_.push_back({member, table_.groups().path(member), date, neighbours});
         }
     }
+
+    // Most groups are small: their folders are held against each other.
     void count_neighbours(std::span<const std::int32_t> group) {
-        in_folder_.clear();
+        folders_.clear();
+        neighbours_.clear();
         for (const std::int32_t member : group)
-            ++in_folder_[folder_of(table_.groups().path(member), input_.separator)];
+            folders_.push_back(folder_of(table_.groups().path(member), input_.separator));
+        if (group.size() <= 16) {
+            for (const std::string_view folder : folders_)
+                neighbours_.push_back(
+                    static_cast<std::int32_t>(std::count(folders_.begin(), folders_.end(), folder)));
+            return;
+        }
+        std::unordered_map<std::string_view, std::int32_t> counts;
+        for (const std::string_view folder : folders_) ++counts[folder];
+        for (const std::string_view folder : folders_) neighbours_.push_back(counts[folder]);
     }
 
     Tavrel& form_;
@@ -144,7 +157,8 @@ class rule_work {
     std::vector<std::int64_t> dates_;
     std::vector<rule_copy> copies_;
     std::vector<std::int32_t> kept_;
-    std::unordered_map<std::string_view, std::int32_t> in_folder_;
+    std::vector<std::string_view> folders_;  // of the members of the group in hand
+    std::vector<std::int32_t> neighbours_;   // the same
 };
 
 bool holds_pairs(Tavrel& form) {
@@ -237,15 +251,15 @@ void invert_pairs(Tavrel& form) {
     std::vector<char> marks(at(groups.member_count())), others(marks);
     for (std::int32_t number = 0; number < groups.group_count(); ++number) {
         const auto group = groups.group(number);
-        const bool any = std::any_of(group.begin(), group.end(),
-                                     [&](std::int32_t member) { return table.state(member).marked; });
+        // A blue mark stays what it is, and keeps nobody.
+        const bool any = std::any_of(group.begin(), group.end(), [&](std::int32_t member) {
+            return table.state(member).red && !table.state(member).blue;
+        });
         for (const std::int32_t member : group)
             (table.state(member).marked ? marks : others)[at(member)] = any ? 1 : 0;
     }
     table.unmark(form, marks);
     table.mark(form, others);
-    // A mark that is blue stays what it is, and keeps nobody.
-    keep_one_of_each_group(form);
 }
 
 // True for a list in which marks of the menu have a meaning.
@@ -286,6 +300,8 @@ handler_table mark_handlers() {
     table.push_back({"undo_marks", undo_marks_Click, starts_task});
     table.push_back({"redo_marks", redo_marks_Click, starts_task});
     table.push_back({"unmark_protected", unmark_protected});
+    table.push_back({"sort_by_freed", sort_by_freed_Click, starts_task});
+    table.push_back({"group_of_row", group_of_row_Click});
     return table;
 }
 

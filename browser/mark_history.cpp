@@ -49,6 +49,12 @@ bool takes_mark(const list_view& list, const row_keys& keys, std::int32_t row, i
            !is_blank(list.text_cell(row, keys.last_column()));
 }
 
+// Of a cell that has come to be gray: where its path stands unrepeated.
+std::int32_t head_of(const list_view& list, std::int32_t row, int column) {
+    while (row > 1 && list.colour(row, column) == colour_gray) --row;
+    return row;
+}
+
 bool has_blank_cell(const list_view& list, const row_keys& keys) {
     for (std::int32_t row = 1; row <= list.row_count(); ++row)
         if (list.text_cell(row, keys.first_column()).empty() ||
@@ -68,8 +74,8 @@ bool apply(Tavrel& form, const mark_step& step, bool back) {
             const std::uint8_t number = back ? change.before : change.after;
             const bool marks = numbered[number] == mark_red;
             if (marks != marking) continue;
-            const std::int32_t row = keys.find(change.key, change.row);
             const int column = change.column;
+            const std::int32_t row = head_of(list, keys.find(change.key, change.row), column);
             if (row == 0 || list.colour(row, column) == colour_gray) continue;
             if (marking &&
                 (!takes_mark(list, keys, row, column) || covered.covers(list.text_cell(row, column))))
@@ -194,7 +200,7 @@ void mark_again(Tavrel& form, const std::vector<row_act::red_cell>& cells) {
     row_keys keys(form);
     protection covered(form);
     for (const row_act::red_cell& cell : cells) {
-        const std::int32_t row = keys.find(cell.key, cell.row);
+        const std::int32_t row = head_of(list, keys.find(cell.key, cell.row), cell.column);
         if (row != 0 && takes_mark(list, keys, row, cell.column) &&
             !covered.covers(list.text_cell(row, cell.column)))
             list.set_colour(row, cell.column, mark_red);

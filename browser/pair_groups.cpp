@@ -83,4 +83,11 @@ std::span<const std::int32_t> pair_groups::group(std::int32_t number) const {
     return std::span(ordered_).subspan(start, at(starts_[at(number) + 1]) - start);
 }
 
+std::vector<std::int32_t> pair_groups::numbers() const {
+    std::vector<std::int32_t> numbers(entries_.size());
+    for (std::int32_t number = 0; number < group_count(); ++number)
+        for (const std::int32_t member : group(number)) numbers[at(member)] = number;
+    return numbers;
+}
+
 }  // namespace corvane

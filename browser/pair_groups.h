@@ -31,6 +31,8 @@ class pair_groups {
     std::int32_t group_count() const { return static_cast<std::int32_t>(starts_.size()) - 1; }
     // In the order of their numbers.
     std::span<const std::int32_t> group(std::int32_t number) const;
+    // The group of each member.
+    std::vector<std::int32_t> numbers() const;
 
   private:
     const char* entry(std::int32_t member) const { return entries_[static_cast<std::size_t>(member)]; }

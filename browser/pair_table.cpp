@@ -19,8 +19,10 @@ std::size_t at(std::int32_t number) {
     return static_cast<std::size_t>(number);
 }
 
-bool is_mark(std::uint32_t colour) {
-    return colour == mark_red || colour == mark_blue;
+void note(pair_table::member_state& member, std::uint32_t colour) {
+    member.red |= colour == mark_red;
+    member.blue |= colour == mark_blue;
+    member.marked = member.red || member.blue;
 }
 
 }  // namespace
@@ -80,14 +82,14 @@ void pair_table::add_hidden(const Tavrel& form) {
 void pair_table::renew_marks(const Tavrel& form) {
     const list_view& list = form.ListView1;
     const list_view_row& view = view_of(list_modes::same_files);
-    for (member_state& each : states_) each.marked = each.shown = false;
+    for (member_state& each : states_) each.red = each.blue = each.marked = each.shown = false;
     for (const shown_pair& pair : pairs_) {
         const std::uint32_t first = list.colour(pair.row, view.first_path);
         const std::uint32_t second = list.colour(pair.row, view.second_path);
         member_state& of_first = states_[at(pair.both.first)];
         member_state& of_second = states_[at(pair.both.second)];
-        of_first.marked |= is_mark(first);
-        of_second.marked |= is_mark(second);
+        note(of_first, first);
+        note(of_second, second);
         of_first.shown |= first != colour_gray;
         of_second.shown |= second != colour_gray;
     }

@@ -18,7 +18,9 @@ class pair_table {
 
     struct member_state {
         std::int64_t length = 0;
-        bool marked = false;  // red, or blue
+        bool red = false;
+        bool blue = false;
+        bool marked = false;  // either
         bool shown = false;   // has a cell that can take a mark
         bool hidden = false;  // has one in a pair without a row
     };
@@ -36,12 +38,14 @@ class pair_table {
     // Takes the marks of the chosen members away.
     void unmark(Tavrel& form, const std::vector<char>& chosen) const;
 
-  private:
+    // The pairs that have a row, in the order of the rows.
     struct shown_pair {
         std::int32_t row;
         pair_groups::members both;
     };
+    const std::vector<shown_pair>& pairs() const { return pairs_; }
 
+  private:
     void add_rows(const Tavrel& form);
     void add_hidden(const Tavrel& form);
 

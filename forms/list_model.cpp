@@ -1,5 +1,7 @@
 #include "forms/list_model.h"
 
+#include "browser/list_views.h"
+#include "core/text/text_format.h"
 #include "forms/own_words.h"
 #include "forms/screen_text.h"
 
@@ -71,6 +73,13 @@ std::uint32_t list_model::painted_colour(int row, int column) const {
     const bool plain = own == cell_colour::colour_text || own == cell_colour::window_text ||
                        own == cell_colour::colour_gray || own == cell_colour::colour_archive;
     return plain && looks_marked(row, column) ? cell_colour::mark_red : own;
+}
+
+QString list_model::group_words(int row, int column) const {
+    if (column != view_of(list_modes::same_files).first_path || !has_cell(row, column)) return {};
+    const group_bands::group_size size = bands.first_row(row + 1);
+    if (size.copies < 2) return {};
+    return own_line(std::to_string(size.copies) + " 份, " + short_size(size.freed));
 }
 
 bool list_model::is_protected(int row, int column) const {

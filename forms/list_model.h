@@ -5,6 +5,7 @@
 #include <functional>
 #include <string_view>
 
+#include "browser/group_bands.h"
 #include "core/model/list_view.h"
 #include "forms/marked_paths.h"
 
@@ -16,6 +17,8 @@ class list_model : public QAbstractTableModel {
 
     // `list` outlives the model.
     list_model(const list_view& list, QObject* parent) : QAbstractTableModel(parent), list_(list) {}
+
+    mutable group_bands bands;  // looks up, changes nothing that is seen
 
     // Whether a path lies in a protected folder; without it none does.
     std::function<bool(std::string_view path)> covers;
@@ -40,6 +43,8 @@ class list_model : public QAbstractTableModel {
     std::uint32_t painted_colour(int row, int column) const;
     // The path is marked, here or in another row.
     bool looks_marked(int row, int column) const;
+    // What the first row of a star says of its group, in the column of its first path; empty elsewhere.
+    QString group_words(int row, int column) const;
     // The cell shows a path in a protected folder.
     bool is_protected(int row, int column) const;
     const char* meaning(int row, int column) const;

@@ -90,6 +90,7 @@ void list_table::sync(bool tasks_locked) {
             viewport()->update();
         }
     }
+    if (!tasks_locked && cells_->bands.renew(form_)) viewport()->update();
     // What lies where is asked anew with other rows and with another choice.
     if (!protected_ || shown_protection_ != form_.state.protection_revision ||
         protected_fill_ != list_.fill_revision()) {

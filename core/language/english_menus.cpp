@@ -33,6 +33,8 @@ std::span<const translation_row> english_menus() {
         {"标记名称像副本的", "Mark what is named as a copy"},
         {"反选", "Invert"},
         {"取消全部标记", "Clear all marks"},
+        {"按可释放大小排序", "Sort by what can be freed"},
+        {"同组份数和可释放大小", "Copies of the group and their size"},
         {"撤销标记", "Undo marks"},
         {"重做标记", "Redo marks"},
         {"相同名称", "Same names"},
