@@ -126,9 +126,7 @@ bool protection::covers(std::string_view path) {
     if (cut == std::string_view::npos) return false;
     if (folder_is_covered(file.substr(0, cut + 1))) return true;
     // An archive is written to through a link.
-    if (!is_archive_member(path)) return false;
-    const std::string resolved = files_.resolve(std::string(file));
-    return resolved != file && folder_is_covered(resolved.substr(0, resolved.rfind(separator) + 1));
+    return is_archive_member(path) && archive_is_covered(file);
 }
 
 bool protection::is_spelled_inside(std::string_view path) const {
@@ -142,6 +140,18 @@ bool protection::folder_is_covered(std::string_view folder) {
     if (found != known_.end()) return found->second;
     const std::string text(folder);
     return known_[text] = lies_inside(with_separator(files_.resolve(text), files_.separator()));
+}
+
+// Known by its path, which ends in no separator as those of folders do.
+bool protection::archive_is_covered(std::string_view archive) {
+    const auto found = known_.find(archive);
+    if (found != known_.end()) return found->second;
+    const std::string text(archive);
+    const std::string resolved = files_.resolve(text);
+    const std::size_t cut = resolved.rfind(files_.separator());
+    const bool covered =
+        resolved != text && cut != std::string::npos && folder_is_covered(resolved.substr(0, cut + 1));
+    return known_[text] = covered;
 }
 
 bool protection::lies_inside(const std::string& folder) {

@@ -45,6 +45,7 @@ class protection {
     void renew();
     bool is_spelled_inside(std::string_view folder) const;
     bool folder_is_covered(std::string_view folder);
+    bool archive_is_covered(std::string_view archive);
     bool lies_inside(const std::string& folder);
     bool is_a_protected_one(const std::string& folder);
     // Where a resolved folder stands in its file system; empty when that is not known.
