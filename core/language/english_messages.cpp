@@ -78,9 +78,9 @@ std::span<const translation_row> english_messages() {
          "The attributes of these files cannot be read; their directories are left alone"},
         // Deleting.
         {"非相同文件状态,不能标记", "This list shows no duplicates; nothing is marked here"},
-        {"{t}: 将标记 {} 个文件, {}", "{t}: {} files would be marked, {}"},
+        {"{t}: 将标记 {t}", "{t}: would mark {t}"},
         {"{t}: 没有可标记的文件", "{t}: there is nothing to mark"},
-        {"连同未显示的行: {} 个文件, {}", "With the rows that are not shown: {} files, {}"},
+        {"连同未显示的行: {t}", "With the rows that are not shown: {t}"},
         {"不标记", "Do not mark"},
         {"只标记显示的行", "Mark the shown rows"},
         {"显示并标记全部行", "Show and mark all rows"},
