@@ -12,6 +12,7 @@
 #include "browser/mark_by_rule.h"
 #include "browser/mark_history.h"
 #include "browser/mark_store.h"
+#include "browser/pair_table.h"
 #include "browser/row_panel.h"
 #include "browser/same_store.h"
 #include "browser/same_view.h"
@@ -37,18 +38,42 @@ void moving(Tavrel& form) {
     act(form);
 }
 
+// Only a rule marks both cells of a row. By hand a mark then has to be held against the whole group.
+bool has_row_of_two_marks(const Tavrel& form) {
+    const list_view& list = form.ListView1;
+    const list_view_row& view = shown_view(form);
+    if (!view.holds_copies || list.marked_cells() < 2 || list.column_count() <= view.second_path)
+        return false;
+    for (std::int32_t row = 1; row <= list.row_count(); ++row)
+        if (list.colour(row, view.first_path) == cell_colour::mark_red &&
+            list.colour(row, view.second_path) == cell_colour::mark_red)
+            return true;
+    return false;
+}
+
+// A mark on the last unmarked copy of a group takes that of another one, as it does within a row.
+void mark_by_hand(Tavrel& form, procedure act, std::int32_t first, std::int32_t last) {
+    if (!has_row_of_two_marks(form)) {
+        const mark_act noted(form, first, last);
+        return act(form);
+    }
+    const mark_act noted(form);
+    const std::uint64_t fill = form.ListView1.fill_revision();
+    act(form);
+    if (fill == form.ListView1.fill_revision()) keep_one_of_each_group(form);
+}
+
 void double_press(Tavrel& form) {
     const std::int32_t row = form.ListView1.selected_row;
-    const mark_act noted(form, row, row);
-    ListView1_DblClick(form);
+    mark_by_hand(form, ListView1_DblClick, row, row);
 }
 
 void press(Tavrel& form) {
     if (!form.list_event.shift) return ListView1_MouseDown(form);
     const std::int32_t row = form.ListView1.selected_row;
     const std::int32_t anchor = form.state.anchor_row;
-    const mark_act noted(form, std::min({row, anchor, form.ListView1.row_count()}), std::max(row, anchor));
-    ListView1_MouseDown(form);
+    mark_by_hand(form, ListView1_MouseDown, std::min({row, anchor, form.ListView1.row_count()}),
+                 std::max(row, anchor));
 }
 
 // The store shown, with the marks of the last run where it is the first time. Another result has another

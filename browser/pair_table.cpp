@@ -130,8 +130,12 @@ void keep_one_of_each_group(Tavrel& form) {
         const auto group = groups.group(number);
         const bool all = std::all_of(group.begin(), group.end(),
                                      [&](std::int32_t member) { return table.state(member).marked; });
-        if (!all) continue;
-        chosen[at(group.front())] = 1;
+        // A blue mark is the record of a refusal and stays.
+        const auto red = std::find_if(group.begin(), group.end(), [&](std::int32_t member) {
+            return table.state(member).red && !table.state(member).blue;
+        });
+        if (!all || red == group.end()) continue;
+        chosen[at(*red)] = 1;
         any = true;
     }
     if (any) table.unmark(form, chosen);

@@ -56,7 +56,7 @@ class pair_table {
     bool blank_cells_ = false;
 };
 
-// In each group of which everything is marked, one member loses its marks.
+// In each group of which everything is marked, the first member that is red alone loses its marks.
 void keep_one_of_each_group(Tavrel& form);
 
 }  // namespace corvane
