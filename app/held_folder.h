@@ -36,6 +36,7 @@ class held_folder : public file_system {
     }
     file_facts facts(std::string_view path) override;
     std::string resolve(const std::string& path) override { return disk_.resolve(path); }
+    std::vector<mounted_tree> mounted_trees() override { return disk_.mounted_trees(); }
     bool identity(const std::string& path, file_identity& identity) override {
         return disk_.identity(path, identity);
     }

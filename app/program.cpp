@@ -6,6 +6,7 @@
 #include "app/trace.h"
 #include "app/version.h"
 #include "browser/browser_handlers.h"
+#include "browser/mark_store.h"
 #include "cleanup/archive_tool.h"
 #include "cleanup/cleanup_handlers.h"
 #include "compare/compare_handlers.h"
@@ -16,6 +17,7 @@
 #include "core/tasks/environment.h"
 #include "core/tasks/error_trail.h"
 #include "core/tasks/option_lists.h"
+#include "core/tasks/protected_folders.h"
 #include "core/text/text_format.h"
 #include "names/name_handlers.h"
 #include "reports/page_task.h"
@@ -122,6 +124,7 @@ bool program::start() {
     读不参加搜索的目录(main_);
     读不参加比较的文件类型(main_);
     读仅搜索的文件类型(main_);
+    read_protected_folders(main_);
     texts_.start();
     lay_out_halves(main_);
     static constexpr const char* panels[] = {"全部文件数", "全部文件大小", "相同文件数", "相同文件大小",
@@ -153,6 +156,8 @@ void program::close() {
             if (window->visible) main_.run(window->name() + ".Form_Unload");
             window->visible = false;
         }
+        // What a task has in work is no state of marks.
+        if (!main_.task_runs()) store_marks(main_);
         写Tavrel环境文件(main_);
         main_.caption = std::string(program_name) + "    " + ending;
         main_.panel(7, ending);

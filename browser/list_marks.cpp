@@ -20,11 +20,6 @@ bool has_column(const list_view& list, int column) {
     return column >= 1 && column < list.column_count();
 }
 
-// Of a cell that is no longer marked.
-std::uint32_t plain_colour(const list_view& list, std::int32_t row, int column) {
-    return is_archive_member(list.cell(row, column)) ? colour_archive : colour_text;
-}
-
 void toggle_in_range(list_view& list, std::int32_t row, int column) {
     const std::uint32_t colour = list.colour(row, column);
     if (colour != colour_gray) list.set_colour(row, column, colour == mark_red ? colour_text : mark_red);
@@ -46,6 +41,10 @@ int range_column(const Tavrel& form) {
 }
 
 }  // namespace
+
+std::uint32_t plain_colour(const list_view& list, std::int32_t row, int column) {
+    return is_archive_member(list.text_cell(row, column)) ? colour_archive : colour_text;
+}
 
 void mark_range(Tavrel& form) {
     run_state& state = form.state;

@@ -6,7 +6,12 @@
 
 namespace corvane {
 
+class list_view;
 class Tavrel;
+
+// Of a path cell that is no longer marked: purple inside an archive, else black.
+std::uint32_t plain_colour(const list_view& list, std::int32_t row, int column);
+
 // A Shift click: toggles the clicked column of every row from anchor_row to clicked_row.
 void mark_range(Tavrel& form);
 

@@ -4,6 +4,8 @@
 #include "cleanup/empty_delete.h"
 #include "cleanup/empty_search.h"
 #include "cleanup/empty_view.h"
+#include "cleanup/stake.h"
+#include "core/model/main_form.h"
 
 namespace corvane {
 
@@ -18,6 +20,7 @@ handler_table cleanup_handlers() {
         {"Picture7_Click", Picture7_Click, starts_task},
         {"Picture8_Click", Picture8_Click, starts_task},
         {"del_dir", del_dir_Click, starts_task},
+        {"mark_total", [](Tavrel& form) { form.panel(5, mark_words(form)); }},
         {"按序号删除_m", toggle_number_panel},
         {"Command26_Click", close_number_panel},
         {"Frame1_DblClick", close_number_panel},

@@ -46,6 +46,11 @@ std::string kept_words(const kept_files& kept) {
     return words.append("\r\n  ").append(kept.first).append(kept.count() > 1 ? " 等" : "");
 }
 
+std::string protected_words(const kept_files& kept) {
+    std::string words = "\r\n受保护,保留 " + std::to_string(kept.covered) + " 个文件:";
+    return words.append("\r\n  ").append(kept.first_covered).append(kept.covered > 1 ? " 等" : "");
+}
+
 // Report, store and the offer to take protected files on the next run.
 void close_run(Tavrel& form, const deletion_run& run, const char* words) {
     run_state& state = form.state;
@@ -58,13 +63,14 @@ void close_run(Tavrel& form, const deletion_run& run, const char* words) {
         report.append(run.first_inside()).append(run.still_inside() > 1 ? " 等)" : ")");
     }
     if (run.kept().count() > 0) report += kept_words(run.kept());
+    if (run.kept().covered > 0) report += protected_words(run.kept());
     if (run.not_taken() > 0)
         report.append("\r\n回收站未收下 ")
             .append(std::to_string(run.not_taken()))
             .append(" 个: ")
             .append(run.first_not_taken());
     if (run.deleted() > 0 || state.archive_del_count > 0) {
-        state.same_count -= run.deleted() + run.further_cells() + state.archive_del_count;
+        state.same_count -= run.deleted() + run.further_cells() + state.archive_del_count - run.rows_of_two();
         rewrite_store(form);
     }
     form.pic_gressbar1.visible = false;

@@ -23,6 +23,7 @@ deletion_gate::deletion_gate(Tavrel& form)
                     form.yield();
                     return !form.state.quit_requested;
                 }),
+      protected_(form),
       groups_(form.ListView1, [&form] { form.yield(); }),
       shelf_(form) {}
 
@@ -55,6 +56,7 @@ gate_verdict deletion_gate::ask(std::string_view path, const archive_member& mem
 
 gate_verdict deletion_gate::judge(leaving file) {
     if (is_taken(file.path)) return gate_verdict::gone;
+    if (protected_.covers(file.path)) return gate_verdict::covered;
     if (!trusted_archives_.empty() &&
         trusted_archives_.count(archive_number(archive_path_of(file.path))) != 0)
         return gate_verdict::last_copy;

@@ -14,6 +14,7 @@
 //     (identity, length, modification and change time), or they are compared byte for byte on the spot. An
 //     entry that keeps is looked up in its archive's directory as it is now, and its checksum held against
 //     the file's.
+// What lies in a protected folder never goes, by whatever road it is reached; it can keep others.
 // Nothing is believed that can be asked: no mark, row, stored file or column. An archive that has kept a file
 // stays as it is for the rest of the run, and an archive of which anything is marked keeps nobody.
 #pragma once
@@ -30,6 +31,7 @@
 #include "cleanup/content_check.h"
 #include "cleanup/copy_groups.h"
 #include "core/state/proven_files.h"
+#include "core/tasks/protected_folders.h"
 #include "core/text/text_hash.h"
 #include "platform/file_system.h"
 
@@ -41,7 +43,8 @@ enum class gate_verdict {
     may_go,
     gone,       // it is no longer there, or went in this run already
     last_copy,  // no other member of its group is alive
-    changed     // it or its copies are no longer what was compared
+    changed,    // it or its copies are no longer what was compared
+    covered     // it lies in a protected folder
 };
 
 class deletion_gate {
@@ -93,6 +96,7 @@ class deletion_gate {
     Tavrel& form_;
     file_system& files_;
     content_check contents_;
+    protection protected_;
     copy_groups groups_;
     archive_shelf shelf_;
     // What this gate has compared itself, beside what the comparison has proven.

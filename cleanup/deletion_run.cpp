@@ -80,12 +80,17 @@ void deletion_run::refuse(std::int32_t row, int column) {
 // The mark stays: what is kept today may have a copy tomorrow.
 void deletion_run::keep(const std::string& path, gate_verdict why) {
     if (why == gate_verdict::gone) return;
+    if (why == gate_verdict::covered) {
+        if (kept_.covered++ == 0) kept_.first_covered = path;
+        return;
+    }
     if (kept_.count() == 0) kept_.first = path;
     ++(why == gate_verdict::changed ? kept_.changed : kept_.last_copies);
 }
 
 void deletion_run::blank(const taken_cell& cell) {
     list_.set_text(cell.row, cell.column, {});
+    blanked_.push_back(cell.row);
 }
 
 // Cells that were blanked too early get their path back, and are marked as before.
@@ -207,6 +212,15 @@ void deletion_run::delete_now(const taken_cell& cell) {
 std::int32_t deletion_run::further_cells() const {
     std::int32_t count = 0;
     for (const auto& each : again_) count += gate_.is_taken(each.first);
+    return count;
+}
+
+std::int32_t deletion_run::rows_of_two() const {
+    // Both cells of a row are taken one after the other.
+    std::int32_t count = 0;
+    for (std::size_t i = 1; i < blanked_.size(); ++i)
+        count += blanked_[i] == blanked_[i - 1] && list_.text_cell(blanked_[i], view_.first_path).empty() &&
+                 list_.text_cell(blanked_[i], view_.second_path).empty();
     return count;
 }
 

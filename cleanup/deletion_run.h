@@ -21,11 +21,13 @@ class Tavrel;
 
 enum class deletion_road { recycle, direct };
 
-// Files that stay because no copy of theirs could be proven.
+// Files that stay because no copy of theirs could be proven, or because they are protected.
 struct kept_files {
     std::int32_t last_copies = 0;
     std::int32_t changed = 0;
     std::string first;
+    std::int32_t covered = 0;  // protected ones, which count by themselves
+    std::string first_covered;
 
     std::int32_t count() const { return last_copies + changed; }
 };
@@ -53,6 +55,8 @@ class deletion_run {
     double freed() const { return freed_; }  // bytes
     // Further cells of paths that have gone: rows that have lost a side beside those of deleted().
     std::int32_t further_cells() const;
+    // Rows of which this run has taken both sides: they count for two above and are one.
+    std::int32_t rows_of_two() const;
     // Entries that are still in their archives although they were to go, and one of them.
     std::int32_t still_inside() const { return still_inside_; }
     const std::string& first_inside() const { return first_inside_; }
@@ -97,6 +101,7 @@ class deletion_run {
     std::string first_not_taken_;
     // Further cells of a path that has been taken.
     std::unordered_multimap<std::string, taken_cell> again_;
+    std::vector<std::int32_t> blanked_;  // rows, once for each cell that was blanked
     double freed_ = 0;
     std::int32_t still_inside_ = 0;
     std::string first_inside_;

@@ -9,6 +9,7 @@
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/protected_folders.h"
 #include "core/tasks/task_scope.h"
 #include "core/text/text_format.h"
 
@@ -27,6 +28,7 @@ struct tallies {
     std::vector<taken_row> taken;  // on their way to the recycle bin
     std::int32_t gone = 0;
     std::int32_t refused = 0;  // protected
+    std::int32_t covered = 0;  // in a protected folder
     std::int32_t filled = 0;   // no longer empty
     std::string first_filled;
     std::int32_t not_taken = 0;  // by the bin
@@ -71,6 +73,11 @@ bool is_still_empty(Tavrel& form, const std::string& path) {
     return reader && !reader->next(name, kind) && !reader->failed();
 }
 
+// Asked anew each time: little goes this way, and the disk may have changed.
+bool lies_protected(const Tavrel& form, const std::string& path) {
+    return protection(form).covers(path);
+}
+
 // A row that was blanked too early.
 void put_back(Tavrel& form, const tallies::taken_row& taken) {
     form.ListView1.set_text(taken.row, shown_view(form).first_path, taken.path);
@@ -88,6 +95,10 @@ void take_row(Tavrel& form, std::int32_t row, tallies& count) {
     if (colour != mark_red && !(colour == mark_blue && form.state.force_protected)) return;
     const std::string path = without_trailing_blanks(list.cell(row, path_column));
     if (is_blank(path) || !names_directory(form, path) || !is_directory(form, path)) return;
+    if (lies_protected(form, path)) {
+        ++count.covered;
+        return;
+    }
     // A failure shows in the attributes.
     if (colour == mark_blue) form.outside.files.clear_attributes(path);
     if (is_protected(form, path)) {
@@ -106,11 +117,15 @@ void send_rows(Tavrel& form, tallies& count) {
     const auto path_of = [&](std::size_t number) -> const std::string* {
         const tallies::taken_row& taken = count.taken[number];
         if (!is_directory(form, taken.path)) return nullptr;
-        if (is_still_empty(form, taken.path)) {
+        const bool covered = lies_protected(form, taken.path);
+        if (!covered && is_still_empty(form, taken.path)) {
             ++count.gone;
             return &taken.path;
         }
-        if (count.filled++ == 0) count.first_filled = taken.path;
+        if (covered)
+            ++count.covered;
+        else if (count.filled++ == 0)
+            count.first_filled = taken.path;
         put_back(form, taken);
         return nullptr;
     };
@@ -126,6 +141,8 @@ void send_rows(Tavrel& form, tallies& count) {
 void report(Tavrel& form, const tallies& count) {
     std::string words = "放入回收站:";
     words.append(std::to_string(count.gone)).append(" 个空目录");
+    if (count.covered > 0)
+        words.append("\r\n受保护,保留 ").append(std::to_string(count.covered)).append(" 个空目录");
     if (count.filled > 0)
         words.append("\r\n保留 ")
             .append(std::to_string(count.filled))

@@ -18,10 +18,11 @@ struct deletion_stake {
 // By the marks of the list as they stand, the way a run takes them.
 deletion_stake stake_of(const Tavrel& form);
 
+// What the marks would free, as the line below the list and panel 5 say it: "已标记:..." with the words of
+// the stake.
+std::string mark_words(const Tavrel& form);
+
 // "3 个文件, 17.4 KB; 其中压缩包内 1 个, 不能恢复"; empty without a mark.
 std::string stake_words(const deletion_stake& stake);
-
-// "17.4 KB": whole bytes below 1,024, else one decimal.
-std::string short_size(double bytes);
 
 }  // namespace corvane

@@ -137,6 +137,10 @@ QWidget* directory_window::make_selected_side() {
     auto* layout = column_layout(side);
     layout->addWidget(heading("选中目录(&L)", selected_));
     layout->addWidget(selected_, 1);
+    auto* note = new QLabel(own_line("前面勾选的目录受保护:照样比对,从不标记,从不删除."), side);
+    note->setObjectName(QStringLiteral("protection_note"));
+    note->setWordWrap(true);
+    layout->addWidget(note);
     return side;
 }
 

@@ -1,5 +1,7 @@
 #include "forms/list_model.h"
 
+#include "browser/list_views.h"
+#include "core/text/text_format.h"
 #include "forms/own_words.h"
 #include "forms/screen_text.h"
 
@@ -73,6 +75,20 @@ std::uint32_t list_model::painted_colour(int row, int column) const {
     return plain && looks_marked(row, column) ? cell_colour::mark_red : own;
 }
 
+QString list_model::group_words(int row, int column) const {
+    if (column != view_of(list_modes::same_files).first_path || !has_cell(row, column)) return {};
+    const group_bands::group_size size = bands.first_row(row + 1);
+    if (size.copies < 2) return {};
+    return own_line(std::to_string(size.copies) + " 份, " + short_size(size.freed));
+}
+
+bool list_model::is_protected(int row, int column) const {
+    if (!covers || !has_cell(row, column)) return false;
+    if (list_.columns()[static_cast<std::size_t>(column)].content != cell_content::text) return false;
+    const std::string_view path = list_.text_cell(row + 1, column);
+    return !path.empty() && covers(path);
+}
+
 // What the eye sees by the colour, in words; empty for an ordinary cell.
 const char* list_model::meaning(int row, int column) const {
     switch (painted_colour(row, column)) {
@@ -103,7 +119,8 @@ QVariant list_model::data(const QModelIndex& index, int role) const {
         case Qt::AccessibleTextRole:
             return text(index.row(), index.column());
         case Qt::AccessibleDescriptionRole:
-            return own_line(meaning(index.row(), index.column()));
+            return own_line(is_protected(index.row(), index.column()) ? "受保护的文件"
+                                                                      : meaning(index.row(), index.column()));
         default:
             return {};
     }

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <functional>
+#include <string_view>
 
+#include "browser/group_bands.h"
 #include "core/model/list_view.h"
 #include "forms/marked_paths.h"
 
@@ -14,6 +17,11 @@ class list_model : public QAbstractTableModel {
 
     // `list` outlives the model.
     list_model(const list_view& list, QObject* parent) : QAbstractTableModel(parent), list_(list) {}
+
+    mutable group_bands bands;  // looks up, changes nothing that is seen
+
+    // Whether a path lies in a protected folder; without it none does.
+    std::function<bool(std::string_view path)> covers;
 
     // Takes over the present columns and rows.
     void reset();
@@ -35,6 +43,10 @@ class list_model : public QAbstractTableModel {
     std::uint32_t painted_colour(int row, int column) const;
     // The path is marked, here or in another row.
     bool looks_marked(int row, int column) const;
+    // What the first row of a star says of its group, in the column of its first path; empty elsewhere.
+    QString group_words(int row, int column) const;
+    // The cell shows a path in a protected folder.
+    bool is_protected(int row, int column) const;
     const char* meaning(int row, int column) const;
     // Takes the marks over where they have changed, and says so. A running task changes one cell after the
     // other: its marks wait until it has ended.

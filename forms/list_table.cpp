@@ -36,6 +36,7 @@ list_table::list_table(Tavrel& form, std::function<void(const std::string&)> act
       list_(form.ListView1),
       act_(std::move(act)),
       cells_(new list_model(form.ListView1, this)) {
+    cells_->covers = [this](std::string_view path) { return protected_ && protected_->covers(path); };
     setModel(cells_);
     setItemDelegate(new list_cell_painter(*cells_, this));
     setFrameShape(QFrame::NoFrame);
@@ -88,6 +89,15 @@ void list_table::sync(bool tasks_locked) {
             shown_layout_ = list_.layout_revision();
             viewport()->update();
         }
+    }
+    if (!tasks_locked && cells_->bands.renew(form_)) viewport()->update();
+    // What lies where is asked anew with other rows and with another choice.
+    if (!protected_ || shown_protection_ != form_.state.protection_revision ||
+        protected_fill_ != list_.fill_revision()) {
+        protected_ = std::make_unique<protection>(form_);
+        shown_protection_ = form_.state.protection_revision;
+        protected_fill_ = list_.fill_revision();
+        viewport()->update();
     }
     if (list_.cell_revision() != shown_cells_) {
         shown_cells_ = list_.cell_revision();

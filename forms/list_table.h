@@ -5,9 +5,11 @@
 #include <QElapsedTimer>
 #include <QTableView>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "core/model/main_form.h"
+#include "core/tasks/protected_folders.h"
 
 namespace corvane {
 
@@ -60,6 +62,9 @@ class list_table : public QTableView {
     list_view& list_;
     std::function<void(const std::string&)> act_;
     list_model* cells_;
+    std::unique_ptr<protection> protected_;  // of the rows that are shown
+    std::uint64_t shown_protection_ = 0;
+    std::uint64_t protected_fill_ = 0;
     QElapsedTimer since_growth_;
     std::uint64_t shown_layout_ = ~std::uint64_t{0};
     std::uint64_t shown_cells_ = 0;

@@ -14,6 +14,8 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include "browser/list_views.h"
+#include "cleanup/stake.h"
 #include "core/tasks/help.h"
 #include "forms/colour_bar_view.h"
 #include "forms/error_frame.h"
@@ -64,6 +66,12 @@ main_window::main_window(Tavrel& form, std::function<void(const std::string&)> a
     auto* right = new QVBoxLayout;
     right->setSpacing(0);
     right->addWidget(make_work_area(), 1);
+    marks_ = new QLabel;
+    marks_->setObjectName(QStringLiteral("list_status"));
+    marks_->setTextFormat(Qt::PlainText);
+    marks_->setContentsMargins(12, 3, 12, 3);
+    marks_->hide();
+    right->addWidget(marks_);
     right->addWidget(make_run_row());
     auto* middle = new QHBoxLayout;
     middle->setSpacing(0);
@@ -202,6 +210,20 @@ void main_window::sync_work_area(bool tasks_locked) {
     mirror_visible(list_, list_shown);
     mirror_tooltip(list_, form_.ListView1.tooltip);
     if (list_shown) list_->sync(tasks_locked);
+    mirror_visible(marks_, list_shown && shown_view(form_).holds_copies);
+    sync_marks(tasks_locked);
+}
+
+// A million marks take a while to be reckoned: then it is done now and then.
+void main_window::sync_marks(bool tasks_locked) {
+    const std::uint64_t cells = form_.ListView1.cell_revision();
+    if (marks_->isHidden() || tasks_locked || told_marks_ == cells) return;
+    const double now = form_.outside.screen.seconds();
+    if (now < marks_told_at_ + marks_pause_) return;
+    told_marks_ = cells;
+    mirror_text(marks_, own_line(mark_words(form_)));
+    marks_told_at_ = form_.outside.screen.seconds();
+    marks_pause_ = 5 * (marks_told_at_ - now);
 }
 
 void main_window::sync_run_row() {

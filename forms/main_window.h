@@ -60,6 +60,7 @@ class main_window : public QMainWindow {
     QWidget* make_work_area();
     QWidget* make_run_row();
     void sync_work_area(bool tasks_locked);
+    void sync_marks(bool tasks_locked);
     void sync_run_row();
     // True when the pointer asks for help: the press opens the topic and does nothing else.
     bool asks_for_help(QObject* pressed);
@@ -78,6 +79,7 @@ class main_window : public QMainWindow {
     text_view* text_ = nullptr;
     start_page* start_ = nullptr;
     list_table* list_ = nullptr;
+    QLabel* marks_ = nullptr;  // the status line of the list
     QWidget* run_row_ = nullptr;
     QLabel* file_name_ = nullptr;
     colour_bar_view* bar_ = nullptr;
@@ -90,6 +92,9 @@ class main_window : public QMainWindow {
     tip_box* tip_ = nullptr;
     std::unique_ptr<key_focus> keys_;
     window_place place_;
+    std::uint64_t told_marks_ = ~std::uint64_t{0};  // the cells whose marks the status line tells
+    double marks_pause_ = 0;                        // seconds until they are reckoned again
+    double marks_told_at_ = 0;
 };
 
 }  // namespace corvane

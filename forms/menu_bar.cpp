@@ -53,7 +53,8 @@ menu_bar::menu_bar(Tavrel& form, QMenuBar& bar, const std::function<void(const s
         action->setShortcut(QKeySequence(QString::fromLatin1(line.shortcut)));
         QObject::connect(action, &QAction::triggered, &bar,
                          [act, name = std::string(line.name)] { act(name); });
-        entries_.push_back({model, action, form.find(parent), waits_for_task(line.name)});
+        entries_.push_back(
+            {model, action, form.find(parent), parent == "mark_m" || waits_for_task(line.name)});
     }
 }
 

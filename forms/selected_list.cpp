@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QPainter>
+#include <QStyleOptionViewItem>
 #include <QUrl>
 
 #include "forms/colours.h"
@@ -16,7 +17,7 @@ namespace corvane {
 
 selected_list::selected_list(directory_form& form, std::function<void(const std::string&)> act,
                              QWidget* parent)
-    : list_box_view(form.list_selected_dir, parent), form_(form), act_(std::move(act)) {
+    : list_box_view(form.list_selected_dir, parent, true), form_(form), act_(std::move(act)) {
     setAcceptDrops(true);
     setDragDropMode(QAbstractItemView::DropOnly);
 }
@@ -24,8 +25,19 @@ selected_list::selected_list(directory_form& form, std::function<void(const std:
 void selected_list::mouseDoubleClickEvent(QMouseEvent* event) {
     const QModelIndex row = indexAt(event->position().toPoint());
     if (event->button() != Qt::LeftButton || !row.isValid()) return;
+    // Two quick clicks on the mark are two checks, and remove nothing.
+    if (check_place(row).contains(event->position().toPoint()))
+        return list_box_view::mouseDoubleClickEvent(event);
     form_.remove_row(static_cast<std::size_t>(row.row()));
     sync();
+}
+
+QRect selected_list::check_place(const QModelIndex& row) const {
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualRect(row);
+    option.features |= QStyleOptionViewItem::HasCheckIndicator;
+    return style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this);
 }
 
 void selected_list::keyPressEvent(QKeyEvent* event) {

@@ -24,6 +24,8 @@ class selected_list : public list_box_view {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    // Where the check mark of a row is.
+    QRect check_place(const QModelIndex& row) const;
     static void accept_as_copy(QDropEvent& event);
 
     directory_form& form_;

@@ -89,6 +89,14 @@ struct volume {
     std::int64_t total_bytes = -1;
 };
 
+// One mount: what stands below `point` is what stands below `root` in the file system `device`. Both end in
+// the separator.
+struct mounted_tree {
+    std::string point;
+    std::string root;
+    std::string device;
+};
+
 class directory_reader {
   public:
     virtual ~directory_reader() = default;
@@ -160,6 +168,8 @@ class file_system {
     virtual file_facts facts(std::string_view path) = 0;
     // Where links in the path lead to; the path itself when there are none or it cannot be resolved.
     virtual std::string resolve(const std::string& path) = 0;
+    // All mounts, a later one above an earlier one of the same point. Empty where the system does not tell.
+    virtual std::vector<mounted_tree> mounted_trees() { return {}; }
     // False when the path does not exist. Follows links.
     virtual bool identity(const std::string& path, file_identity& identity) = 0;
     // True for the recycle directories that a walk passes over.

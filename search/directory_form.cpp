@@ -91,11 +91,9 @@ void directory_form::open() {
     state.task_start_time = tick_seconds(main_);
     main_.StatusBar1.clear_figures();
     main_.panel(7, "目录选择");
-    list_selected_dir.clear();
     state.selected_dir_backup = state.selected_dirs;
     state.selected_dir_backup_count = state.selected_dir_count;
-    for (std::int16_t i = 1; i <= state.selected_dir_count; ++i)
-        list_selected_dir.add(state.selected_dirs[i]);
+    fill_from_backup();
     if (!visible) load();
     open_following(main_, *this);
     visible = true;

@@ -75,6 +75,7 @@ class directory_form : public form_model {
 
     // The list becomes selected_dirs: sorted, without second copies and without directories that lie inside
     // another selected one.
+    // A checked row is a protected folder from then on, an unchecked one is none any more.
     void confirm_selection();
     // "执行": confirms, closes, and starts search and compare.
     void cmd_dir_firm_Click();
@@ -85,6 +86,9 @@ class directory_form : public form_model {
 
   private:
     void load();
+    bool is_protected(const std::string& path) const;
+    void take_protection();
+    void fill_from_backup();
     void fill_volumes();
     void choose_tree_root();
     void take_stored_place();

@@ -1,11 +1,13 @@
 // The list of chosen directories: what joins it, what leaves it, and how it becomes selected_dirs.
 #include <algorithm>
+#include <set>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 
 #include "core/model/main_form.h"
 #include "core/tasks/progress.h"
+#include "core/tasks/protected_folders.h"
 #include "core/text/path_text.h"
 #include "search/directory_form.h"
 
@@ -13,13 +15,41 @@ namespace corvane {
 
 void directory_form::add_paths(const std::vector<std::string>& paths) {
     const std::unordered_set<std::string_view> picked(paths.begin(), paths.end());
-    for (std::size_t row = list_selected_dir.rows().size(); row-- > 0;)
-        if (picked.count(list_selected_dir.rows()[row].text) != 0) list_selected_dir.remove(row);
+    // A row that only moves takes its check along.
+    std::unordered_set<std::string> checked, unchecked;
+    for (std::size_t row = list_selected_dir.rows().size(); row-- > 0;) {
+        const list_box::row& there = list_selected_dir.rows()[row];
+        if (picked.count(there.text) == 0) continue;
+        (there.checked ? checked : unchecked).insert(there.text);
+        list_selected_dir.remove(row);
+    }
     // A path that was picked twice joins once, where it came last.
     std::unordered_map<std::string_view, std::size_t> last;
     for (std::size_t i = 0; i < paths.size(); ++i) last[paths[i]] = i;
     for (std::size_t i = 0; i < paths.size(); ++i)
-        if (last[paths[i]] == i) list_selected_dir.add(paths[i]);
+        if (last[paths[i]] == i)
+            list_selected_dir.add_checked(
+                paths[i],
+                checked.count(paths[i]) != 0 || (unchecked.count(paths[i]) == 0 && is_protected(paths[i])));
+}
+
+bool directory_form::is_protected(const std::string& path) const {
+    return main_.state.protected_folders.count(with_separator(path, main_.outside.files.separator())) != 0;
+}
+
+// The rows that a check protects; what is not in the list keeps what it has.
+void directory_form::take_protection() {
+    std::set<std::string> folders = main_.state.protected_folders;
+    for (const list_box::row& row : list_selected_dir.rows()) {
+        const std::string folder = with_separator(row.text, main_.outside.files.separator());
+        if (row.checked)
+            folders.insert(folder);
+        else
+            folders.erase(folder);
+    }
+    const std::uint64_t before = main_.state.protection_revision;
+    set_protected_folders(main_, std::move(folders));
+    if (before != main_.state.protection_revision) main_.call(handlers::unmark_protected);
 }
 
 void directory_form::drop_paths(const std::vector<std::string>& paths, bool ctrl) {
@@ -50,6 +80,7 @@ void directory_form::clear_list() {
 
 void directory_form::confirm_selection() {
     run_state& state = main_.state;
+    take_protection();
     std::vector<std::string> rows;
     for (const list_box::row& row : list_selected_dir.rows()) rows.push_back(row.text);
     // Sorted by the text with its closing separator, a directory is followed at once by all that lies in it.
@@ -78,7 +109,7 @@ void directory_form::confirm_selection() {
             full = true;
             break;
         }
-        list_selected_dir.add(rows[i]);
+        list_selected_dir.add_checked(rows[i], is_protected(rows[i]));
         state.selected_dirs.push_back(rows[i]);
     }
     state.selected_dir_count = static_cast<std::int16_t>(state.selected_dirs.size());
@@ -116,9 +147,28 @@ void directory_form::Command34_Click() {
 
 void directory_form::cmd_dir_discard_Click() {
     flight_.land();
+    fill_from_backup();
+}
+
+// The directories as they were, and the protected folders inside them, which the search finds without a row
+// of their own: there they can be unchecked.
+void directory_form::fill_from_backup() {
+    const run_state& state = main_.state;
+    const char separator = main_.outside.files.separator();
     list_selected_dir.clear();
-    for (std::int16_t i = 1; i <= main_.state.selected_dir_backup_count; ++i)
-        list_selected_dir.add(main_.state.selected_dir_backup[i]);
+    std::set<std::string> shown;
+    for (std::int16_t i = 1; i <= state.selected_dir_backup_count; ++i) {
+        const std::string& directory = state.selected_dir_backup[i];
+        list_selected_dir.add_checked(directory, is_protected(directory));
+        shown.insert(with_separator(directory, separator));
+    }
+    for (const std::string& folder : state.protected_folders) {
+        const bool inside = std::any_of(shown.begin(), shown.end(), [&](const std::string& directory) {
+            return folder.size() > directory.size() && folder.starts_with(directory);
+        });
+        if (inside && shown.count(folder) == 0)
+            list_selected_dir.add_checked(folder.substr(0, folder.size() - 1), true);
+    }
 }
 
 }  // namespace corvane

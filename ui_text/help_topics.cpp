@@ -51,7 +51,7 @@ constexpr int last_context = 1099;
 std::span<const int> help_topics() {
     static constexpr int topics[] = {1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13,
                                      14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 25, 26, 27,
-                                     28, 38, 39, 40, 41, 45, 50, 60, 61, 62, 63, 64};
+                                     28, 29, 38, 39, 40, 41, 45, 50, 60, 61, 62, 63, 64};
     return topics;
 }
 

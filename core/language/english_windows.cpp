@@ -5,6 +5,9 @@ namespace corvane {
 
 std::span<const translation_row> english_windows() {
     static constexpr translation_row rows[] = {
+        {"前面勾选的目录受保护:照样比对,从不标记,从不删除.",
+         "Checked folders are protected: compared, never marked, never deleted."},
+        {"受保护的文件", "Protected file"},
         {"提示", "Corvane"},
         {"确定", "OK"},
         {"取消", "Cancel"},

@@ -15,6 +15,8 @@
 #include "core/state/file_columns.h"
 #include "core/state/history_state.h"
 #include "core/state/list_state.h"
+#include "core/state/mark_state.h"
+#include "core/state/protected_state.h"
 #include "core/state/proven_files.h"
 #include "core/state/result_state.h"
 #include "core/state/shutdown_state.h"
@@ -32,6 +34,8 @@ struct run_state : settings,
                    proof_state,
                    trail_state,
                    list_state,
+                   mark_state,
+                   protected_state,
                    export_state,
                    clock_state,
                    shutdown_state {

@@ -14,6 +14,8 @@ constexpr char only_types[] = "仅搜索的文件类型.txt";
 constexpr char common_types[] = "常用文件扩展名.txt";
 constexpr char types_by_kind[] = "文件类型归类.txt";
 constexpr char types_by_name[] = "文件扩展名列表.txt";
+constexpr char protected_directories[] = "受保护的目录.txt";
+constexpr char protected_aside[] = "受保护的目录.旧.txt";  // one that could not be understood
 constexpr char notes[] = "备记录.txt";
 constexpr char help[] = "Corvane帮助.chm";
 
@@ -25,6 +27,8 @@ constexpr char same_files[] = "相同文件.txt";
 constexpr char different_files[] = "不相同文件.txt";
 constexpr char empty_directories[] = "spasedir.txt";
 constexpr char history[] = "run_history.txt";  // signatures of earlier runs
+constexpr char marks[] = "标记.txt";           // of the same-file view, from the last run
+constexpr char marks_aside[] = "标记.旧.txt";  // those of another version
 constexpr char run_records[] = "run_time_rem.txt";
 constexpr char result_page[] = "相同文件报告.html";
 

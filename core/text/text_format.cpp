@@ -1,8 +1,11 @@
 #include "core/text/text_format.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
+#include <iterator>
 #include <limits>
 
 namespace corvane {
@@ -52,6 +55,18 @@ std::string group_digits(double number) {
         digits.insert(at, 1, ',');
     }
     return digits;
+}
+
+std::string short_size(double bytes) {
+    static constexpr const char* units[] = {"字节", "KB", "MB", "GB", "TB"};
+    std::size_t unit = 0;
+    while (bytes >= 1024 && unit + 1 < std::size(units)) {
+        bytes /= 1024;
+        ++unit;
+    }
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), unit == 0 ? "%.0f %s" : "%.1f %s", bytes, units[unit]);
+    return text.data();
 }
 
 int split_text(std::string_view text, std::string_view delimiter, std::vector<std::string>& parts) {

@@ -20,6 +20,9 @@ std::string scale_size(double& bytes, std::string& size_unit);
 // Rounded to a whole number, digits in groups of three; 0 gives an empty text ("###,###,###,###").
 std::string group_digits(double number);
 
+// "17.4 KB": whole bytes below 1,024, else one decimal.
+std::string short_size(double bytes);
+
 // Parts from index 1; the text behind the last delimiter is one more part, also when empty. An empty text has
 // no parts. Returns the number of parts.
 int split_text(std::string_view text, std::string_view delimiter, std::vector<std::string>& parts);

@@ -31,6 +31,7 @@ class linux_file_system : public file_system {
     }
     file_facts facts(std::string_view path) override;
     std::string resolve(const std::string& path) override;
+    std::vector<mounted_tree> mounted_trees() override { return linux_mounts(); }
     bool identity(const std::string& path, file_identity& identity) override;
     bool is_recycle_directory(const std::string& path) override;
     std::int64_t read_start(std::string_view path, std::span<std::byte> buffer,

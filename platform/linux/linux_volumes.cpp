@@ -10,9 +10,11 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <map>
 #include <memory>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -39,6 +41,19 @@ std::string unescaped(const std::string& name) {
         const bool escape = name[at] == '\\' && at + 3 < name.size() && name[at + 1] == 'x';
         plain +=
             escape ? static_cast<char>(std::strtol(name.substr(at + 2, 2).c_str(), nullptr, 16)) : name[at];
+        if (escape) at += 3;
+    }
+    return plain;
+}
+
+// The mount table writes a blank and other signs as \040.
+std::string without_octal(const std::string& name) {
+    std::string plain;
+    for (std::size_t at = 0; at < name.size(); ++at) {
+        const bool escape =
+            name[at] == '\\' && at + 3 < name.size() && name[at + 1] >= '0' && name[at + 1] <= '3';
+        plain +=
+            escape ? static_cast<char>(std::strtol(name.substr(at + 1, 3).c_str(), nullptr, 8)) : name[at];
         if (escape) at += 3;
     }
     return plain;
@@ -79,6 +94,20 @@ bool is_directory(const std::string& raw_path) {
 }
 
 }  // namespace
+
+std::vector<mounted_tree> linux_mounts(const std::string& table) {
+    std::vector<mounted_tree> found;
+    std::ifstream lines(table);
+    // "36 35 98:0 /root /point options ...": a blank in a path is \040.
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream fields(line);
+        std::string number, parent, device, root, point;
+        if (!(fields >> number >> parent >> device >> root >> point)) continue;
+        found.push_back(
+            {closed(to_text(without_octal(point))), closed(to_text(without_octal(root))), device});
+    }
+    return found;
+}
 
 std::vector<volume> linux_volumes() {
     std::vector<volume> found;

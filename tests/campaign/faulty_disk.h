@@ -43,6 +43,7 @@ class faulty_disk : public file_system {
     }
     file_facts facts(std::string_view path) override { return fails() ? file_facts() : disk_.facts(path); }
     std::string resolve(const std::string& path) override { return fails() ? path : disk_.resolve(path); }
+    std::vector<mounted_tree> mounted_trees() override { return disk_.mounted_trees(); }
     bool identity(const std::string& path, file_identity& identity) override {
         return !fails() && disk_.identity(path, identity);
     }

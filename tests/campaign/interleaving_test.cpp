@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <random>
 
+#include "core/tasks/protected_folders.h"
 #include "tests/campaign/small_world.h"
 
 namespace corvane {
@@ -36,6 +37,20 @@ constexpr const char* acts[] = {"picture2_Click",
                                 "all_not_select",
                                 "search_in_result",
                                 "again_search",
+                                "keep_newest",
+                                "keep_oldest",
+                                "keep_shortest",
+                                "keep_longest",
+                                "keep_fullest_folder",
+                                "keep_by_folders",
+                                "mark_copy_names",
+                                "invert_marks",
+                                "clear_marks",
+                                "undo_marks",
+                                "redo_marks",
+                                "sort_by_freed",
+                                "group_of_row",
+                                "mark_total",
                                 "layout_list",
                                 "rewrite_store",
                                 "del_dir",
@@ -79,6 +94,9 @@ class random_user {
         w_.state.shut_action = static_cast<std::int16_t>(pick(2) == 0 ? 4 : 0);
         w_.state.delete_prompt_on = static_cast<std::int16_t>(pick(2));
         w_.select({"/d", "/e", "/mnt", "/upper", "/merged"});
+        // /d/bound is the same folder as /mnt/bound.
+        w_.disk.trees = {{"/", "/", "8:1"}, {"/d/bound/", "/mnt/bound/", "8:1"}};
+        if (pick(2) == 0) set_protected_folders(w_.form, {"/d/sub/", "/mnt/"});
         w_.form.run("search_check_m_Click");
         for (int i = 0; i < count && !w_.state.quit_requested; ++i) act();
     }
@@ -158,6 +176,11 @@ std::string run_seed(std::uint32_t seed, std::size_t& gone) {
     gone += w.recycled.size() + w.disk.removed.size();
     std::string words;
     for (const std::string& content : w.lost()) words += "lost: " + content + "\n";
+    for (const auto* went : {&w.recycled, &w.disk.removed})
+        for (const std::string& path : *went)
+            for (const char* folder : {"/d/sub/", "/mnt/", "/d/bound/"})
+                if (!w.state.protected_folders.empty() && path.starts_with(folder))
+                    words += "protected: " + path + "\n";
     if (!w.state.quit_requested && w.form.task_runs()) words += "locked\n";
     if (w.screen.boxes_held || w.state.going_down) words += "boxes held\n";
     if (const std::string broken = w.broken_store(); !broken.empty()) words += "broken: " + broken + "\n";

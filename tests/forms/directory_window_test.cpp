@@ -111,6 +111,23 @@ TEST(directory_window, shift_picks_the_range_between_two_presses) {
     EXPECT_EQ(open.chosen().back(), last);
 }
 
+TEST(directory_window, the_check_before_a_row_protects_and_removes_nothing) {
+    open_window open;
+    open.model.add_paths({"/a", "/b"});
+    open.shown.windows.sync();
+    open.shown.settle();
+    const QRect row = open.list->visualRect(open.list->model()->index(1, 0));
+    const QPoint mark(row.left() + 10, row.center().y());
+    QTest::mouseClick(open.list->viewport(), Qt::LeftButton, {}, mark);
+    EXPECT_TRUE(open.model.list_selected_dir.rows()[1].checked);
+    EXPECT_FALSE(open.model.list_selected_dir.rows()[0].checked);
+    QTest::mouseDClick(open.list->viewport(), Qt::LeftButton, {}, mark);
+    EXPECT_EQ(open.chosen(), (paths{"/a", "/b"})) << "a double click beside the mark would have removed it";
+    open.model.list_selected_dir.check(1, true);
+    open.click("Command34");
+    EXPECT_EQ(open.shown.form.state.protected_folders, std::set<std::string>{"/b/"});
+}
+
 TEST(directory_window, double_click_and_delete_remove_rows) {
     open_window open;
     open.model.add_paths({"/a", "/b", "/c"});

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QImage>
+#include <QLabel>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTest>
@@ -42,6 +43,87 @@ TEST(list_table, a_red_cell_is_struck_through) {
     list_model& cells = shown.windows.main().list().cells();
     EXPECT_TRUE(cells.data(cells.index(1, 3), list_model::struck_role).toBool());
     EXPECT_FALSE(cells.data(cells.index(0, 3), list_model::struck_role).toBool());
+}
+
+TEST(list_table, a_protected_path_has_a_lock_and_says_so) {
+    forms_program shown;
+    shown.show_pairs(3);
+    list_table& table = shown.windows.main().list();
+    const auto cell_image = [&] {
+        return table.grab(table.visualRect(table.model()->index(0, 3)).translated(table.viewport()->pos()))
+            .toImage();
+    };
+    shown.settle();
+    const QImage before = cell_image();
+    const QString plain = table.model()->index(0, 3).data(Qt::AccessibleDescriptionRole).toString();
+    set_protected_folders(shown.form, {"/home/li/照片/2023/"});
+    shown.windows.sync();
+    shown.settle();
+    list_model& cells = table.cells();
+    EXPECT_TRUE(cells.is_protected(0, 3));
+    EXPECT_FALSE(cells.is_protected(0, 1)) << "a number";
+    EXPECT_EQ(cells.index(0, 3).data(Qt::AccessibleDescriptionRole).toString(),
+              QStringLiteral("受保护的文件"));
+    EXPECT_NE(cell_image(), before);
+    set_protected_folders(shown.form, {});
+    shown.windows.sync();
+    shown.settle();
+    EXPECT_EQ(cell_image(), before);
+    EXPECT_EQ(cells.index(0, 3).data(Qt::AccessibleDescriptionRole).toString(), plain);
+}
+
+TEST(list_table, rows_of_a_star_share_a_band_and_the_first_says_what_it_holds) {
+    forms_program shown;
+    list_view& list = shown.form.ListView1;
+    shown.show_pairs(4);
+    list.set_text(2, 3, list.cell(1, 3));
+    list.set_number(2, 2, list.number_cell(1, 2));
+    list.set_colour(2, 3, cell_colour::colour_gray);
+    shown.windows.sync();
+    shown.settle();
+    list_table& table = shown.windows.main().list();
+    EXPECT_EQ(table.cells().group_words(0, 3), QStringLiteral("3 份, 15.5 KB"));  // 2 of 7,919 bytes
+    EXPECT_EQ(table.cells().group_words(1, 3), QString());
+    EXPECT_EQ(table.cells().group_words(0, 4), QString());
+    const auto background = [&](int row) {
+        const QRect cell = table.visualRect(table.model()->index(row, 1));
+        return table.viewport()->grab().toImage().pixelColor(cell.left() + 1, cell.center().y());
+    };
+    EXPECT_EQ(background(0), background(1));
+    EXPECT_NE(background(1), background(2));
+    EXPECT_NE(background(2), background(3));
+}
+
+TEST(list_table, the_line_below_the_list_says_what_the_marks_would_free) {
+    forms_program shown;
+    shown.show_pairs(3);
+    auto* line = static_cast<QLabel*>(shown.widget("list_status"));
+    ASSERT_TRUE(line->isVisible());
+    EXPECT_EQ(line->text(), QStringLiteral("没有标记的文件"));
+    list_table& table = shown.windows.main().list();
+    const QRect cell = table.visualRect(table.model()->index(0, 4));
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, cell.center());
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        shown.windows.sync();
+        return line->text() == QStringLiteral("已标记:1 个文件, 7.7 KB");
+    }));
+    shown.form.state.list_mode = 1;
+    shown.windows.sync();
+    EXPECT_FALSE(line->isVisible());
+}
+
+TEST(list_table, ctrl_z_takes_a_mark_back) {
+    forms_program shown;
+    shown.show_pairs(3);
+    list_table& table = shown.windows.main().list();
+    const QRect cell = table.visualRect(table.model()->index(1, 4));
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, cell.center());
+    ASSERT_EQ(shown.form.ListView1.colour(2, 4), cell_colour::mark_red);
+    table.setFocus();
+    QTest::keyClick(&table, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown.form.ListView1.colour(2, 4), cell_colour::colour_text);
+    QTest::keyClick(&table, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(shown.form.ListView1.colour(2, 4), cell_colour::mark_red);
 }
 
 TEST(list_table, the_selection_goes_both_ways) {

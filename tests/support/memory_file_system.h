@@ -68,6 +68,7 @@ class memory_file_system : public file_system {
     std::string write_failure_words = "disk full";
     bool claimed_by_another = false;
     std::vector<volume> mounted;
+    std::vector<mounted_tree> trees;
     bool folder_locked = false;  // can_write_into says no
     std::int64_t total_opened() const;
 
@@ -86,6 +87,7 @@ class memory_file_system : public file_system {
     }
     file_facts facts(std::string_view path) override;
     std::string resolve(const std::string& path) override;
+    std::vector<mounted_tree> mounted_trees() override { return trees; }
     bool identity(const std::string& path, file_identity& identity) override;
     bool is_recycle_directory(const std::string& path) override {
         return recycle_directories.count(path) != 0;

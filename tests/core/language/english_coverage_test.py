@@ -31,7 +31,7 @@ names = re.compile(r"[\w.]*(_[Mm]|_form|_Click|_m|M)|目录选择\..*|目录选�
                    r"进入资源管理器_|.*Corvane帮助.*|帮助|中文?|\.ani 动画鼠标")
 # Parts of texts that are put together at other places than the holes of their rows.
 glued = {"个", "等", "条", "组", "行", "项", "个文件:", "最后一份", "比对后已变化", "用时:", "秒,", "等待正在运行的任务结束,",
-         "按类型", "按目录", "相同文件的字节："}
+         "按类型", "按目录", "相同文件的字节：", "副本"}  # the last one is looked for in names, never shown
 
 
 def table_texts():

@@ -94,5 +94,24 @@ TEST(English, RowsAreWellFormed) {
     EXPECT_GT(seen.size(), 300u);
 }
 
+TEST(English, OfMarksAndGroupsNothingStaysChinese) {
+    const translation words = english();
+    EXPECT_EQ(words.translated("已标记:2 个文件, 17 字节"), "Marked: 2 files, 17 bytes");
+    EXPECT_EQ(words.translated("同组:3 份, 可释放 2.0 KB"), "Group: 3 copies, 2.0 KB can be freed");
+    for (const char* text :
+         {"已标记:3 个文件, 17.4 KB; 其中压缩包内 1 个, 不能恢复", "没有标记的文件", "2 份, 7 字节",
+          "2 份, 7.7 KB", "同组:3 份, 可释放 14 字节", "保留路径最短的: 将标记 3 个文件, 9 字节",
+          "按目录次序保留: 没有可标记的文件",
+          "保留最新的: 将标记 3 个文件, 1.0 KB\r\n连同未显示的行: 4 个文件, 12 字节", "已撤销,标记:4",
+          "受保护,不标记:1", "放入回收站:1 个空目录\r\n受保护,保留 2 个空目录",
+          "受保护,保留 3 个文件:\r\n  /p/a 等", "/prog/标记.txt\r\n标记文件不完整,只取了前 1 个。"}) {
+        const std::string translated = words.translated(text);
+        // Names of files stay what they are.
+        EXPECT_FALSE(
+            holds_chinese(translated.substr(translated.starts_with('/') ? translated.find('\n') : 0)))
+            << translated;
+    }
+}
+
 }  // namespace
 }  // namespace corvane

@@ -299,5 +299,20 @@ TEST_F(LinuxFileSystem, ReadStartStopsAtTheExpectedLength) {
     EXPECT_EQ(files.read_start(root, buffer, 5), -1);
 }
 
+TEST_F(LinuxFileSystem, TheMountTableIsReadWithItsBlanksAndRoots) {
+    const std::string table = write("mountinfo",
+                                    "22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
+                                    "40 22 8:1 /home/a\\040b /mnt/x\\011y rw - ext4 /dev/sda1 rw\n"
+                                    "broken\n");
+    const std::vector<mounted_tree> mounts = linux_mounts(table);
+    ASSERT_EQ(mounts.size(), 2u);
+    EXPECT_EQ(mounts[0].point, "/");
+    EXPECT_EQ(mounts[0].root, "/");
+    EXPECT_EQ(mounts[0].device, "8:1");
+    EXPECT_EQ(mounts[1].point, to_text("/mnt/x\ty/"));
+    EXPECT_EQ(mounts[1].root, "/home/a b/");
+    EXPECT_TRUE(linux_mounts(root + "none").empty());
+}
+
 }  // namespace
 }  // namespace corvane

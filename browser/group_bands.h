@@ -1,0 +1,58 @@
+// What tells the stars of the same-file view apart for the eye: rows of one star share a background, and the
+// first of them says how many copies there are and what could be freed. Asked by a front end that paints.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace corvane {
+
+class Tavrel;
+
+class group_bands {
+  public:
+    // Takes over the rows as they stand. False where nothing has changed since, which costs little.
+    bool renew(const Tavrel& form);
+
+    // Which of two backgrounds a row has, from 1 on; in a view without copies every second row.
+    bool is_second(std::int32_t row) const;
+
+    struct group_size {
+        std::int32_t copies = 0;  // of the whole star, hidden rows included
+        double freed = 0;         // bytes, when all but one go
+    };
+    // Of the group of a row that is the first of its star where it stands; no copies for another one.
+    group_size first_row(std::int32_t row);
+
+  private:
+    void renew_copies(const Tavrel& form);
+    void renew_bands(const Tavrel& form);
+
+    struct signature {
+        std::uint64_t texts = 0;  // of all path cells, in whatever order
+        std::uint64_t order = 0;  // of the first ones
+        bool operator==(const signature&) const = default;
+    };
+    signature shown_;
+    std::uint64_t cell_revision_ = ~std::uint64_t{0};
+    std::uint64_t layout_revision_ = 0;
+    // How many pairs have that first path, by its entry. Open addressing, no entry for a free place.
+    struct path_count {
+        const char* entry = nullptr;
+        std::int32_t pairs = 0;
+    };
+    path_count& place_of(const char* entry);
+    std::vector<path_count> counts_;
+    struct row_band {
+        bool second;
+        bool starts;
+    };
+    std::vector<row_band> bands_;
+    struct row_texts {
+        const char* first;
+        std::int64_t length;
+    };
+    std::vector<row_texts> rows_;
+};
+
+}  // namespace corvane

@@ -1,0 +1,227 @@
+#include "browser/mark_history.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <tuple>
+
+#include "browser/list_marks.h"
+#include "browser/list_views.h"
+#include "browser/pair_table.h"
+#include "browser/row_keys.h"
+#include "core/model/main_form.h"
+#include "core/tasks/protected_folders.h"
+#include "core/text/text_format.h"
+
+namespace corvane {
+
+using namespace cell_colour;
+
+namespace {
+
+// Colours as numbers of one byte.
+constexpr std::uint32_t numbered[] = {colour_text, window_text, colour_archive, colour_gray,
+                                      mark_red,    mark_blue,   colour_found};
+
+// Stands for the colour of an unmarked cell, whichever that is; gray, which comes and goes with the order,
+// too.
+constexpr std::uint8_t plain = 3;
+
+std::uint8_t number_of(std::uint32_t colour) {
+    const auto* found = std::find(std::begin(numbered), std::end(numbered), colour);
+    return found == std::end(numbered) ? std::uint8_t{0} : static_cast<std::uint8_t>(found - numbered);
+}
+
+mark_stacks& stacks_of(Tavrel& form) {
+    return form.state.mark_history[static_cast<std::size_t>(form.state.list_mode)];
+}
+
+void push(Tavrel& form, std::vector<mark_change> changes) {
+    if (changes.empty()) return;
+    mark_stacks& stacks = stacks_of(form);
+    stacks.undo.push_back({form.ListView1.fill_revision(), std::move(changes)});
+    stacks.redo.clear();
+}
+
+// May take a mark: not gray, and no cell of the row is that of a file that has gone.
+bool takes_mark(const list_view& list, const row_keys& keys, std::int32_t row, int column) {
+    return list.colour(row, column) != colour_gray && !is_blank(list.text_cell(row, keys.first_column())) &&
+           !is_blank(list.text_cell(row, keys.last_column()));
+}
+
+// Of a cell that has come to be gray: where its path stands unrepeated.
+std::int32_t head_of(const list_view& list, std::int32_t row, int column) {
+    while (row > 1 && list.colour(row, column) == colour_gray) --row;
+    return row;
+}
+
+bool has_blank_cell(const list_view& list, const row_keys& keys) {
+    for (std::int32_t row = 1; row <= list.row_count(); ++row)
+        if (list.text_cell(row, keys.first_column()).empty() ||
+            list.text_cell(row, keys.last_column()).empty())
+            return true;
+    return false;
+}
+
+// True when a colour has changed.
+bool apply(Tavrel& form, const mark_step& step, bool back) {
+    list_view& list = form.ListView1;
+    row_keys keys(form);
+    protection covered(form);
+    bool changed = false;
+    const auto colour_over = [&](bool marking) {
+        for (const mark_change& change : step.changes) {
+            const std::uint8_t number = back ? change.before : change.after;
+            const bool marks = numbered[number] == mark_red;
+            if (marks != marking) continue;
+            const int column = change.column;
+            const std::int32_t row = head_of(list, keys.find(change.key, change.row), column);
+            if (row == 0 || list.colour(row, column) == colour_gray) continue;
+            if (marking &&
+                (!takes_mark(list, keys, row, column) || covered.covers(list.text_cell(row, column))))
+                continue;
+            const std::uint32_t wanted = number == plain ? plain_colour(list, row, column) : numbered[number];
+            if (list.colour(row, column) == wanted) continue;
+            list.set_colour(row, column, wanted);
+            changed = true;
+        }
+    };
+    // Before new marks come the old ones have gone.
+    colour_over(false);
+    colour_over(true);
+    // What has gone since may have been what a group kept.
+    if (changed && shown_view(form).holds_copies &&
+        (step.fill != list.fill_revision() || has_blank_cell(list, keys)))
+        keep_one_of_each_group(form);
+    return changed;
+}
+
+void step_through(Tavrel& form, bool back) {
+    if (refuses_hidden_list(form)) return;
+    mark_stacks& stacks = stacks_of(form);
+    std::vector<mark_step>& from = back ? stacks.undo : stacks.redo;
+    std::vector<mark_step>& to = back ? stacks.redo : stacks.undo;
+    // A step of which no row is left would look like a key that does nothing.
+    for (bool changed = false; !changed;) {
+        if (from.empty()) return form.panel(5, back ? "没有可撤销的标记" : "没有可重做的标记");
+        mark_step step = std::move(from.back());
+        from.pop_back();
+        changed = apply(form, step, back);
+        to.push_back(std::move(step));
+    }
+    const std::string words = back ? "已撤销,标记:" : "已重做,标记:";
+    form.panel(5, words + std::to_string(form.ListView1.marked_cells()));
+}
+
+}  // namespace
+
+mark_act::mark_act(Tavrel& form) : mark_act(form, 1, form.ListView1.row_count()) {}
+
+mark_act::mark_act(Tavrel& form, std::int32_t first, std::int32_t last)
+    : form_(form),
+      first_(std::max(first, 1)),
+      last_(std::min(last, form.ListView1.row_count())),
+      fill_(form.ListView1.fill_revision()) {
+    const row_keys keys(form);
+    if (!keys.has_cells()) last_ = 0;
+    for (std::int32_t row = first_; row <= last_; ++row)
+        for (int column = keys.first_column(); column <= keys.last_column(); ++column)
+            colours_.push_back(form.ListView1.colour(row, column));
+}
+
+mark_act::~mark_act() {
+    list_view& list = form_.ListView1;
+    const row_keys keys(form_);
+    if (list.fill_revision() != fill_ || list.row_count() < last_) return;
+    protection covered(form_);
+    std::vector<mark_change> changes;
+    std::int32_t refused = 0;
+    std::size_t noted = 0;
+    for (std::int32_t row = first_; row <= last_; ++row) {
+        for (int column = keys.first_column(); column <= keys.last_column(); ++column) {
+            const std::uint32_t before = colours_[noted++];
+            std::uint32_t now = list.colour(row, column);
+            if (now == before) continue;
+            if (now == mark_red && covered.covers(list.text_cell(row, column))) {
+                ++refused;
+                list.set_colour(row, column, now = before);
+            }
+            if (now != before)
+                changes.push_back({keys.key(row), row, static_cast<std::uint8_t>(column), number_of(before),
+                                   number_of(now)});
+        }
+    }
+    push(form_, std::move(changes));
+    if (refused > 0) form_.panel(5, "受保护,不标记:" + std::to_string(refused));
+}
+
+std::vector<row_act::red_cell> red_cells(const Tavrel& form) {
+    std::vector<row_act::red_cell> cells;
+    const list_view& list = form.ListView1;
+    const row_keys keys(form);
+    if (!keys.has_cells() || list.marked_cells() == 0) return cells;
+    cells.reserve(static_cast<std::size_t>(list.marked_cells()));
+    for (std::int32_t row = 1; row <= list.row_count(); ++row)
+        for (int column = keys.first_column(); column <= keys.last_column(); ++column)
+            if (list.colour(row, column) == mark_red && !list.text_cell(row, column).empty())
+                cells.push_back({keys.key(row), row, column});
+    return cells;
+}
+
+row_act::row_act(Tavrel& form) : form_(form), list_mode_(form.state.list_mode), before_(red_cells(form)) {}
+
+row_act::~row_act() {
+    if (form_.state.list_mode != list_mode_ || (before_.empty() && form_.ListView1.marked_cells() == 0))
+        return;
+    std::vector<red_cell> after = red_cells(form_);
+    const auto comes_first = [](const red_cell& a, const red_cell& b) {
+        return std::tie(a.key, a.column) < std::tie(b.key, b.column);
+    };
+    std::sort(before_.begin(), before_.end(), comes_first);
+    std::sort(after.begin(), after.end(), comes_first);
+    std::vector<red_cell> lost, gained;
+    std::set_difference(before_.begin(), before_.end(), after.begin(), after.end(), std::back_inserter(lost),
+                        comes_first);
+    std::set_difference(after.begin(), after.end(), before_.begin(), before_.end(),
+                        std::back_inserter(gained), comes_first);
+    std::vector<mark_change> changes;
+    changes.reserve(lost.size() + gained.size());
+    for (const red_cell& cell : lost)
+        changes.push_back(
+            {cell.key, cell.row, static_cast<std::uint8_t>(cell.column), number_of(mark_red), plain});
+    for (const red_cell& cell : gained)
+        changes.push_back(
+            {cell.key, cell.row, static_cast<std::uint8_t>(cell.column), plain, number_of(mark_red)});
+    push(form_, std::move(changes));
+}
+
+void mark_again(Tavrel& form, const std::vector<row_act::red_cell>& cells) {
+    list_view& list = form.ListView1;
+    row_keys keys(form);
+    protection covered(form);
+    for (const row_act::red_cell& cell : cells) {
+        const std::int32_t row = head_of(list, keys.find(cell.key, cell.row), cell.column);
+        if (row != 0 && takes_mark(list, keys, row, cell.column) &&
+            !covered.covers(list.text_cell(row, cell.column)))
+            list.set_colour(row, cell.column, mark_red);
+    }
+}
+
+void undo_marks_Click(Tavrel& form) {
+    step_through(form, true);
+}
+
+void redo_marks_Click(Tavrel& form) {
+    step_through(form, false);
+}
+
+void unmark_protected(Tavrel& form) {
+    protection covered(form);
+    if (!covered.is_needed()) return;
+    list_view& list = form.ListView1;
+    for (const row_act::red_cell& cell : red_cells(form))
+        if (covered.covers(list.text_cell(cell.row, cell.column)))
+            list.set_colour(cell.row, cell.column, plain_colour(list, cell.row, cell.column));
+}
+
+}  // namespace corvane

@@ -1,0 +1,17 @@
+// The marks of the same-file view over a restart: a file beside the store that they belong to. Written when
+// the program closes, read with the first view after a start.
+#pragma once
+
+namespace corvane {
+
+class Tavrel;
+
+// Writes the marks of the same-file view as it stands; without marks the file goes. While the list shows
+// something else, or nothing, the file stays as it is.
+void store_marks(Tavrel& form);
+
+// Marks the rows that the file speaks of, if the store is still the one that they were set in. A row that
+// says something else now takes none. A damaged file is told in one line; what it says whole is taken.
+void restore_marks(Tavrel& form);
+
+}  // namespace corvane

@@ -1,0 +1,128 @@
+// What a group holds, seen and sorted by what it could free.
+#include "browser/group_sort.h"
+
+#include <gtest/gtest.h>
+
+#include "browser/group_bands.h"
+#include "tests/cleanup/deleting.h"
+
+namespace corvane {
+namespace {
+
+using texts = std::vector<std::string>;
+
+// Three groups: 2 x 10, 3 x 7 and 2 x 20 bytes.
+struct three_groups : deleting {
+    three_groups() { show_files({{10, "/a", "/a2"}, {7, "/b", "/b2"}, {7, "/b", "/b3"}, {20, "/c", "/c2"}}); }
+};
+
+TEST(SortByFreed, TheMostComesFirstAndAGroupStaysTogether) {
+    three_groups p;
+    p.header(4);
+    p.form.run("sort_by_freed");
+    EXPECT_EQ(p.cells(3), (texts{"/c", "/b", "/b", "/a"})) << "20, 14, 10";
+    EXPECT_EQ(p.colours(3), (colour_row{black, black, gray, black}));
+    EXPECT_EQ(p.state.last_sort_column, "");
+}
+
+TEST(SortByFreed, KeepsAllMarksAndColours) {
+    deleting p;
+    p.show_files({{3, "/z.zip*m", "/b"}, {9, "/d", "/e"}, {9, "/d", "/f"}, {9, "/d", "/z.zip*n"}});
+    p.double_click(2, 4);
+    p.double_click(4, 3);
+    ASSERT_EQ(p.colours(3), (colour_row{black, gray, gray, red}));
+    p.form.run("sort_by_freed");
+    EXPECT_EQ(p.cells(4), (texts{"/e", "/f", "/z.zip*n", "/b"}));
+    EXPECT_EQ(p.colours(3), (colour_row{black, gray, gray, red}));
+    EXPECT_EQ(p.colours(4), (colour_row{black, red, purple, black}));
+}
+
+TEST(SortByFreed, AMarkMovesToTheCellThatIsNotGray) {
+    three_groups p;
+    p.header(4);
+    p.header(4);  // /c2, /b3, /b2, /a2
+    ASSERT_EQ(p.cells(4), (texts{"/c2", "/b3", "/b2", "/a2"}));
+    p.double_click(2, 3);  // /b, in the row of /b3
+    ASSERT_EQ(p.colours(3), (colour_row{black, red, gray, black}));
+    p.header(2);  // by length: marks of the first path are wiped
+    p.form.run("undo_marks");
+    ASSERT_EQ(p.list().marked_cells(), 1);
+    p.form.run("sort_by_freed");
+    EXPECT_EQ(p.list().marked_cells(), 1);
+    EXPECT_EQ(p.list().colour(2, 3), red);
+    p.form.run("undo_marks");
+    EXPECT_EQ(p.list().marked_cells(), 0) << "also where the marked cell is another row's now";
+}
+
+TEST(SortByFreed, RowsOfGoneFilesComeLast) {
+    three_groups p;
+    p.double_click(4, 4);
+    p.run_recycle();
+    p.form.run("sort_by_freed");
+    EXPECT_EQ(p.cells(3), (texts{"/b", "/b", "/a", "/c"}));
+    p.state.clicked_row = 4;
+    p.form.StatusBar1.panel(5) = "old";
+    p.form.run("group_of_row");
+    EXPECT_EQ(p.form.StatusBar1.panel(5), "old");
+}
+
+TEST(GroupOfRow, CountsHiddenRowsToo) {
+    deleting p;
+    p.show_files({{1000, "/a.txt", "/b.jpg"}, {1000, "/a.txt", "/c.txt"}});
+    p.screen.texts = {"*.jpg"};
+    p.form.run("only_disp");
+    p.state.clicked_row = 1;
+    p.form.run("group_of_row");
+    EXPECT_EQ(p.form.StatusBar1.panel(5), "同组:3 份, 可释放 2.0 KB");
+}
+
+TEST(GroupBands, RowsOfAStarShareABandAndTheFirstSaysItsSize) {
+    three_groups p;
+    group_bands bands;
+    EXPECT_TRUE(bands.renew(p.form));
+    EXPECT_FALSE(bands.renew(p.form)) << "nothing has changed";
+    std::vector<bool> second;
+    for (std::int32_t row = 1; row <= 4; ++row) second.push_back(bands.is_second(row));
+    EXPECT_EQ(second, (std::vector<bool>{false, true, true, false}));
+    EXPECT_EQ(bands.first_row(1).copies, 2);
+    EXPECT_EQ(bands.first_row(2).copies, 3);
+    EXPECT_EQ(bands.first_row(2).freed, 14);
+    EXPECT_EQ(bands.first_row(3).copies, 0);
+    EXPECT_EQ(bands.first_row(99).copies, 0);
+    p.form.run("sort_by_freed");
+    EXPECT_TRUE(bands.renew(p.form));
+    EXPECT_EQ(bands.first_row(1).freed, 20);
+    EXPECT_EQ(bands.first_row(2).copies, 3);
+    p.double_click(1, 4);
+    EXPECT_FALSE(bands.renew(p.form)) << "a mark moves no band";
+}
+
+TEST(GroupBands, ForgetWhatHasGone) {
+    three_groups p;
+    group_bands bands;
+    bands.renew(p.form);
+    p.double_click(3, 4);
+    p.run_recycle();
+    EXPECT_TRUE(bands.renew(p.form));
+    EXPECT_EQ(bands.first_row(2).copies, 2) << "/b3 is gone";
+    p.form.run("Picture6_Click");  // another list, or none
+    p.state.list_mode = 1;
+    p.list().clear_rows();
+    bands.renew(p.form);
+    EXPECT_EQ(bands.first_row(1).copies, 0);
+    EXPECT_TRUE(bands.is_second(2));
+}
+
+TEST(MarkTotal, SaysWhatTheMarksWouldFreeEachFileOnce) {
+    three_groups p;
+    p.form.run("mark_total");
+    EXPECT_EQ(p.form.StatusBar1.panel(5), "没有标记的文件");
+    p.double_click(1, 4);
+    p.mark(2, 3);
+    p.mark(3, 3);  // the same file
+    p.form.run("mark_total");
+    EXPECT_EQ(p.form.StatusBar1.panel(5), "已标记:2 个文件, 17 字节");
+}
+
+}  // namespace
+}  // namespace corvane
