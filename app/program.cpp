@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "app/first_start.h"
 #include "app/still_to_come.h"
 #include "app/trace.h"
 #include "app/version.h"
@@ -43,11 +44,12 @@ void check_selected_directories(Tavrel& form) {
 
 }  // namespace
 
-program::program(ports outside, std::string program_dir)
+program::program(ports outside, program_place place)
     : files_(outside.files),
+      place_(std::move(place)),
       main_({files_, outside.desktop, outside.machine, outside.screen, outside.encodings, outside.instances,
              outside.notice},
-            std::move(program_dir)),
+            place_.folder),
       directory_(main_),
       options_(main_),
       tree_(main_),
@@ -55,6 +57,7 @@ program::program(ports outside, std::string program_dir)
       warning_(main_, shutdown_),
       sleep_(main_, warning_, shutdown_),
       texts_(main_, program_version, program_web_page) {
+    main_.state.shared_dir = place_.shared;
     main_.add_child(directory_);
     main_.add_child(options_);
     main_.add_child(tree_);
@@ -87,16 +90,29 @@ form_model* program::find_form(std::string_view name) {
     return main_.child(name);
 }
 
+void program::prepare_folder() {
+    run_state& state = main_.state;
+    const bool is_fresh = is_first_start(main_, place_);
+    if (!main_.outside.files.can_write_into(state.program_dir)) {
+        main_.inform(state.program_dir + "\r\n程序目录不能写入，设置、清单和结果不能保存。");
+        state.program_dir_locked = true;
+        files_.hold(state.program_dir);
+    } else if (may_ask_) {
+        offer_earlier_files(main_, place_);
+    } else {
+        tell_of_earlier_files(main_, place_);
+    }
+    if (is_fresh) seed_lists(main_, place_);
+}
+
 bool program::start() {
     run_state& state = main_.state;
+    // Where it cannot be made it cannot be written either, and that is told.
+    if (place_.kind == place_kind::user) main_.outside.files.make_directory(state.program_dir);
     // Claimed before anything is read: reading mends and writes, and another instance's files are not ours.
     const bool is_first = main_.outside.files.claim_directory(state.program_dir);
     if (is_first) {
-        if (!main_.outside.files.can_write_into(state.program_dir)) {
-            main_.inform(state.program_dir + "\r\n程序目录不能写入，设置、清单和结果不能保存。");
-            state.program_dir_locked = true;
-            files_.hold(state.program_dir);
-        }
+        prepare_folder();
         read_environment(main_);
         state.added = read_added_settings(main_.outside.files, main_.data_path(data_file::added_settings));
         look_for_rar_tool(main_);

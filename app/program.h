@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "app/held_folder.h"
+#include "app/program_place.h"
 #include "core/model/main_form.h"
 #include "power/shutdown.h"
 #include "power/sleep_form.h"
@@ -18,8 +19,8 @@ namespace corvane {
 
 class program {
   public:
-    // `program_dir` ends in the separator. The ports outlive the program.
-    program(ports outside, std::string program_dir);
+    // The ports outlive the program.
+    program(ports outside, program_place place);
 
     Tavrel& main_form() { return main_; }
     directory_form& directory_window() { return directory_; }
@@ -30,6 +31,9 @@ class program {
     interface_text& texts() { return texts_; }
     // The main form for an empty name, else the window of that name; null when there is none.
     form_model* find_form(std::string_view name);
+
+    // Nobody is there to answer: the start asks nothing.
+    void ask_nothing() { may_ask_ = false; }
 
     // What the main form's load handler does, in its order. Shows the main form. False when the program runs
     // already: the user has been told or sees the window of one that is about to end, no file has been
@@ -44,12 +48,17 @@ class program {
     void tick();
 
   private:
+    // Makes the folder what the start needs: there, claimed by the caller, told of where it cannot be
+    // written, with the files of earlier places and the lists that ship.
+    void prepare_folder();
     // The tables of all folders on the main form.
     void join_handlers();
     // The end, unless something still runs.
     void end_when_idle();
 
     held_folder files_;
+    const program_place place_;
+    bool may_ask_ = true;
     Tavrel main_;
     directory_form directory_;
     options_form options_;

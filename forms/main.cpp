@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "app/program.h"
+#include "app/program_place.h"
 #include "core/language/translation.h"
 #include "core/settings/added_settings.h"
 #include "core/settings/data_files.h"
@@ -27,6 +28,7 @@
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_text_encoding.h"
 #include "platform/linux/name_mapping.h"
+#include "platform/linux/own_process.h"
 
 namespace {
 
@@ -62,16 +64,19 @@ bool speaks_english(corvane::file_system& files, const std::string& program_dir)
     return corvane::read_added_settings(files, program_dir + corvane::data_file::added_settings).english;
 }
 
-std::string own_folder() {
-    std::error_code failed;
-    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", failed);
-    return failed ? std::filesystem::current_path().string() : self.parent_path().string();
+corvane::program_place place_of(corvane::file_system& files, const std::string& program_dir) {
+    std::string asked;
+    if (!program_dir.empty())
+        asked = with_slash(std::filesystem::absolute(program_dir).lexically_normal().string());
+    return corvane::find_program_place(files, {corvane::to_text(asked), corvane::own_folder(),
+                                               corvane::user_data_home(), corvane::own_user()});
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     corvane::return_big_blocks();
+    corvane::keep_to_own_home();
     if (!is_set("DISPLAY") && !is_set("WAYLAND_DISPLAY") && !is_set("QT_QPA_PLATFORM") &&
         !asks_for_platform(argc, argv)) {
         std::fputs("corvane: 没有可用的显示 (DISPLAY 和 WAYLAND_DISPLAY 都未设置)\n", stderr);
@@ -89,27 +94,22 @@ int main(int argc, char** argv) {
     QApplication::setFont(corvane::interface_font(QApplication::font()));
     QApplication::setQuitOnLastWindowClosed(false);
 
-    if (program_dir.empty())
-        program_dir = own_folder();
-    else
-        program_dir = std::filesystem::absolute(program_dir).string();
-
     corvane::linux_file_system files;
+    const corvane::program_place place = place_of(files, program_dir);
     corvane::qt_shell desktop;
     corvane::desktop_power machine;
     corvane::qt_user_interface screen;
     corvane::linux_text_encoding encodings;
     corvane::desktop_instance_link instances;
     corvane::desktop_attention notice;
-    corvane::program program({files, desktop, machine, screen, encodings, &instances, &notice},
-                             corvane::to_text(with_slash(program_dir)));
+    corvane::program program({files, desktop, machine, screen, encodings, &instances, &notice}, place);
     std::optional<corvane::translation> table;
-    if (speaks_english(files, corvane::to_text(with_slash(program_dir)))) {
+    if (speaks_english(files, place.folder)) {
         corvane::use_translation(&table.emplace(corvane::english()));
         program.main_form().state.speaks_english = true;
     }
     corvane::front_end windows(program, screen);
-    corvane::help_window help(corvane::help_folder(QString::fromStdString(own_folder())));
+    corvane::help_window help(corvane::help_folder(QString::fromStdString(corvane::to_raw(place.shared))));
     desktop.show_help = [&help](const QString& page) { return help.open(page); };
     // Inside the event loop, so that a program closed while it starts leaves the loop as well.
     QTimer::singleShot(0, &application, [&windows] {
