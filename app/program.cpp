@@ -1,6 +1,7 @@
 #include "app/program.h"
 
 #include <cmath>
+#include <utility>
 
 #include "app/first_start.h"
 #include "app/still_to_come.h"
@@ -68,6 +69,7 @@ program::program(ports outside, program_place place)
     main_.when_idle = [this] {
         end_when_idle();
         if (closing_ == stage::open) shutdown_.when_idle();
+        if (closing_ == stage::open) take_waiting();
     };
     wire_tasks(main_);
     trace_if_asked(main_);
@@ -124,15 +126,7 @@ bool program::start() {
     main_.caption = state.base_title;
     state.run_start_time = std::floor(main_.outside.screen.seconds());
     if (!is_first) {
-        // One that still waits for its end is shown as it is; it says so itself.
-        instance_link* const others = main_.outside.instances;
-        if (others != nullptr && others->raise_other(state.program_dir)) return false;
-        message box;
-        box.title = program_name;
-        box.text = std::string(program_name) + " 程序已经运行，不能再次装载。";
-        box.icon = box_icon::exclamation;
-        box.failure = true;
-        main_.outside.screen.show_message(box);
+        speak_with_other();
         return false;
     }
     读不参加搜索的目录(main_);
@@ -149,6 +143,8 @@ bool program::start() {
     main_.pic_gressbar1.visible = false;
     main_.visible = true;
     check_selected_directories(main_);
+    if (const std::vector<std::string> asked = existing(asked_); !asked.empty())
+        directory_.take_from_outside(asked);
     if (state.selected_dir_count == 0) directory_.open();
     // Still on: the last comparison did not come to its end.
     if (state.error_trail_on == -1) {
@@ -158,6 +154,55 @@ bool program::start() {
     }
     read_avoid_list(main_);
     return true;
+}
+
+void program::speak_with_other() {
+    const std::string& folder = main_.state.program_dir;
+    instance_link* const others = main_.outside.instances;
+    if (others != nullptr && !asked_.empty()) {
+        const std::vector<std::string> asked = existing(asked_);
+        if (asked.empty()) return;
+        const reception what = others->hand_over(folder, asked);
+        passed_on_ = what == reception::taken || what == reception::waits;
+        if (what == reception::waits) main_.inform("Corvane 正在运行任务，任务结束后选中这些目录。");
+        if (what == reception::refused) main_.complain("Corvane 正在结束，没有选中这些目录。请稍后再打开。");
+        if (what != reception::none) return;
+    }
+    // One that still waits for its end is shown as it is; it says so itself.
+    if (others != nullptr && others->raise_other(folder)) return;
+    message box;
+    box.title = program_name;
+    box.text = std::string(program_name) + " 程序已经运行，不能再次装载。";
+    box.icon = box_icon::exclamation;
+    box.failure = true;
+    main_.outside.screen.show_message(box);
+}
+
+std::vector<std::string> program::existing(const std::vector<std::string>& directories) {
+    std::vector<std::string> found;
+    for (const std::string& directory : directories) {
+        if (main_.outside.files.attributes(directory).directory)
+            found.push_back(directory);
+        else
+            main_.complain(directory + "  不是目录");
+    }
+    return found;
+}
+
+reception program::receive(const std::vector<std::string>& directories) {
+    if (closing_ != stage::open) return reception::refused;
+    for (const std::string& directory : directories)
+        if (main_.outside.files.attributes(directory).directory) waiting_.push_back(directory);
+    if (main_.handler_runs() || main_.task_runs()) return reception::waits;
+    take_waiting();
+    return reception::taken;
+}
+
+void program::take_waiting() {
+    if (waiting_.empty()) return;
+    const std::vector<std::string> directories = std::exchange(waiting_, {});
+    directory_.take_from_outside(directories);
+    main_.panel(7, "目录选择");
 }
 
 void program::close() {
