@@ -33,7 +33,7 @@ about_form::about_form(Tavrel& main, const std::string& version, std::string web
     lblDescription.caption = "查找内容相同的文件，清理磁盘。";
     lblDisclaimer.caption = "每个文件删除之前都要证实另有一份内容相同的文件。重要的资料仍请先备份。";
     picIcon.tooltip = "Corvane";
-    lblPlace.caption = main.place_words();
+    lblPlace.caption = lblPlace.tooltip = main.place_words();
     Label1.caption = "使用的程序库";
     Label2.caption = "Corvane 网页";
     Label3.caption = "许可和源代码";

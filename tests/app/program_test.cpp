@@ -147,7 +147,7 @@ TEST(Receive, AnIdleProgramSelectsThemAtOnce) {
 TEST(Receive, DuringATaskTheSelectionStaysUntilItsEnd) {
     test_program p;
     for (int i = 0; i < 40; ++i)
-        p.files.add_file("/d/" + std::to_string(100 + i), std::string(1 + i / 2, 'x'));
+        p.files.add_file("/d/" + std::to_string(100 + i), std::string(std::size_t(1 + i / 2), 'x'));
     p.files.add_directory("/one");
     p.files.add_directory("/two");
     p.select({"/d"});
@@ -302,7 +302,7 @@ TEST(Close, WithinATaskTheFormStaysAndSaysSoUntilTheTaskHasReturned) {
 TEST(Tasks, NoneStartsWhileAnotherRunsWhicheverWayItIsAskedFor) {
     test_program p;
     for (int i = 0; i < 60; ++i)
-        p.files.add_file("/d/" + std::to_string(100 + i), std::string(1 + i / 2, 'x'));
+        p.files.add_file("/d/" + std::to_string(100 + i), std::string(std::size_t(1 + i / 2), 'x'));
     p.search({"/d"});
     const std::int64_t start = p.screen.yields;
     const char* const ways[] = {"picture2_Click",

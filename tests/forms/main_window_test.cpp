@@ -130,6 +130,20 @@ TEST(main_window, the_tip_below_the_title_and_the_about_box_name_the_program_fol
     ASSERT_NE(place, nullptr);
     EXPECT_EQ(static_cast<const QLabel*>(place)->text(), QStringLiteral("程序目录: /prog/"));
     EXPECT_TRUE(place->isVisible());
+    EXPECT_EQ(place->toolTip(), QStringLiteral("程序目录: /prog/"));
+}
+
+TEST(main_window, a_long_program_folder_does_not_widen_the_about_box) {
+    const std::string folder = "/" + std::string(400, 'p') + "/";
+    memory_file_system files;
+    recording_shell desktop;
+    dated_interface screen;
+    linux_text_encoding encodings;
+    program corvane({files, desktop, desktop, screen, encodings}, folder);
+    front_end windows(corvane, screen);
+    windows.sync();
+    forms_program usual;
+    EXPECT_EQ(windows.about().minimumSizeHint().width(), usual.windows.about().minimumSizeHint().width());
 }
 
 TEST(main_window, a_menu_entry_without_a_handler_is_disabled) {
