@@ -60,6 +60,8 @@ class held_folder : public file_system {
     outcome_with<file_writer> overwrite_file(const std::string& path) override;
     outcome put_text(const std::string& path, std::string_view text) override;
     bool can_write_into(const std::string& directory) override { return disk_.can_write_into(directory); }
+    outcome make_directory(const std::string& path) override { return disk_.make_directory(path); }
+    bool is_own_directory(const std::string& path) override { return disk_.is_own_directory(path); }
     bool claim_directory(const std::string& directory) override { return disk_.claim_directory(directory); }
     outcome remove_file(const std::string& path) override { return disk_.remove_file(path); }
     outcome remove_data_file(const std::string& path) override;

@@ -1,7 +1,9 @@
 #include "app/program.h"
 
 #include <cmath>
+#include <utility>
 
+#include "app/first_start.h"
 #include "app/still_to_come.h"
 #include "app/trace.h"
 #include "app/version.h"
@@ -45,11 +47,12 @@ void check_selected_directories(Tavrel& form) {
 
 }  // namespace
 
-program::program(ports outside, std::string program_dir)
+program::program(ports outside, program_place place)
     : files_(outside.files),
+      place_(std::move(place)),
       main_({files_, outside.desktop, outside.machine, outside.screen, outside.encodings, outside.instances,
              outside.notice},
-            std::move(program_dir)),
+            place_.folder),
       directory_(main_),
       options_(main_),
       tree_(main_),
@@ -57,6 +60,7 @@ program::program(ports outside, std::string program_dir)
       warning_(main_, shutdown_),
       sleep_(main_, warning_, shutdown_),
       texts_(main_, program_version, program_web_page) {
+    main_.state.shared_dir = place_.shared;
     main_.add_child(directory_);
     main_.add_child(options_);
     main_.add_child(tree_);
@@ -67,6 +71,7 @@ program::program(ports outside, std::string program_dir)
     main_.when_idle = [this] {
         end_when_idle();
         if (closing_ == stage::open) shutdown_.when_idle();
+        if (closing_ == stage::open) take_waiting();
     };
     wire_tasks(main_);
     trace_if_asked(main_);
@@ -89,16 +94,29 @@ form_model* program::find_form(std::string_view name) {
     return main_.child(name);
 }
 
+void program::prepare_folder() {
+    run_state& state = main_.state;
+    const bool is_fresh = is_first_start(main_, place_);
+    if (!main_.outside.files.can_write_into(state.program_dir)) {
+        main_.inform(state.program_dir + "\r\n程序目录不能写入，设置、清单和结果不能保存。");
+        state.program_dir_locked = true;
+        files_.hold(state.program_dir);
+    } else if (may_ask_) {
+        offer_earlier_files(main_, place_);
+    } else {
+        tell_of_earlier_files(main_, place_);
+    }
+    if (is_fresh) seed_lists(main_, place_);
+}
+
 bool program::start() {
     run_state& state = main_.state;
+    // Where it cannot be made it cannot be written either, and that is told.
+    if (place_.kind == place_kind::user) main_.outside.files.make_directory(state.program_dir);
     // Claimed before anything is read: reading mends and writes, and another instance's files are not ours.
     const bool is_first = main_.outside.files.claim_directory(state.program_dir);
     if (is_first) {
-        if (!main_.outside.files.can_write_into(state.program_dir)) {
-            main_.inform(state.program_dir + "\r\n程序目录不能写入，设置、清单和结果不能保存。");
-            state.program_dir_locked = true;
-            files_.hold(state.program_dir);
-        }
+        prepare_folder();
         read_environment(main_);
         state.added = read_added_settings(main_.outside.files, main_.data_path(data_file::added_settings));
         look_for_rar_tool(main_);
@@ -110,15 +128,7 @@ bool program::start() {
     main_.caption = state.base_title;
     state.run_start_time = std::floor(main_.outside.screen.seconds());
     if (!is_first) {
-        // One that still waits for its end is shown as it is; it says so itself.
-        instance_link* const others = main_.outside.instances;
-        if (others != nullptr && others->raise_other(state.program_dir)) return false;
-        message box;
-        box.title = program_name;
-        box.text = std::string(program_name) + " 程序已经运行，不能再次装载。";
-        box.icon = box_icon::exclamation;
-        box.failure = true;
-        main_.outside.screen.show_message(box);
+        speak_with_other();
         return false;
     }
     读不参加搜索的目录(main_);
@@ -136,6 +146,8 @@ bool program::start() {
     main_.pic_gressbar1.visible = false;
     main_.visible = true;
     check_selected_directories(main_);
+    if (const std::vector<std::string> asked = existing(asked_); !asked.empty())
+        directory_.take_from_outside(asked);
     if (state.selected_dir_count == 0) directory_.open();
     // Still on: the last comparison did not come to its end.
     if (state.error_trail_on == -1) {
@@ -145,6 +157,55 @@ bool program::start() {
     }
     read_avoid_list(main_);
     return true;
+}
+
+void program::speak_with_other() {
+    const std::string& folder = main_.state.program_dir;
+    instance_link* const others = main_.outside.instances;
+    if (others != nullptr && !asked_.empty()) {
+        const std::vector<std::string> asked = existing(asked_);
+        if (asked.empty()) return;
+        const reception what = others->hand_over(folder, asked);
+        passed_on_ = what == reception::taken || what == reception::waits;
+        if (what == reception::waits) main_.inform("Corvane 正在运行任务，任务结束后选中这些目录。");
+        if (what == reception::refused) main_.complain("Corvane 正在结束，没有选中这些目录。请稍后再打开。");
+        if (what != reception::none) return;
+    }
+    // One that still waits for its end is shown as it is; it says so itself.
+    if (others != nullptr && others->raise_other(folder)) return;
+    message box;
+    box.title = program_name;
+    box.text = std::string(program_name) + " 程序已经运行，不能再次装载。";
+    box.icon = box_icon::exclamation;
+    box.failure = true;
+    main_.outside.screen.show_message(box);
+}
+
+std::vector<std::string> program::existing(const std::vector<std::string>& directories) {
+    std::vector<std::string> found;
+    for (const std::string& directory : directories) {
+        if (main_.outside.files.attributes(directory).directory)
+            found.push_back(directory);
+        else
+            main_.complain(directory + "  不是目录");
+    }
+    return found;
+}
+
+reception program::receive(const std::vector<std::string>& directories) {
+    if (closing_ != stage::open) return reception::refused;
+    for (const std::string& directory : directories)
+        if (main_.outside.files.attributes(directory).directory) waiting_.push_back(directory);
+    if (main_.handler_runs() || main_.task_runs()) return reception::waits;
+    take_waiting();
+    return reception::taken;
+}
+
+void program::take_waiting() {
+    if (waiting_.empty()) return;
+    const std::vector<std::string> directories = std::exchange(waiting_, {});
+    directory_.take_from_outside(directories);
+    main_.panel(7, "目录选择");
 }
 
 void program::close() {

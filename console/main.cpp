@@ -30,20 +30,21 @@
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_text_encoding.h"
 #include "platform/linux/name_mapping.h"
+#include "platform/linux/own_process.h"
 #include "platform/linux/standard_streams.h"
 
 namespace corvane {
 
 namespace {
 
-std::string program_directory(const command_line& given) {
-    std::error_code error;
-    std::string directory =
-        given.program_dir.empty()
-            ? std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string()
-            : std::filesystem::absolute(given.program_dir, error).lexically_normal().string();
-    if (directory.empty() || directory.back() != '/') directory += '/';
-    return to_text(directory);
+program_place place_of(file_system& files, const command_line& given) {
+    std::string asked;
+    if (!given.program_dir.empty()) {
+        std::error_code error;
+        asked = std::filesystem::absolute(given.program_dir, error).lexically_normal().string();
+        if (asked.empty() || asked.back() != '/') asked += '/';
+    }
+    return find_program_place(files, {to_text(asked), own_folder(), user_data_home(), own_user()});
 }
 
 // To standard output; the exit status.
@@ -67,7 +68,8 @@ int run_directories(const command_line& given, plain_words& words) {
     linux_text_encoding encodings;
     desktop_shell desktop;
     plain_shell shell(words, desktop);
-    program corvane({files, shell, shell, screen, encodings}, program_directory(given));
+    program corvane({files, shell, shell, screen, encodings}, place_of(files, given));
+    corvane.ask_nothing();
     if (!corvane.start()) return status_failed;
     desktop_attention notice;
     const std::unique_ptr<kept_awake> awake = notice.keep_awake("正在运行: corvane-console");
@@ -92,7 +94,8 @@ int run_script(const command_line& given, plain_words& words) {
     std::optional<desktop_power> machine;
     if (!given.dry_shell) machine.emplace();
     printing_shell shell(output, desktop, machine ? &*machine : nullptr);
-    program corvane({files, shell, shell, screen, encodings}, program_directory(given));
+    program corvane({files, shell, shell, screen, encodings}, place_of(files, given));
+    corvane.ask_nothing();
     if (!corvane.start()) return status_failed;
     script_runner runner(corvane, screen, output);
     const int status = runner.run(*given.script == "-" ? std::cin : script_file);
@@ -105,6 +108,7 @@ int run_script(const command_line& given, plain_words& words) {
 
 int console_main(std::span<const char* const> arguments) {
     hold_standard_streams();
+    keep_to_own_home();
     return_big_blocks();
     command_line given;
     const std::string wrong = read_command_line(arguments, given);

@@ -38,7 +38,11 @@ std::span<const option_entry> option_table() {
          "Without --script the desktop is never asked for anything."},
         {"--program-dir", option_value::directory, "DIR", option_form::both, &command_line::program_dir,
          "keep settings and results in DIR",
-         "Else they stand beside the program. Two runs with one folder exclude each other."},
+         "Else they stand beside the program, where that folder is the user's own, may be written and "
+         "belongs to no "
+         "package, and otherwise in $XDG_DATA_HOME/corvane (~/.local/share/corvane). Two runs with one "
+         "folder "
+         "exclude each other."},
         {"--help", option_value::none, "", option_form::both, &command_line::help, "print this help and end",
          ""},
         {"--version", option_value::none, "", option_form::both, &command_line::version,

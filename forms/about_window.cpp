@@ -58,6 +58,11 @@ about_window::about_window(Tavrel& main, about_form& form, std::function<void(co
     layout->addWidget(make_head());
     layout->addWidget(make_label(form_.lblDescription, true));
     layout->addWidget(make_label(form_.lblDisclaimer, true));
+    QLabel* place = make_label(form_.lblPlace, true);
+    place->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    // A long path is cut off and stands whole in the tip; the window keeps its width.
+    place->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    layout->addWidget(place);
     layout->addSpacing(6);
     QLabel* heading = make_label(form_.Label1);
     heading->setFont(heading_font(font(), 1));

@@ -91,7 +91,9 @@ void front_end::follow() {
 bool front_end::start() {
     if (!program_.start()) return false;
     if (instance_link* const others = program_.main_form().outside.instances)
-        others->serve(program_.main_form().state.program_dir, [this] { return raise_while_closing(); });
+        others->serve(program_.main_form().state.program_dir,
+                      {[this] { return raise_while_closing(); },
+                       [this](const std::vector<std::string>& directories) { return receive(directories); }});
     sync();
     if (!screen_.ended()) clock_.start(1000);
     return true;
@@ -101,6 +103,13 @@ bool front_end::raise_while_closing() {
     if (!program_.is_closing() || !main_->isVisible()) return false;
     bring_to_front(*main_);
     return true;
+}
+
+reception front_end::receive(const std::vector<std::string>& directories) {
+    const reception what = program_.receive(directories);
+    if (main_->isVisible()) bring_to_front(*main_);
+    sync();
+    return what;
 }
 
 void front_end::close() {

@@ -52,6 +52,8 @@ class front_end {
     // What another start of the program gets to see: the window that waits for its end. False when it does
     // not.
     bool raise_while_closing();
+    // Takes directories of another start, and comes to the front.
+    reception receive(const std::vector<std::string>& directories);
 
     QTimer clock_;
     QTimer follow_timer_;

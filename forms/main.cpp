@@ -10,6 +10,8 @@
 #include <string_view>
 
 #include "app/program.h"
+#include "app/program_place.h"
+#include "app/version.h"
 #include "core/language/translation.h"
 #include "core/settings/added_settings.h"
 #include "core/settings/data_files.h"
@@ -20,6 +22,7 @@
 #include "forms/own_words.h"
 #include "forms/qt_shell.h"
 #include "forms/qt_user_interface.h"
+#include "forms/start_arguments.h"
 #include "platform/desktop/desktop_attention.h"
 #include "platform/desktop/desktop_instance_link.h"
 #include "platform/desktop/desktop_power.h"
@@ -27,6 +30,7 @@
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_text_encoding.h"
 #include "platform/linux/name_mapping.h"
+#include "platform/linux/own_process.h"
 
 namespace {
 
@@ -41,15 +45,6 @@ bool asks_for_platform(int count, char** arguments) {
     return false;
 }
 
-// Empty: none was given. False on wrong usage.
-bool read_program_dir(int count, char** arguments, std::string& program_dir) {
-    for (int i = 1; i < count; ++i) {
-        if (std::strcmp(arguments[i], "--program-dir") != 0 || i + 1 == count) return false;
-        program_dir = arguments[++i];
-    }
-    return true;
-}
-
 std::string with_slash(std::string directory) {
     if (!directory.ends_with('/')) directory += '/';
     return directory;
@@ -62,25 +57,36 @@ bool speaks_english(corvane::file_system& files, const std::string& program_dir)
     return corvane::read_added_settings(files, program_dir + corvane::data_file::added_settings).english;
 }
 
-std::string own_folder() {
-    std::error_code failed;
-    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", failed);
-    return failed ? std::filesystem::current_path().string() : self.parent_path().string();
+corvane::program_place place_of(corvane::file_system& files, const std::string& program_dir) {
+    std::string asked;
+    if (!program_dir.empty())
+        asked = with_slash(std::filesystem::absolute(program_dir).lexically_normal().string());
+    return corvane::find_program_place(files, {corvane::to_text(asked), corvane::own_folder(),
+                                               corvane::user_data_home(), corvane::own_user()});
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     corvane::return_big_blocks();
+    corvane::keep_to_own_home();
+    // What needs no display is told without one. Options of Qt are none of these two.
+    if (argc == 2) {
+        const corvane::start_arguments asked = corvane::read_start_arguments({argv + 1, 1});
+        if (asked.help) std::fputs(corvane::start_usage, stdout);
+        if (asked.version) std::printf("corvane %s\n", corvane::program_version);
+        if (asked.help || asked.version) return 0;
+    }
     if (!is_set("DISPLAY") && !is_set("WAYLAND_DISPLAY") && !is_set("QT_QPA_PLATFORM") &&
         !asks_for_platform(argc, argv)) {
         std::fputs("corvane: 没有可用的显示 (DISPLAY 和 WAYLAND_DISPLAY 都未设置)\n", stderr);
         return 2;
     }
     QApplication application(argc, argv);
-    std::string program_dir;
-    if (!read_program_dir(argc, argv, program_dir)) {
-        std::fputs("用法: corvane [--program-dir 目录]\n", stderr);
+    const corvane::start_arguments given =
+        corvane::read_start_arguments({argv + 1, static_cast<std::size_t>(argc - 1)});
+    if (given.wrong) {
+        std::fputs(corvane::start_usage, stderr);
         return 2;
     }
     QApplication::setApplicationName(QStringLiteral("Corvane"));
@@ -89,31 +95,27 @@ int main(int argc, char** argv) {
     QApplication::setFont(corvane::interface_font(QApplication::font()));
     QApplication::setQuitOnLastWindowClosed(false);
 
-    if (program_dir.empty())
-        program_dir = own_folder();
-    else
-        program_dir = std::filesystem::absolute(program_dir).string();
-
     corvane::linux_file_system files;
+    const corvane::program_place place = place_of(files, given.program_dir);
     corvane::qt_shell desktop;
     corvane::desktop_power machine;
     corvane::qt_user_interface screen;
     corvane::linux_text_encoding encodings;
     corvane::desktop_instance_link instances;
     corvane::desktop_attention notice;
-    corvane::program program({files, desktop, machine, screen, encodings, &instances, &notice},
-                             corvane::to_text(with_slash(program_dir)));
+    corvane::program program({files, desktop, machine, screen, encodings, &instances, &notice}, place);
+    program.open_with(given.directories);
     std::optional<corvane::translation> table;
-    if (speaks_english(files, corvane::to_text(with_slash(program_dir)))) {
+    if (speaks_english(files, place.folder)) {
         corvane::use_translation(&table.emplace(corvane::english()));
         program.main_form().state.speaks_english = true;
     }
     corvane::front_end windows(program, screen);
-    corvane::help_window help(corvane::help_folder(QString::fromStdString(own_folder())));
+    corvane::help_window help(corvane::help_folder(QString::fromStdString(corvane::to_raw(place.shared))));
     desktop.show_help = [&help](const QString& page) { return help.open(page); };
     // Inside the event loop, so that a program closed while it starts leaves the loop as well.
-    QTimer::singleShot(0, &application, [&windows] {
-        if (!windows.start()) QApplication::exit(1);
+    QTimer::singleShot(0, &application, [&windows, &program] {
+        if (!windows.start()) QApplication::exit(program.passed_on() ? 0 : 1);
     });
     return QApplication::exec();
 }

@@ -171,6 +171,8 @@ QWidget* main_window::make_run_row() {
 void main_window::sync(bool tasks_locked) {
     keys_->before_copy();
     mirror_title(this, form_.caption);
+    // The row below the title: the window itself would show it over every part that has no tip of its own.
+    mirror_tooltip(menuBar(), form_.tooltip);
     menus_->sync(tasks_locked);
     tasks_->sync();
     panels_->sync(form_.StatusBar1);

@@ -217,6 +217,11 @@ class file_system {
     // not the machine.
     virtual outcome put_text(const std::string& path, std::string_view text) = 0;
     virtual bool can_write_into(const std::string& directory) = 0;
+    // Makes the directory, for the user alone, and those above it that are missing; one that stands is a
+    // success.
+    virtual outcome make_directory(const std::string& path) = 0;
+    // True when the directory exists and belongs to the user that the program runs as.
+    virtual bool is_own_directory(const std::string& path) = 0;
     // Claims the program's folder for this process until it ends, however it ends. False when another process
     // has it; no file is touched. True where the disk knows no locks.
     virtual bool claim_directory(const std::string& directory) = 0;

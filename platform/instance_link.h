@@ -4,19 +4,39 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace corvane {
+
+// What an instance does with directories that another start hands over.
+enum class reception {
+    none,    // nobody has heard
+    taken,   // they are selected
+    waits,   // they will be, when the task that runs has ended
+    refused  // the instance is about to end
+};
+
+// What an instance does when another start asks, within the event loop.
+struct instance_services {
+    // True when the window has come to the front.
+    std::function<bool()> raise;
+    // Paths of the program's text, absolute.
+    std::function<reception(const std::vector<std::string>& directories)> take;
+};
 
 class instance_link {
   public:
     virtual ~instance_link() = default;
 
-    // From now on another start on this folder is answered by `on_raise`, within the event loop: true when
-    // the window has come to the front. An empty procedure ends it. Without a bus it does nothing.
-    virtual void serve(const std::string& program_dir, std::function<bool()> on_raise) = 0;
+    // From now on another start on this folder is answered; without `raise` none is any more. Without a bus
+    // it does nothing.
+    virtual void serve(const std::string& program_dir, instance_services services) = 0;
     // Asks the instance that serves this folder to bring its window to the front. True when it says that it
     // did; false after two seconds without an answer, too.
     virtual bool raise_other(const std::string& program_dir) = 0;
+    // Hands directories over to it. `none` after two seconds without an answer, too.
+    virtual reception hand_over(const std::string& program_dir,
+                                const std::vector<std::string>& directories) = 0;
 };
 
 }  // namespace corvane

@@ -68,6 +68,10 @@ class directory_form : public form_model {
     void add_paths(const std::vector<std::string>& paths);
     // Dropped paths that are directories; without Ctrl they replace the list.
     void drop_paths(const std::vector<std::string>& paths, bool ctrl);
+    // Directories that the user has chosen outside of the program, as absolute paths. They become the
+    // selection, cleaned as by "确定"; while the window is open, where the user is choosing, they join its
+    // list and the selection is left alone. The caller sees to it that no task runs.
+    void take_from_outside(const std::vector<std::string>& directories);
     // A double click on a row.
     void remove_row(std::size_t index);
     void remove_selected();

@@ -116,6 +116,16 @@ void directory_form::confirm_selection() {
     if (full) main_.complain("选中的目录太多，只取前 " + std::to_string(state.selected_dir_count) + " 个。");
 }
 
+void directory_form::take_from_outside(const std::vector<std::string>& directories) {
+    if (visible) {
+        land();
+        return add_paths(directories);
+    }
+    list_selected_dir.clear();
+    add_paths(directories);
+    confirm_selection();
+}
+
 bool directory_form::confirm_and_close(bool compare_next) {
     land();
     if (list_selected_dir.rows().empty()) {

@@ -14,6 +14,7 @@ about_form::about_form(Tavrel& main, const std::string& version, std::string web
       lblDescription(add<control>(control_kind::label, "lblDescription")),
       lblDisclaimer(add<control>(control_kind::label, "lblDisclaimer")),
       picIcon(add<control>(control_kind::label, "picIcon")),
+      lblPlace(add<control>(control_kind::label, "lblPlace")),
       Label1(add<control>(control_kind::label, "Label1")),
       Label2(add<control>(control_kind::label, "Label2")),
       Label3(add<control>(control_kind::label, "Label3")),
@@ -32,6 +33,7 @@ about_form::about_form(Tavrel& main, const std::string& version, std::string web
     lblDescription.caption = "查找内容相同的文件，清理磁盘。";
     lblDisclaimer.caption = "每个文件删除之前都要证实另有一份内容相同的文件。重要的资料仍请先备份。";
     picIcon.tooltip = "Corvane";
+    lblPlace.caption = lblPlace.tooltip = main.place_words();
     Label1.caption = "使用的程序库";
     Label2.caption = "Corvane 网页";
     Label3.caption = "许可和源代码";

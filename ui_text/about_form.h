@@ -32,12 +32,13 @@ class about_form : public form_model {
     control& lblDescription;
     control& lblDisclaimer;
     control& picIcon;
-    control& Label1;  // heading of the libraries
-    control& Label2;  // a link
-    control& Label3;  // heading of their licences
-    control& Label4;  // a link
-    control& Label5;  // that a library may be replaced
-    control& Text1;   // the libraries and their licences
+    control& lblPlace;  // the folder of settings and results
+    control& Label1;    // heading of the libraries
+    control& Label2;    // a link
+    control& Label3;    // heading of their licences
+    control& Label4;    // a link
+    control& Label5;    // that a library may be replaced
+    control& Text1;     // the libraries and their licences
 
     void set_libraries(const std::vector<used_library>& libraries);
     // The configured address; empty: there is none.

@@ -111,6 +111,8 @@ Tavrel::Tavrel(ports given, std::string program_dir)
 
     set_defaults(state);
     state.program_dir = std::move(program_dir);
+    state.shared_dir = state.program_dir;
+    tooltip = place_words();
     state.same_file_path = data_path(data_file::same_files);
     state.history_path = data_path(data_file::history);
     state.archive_del_path = data_path(data_file::archive_deletions);

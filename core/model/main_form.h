@@ -112,6 +112,8 @@ class Tavrel : public form_model {
         std::string path = state.program_dir;
         return path.append(file_name);
     }
+    // Where the files of this program stand, in words.
+    std::string place_words() const { return "程序目录: " + state.program_dir; }
     void panel(int number, std::string words) { StatusBar1.panel(number) = std::move(words); }
     void yield() {
         ++yields_;

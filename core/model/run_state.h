@@ -41,6 +41,7 @@ struct run_state : settings,
                    shutdown_state {
     std::string program_dir;          // ends in the separator; every data file is addressed from it
     bool program_dir_locked = false;  // start-up found that program_dir cannot be written, and has said so
+    std::string shared_dir;           // where the help and the lists that ship stand; ends in the separator
     std::string base_title;
 
     bool speaks_english = false;  // the windows do, and what is written for people to read

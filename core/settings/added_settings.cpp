@@ -11,11 +11,13 @@ namespace {
 struct switch_row {
     std::string_view name;
     bool added_settings::*member;
+    bool only_when_set = false;  // no line else
 };
 
 constexpr switch_row switches[] = {
     {"notify_after_task", &added_settings::notify_after_task},
     {"english", &added_settings::english},
+    {"earlier_place_asked", &added_settings::earlier_place_asked, true},
 };
 
 bool take(added_settings& values, std::string_view name, std::string_view value) {
@@ -45,7 +47,8 @@ added_settings read_added_settings(file_system& files, const std::string& path) 
 outcome write_added_settings(file_system& files, const std::string& path, const added_settings& values) {
     line_writer writer(files, path);
     for (const switch_row& row : switches)
-        writer.line(std::string(row.name) + (values.*row.member ? "=1" : "=0"));
+        if (values.*row.member || !row.only_when_set)
+            writer.line(std::string(row.name) + (values.*row.member ? "=1" : "=0"));
     for (const std::string& line : values.unknown) writer.line(line);
     return writer.finish() ? outcome::success() : outcome::failure(writer.error());
 }

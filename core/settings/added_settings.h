@@ -10,8 +10,9 @@
 namespace corvane {
 
 struct added_settings {
-    bool notify_after_task = true;  // tell the desktop when a long task has ended
-    bool english = false;           // the windows speak English, from the next start on
+    bool notify_after_task = true;     // tell the desktop when a long task has ended
+    bool english = false;              // the windows speak English, from the next start on
+    bool earlier_place_asked = false;  // whether to take over the files of an earlier place has been answered
 
     // Lines that this version does not know; they are written again as they stand.
     std::vector<std::string> unknown;

@@ -50,4 +50,31 @@ constexpr char archive_members[] = "delrarfile.txt";         // what the archive
 constexpr char trail[] = "err_rec.txt";
 constexpr char avoided_files[] = "avoid.txt";
 
+// What a user would miss: all that a later version reads again. Taken over from an earlier place as it
+// stands; first what keeps files from being deleted. Marks are left: they hold for the very store that they
+// were written with.
+constexpr const char* kept[] = {
+    protected_directories,
+    environment,
+    added_settings,
+    selected_directories,
+    excluded_directories,
+    excluded_types,
+    only_types,
+    common_types,
+    types_by_kind,
+    types_by_name,
+    notes,
+    file_list,
+    same_files,
+    different_files,
+    empty_directories,
+    history,
+    run_records,
+    avoided_files,
+};
+// Those of them that ship with the program.
+constexpr const char* shipped[] = {excluded_directories, excluded_types, only_types,
+                                   common_types,         types_by_kind,  types_by_name};
+
 }  // namespace corvane::data_file

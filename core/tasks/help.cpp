@@ -8,9 +8,17 @@
 
 namespace corvane {
 
-void open_beside_program(Tavrel& form, const std::string& name) {
-    const outcome result = form.outside.desktop.open_document(form.data_path(name));
+namespace {
+
+void open(Tavrel& form, const std::string& path) {
+    const outcome result = form.outside.desktop.open_document(path);
     if (!result) form.complain(result.reason);
+}
+
+}  // namespace
+
+void open_beside_program(Tavrel& form, const std::string& name) {
+    open(form, form.data_path(name));
 }
 
 void open_notes(Tavrel& form) {
@@ -23,13 +31,13 @@ void open_notes(Tavrel& form) {
 }
 
 void open_manual(Tavrel& form) {
-    open_beside_program(form, std::string("帮助") + form.outside.files.separator() + "Corvane帮助.htm");
+    open(form, form.state.shared_dir + "帮助" + form.outside.files.separator() + "Corvane帮助.htm");
 }
 
 void open_topic(Tavrel& form, int topic) {
     std::string digits = std::to_string(topic);
     if (digits.size() < 2) digits.insert(0, 1, '0');
-    const outcome result = form.outside.desktop.open_help_topic(form.data_path(data_file::help),
+    const outcome result = form.outside.desktop.open_help_topic(form.state.shared_dir + data_file::help,
                                                                 "aux" + digits + "_Corvane帮助_Link.htm");
     if (!result) form.complain(result.reason);
 }

@@ -14,7 +14,7 @@ void open_notes(Tavrel& form);
 // "帮助原稿": the manuscript of the help.
 void open_manual(Tavrel& form);
 
-// Opens the page of a topic, 1 to 99, of the help file in program_dir.
+// Opens the page of a topic, 1 to 99, of the help file in shared_dir.
 void open_topic(Tavrel& form, int topic);
 
 // In help mode opens the topic and returns true: the task must not run. The first step of every task entry.

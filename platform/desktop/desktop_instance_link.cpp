@@ -2,6 +2,10 @@
 
 #include <sys/stat.h>
 
+#include <array>
+#include <cstring>
+#include <string_view>
+
 #include "platform/desktop/buses.h"
 #include "platform/linux/name_mapping.h"
 
@@ -11,10 +15,37 @@ namespace {
 
 constexpr char object_path[] = "/corvane/Instance";
 constexpr char interface_name[] = "corvane.Instance";
+constexpr char raise_call[] = "Raise";
+constexpr char take_call[] = "Take";
+// Paths travel as the bytes of the disk. The token lets a Wayland compositor give the window the focus that
+// the user has just given to the other start; it may be empty.
 constexpr char interface_description[] =
     "<node><interface name='corvane.Instance'>"
     "<method name='Raise'><arg type='b' name='raised' direction='out'/></method>"
-    "</interface></node>";
+    "<method name='Take'><arg type='aay' name='directories' direction='in'/>"
+    "<arg type='s' name='activation_token' direction='in'/><arg type='s' name='reception' direction='out'/>"
+    "</method></interface></node>";
+constexpr int longest_wait = 2000;  // milliseconds
+constexpr char activation_token[] = "XDG_ACTIVATION_TOKEN";
+
+struct reception_name {
+    reception what;
+    const char* name;
+};
+constexpr std::array<reception_name, 3> receptions = {
+    {{reception::taken, "taken"}, {reception::waits, "waits"}, {reception::refused, "refused"}}};
+
+const char* name_of(reception what) {
+    for (const reception_name& each : receptions)
+        if (each.what == what) return each.name;
+    return "";
+}
+
+reception reception_of(std::string_view name) {
+    for (const reception_name& each : receptions)
+        if (each.name == name) return each.what;
+    return reception::none;
+}
 
 // The folder by what it is, not by how it is written: two paths of one folder are one instance.
 std::string bus_name(const std::string& program_dir) {
@@ -23,13 +54,38 @@ std::string bus_name(const std::string& program_dir) {
     return "corvane.Instance.d" + std::to_string(place.st_dev) + ".f" + std::to_string(place.st_ino);
 }
 
+std::vector<std::string> directories_of(GVariant* array) {
+    std::vector<std::string> directories;
+    GVariantIter each;
+    g_variant_iter_init(&each, array);
+    GVariant* path = nullptr;
+    while (g_variant_iter_loop(&each, "@ay", &path))
+        directories.push_back(to_text(g_variant_get_bytestring(path)));
+    return directories;
+}
+
+// The answer of the instance that serves the folder, to be released; null where none answers. Takes a
+// floating `arguments` over.
+GVariant* ask_other(const std::string& program_dir, const char* call, GVariant* arguments, const char* type) {
+    if (arguments != nullptr) g_variant_ref_sink(arguments);
+    const std::string name = bus_name(program_dir);
+    const object_pointer<GDBusConnection> bus = name.empty() ? nullptr : session_bus(nullptr);
+    GVariant* answer = nullptr;
+    if (bus)
+        answer = g_dbus_connection_call_sync(bus.get(), name.c_str(), object_path, interface_name, call,
+                                             arguments, G_VARIANT_TYPE(type), G_DBUS_CALL_FLAGS_NO_AUTO_START,
+                                             longest_wait, nullptr, nullptr);
+    if (arguments != nullptr) g_variant_unref(arguments);
+    return answer;
+}
+
 }  // namespace
 
 // Owns the name and the object on the bus, from construction on.
 class desktop_instance_link::served_name {
   public:
-    served_name(object_pointer<GDBusConnection> bus, const std::string& name, std::function<bool()> on_raise)
-        : bus_(std::move(bus)), on_raise_(std::move(on_raise)) {
+    served_name(object_pointer<GDBusConnection> bus, const std::string& name, instance_services services)
+        : bus_(std::move(bus)), services_(std::move(services)) {
         GDBusNodeInfo* const description = g_dbus_node_info_new_for_xml(interface_description, nullptr);
         static const GDBusInterfaceVTable calls = {called, nullptr, nullptr, {}};
         object_ = g_dbus_connection_register_object(bus_.get(), object_path, description->interfaces[0],
@@ -46,14 +102,25 @@ class desktop_instance_link::served_name {
     served_name& operator=(const served_name&) = delete;
 
   private:
-    static void called(GDBusConnection*, const char*, const char*, const char*, const char*, GVariant*,
-                       GDBusMethodInvocation* call, void* self) {
-        const bool raised = static_cast<served_name*>(self)->on_raise_();
-        g_dbus_method_invocation_return_value(call, g_variant_new("(b)", raised ? TRUE : FALSE));
+    static void called(GDBusConnection*, const char*, const char*, const char*, const char* method,
+                       GVariant* arguments, GDBusMethodInvocation* call, void* self) {
+        const instance_services& services = static_cast<served_name*>(self)->services_;
+        if (std::strcmp(method, take_call) != 0) {
+            g_dbus_method_invocation_return_value(call,
+                                                  g_variant_new("(b)", services.raise() ? TRUE : FALSE));
+            return;
+        }
+        GVariant* const directories = g_variant_get_child_value(arguments, 0);
+        const char* token = "";
+        g_variant_get_child(arguments, 1, "&s", &token);
+        if (*token != '\0') g_setenv(activation_token, token, TRUE);
+        const reception what = services.take ? services.take(directories_of(directories)) : reception::none;
+        g_variant_unref(directories);
+        g_dbus_method_invocation_return_value(call, g_variant_new("(s)", name_of(what)));
     }
 
     object_pointer<GDBusConnection> bus_;
-    std::function<bool()> on_raise_;
+    instance_services services_;
     guint object_ = 0;
     guint name_ = 0;
 };
@@ -61,29 +128,40 @@ class desktop_instance_link::served_name {
 desktop_instance_link::desktop_instance_link() = default;
 desktop_instance_link::~desktop_instance_link() = default;
 
-void desktop_instance_link::serve(const std::string& program_dir, std::function<bool()> on_raise) {
+void desktop_instance_link::serve(const std::string& program_dir, instance_services services) {
     served_.reset();
-    if (!on_raise) return;
+    if (!services.raise) return;
     const std::string name = bus_name(program_dir);
     if (name.empty()) return;
     object_pointer<GDBusConnection> bus = session_bus(nullptr);
     if (!bus) return;
-    served_ = std::make_unique<served_name>(std::move(bus), name, std::move(on_raise));
+    served_ = std::make_unique<served_name>(std::move(bus), name, std::move(services));
 }
 
 bool desktop_instance_link::raise_other(const std::string& program_dir) {
-    const std::string name = bus_name(program_dir);
-    const object_pointer<GDBusConnection> bus = name.empty() ? nullptr : session_bus(nullptr);
-    if (!bus) return false;
-    constexpr int longest_wait = 2000;  // milliseconds
-    GVariant* const answer = g_dbus_connection_call_sync(
-        bus.get(), name.c_str(), object_path, interface_name, "Raise", nullptr, G_VARIANT_TYPE("(b)"),
-        G_DBUS_CALL_FLAGS_NO_AUTO_START, longest_wait, nullptr, nullptr);
+    GVariant* const answer = ask_other(program_dir, raise_call, nullptr, "(b)");
     if (answer == nullptr) return false;
     gboolean raised = FALSE;
     g_variant_get(answer, "(b)", &raised);
     g_variant_unref(answer);
     return raised != FALSE;
+}
+
+reception desktop_instance_link::hand_over(const std::string& program_dir,
+                                           const std::vector<std::string>& directories) {
+    GVariantBuilder paths;
+    g_variant_builder_init(&paths, G_VARIANT_TYPE("aay"));
+    for (const std::string& directory : directories)
+        g_variant_builder_add_value(&paths, g_variant_new_bytestring(to_raw(directory).c_str()));
+    const char* const token = g_getenv(activation_token);
+    GVariant* const answer = ask_other(program_dir, take_call,
+                                       g_variant_new("(aays)", &paths, token != nullptr ? token : ""), "(s)");
+    if (answer == nullptr) return reception::none;
+    const char* name = "";
+    g_variant_get(answer, "(&s)", &name);
+    const reception what = reception_of(name);
+    g_variant_unref(answer);
+    return what;
 }
 
 }  // namespace corvane

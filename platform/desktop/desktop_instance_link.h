@@ -14,8 +14,9 @@ class desktop_instance_link : public instance_link {
     desktop_instance_link(const desktop_instance_link&) = delete;
     desktop_instance_link& operator=(const desktop_instance_link&) = delete;
 
-    void serve(const std::string& program_dir, std::function<bool()> on_raise) override;
+    void serve(const std::string& program_dir, instance_services services) override;
     bool raise_other(const std::string& program_dir) override;
+    reception hand_over(const std::string& program_dir, const std::vector<std::string>& directories) override;
 
   private:
     class served_name;

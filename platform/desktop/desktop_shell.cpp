@@ -63,6 +63,31 @@ bool ask_file_manager(const char* method, const std::string& path, bool& lacking
     return true;
 }
 
+// The desktop entry corvane-here takes directories, too. Opened by this program a directory is to be shown,
+// not to come back as a selection.
+bool is_own_entry(GAppInfo* program) {
+    const char* const id = g_app_info_get_id(program);
+    return id != nullptr && g_str_has_prefix(id, "corvane");
+}
+
+// Where the association of directories is this program itself: the first other one that shows them, or null.
+// Nothing to replace otherwise.
+object_pointer<GAppInfo> other_program_for(const std::string& path, bool& replaces) {
+    constexpr char directories[] = "inode/directory";
+    replaces = false;
+    if (g_file_query_file_type(file_at(path).get(), G_FILE_QUERY_INFO_NONE, nullptr) != G_FILE_TYPE_DIRECTORY)
+        return nullptr;
+    const object_pointer<GAppInfo> usual(g_app_info_get_default_for_type(directories, FALSE));
+    if (!usual || !is_own_entry(usual.get())) return nullptr;
+    replaces = true;
+    GList* const all = g_app_info_get_all_for_type(directories);
+    object_pointer<GAppInfo> found;
+    for (GList* each = all; each != nullptr && !found; each = each->next)
+        if (!is_own_entry(G_APP_INFO(each->data))) found.reset(G_APP_INFO(g_object_ref(each->data)));
+    g_list_free_full(all, g_object_unref);
+    return found;
+}
+
 class desktop_process : public started_process {
   public:
     explicit desktop_process(object_pointer<GSubprocess> process) : process_(std::move(process)) {}
@@ -91,6 +116,16 @@ outcome desktop_shell::recycle(const std::string& path) {
 
 outcome desktop_shell::open_document(const std::string& path) {
     GError* error = nullptr;
+    bool replaces = false;
+    const object_pointer<GAppInfo> other = other_program_for(path, replaces);
+    if (replaces && !other) return outcome::lack("没有可以打开它的程序。");
+    if (other) {
+        const text_pointer uri = uri_of(path);
+        GList* const uris = g_list_append(nullptr, uri.get());
+        const bool launched = g_app_info_launch_uris(other.get(), uris, nullptr, &error) != FALSE;
+        g_list_free(uris);
+        return launched ? outcome::success() : failed_or_lacking("没有可以打开它的程序。", error, false);
+    }
     if (g_app_info_launch_default_for_uri(uri_of(path).get(), nullptr, &error)) return outcome::success();
     const bool lacking = is_lacking(error);
     return failed_or_lacking("没有可以打开它的程序。", error, lacking);

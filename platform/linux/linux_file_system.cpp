@@ -173,6 +173,23 @@ bool linux_file_system::can_write_into(const std::string& directory) {
     return true;
 }
 
+outcome linux_file_system::make_directory(const std::string& path) {
+    const std::string raw = raw_path(path).c_str();
+    outcome made = outcome::success();
+    for (std::size_t end = raw.find('/', 1);; end = raw.find('/', end + 1)) {
+        if (mkdir(raw.substr(0, end).c_str(), 0700) != 0 && errno != EEXIST) made = system_failure();
+        if (end == std::string::npos) break;
+    }
+    struct stat facts;
+    if (stat(raw.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode)) return outcome::success();
+    return made ? system_failure(ENOTDIR) : made;
+}
+
+bool linux_file_system::is_own_directory(const std::string& path) {
+    struct stat facts;
+    return stat(raw_path(path).c_str(), &facts) == 0 && S_ISDIR(facts.st_mode) && facts.st_uid == geteuid();
+}
+
 bool linux_file_system::claim_directory(const std::string& directory) {
     descriptor claim = descriptor::open(raw_path(directory).c_str(), O_RDONLY | O_DIRECTORY);
     if (!claim) return true;

@@ -45,6 +45,8 @@ class linux_file_system : public file_system {
     outcome_with<file_writer> overwrite_file(const std::string& path) override;
     outcome put_text(const std::string& path, std::string_view text) override;
     bool can_write_into(const std::string& directory) override;
+    outcome make_directory(const std::string& path) override;
+    bool is_own_directory(const std::string& path) override;
     bool claim_directory(const std::string& directory) override;
     outcome remove_file(const std::string& path) override;
     outcome remove_data_file(const std::string& path) override;

@@ -116,6 +116,18 @@ class linux_writer : public file_writer {
     bool is_settled_ = false;  // nothing has been written since
 };
 
+// What the superuser makes in somebody else's folder is that user's, who could not write it otherwise.
+void give(const descriptor& file, uid_t owner, gid_t group) {
+    if (geteuid() == 0 && fchown(file.number(), owner, group) != 0) errno = 0;
+}
+void give_to_owner_of_folder(const descriptor& file, const std::string& path) {
+    if (geteuid() != 0) return;
+    const std::size_t cut = path.rfind('/');
+    struct stat folder;
+    if (stat(cut == std::string::npos ? "." : path.substr(0, cut + 1).c_str(), &folder) == 0)
+        give(file, folder.st_uid, folder.st_gid);
+}
+
 // Opens a regular file and nothing else: not a device or a FIFO, which could block or swallow what is
 // written.
 outcome open_regular(const char* raw_path, int flags, descriptor& file) {
@@ -124,6 +136,14 @@ outcome open_regular(const char* raw_path, int flags, descriptor& file) {
     if (!found || fstat(found.number(), &facts) != 0) return system_failure();
     if (!S_ISREG(facts.st_mode)) return not_regular(facts);
     file = std::move(found);
+    return outcome::success();
+}
+
+// The same for writing; a file that is missing is made.
+outcome open_for_writing(const char* raw_path, descriptor& file) {
+    file = descriptor::open(raw_path, O_WRONLY | O_CREAT | O_EXCL | O_NOCTTY);
+    if (!file) return open_regular(raw_path, O_WRONLY | O_CREAT, file);
+    give_to_owner_of_folder(file, raw_path);
     return outcome::success();
 }
 
@@ -151,13 +171,18 @@ outcome_with<file_writer> open_replacing_writer(const char* raw_path) {
     if (!file) return system_failure();
     const mode_t mask = umask(0);
     umask(mask);
+    // The owner first: a change of it takes bits of the permissions away.
+    if (exists)
+        give(file, facts.st_uid, facts.st_gid);
+    else
+        give_to_owner_of_folder(file, final_path);
     fchmod(file.number(), exists ? facts.st_mode & 07777 : 0666 & ~mask);
     return std::make_unique<linux_writer>(std::move(file), std::move(path), std::move(final_path));
 }
 
 outcome_with<file_writer> open_overwriting_writer(const char* raw_path) {
     descriptor file;
-    outcome found = open_regular(raw_path, O_WRONLY | O_CREAT, file);
+    outcome found = open_for_writing(raw_path, file);
     if (!found) return found;
     if (ftruncate(file.number(), 0) != 0) return system_failure();
     return std::make_unique<linux_writer>(std::move(file), raw_path, std::string());
@@ -165,7 +190,7 @@ outcome_with<file_writer> open_overwriting_writer(const char* raw_path) {
 
 outcome put_linux_text(const char* raw_path, std::string_view text) {
     descriptor file;
-    outcome found = open_regular(raw_path, O_WRONLY | O_CREAT, file);
+    outcome found = open_for_writing(raw_path, file);
     if (!found) return found;
     const int number = file.number();
     linux_writer writer(std::move(file), raw_path, std::string());

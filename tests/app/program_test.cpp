@@ -82,6 +82,139 @@ TEST(Start, TheFirstInstanceAsksNobody) {
     EXPECT_TRUE(p.instances.asked.empty());
 }
 
+TEST(Start, DirectoriesOfTheCommandLineAreSelectedInPlaceOfTheStoredOnes) {
+    test_program p;
+    for (const char* directory : {"/stored", "/b", "/a", "/a/inner"}) p.files.add_directory(directory);
+    p.files.add_file("/file", "x");
+    p.files.add_file("/prog/比较文件_目录清单.txt", "/stored\r\n");
+    p.add_used_folder();
+    p.corvane.open_with({"/b", "/file", "/a/inner", "/a", "/gone"});
+    ASSERT_TRUE(p.corvane.start());
+    EXPECT_EQ(p.state.selected_dirs, (column<std::string>{"/a", "/b"}));
+    EXPECT_FALSE(p.corvane.directory_window().visible);
+    texts told;
+    for (const message& box : p.screen.messages) told.push_back(box.text);
+    EXPECT_EQ(told, (texts{"/file  不是目录", "/gone  不是目录"}));
+    EXPECT_EQ(p.state.file_count, 0) << "no task starts by itself";
+}
+
+TEST(Start, WhereNoneOfThemIsThereTheStoredSelectionStays) {
+    test_program p;
+    p.files.add_directory("/stored");
+    p.files.add_file("/prog/比较文件_目录清单.txt", "/stored\r\n");
+    p.add_used_folder();
+    p.corvane.open_with({"/gone"});
+    ASSERT_TRUE(p.corvane.start());
+    EXPECT_EQ(p.state.selected_dirs, column<std::string>{"/stored"});
+}
+
+TEST(Start, ASecondInstanceHandsItsDirectoriesOverAndSaysWhatBecomesOfThem) {
+    const struct {
+        reception what;
+        const char* words;
+        bool passed_on;
+    } rows[] = {{reception::taken, "", true},
+                {reception::waits, "Corvane 正在运行任务，任务结束后选中这些目录。", true},
+                {reception::refused, "Corvane 正在结束，没有选中这些目录。请稍后再打开。", false},
+                {reception::none, "Corvane 程序已经运行，不能再次装载。", false}};
+    for (const auto& row : rows) {
+        test_program p;
+        p.files.add_directory("/d");
+        p.files.claimed_by_another = true;
+        p.instances.other_receives = row.what;
+        p.corvane.open_with({"/d"});
+        EXPECT_FALSE(p.corvane.start());
+        EXPECT_EQ(p.instances.handed_over, texts{"/d"});
+        EXPECT_EQ(p.last_message(), row.words);
+        EXPECT_EQ(p.corvane.passed_on(), row.passed_on);
+        EXPECT_FALSE(p.files.has("/prog/Tavrel环境.txt"));
+    }
+}
+
+TEST(Receive, AnIdleProgramSelectsThemAtOnce) {
+    test_program p;
+    for (const char* directory : {"/stored", "/b", "/a"}) p.files.add_directory(directory);
+    p.files.add_file("/file", "x");
+    p.select({"/stored"});
+    EXPECT_EQ(p.corvane.receive({"/b", "/file", "/a", "/gone", ""}), reception::taken);
+    EXPECT_EQ(p.state.selected_dirs, (column<std::string>{"/a", "/b"}));
+    EXPECT_TRUE(p.screen.messages.empty());
+    // Nothing that is a directory: the selection stays.
+    EXPECT_EQ(p.corvane.receive({"/file"}), reception::taken);
+    EXPECT_EQ(p.state.selected_dirs, (column<std::string>{"/a", "/b"}));
+}
+
+TEST(Receive, DuringATaskTheSelectionStaysUntilItsEnd) {
+    test_program p;
+    for (int i = 0; i < 40; ++i)
+        p.files.add_file("/d/" + std::to_string(100 + i), std::string(std::size_t(1 + i / 2), 'x'));
+    p.files.add_directory("/one");
+    p.files.add_directory("/two");
+    p.select({"/d"});
+    int asked = 0;
+    for (const std::int64_t yield : {2, 30, 60})
+        p.screen.acts[yield] = [&] {
+            ++asked;
+            EXPECT_EQ(p.corvane.receive({asked == 1 ? "/one" : "/two"}), reception::waits);
+            EXPECT_EQ(p.state.selected_dirs, column<std::string>{"/d"});
+        };
+    p.form.run("search_check_m");
+    ASSERT_EQ(asked, 3);
+    EXPECT_EQ(p.stored_pairs().size(), 20u) << "the task had its own directories to the end";
+    EXPECT_EQ(p.state.selected_dirs, (column<std::string>{"/one", "/two"})) << "those of both starts";
+    p.form.run("help_spirit");
+    p.select({"/d"});
+    p.form.run("help_spirit");
+    EXPECT_EQ(p.state.selected_dirs, column<std::string>{"/d"}) << "taken once";
+}
+
+TEST(Receive, WhileABoxStandsNothingChangesBehindIt) {
+    test_program p;
+    p.files.add_directory("/one");
+    p.files.add_directory("/d");
+    p.select({"/d"});
+    int boxes = 0;
+    p.screen.on_message = [&](const message&) {
+        if (++boxes > 1) return;
+        EXPECT_EQ(p.corvane.receive({"/one"}), reception::waits);
+        EXPECT_EQ(p.state.selected_dirs, column<std::string>{"/d"});
+    };
+    p.form.run("picture2_Click");  // finds no file, and says so
+    ASSERT_EQ(boxes, 1);
+    EXPECT_EQ(p.state.selected_dirs, column<std::string>{"/one"});
+}
+
+TEST(Receive, InAnOpenSelectionTheyJoinTheListAndNothingIsLost) {
+    test_program p;
+    for (const char* directory : {"/d", "/picked", "/new"}) p.files.add_directory(directory);
+    p.select({"/d"});
+    p.form.run("Picture1_Click");
+    p.corvane.directory_window().add_paths({"/picked"});
+    EXPECT_EQ(p.corvane.receive({"/new"}), reception::taken);
+    texts rows;
+    for (const list_box::row& each : p.corvane.directory_window().list_selected_dir.rows())
+        rows.push_back(each.text);
+    EXPECT_EQ(rows, (texts{"/d", "/picked", "/new"}));
+    EXPECT_EQ(p.state.selected_dirs, column<std::string>{"/d"}) << "the user has not confirmed";
+}
+
+TEST(Receive, AProgramThatIsClosingRefuses) {
+    test_program p;
+    p.files.add_file("/d/a", "x");
+    p.files.add_directory("/one");
+    p.select({"/d"});
+    bool seen = false;
+    p.screen.acts[2] = [&] {
+        EXPECT_EQ(p.corvane.receive({"/one"}), reception::waits);
+        p.corvane.close();
+        EXPECT_EQ(p.corvane.receive({"/one"}), reception::refused);
+        seen = true;
+    };
+    p.form.run("search_check_m");
+    ASSERT_TRUE(seen);
+    EXPECT_EQ(p.stored_lines("比较文件_目录清单.txt"), texts{"/d"});
+}
+
 TEST(Start, ASecondInstanceLeavesACutSettingsFileToTheFirst) {
     test_program p;
     p.add_used_folder({"cut"});
@@ -169,7 +302,7 @@ TEST(Close, WithinATaskTheFormStaysAndSaysSoUntilTheTaskHasReturned) {
 TEST(Tasks, NoneStartsWhileAnotherRunsWhicheverWayItIsAskedFor) {
     test_program p;
     for (int i = 0; i < 60; ++i)
-        p.files.add_file("/d/" + std::to_string(100 + i), std::string(1 + i / 2, 'x'));
+        p.files.add_file("/d/" + std::to_string(100 + i), std::string(std::size_t(1 + i / 2), 'x'));
     p.search({"/d"});
     const std::int64_t start = p.screen.yields;
     const char* const ways[] = {"picture2_Click",

@@ -70,6 +70,10 @@ class faulty_disk : public file_system {
         return fails() ? failure() : disk_.put_text(path, text);
     }
     bool can_write_into(const std::string& directory) override { return disk_.can_write_into(directory); }
+    outcome make_directory(const std::string& path) override {
+        return fails() ? failure() : disk_.make_directory(path);
+    }
+    bool is_own_directory(const std::string& path) override { return disk_.is_own_directory(path); }
     bool claim_directory(const std::string& directory) override { return disk_.claim_directory(directory); }
     outcome remove_file(const std::string& path) override {
         return fails() ? failure() : disk_.remove_file(path);

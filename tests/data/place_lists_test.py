@@ -12,6 +12,7 @@ import unittest
 NAMES = ["不参加搜索的目录.txt", "不参加比较的文件类型.txt", "仅搜索的文件类型.txt", "常用文件扩展名.txt",
          "文件扩展名列表.txt", "文件类型归类.txt"]
 HELP = ["help", "帮助"]
+ACTIONS = ["nautilus-scripts"]
 cmake, generator, source, build, built_programs = "", "", "", "", ""
 programs = []
 
@@ -129,7 +130,7 @@ class InstallTest(PlaceListsTest):
         folder = os.path.join(top, "lib", "corvane")
         built = [name for name in programs if os.path.exists(os.path.join(built_programs, name))]
         self.assertIn("corvane-console", built)
-        self.assertEqual(sorted(os.listdir(folder)), sorted(NAMES + HELP + built))
+        self.assertEqual(sorted(os.listdir(folder)), sorted(NAMES + HELP + built + ACTIONS * ("corvane" in programs)))
         self.assertEqual(sorted(os.listdir(os.path.join(top, "bin"))), sorted(built))
         for name in built:
             self.assertEqual(os.readlink(os.path.join(top, "bin", name)), f"../lib/corvane/{name}")

@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QWidget>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "app/program.h"
@@ -15,6 +16,13 @@
 #include "tests/support/settings_file.h"
 
 namespace corvane {
+
+// The screen with a time of day that stands still once a test has set it.
+class dated_interface : public qt_user_interface {
+  public:
+    std::optional<local_time> date;
+    local_time now() override { return date ? *date : qt_user_interface::now(); }
+};
 
 struct forms_program {
     forms_program();
@@ -35,7 +43,7 @@ struct forms_program {
 
     memory_file_system files;
     recording_shell desktop;
-    qt_user_interface screen;
+    dated_interface screen;
     linux_text_encoding encodings;
     scripted_instances instances;
     scripted_attention notice;

@@ -5,12 +5,14 @@
 #include <QAbstractScrollArea>
 #include <QContextMenuEvent>
 #include <QImage>
+#include <QLabel>
 #include <QMenuBar>
 #include <QTest>
 
 #include "browser/list_views.h"
 #include "core/model/task_table.h"
 #include "core/tasks/progress.h"
+#include "forms/about_window.h"
 #include "forms/main_window.h"
 #include "forms/panel_bar.h"
 #include "forms/task_button.h"
@@ -117,6 +119,31 @@ TEST(main_window, a_right_click_on_the_side_list_reaches_its_handler_and_the_tip
     QContextMenuEvent click(QContextMenuEvent::Mouse, QPoint(5, 5), list->mapToGlobal(QPoint(5, 5)));
     QApplication::sendEvent(list->viewport(), &click);
     EXPECT_EQ(shown.files.content_of(shown.form.data_path("temp.txt")), "/d/a   -1\r\n");
+}
+
+TEST(main_window, the_tip_below_the_title_and_the_about_box_name_the_program_folder) {
+    forms_program shown;
+    EXPECT_EQ(shown.windows.main().menuBar()->toolTip(), QStringLiteral("程序目录: /prog/"));
+    EXPECT_EQ(shown.windows.main().toolTip(), QString()) << "it would stand over every part without a tip";
+    shown.windows.act("关于_M");
+    const auto* place = shown.widget("lblPlace", &shown.windows.about());
+    ASSERT_NE(place, nullptr);
+    EXPECT_EQ(static_cast<const QLabel*>(place)->text(), QStringLiteral("程序目录: /prog/"));
+    EXPECT_TRUE(place->isVisible());
+    EXPECT_EQ(place->toolTip(), QStringLiteral("程序目录: /prog/"));
+}
+
+TEST(main_window, a_long_program_folder_does_not_widen_the_about_box) {
+    const std::string folder = "/" + std::string(400, 'p') + "/";
+    memory_file_system files;
+    recording_shell desktop;
+    dated_interface screen;
+    linux_text_encoding encodings;
+    program corvane({files, desktop, desktop, screen, encodings}, folder);
+    front_end windows(corvane, screen);
+    windows.sync();
+    forms_program usual;
+    EXPECT_EQ(windows.about().minimumSizeHint().width(), usual.windows.about().minimumSizeHint().width());
 }
 
 TEST(main_window, a_menu_entry_without_a_handler_is_disabled) {

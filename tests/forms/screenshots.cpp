@@ -143,6 +143,8 @@ void save_deletion(forms_program& shown, folder_of_pictures& pictures, const cha
 
 // The timed end, before its start and while it counts, and the last warning.
 void save_shutdown(forms_program& shown, folder_of_pictures& pictures) {
+    // The same picture at any time of day.
+    shown.screen.date = corvane::local_time{2026, 3, 4, 21, 15, 0};
     shown.form.state.shut_delay_min = 50;
     shown.form.state.shut_action = 4;
     shown.form.run("shut_computer");
@@ -158,6 +160,7 @@ void save_shutdown(forms_program& shown, folder_of_pictures& pictures) {
     shown.form.run("shut_msg.Form_Unload");
     shown.form.run("sleep_music.Form_Unload");
     shown.form.state.shutdown_after_task = 0;
+    shown.screen.date.reset();
 }
 
 void save_boxes(forms_program& shown, folder_of_pictures& pictures) {

@@ -273,6 +273,14 @@ outcome memory_file_system::put_text(const std::string& path, std::string_view t
     return written ? writer->commit() : written;
 }
 
+outcome memory_file_system::make_directory(const std::string& path) {
+    if (attributes(path).directory) return outcome::success();
+    if (folder_locked || locked_folders.count(path) != 0) return outcome::failure("read-only");
+    made_directories.push_back(path);
+    add_directory(path);
+    return outcome::success();
+}
+
 outcome memory_file_system::remove_file(const std::string& path) {
     const memory_file* file = find(path);
     if (file == nullptr || file->kind != entry_kind::file || file->keeps_itself)

@@ -70,6 +70,9 @@ class memory_file_system : public file_system {
     std::vector<volume> mounted;
     std::vector<mounted_tree> trees;
     bool folder_locked = false;  // can_write_into says no
+    // Folders that cannot be written or made, and those that belong to others; with the closing separator.
+    std::set<std::string> locked_folders, folders_of_others;
+    std::vector<std::string> made_directories;
     std::int64_t total_opened() const;
 
     char separator() const override { return separator_; }
@@ -98,7 +101,13 @@ class memory_file_system : public file_system {
     outcome_with<file_writer> replace_file(const std::string& path) override;
     outcome_with<file_writer> overwrite_file(const std::string& path) override;
     outcome put_text(const std::string& path, std::string_view text) override;
-    bool can_write_into(const std::string&) override { return !folder_locked; }
+    bool can_write_into(const std::string& directory) override {
+        return !folder_locked && locked_folders.count(directory) == 0;
+    }
+    outcome make_directory(const std::string& path) override;
+    bool is_own_directory(const std::string& path) override {
+        return attributes(path).directory && folders_of_others.count(path) == 0;
+    }
     bool claim_directory(const std::string&) override { return !claimed_by_another; }
     outcome remove_file(const std::string& path) override;
     outcome remove_data_file(const std::string& path) override;

@@ -113,12 +113,20 @@ class scripted_instances : public instance_link {
   public:
     std::string served;              // the folder
     std::function<bool()> on_raise;  // what the program does when it is asked
+    std::function<reception(const std::vector<std::string>&)> on_take;
     bool other_comes_to_front = false;
-    std::vector<std::string> asked;  // folders
+    reception other_receives = reception::none;
+    std::vector<std::string> asked;        // folders
+    std::vector<std::string> handed_over;  // directories
 
-    void serve(const std::string& program_dir, std::function<bool()> raise) override {
+    void serve(const std::string& program_dir, instance_services services) override {
         served = program_dir;
-        on_raise = std::move(raise);
+        on_raise = std::move(services.raise);
+        on_take = std::move(services.take);
+    }
+    reception hand_over(const std::string&, const std::vector<std::string>& directories) override {
+        handed_over.insert(handed_over.end(), directories.begin(), directories.end());
+        return other_receives;
     }
     bool raise_other(const std::string& program_dir) override {
         asked.push_back(program_dir);

@@ -226,5 +226,40 @@ TEST_F(DesktopShell, OpensADocumentByItsAssociation) {
     EXPECT_EQ(content, "content");
 }
 
+TEST_F(DesktopShell, ADirectoryIsShownByAnotherProgramThanThisOne) {
+    const std::string applications = root_ + "/home/.local/share/applications/";
+    const std::string ours = root_ + "/ours";
+    const std::string shown = root_ + "/shown";
+    std::ofstream(applications + "corvane-here.desktop")
+        << "[Desktop Entry]\nType=Application\nName=here\nExec=touch " << ours
+        << "\nMimeType=inode/directory;\n";
+    std::ofstream(root_ + "/home/.config/mimeapps.list")
+        << "[Default Applications]\ninode/directory=corvane-here.desktop\n";
+    outcome result;
+    const auto lacks_program = [&] {
+        result = desktop.open_document(root_);
+        return result.lacking && result.reason == "没有可以打开它的程序。";
+    };
+    // With nobody else to show it the user hears so, and the program does not call itself.
+    for (int attempt = 0; attempt < 600 && !lacks_program(); ++attempt)
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_TRUE(lacks_program()) << result.reason;
+    std::ofstream(applications + "files.desktop")
+        << "[Desktop Entry]\nType=Application\nName=files\nExec=touch " << shown
+        << "\nMimeType=inode/directory;\n";
+    std::ofstream(root_ + "/home/.config/mimeapps.list")
+        << "[Default Applications]\ninode/directory=corvane-here.desktop\n"
+           "[Added Associations]\ninode/directory=corvane-here.desktop;files.desktop;\n";
+    for (int attempt = 0; attempt < 600 && !result; ++attempt) {
+        if (attempt > 0) std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        result = desktop.open_document(root_);
+    }
+    ASSERT_TRUE(result.ok) << result.reason;
+    for (int attempt = 0; attempt < 500 && !fs::exists(shown); ++attempt)
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_TRUE(fs::exists(shown));
+    EXPECT_FALSE(fs::exists(ours));
+}
+
 }  // namespace
 }  // namespace corvane

@@ -1,0 +1,53 @@
+#include "forms/start_arguments.h"
+
+#include <filesystem>
+#include <string_view>
+
+#include "platform/linux/name_mapping.h"
+
+namespace corvane {
+
+namespace {
+
+std::string absolute_text(std::string_view typed) {
+    std::error_code failed;
+    std::string path = std::filesystem::absolute(typed, failed).lexically_normal().string();
+    while (path.size() > 1 && path.ends_with('/')) path.pop_back();
+    return to_text(path);
+}
+
+}  // namespace
+
+const char start_usage[] =
+    "Usage: corvane [--program-dir DIR] [DIRECTORY...]\n"
+    "       corvane --help | --version\n";
+
+start_arguments read_start_arguments(std::span<const char* const> arguments) {
+    constexpr std::string_view program_dir = "--program-dir";
+    constexpr std::string_view with_value = "--program-dir=";
+    start_arguments read;
+    bool only_directories = false;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string_view argument = arguments[i];
+        const bool names_folder =
+            !only_directories && (argument == program_dir || argument.starts_with(with_value));
+        if (names_folder && argument == program_dir && i + 1 < arguments.size())
+            read.program_dir = arguments[++i];
+        else if (names_folder && argument.starts_with(with_value))
+            read.program_dir = argument.substr(with_value.size());
+        else if (!argument.empty() && (only_directories || argument.front() != '-'))
+            read.directories.push_back(absolute_text(argument));
+        else if (argument == "--")
+            only_directories = true;
+        else if (argument == "--help")
+            read.help = true;
+        else if (argument == "--version")
+            read.version = true;
+        else
+            read.wrong = true;
+        if (names_folder && read.program_dir.empty()) read.wrong = true;
+    }
+    return read;
+}
+
+}  // namespace corvane
