@@ -16,17 +16,20 @@ TOTALS = re.compile(r"(\d+) files, (\d+) equal ones")
 
 def sets_of(options, count):
     """The directories that hold `count` files together; made where they are missing."""
+    if options.share != 1:
+        return [one_set(options, count / WHOLE, 1)]
     parts = [(1.0, seed) for seed in range(1, count // WHOLE + 1)] or [(count / WHOLE, 1)]
-    directories = []
-    for scale, seed in parts:
-        name = "W4" + (f"-{scale:g}" if scale != 1 else "") + (f"-{seed}" if seed != 1 else "")
-        directory = os.path.join(os.path.abspath(options.directory), name)
-        if not os.path.exists(directory + ".answer"):
-            print(f"making {name}", file=sys.stderr)
-            os.makedirs(options.directory, exist_ok=True)
-            subprocess.run([options.make_sets, directory, "W4", f"{scale:g}", "--seed", str(seed)], check=True)
-        directories.append(directory)
-    return directories
+    return [one_set(options, scale, seed) for scale, seed in parts]
+
+
+def one_set(options, scale, seed):
+    name = "W4" + (f"-{scale:g}" if scale != 1 else "") + (f"-{seed}" if seed != 1 else "")
+    directory = os.path.join(os.path.abspath(options.directory), name)
+    if not os.path.exists(directory + ".answer"):
+        print(f"making {name}", file=sys.stderr)
+        os.makedirs(options.directory, exist_ok=True)
+        subprocess.run([options.make_sets, directory, "W4", f"{scale:g}", "--seed", str(seed)], check=True)
+    return directory
 
 
 def run_once(options, directories, count):
@@ -39,7 +42,7 @@ def run_once(options, directories, count):
                               check=True, text=True)
         seconds = time.monotonic() - start
         listed = TOTALS.search(done.stderr)
-        if listed is None or int(listed[1]) != count:
+        if listed is None or (options.share == 1 and int(listed[1]) != count):
             sys.exit(f"not {count} files: {done.stderr[-300:]}")
         with open(memory, encoding="ascii") as file:
             return seconds, int(file.read()) * 1024
@@ -99,6 +102,7 @@ def main():
     parser.add_argument("--directory", default="bench-data", help="where the sets are or are made")
     parser.add_argument("--program", default="build/bin/corvane-console")
     parser.add_argument("--runs", type=int, default=3, help="takes the median of so many runs")
+    parser.add_argument("--share", type=float, default=1, help="of the numbers of files, for a trial: nothing is judged then; default 1")
     parser.add_argument("--picture", default=None, help="a file that takes the picture")
     options = parser.parse_args()
     options.program = os.path.abspath(options.program)
@@ -106,7 +110,8 @@ def main():
 
     rows = []
     print(f"{'files':>10} {'seconds':>9} {'us/file':>9} {'peak MiB':>9} {'bytes/file':>10}")
-    for count in STEPS:
+    for step in STEPS:
+        count = step if options.share == 1 else min(round(step * options.share), WHOLE)
         directories = sets_of(options, count)
         warm(directories)
         runs = [run_once(options, directories, count) for _ in range(options.runs)]
@@ -115,6 +120,8 @@ def main():
         rows.append((count, seconds, peak))
         print(f"{count:10,} {seconds:9.2f} {1e6 * seconds / count:9.2f} {peak / (1 << 20):9.1f} {peak / count:10.0f}")
         sys.stdout.flush()
+    if options.share != 1:
+        return 0
     if options.picture:
         with open(options.picture, "w", encoding="utf-8") as file:
             file.write(picture(rows))

@@ -76,7 +76,7 @@ std::size_t request_pool::run(std::size_t count, std::size_t chunk, unsigned mos
     using clock = std::chrono::steady_clock;
     const clock::time_point start = clock::now();
     // A disk that makes threads wait gets several rows a thread, so that none waits long for the last one.
-    if (pace.threads(most) > processors())
+    if (pace.is_waiting())
         chunk = std::clamp<std::size_t>(count / (std::size_t{4} * pace.threads(most)), 1, chunk);
     batch asked{count, chunk, carry_out, time_limit(longest), {}, count};
     const std::size_t chunks = (count + chunk - 1) / chunk;

@@ -35,6 +35,8 @@ class request_pace {
         : warm_(processors), waiting_seconds_(waiting_seconds), threads_(processors) {}
 
     unsigned threads(unsigned most) const { return threads_ < most ? threads_ : most; }
+    // The disk makes threads wait: it is asked by more of them than there are processors.
+    bool is_waiting() const { return threads_ > warm_; }
     // `threads` have answered `answered` questions in `seconds`.
     void note(unsigned threads, std::size_t answered, double seconds);
 

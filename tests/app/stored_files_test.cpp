@@ -11,6 +11,7 @@
 #include "compare/history.h"
 #include "core/settings/data_files.h"
 #include "core/settings/environment_table.h"
+#include "core/tasks/protected_folders.h"
 #include "reports/stored_pairs.h"
 #include "tests/support/test_program.h"
 
@@ -72,6 +73,14 @@ TEST_P(StoredFiles, EveryFileThatAUserKeepsHasItsFixture) {
         there.insert(each.path().filename().string());
     for (const char* name : data_file::kept) EXPECT_EQ(there.count(name), 1u) << name;
     EXPECT_EQ(there.count(data_file::trail), 1u);
+}
+
+TEST_P(StoredFiles, ProtectedFoldersStayProtected) {
+    p.corvane.start();
+    EXPECT_EQ(p.state.protected_folders, std::set<std::string>{"/mnt/corvane/照片/"});
+    EXPECT_FALSE(p.state.protection_unknown);
+    EXPECT_TRUE(protection(p.form).covers(pictures_[2]));
+    EXPECT_FALSE(protection(p.form).covers(pictures_[1]));
 }
 
 TEST_P(StoredFiles, TheSettingsAreReadLineByLine) {
