@@ -70,18 +70,19 @@ bool is_own_entry(GAppInfo* program) {
     return id != nullptr && g_str_has_prefix(id, "corvane");
 }
 
-// Where the association of directories is this program itself: the first other one that shows them, or null.
-// Nothing to replace otherwise.
-object_pointer<GAppInfo> other_program_for(const std::string& path, bool& replaces) {
+// Who shows a directory: the program of the association, or, where that is this one, the first other; null
+// where there is none, and for what is no directory. Asked once and launched as it is: an association may
+// change meanwhile.
+object_pointer<GAppInfo> program_for_directory(const std::string& path, bool& is_directory) {
     constexpr char directories[] = "inode/directory";
-    replaces = false;
+    is_directory = false;
     if (g_file_query_file_type(file_at(path).get(), G_FILE_QUERY_INFO_NONE, nullptr) != G_FILE_TYPE_DIRECTORY)
         return nullptr;
-    const object_pointer<GAppInfo> usual(g_app_info_get_default_for_type(directories, FALSE));
-    if (!usual || !is_own_entry(usual.get())) return nullptr;
-    replaces = true;
+    object_pointer<GAppInfo> found(g_app_info_get_default_for_type(directories, FALSE));
+    is_directory = true;
+    if (!found || !is_own_entry(found.get())) return found;
+    found.reset();
     GList* const all = g_app_info_get_all_for_type(directories);
-    object_pointer<GAppInfo> found;
     for (GList* each = all; each != nullptr && !found; each = each->next)
         if (!is_own_entry(G_APP_INFO(each->data))) found.reset(G_APP_INFO(g_object_ref(each->data)));
     g_list_free_full(all, g_object_unref);
@@ -116,13 +117,13 @@ outcome desktop_shell::recycle(const std::string& path) {
 
 outcome desktop_shell::open_document(const std::string& path) {
     GError* error = nullptr;
-    bool replaces = false;
-    const object_pointer<GAppInfo> other = other_program_for(path, replaces);
-    if (replaces && !other) return outcome::lack("没有可以打开它的程序。");
-    if (other) {
+    bool is_directory = false;
+    const object_pointer<GAppInfo> program = program_for_directory(path, is_directory);
+    if (is_directory && !program) return outcome::lack("没有可以打开它的程序。");
+    if (program) {
         const text_pointer uri = uri_of(path);
         GList* const uris = g_list_append(nullptr, uri.get());
-        const bool launched = g_app_info_launch_uris(other.get(), uris, nullptr, &error) != FALSE;
+        const bool launched = g_app_info_launch_uris(program.get(), uris, nullptr, &error) != FALSE;
         g_list_free(uris);
         return launched ? outcome::success() : failed_or_lacking("没有可以打开它的程序。", error, false);
     }
