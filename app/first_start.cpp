@@ -1,35 +1,15 @@
 #include "app/first_start.h"
 
-#include <array>
-#include <cstddef>
 #include <string_view>
 #include <vector>
 
 #include "core/settings/added_settings.h"
 #include "core/settings/data_files.h"
+#include "core/text/file_copy.h"
 
 namespace corvane {
 
 namespace {
-
-// Byte by byte; the file takes its name when it is whole.
-outcome copy_file(file_system& files, const std::string& from, const std::string& to) {
-    const outcome_with<file_reader> source = files.open_file(from);
-    if (!source) return outcome::failure(source.reason);
-    const outcome_with<file_writer> target = files.replace_file(to);
-    if (!target) return outcome::failure(target.reason);
-    std::array<std::byte, 65536> block;
-    for (std::int64_t offset = 0;;) {
-        const std::int64_t count = source.object->read_at(offset, block);
-        if (count < 0) return outcome::failure("不能读出。");
-        outcome written = target.object->write(
-            {reinterpret_cast<const char*>(block.data()), static_cast<std::size_t>(count)});
-        if (!written) return written;
-        if (count < static_cast<std::int64_t>(block.size())) break;
-        offset += count;
-    }
-    return target.object->commit();
-}
 
 bool is_file(file_system& files, const std::string& path) {
     const path_attributes found = files.attributes(path);

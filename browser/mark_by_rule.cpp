@@ -107,10 +107,11 @@ class rule_work {
             kept_.clear();
             rule_.keep(input_, copies_, kept_);
             if (kept_.empty()) continue;
+            std::sort(kept_.begin(), kept_.end());
             for (const rule_copy& copy : copies_) {
                 const pair_table::member_state& state = table_.state(copy.member);
                 const bool markable = state.shown || (hidden && state.hidden);
-                if (markable && std::find(kept_.begin(), kept_.end(), copy.member) == kept_.end() &&
+                if (markable && !std::binary_search(kept_.begin(), kept_.end(), copy.member) &&
                     !protected_.covers(copy.path))
                     made.choose(copy.member, state.length);
             }

@@ -11,6 +11,7 @@
 #include "core/model/main_form.h"
 #include "core/settings/data_files.h"
 #include "core/tasks/protected_folders.h"
+#include "core/text/file_copy.h"
 #include "core/text/text_file.h"
 #include "core/text/text_format.h"
 
@@ -85,7 +86,7 @@ void store_marks(Tavrel& form) {
         return;
     }
     // What another version has written is not for this one to lose.
-    if (!known && !copy_data_file(files, path, form.data_path(data_file::marks_aside))) return;
+    if (!known && !copy_file(files, path, form.data_path(data_file::marks_aside))) return;
     if (!write_marks(form, path)) form.complain(path + "\r\n标记没有保存。");
 }
 

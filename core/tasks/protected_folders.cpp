@@ -8,6 +8,7 @@
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 #include "core/settings/data_files.h"
+#include "core/text/file_copy.h"
 #include "core/text/path_text.h"
 #include "core/text/text_case.h"
 #include "core/text/text_file.h"
@@ -57,7 +58,7 @@ void set_protected_folders(Tavrel& form, std::set<std::string> folders) {
     if (folders == state.protected_folders && !state.protection_unknown) return;
     const std::string path = form.data_path(data_file::protected_directories);
     const bool kept = !state.protection_unknown ||
-                      copy_data_file(form.outside.files, path, form.data_path(data_file::protected_aside));
+                      copy_file(form.outside.files, path, form.data_path(data_file::protected_aside));
     state.protected_folders = std::move(folders);
     ++state.protection_revision;
     if (!kept) return form.complain(path + "\r\n受保护的目录没有保存。");
@@ -67,23 +68,6 @@ void set_protected_folders(Tavrel& form, std::set<std::string> folders) {
     for (const std::string& folder : state.protected_folders) writer.line(folder);
     if (!writer.finish()) return form.complain(path + "\r\n" + writer.error());
     state.protection_unknown = false;
-}
-
-bool copy_data_file(file_system& files, const std::string& path, const std::string& copy) {
-    const auto from = files.open_file(path);
-    if (!from) return false;
-    const auto to = files.replace_file(copy);
-    if (!to) return false;
-    std::vector<std::byte> block(64 * std::size_t{1024});
-    for (std::int64_t at = 0;;) {
-        const std::int64_t count = from.object->read_at(at, block);
-        if (count < 0) return false;
-        if (count == 0) break;
-        at += count;
-        if (!to.object->write({reinterpret_cast<const char*>(block.data()), static_cast<std::size_t>(count)}))
-            return false;
-    }
-    return bool(to.object->commit());
 }
 
 protection::protection(const Tavrel& form) : form_(form), files_(form.outside.files) {

@@ -26,9 +26,6 @@ void read_protected_folders(Tavrel& form);
 // are protected all the same.
 void set_protected_folders(Tavrel& form, std::set<std::string> folders);
 
-// Copies `path` to `copy`, block by block. False: `copy` is as it was.
-bool copy_data_file(file_system& files, const std::string& path, const std::string& copy);
-
 // Answers for many paths. What it has found out of a folder it keeps until the choice of the user changes;
 // make a new one for each act.
 class protection {

@@ -424,17 +424,16 @@ TEST(list_table, a_million_marks_are_taken_once_and_painted_at_once) {
     pairs_shown shown(1'000'000);
     for (std::int32_t row = 1; row <= 1'000'000; ++row)
         shown.form.ListView1.set_colour(row, 4, cell_colour::mark_red);
-    QElapsedTimer clock;
-    clock.start();
+    const processor_time taking;
     shown.windows.sync();
-    EXPECT_LT(clock.elapsed(), 2000);
+    EXPECT_LT(taking.milliseconds(), 3000);
     EXPECT_FALSE(shown.table.cells().take_marks(false)) << "nothing has changed since";
-    clock.restart();
+    const processor_time painting;
     for (int turn = 0; turn < 20; ++turn) {
         shown.windows.sync();
         shown.table.grab();
     }
-    EXPECT_LT(clock.elapsed(), 2000);
+    EXPECT_LT(painting.milliseconds(), 2000);
     EXPECT_TRUE(
         shown.table.cells().data(shown.table.cells().index(999'999, 4), list_model::struck_role).toBool());
     EXPECT_FALSE(
