@@ -1,31 +1,16 @@
 #include "browser/same_view.h"
-#include "browser/row_panel.h"
-#include "browser/same_store.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <random>
 
-#include "tests/support/test_program.h"
+#include "tests/browser/list_program.h"
+#include "tests/browser/stored_rows.h"
 
 namespace corvane {
 namespace {
-
 using texts = std::vector<std::string>;
-
-struct stored_row {
-    std::int64_t length;
-    std::string path1;
-    std::string path2;
-};
-
-void store(test_program& p, const std::vector<stored_row>& rows) {
-    std::string text = "内容相同文件清单            \r\n " + std::to_string(rows.size()) + " \r\n";
-    for (const stored_row& row : rows)
-        text += " " + std::to_string(row.length) + " \r\n" + row.path1 + "\r\n" + row.path2 + "\r\n";
-    p.files.add_file("/prog/相同文件.txt", text);
-}
 
 TEST(SameView, AMissingOrEmptyStoreIsToldAndNothingElse) {
     for (const bool missing : {true, false}) {
@@ -245,7 +230,7 @@ TEST(SameView, TheLimitCountsTheRowsThatAreKept) {
 }
 
 TEST(SameView, EventsRunWhileTheStoreIsReadAndNoOtherTask) {
-    test_program p;
+    list_program p;
     std::vector<stored_row> rows;
     for (int i = 0; i < 500; ++i) {
         rows.push_back({1, "/d/" + std::to_string(1000 + i), "/e/" + std::to_string(1000 + i)});
@@ -264,9 +249,7 @@ TEST(SameView, EventsRunWhileTheStoreIsReadAndNoOtherTask) {
         p.form.run("Picture5_Click");
         p.form.run("only_disp");
         p.form.run("rewrite_store");
-        p.form.list_event = {};
-        p.form.list_event.column = 2;
-        p.form.run("ListView1_ColumnClick");
+        p.header(2);
         p.form.run("ListView1_DblClick");
     };
     p.form.run("Picture4_Click");
@@ -397,127 +380,6 @@ TEST(SameView, AskedForWhileItsRowsAreFilledIsRefused) {
     EXPECT_EQ(p.state.same_count, 3);
     EXPECT_TRUE(p.screen.messages.empty());
     EXPECT_FALSE(p.files.has("/prog/相同文件.txt"));
-}
-
-TEST(RewriteStore, LeavesOutRowsWithABlankCellAndKeepsTheCount) {
-    test_program p;
-    p.state.same_fresh_flag = -1;
-    store(p, {{10, "/a", "/b"}, {20, "/c", "/d"}, {30, "/e", "/f"}});
-    p.form.run("Picture4_Click");
-    p.form.ListView1.set_text(2, 4, "");
-    p.form.ListView1.set_text(3, 3, " ");
-    EXPECT_TRUE(rewrite_store(p.form));
-    EXPECT_EQ(p.files.content_of("/prog/相同文件.txt"),
-              "内容相同文件清单            \r\n 3 \r\n10\r\n/a\r\n/b\r\n");
-}
-
-TEST(RewriteStore, ReloadingNumbersAnewAndLosesMarks) {
-    test_program p;
-    for (const char* path : {"/a", "/b", "/c", "/d"}) p.files.add_file(path, "x");
-    store(p, {{1, "/a", "/b"}, {1, "/c", "/d"}});
-    p.form.run("Picture4_Click");
-    p.form.ListView1.set_text(1, 4, "");
-    p.form.ListView1.set_colour(2, 4, cell_colour::mark_red);
-    rewrite_store(p.form);
-    p.form.run("result_refresh");
-    ASSERT_EQ(p.form.ListView1.row_count(), 1);
-    EXPECT_EQ(p.form.ListView1.cell(1, 1), "1");
-    EXPECT_EQ(p.form.ListView1.cell(1, 3), "/c");
-    EXPECT_EQ(p.form.ListView1.colour(1, 4), cell_colour::colour_text);
-}
-
-TEST(RewriteStore, AFullDiskLeavesTheOldStore) {
-    test_program p;
-    p.state.same_fresh_flag = -1;
-    store(p, {{10, "/a", "/b"}});
-    const std::string before = p.files.content_of("/prog/相同文件.txt");
-    p.form.run("Picture4_Click");
-    p.files.write_failure_path = "/prog/相同文件.txt";
-    EXPECT_FALSE(rewrite_store(p.form));
-    EXPECT_EQ(p.files.content_of("/prog/相同文件.txt"), before);
-}
-
-TEST(RewriteStore, KeepsThePairsThatAFilterHides) {
-    test_program p;
-    for (const char* path : {"/a.x", "/b.y", "/c.y", "/d.y", "/e.x", "/f.x"}) p.files.add_file(path, "1");
-    store(p, {{10, "/a.x", "/b.y"}, {20, "/c.y", "/d.y"}, {30, "/e.x", "/f.x"}});
-    p.form.run("Picture4_Click");
-    p.screen.texts = {"x"};
-    p.form.run("only_disp");
-    ASSERT_EQ(p.form.ListView1.row_count(), 2);
-    p.form.ListView1.set_text(1, 4, "");
-    p.state.same_count = 2;
-    EXPECT_TRUE(rewrite_store(p.form));
-    EXPECT_EQ(p.files.content_of("/prog/相同文件.txt"),
-              "内容相同文件清单            \r\n 2 \r\n30\r\n/e.x\r\n/f.x\r\n20\r\n/c.y\r\n/d.y\r\n");
-    p.form.run("result_refresh");
-    EXPECT_EQ(p.form.ListView1.row_count(), 2);
-    EXPECT_EQ(p.form.ListView1.cell(1, 3), "/c.y");
-}
-
-TEST(RewriteStore, WhatHasGoneStaysOutAlsoWhenAnotherFilterHidesIt) {
-    test_program p;
-    p.state.same_fresh_flag = -1;
-    store(p, {{10, "/z.zip*a", "/b.y"}, {20, "/c.y", "/d.y"}});
-    p.form.run("Picture4_Click");
-    p.form.ListView1.set_text(2, 3, "");  // the member: "/z" stands behind "/c"
-    EXPECT_TRUE(rewrite_store(p.form));
-    p.state.same_count = 2;
-    p.screen.texts = {"none"};
-    p.form.run("only_disp");
-    ASSERT_EQ(p.form.ListView1.row_count(), 0);
-    EXPECT_TRUE(rewrite_store(p.form));
-    EXPECT_EQ(p.files.content_of("/prog/相同文件.txt"),
-              "内容相同文件清单            \r\n 2 \r\n20\r\n/c.y\r\n/d.y\r\n");
-}
-
-TEST(RewriteStore, OfAnotherViewWritesNothing) {
-    test_program p;
-    p.state.same_fresh_flag = -1;
-    store(p, {{10, "/a", "/b"}});
-    const std::string before = p.files.content_of("/prog/相同文件.txt");
-    p.form.run("Picture4_Click");
-    p.state.list_mode = 2;
-    EXPECT_TRUE(rewrite_store(p.form));
-    EXPECT_EQ(p.files.content_of("/prog/相同文件.txt"), before);
-}
-
-TEST(RowPanel, ShowsBothPathsWithDateAndLength) {
-    test_program p;
-    // 1970-01-01 01:02:03 UTC in 100 ns since 1601.
-    const std::uint64_t ticks = (11'644'473'600ull + 3723) * 10'000'000;
-    for (const char* path : {"/d/a", "/d/long"}) {
-        memory_file& file = p.files.add_file(path, "12345");
-        file.date_high = static_cast<std::int32_t>(ticks >> 32);
-        file.date_low = static_cast<std::int32_t>(static_cast<std::uint32_t>(ticks));
-    }
-    store(p, {{5, "/d/a", "/d/long"}});
-    p.form.run("Picture4_Click");
-    show_row_panel(p.form, 1);
-    EXPECT_TRUE(p.form.Frame4.visible);
-    EXPECT_EQ(p.form.Frame4.caption, "显示第 1 条");
-    EXPECT_EQ(p.form.samefile_disp1.text, "/d/a       1899-12-30 1:2:3\t5");
-    EXPECT_EQ(p.form.samefile_disp2.text, "/d/long    1899-12-30 1:2:3\t5");
-}
-
-TEST(RowPanel, AMemberTakesItsLengthFromTheRowAndHasNoDate) {
-    test_program p;
-    p.files.add_file("/d/a", "12345");
-    store(p, {{5, "/d/a", "/d/z.zip*m"}});
-    p.form.run("Picture4_Click");
-    show_row_panel(p.form, 1);
-    EXPECT_EQ(p.form.samefile_disp2.text, "/d/z.zip*m    \t5");
-}
-
-TEST(RowPanel, AVanishedFileShowsItsPathAlone) {
-    test_program p;
-    p.state.same_fresh_flag = -1;
-    store(p, {{5, "/gone", "/gone2"}});
-    p.form.run("Picture4_Click");
-    show_row_panel(p.form, 1);
-    EXPECT_EQ(p.form.samefile_disp1.text, "/gone     \t");
-    show_row_panel(p.form, 2);  // no such row
-    EXPECT_EQ(p.form.Frame4.caption, "显示第 1 条");
 }
 
 }  // namespace

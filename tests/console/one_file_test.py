@@ -12,6 +12,7 @@ import tempfile
 import zipfile
 
 from expectations import expect, finish
+from mount_namespace import run_inside
 from program_folder import make_program_folder
 
 console = os.path.abspath(sys.argv[1])
@@ -125,10 +126,5 @@ if inside:
     finish()
 
 in_a_scratch_folder(hard_links, directory_that_became_a_link)
-trial = subprocess.run(["unshare", "--mount", "mount", "-t", "tmpfs", "none", "/mnt"], capture_output=True, text=True)
-if trial.returncode != 0:
-    print("mounts are not tried: this machine allows no mount namespace:", trial.stderr.strip())
-else:
-    done = subprocess.run(["unshare", "--mount", sys.executable, os.path.abspath(__file__), console, "--inside"])
-    expect("with mounts", done.returncode, 0)
+run_inside(os.path.abspath(__file__), console)
 finish()

@@ -9,6 +9,7 @@ import sys
 import tempfile
 
 from expectations import expect, finish
+from mount_namespace import run_inside
 from program_folder import make_program_folder
 
 console = sys.argv[1]
@@ -112,10 +113,5 @@ if inside:
     finish()
 
 in_a_scratch_folder(by_links, marks_survive)
-trial = subprocess.run(["unshare", "--mount", "mount", "-t", "tmpfs", "none", "/mnt"], capture_output=True, text=True)
-if trial.returncode != 0:
-    print("mounts are not tried: this machine allows no mount namespace:", trial.stderr.strip())
-else:
-    done = subprocess.run(["unshare", "--mount", sys.executable, os.path.abspath(__file__), console, "--inside"])
-    expect("with mounts", done.returncode, 0)
+run_inside(os.path.abspath(__file__), console)
 finish()

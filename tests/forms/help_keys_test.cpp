@@ -13,31 +13,27 @@
 #include "forms/options_window.h"
 #include "forms/panel_bar.h"
 #include "tests/forms/forms_program.h"
+#include "tests/support/help_call.h"
 #include "ui_text/help_topics.h"
 
 namespace corvane {
 namespace {
-
-std::string asked(int topic) {
-    return std::string("help aux") + (topic < 10 ? "0" : "") + std::to_string(topic) +
-           "_Corvane帮助_Link.htm";
-}
 
 TEST(HelpKeys, F1OpensTheTopicOfTheFocusOrOfTheWindow) {
     forms_program shown;
     QWidget& main = shown.windows.main();
     main.activateWindow();
     QTest::keyClick(&main, Qt::Key_F1);
-    EXPECT_EQ(shown.desktop.calls, std::vector<std::string>{asked(1)});
+    EXPECT_EQ(shown.desktop.calls, std::vector<std::string>{help_call(1)});
     shown.show_pairs(3);
     shown.form.ListView1.help_context = 1015;
     QWidget* list = shown.widget("ListView1");
     list->setFocus();
     QTest::keyClick(list, Qt::Key_F1);
-    EXPECT_EQ(shown.desktop.calls.back(), asked(15));
+    EXPECT_EQ(shown.desktop.calls.back(), help_call(15));
     shown.form.ListView1.help_context = 1039;
     QTest::keyClick(list, Qt::Key_F1);
-    EXPECT_EQ(shown.desktop.calls.back(), asked(39));
+    EXPECT_EQ(shown.desktop.calls.back(), help_call(39));
     EXPECT_EQ(shown.desktop.calls.size(), 3u);
 }
 
@@ -49,15 +45,15 @@ TEST(HelpKeys, F1InTheOtherWindows) {
     shown.form.run("关于_M");
     shown.windows.sync();
     QTest::keyClick(shown.widget("Dir_select", &shown.windows.directory()), Qt::Key_F1);
-    EXPECT_EQ(shown.desktop.calls.back(), asked(9));
+    EXPECT_EQ(shown.desktop.calls.back(), help_call(9));
     const std::pair<const char*, int> places[] = {{"List1", 23}, {"List2", 26},  {"List3", 27},
                                                   {"List4", 25}, {"Check1", 28}, {"Command4", 22}};
     for (const auto& [name, topic] : places) {
         QTest::keyClick(shown.widget(name, &shown.windows.options()), Qt::Key_F1);
-        EXPECT_EQ(shown.desktop.calls.back(), asked(topic)) << name;
+        EXPECT_EQ(shown.desktop.calls.back(), help_call(topic)) << name;
     }
     QTest::keyClick(shown.widget("Text1", &shown.windows.about()), Qt::Key_F1);
-    EXPECT_EQ(shown.desktop.calls.back(), asked(64));
+    EXPECT_EQ(shown.desktop.calls.back(), help_call(64));
     EXPECT_EQ(shown.desktop.calls.size(), 8u);
 }
 
@@ -70,7 +66,7 @@ TEST(HelpKeys, F1InABoxOpensItsTopicAndAPlainOneTheMessages) {
             box->close();
         });
         shown.form.inform("没有相同文件", context);
-        EXPECT_EQ(shown.desktop.calls.back(), asked(topic));
+        EXPECT_EQ(shown.desktop.calls.back(), help_call(topic));
     }
 }
 
@@ -98,7 +94,7 @@ TEST(HelpMouse, AClickOnAnyPanelOpensTheTopicOfPanelSevenAndNoOther) {
         for (int number = 1; number <= 7; ++number) {
             shown.desktop.calls.clear();
             QTest::mouseClick(bar, Qt::LeftButton, {}, bar->panel_place(number).center());
-            EXPECT_EQ(shown.desktop.calls, std::vector<std::string>{asked(13)}) << number;
+            EXPECT_EQ(shown.desktop.calls, std::vector<std::string>{help_call(13)}) << number;
         }
     }
 }
@@ -112,7 +108,7 @@ TEST(HelpMouse, InHelpModeThePointerAsksAndAPressOnTheFormOpensTheFirstTopic) {
     EXPECT_EQ(main.cursor().shape(), Qt::WhatsThisCursor);
     QWidget* ground = main.childAt(QPoint(main.width() - 40, main.height() / 2));
     QTest::mouseClick(ground, Qt::LeftButton, {}, QPoint(5, 5));
-    EXPECT_EQ(shown.desktop.calls, std::vector<std::string>{asked(1)});
+    EXPECT_EQ(shown.desktop.calls, std::vector<std::string>{help_call(1)});
     shown.windows.act("help_spirit");
     EXPECT_EQ(main.cursor().shape(), Qt::ArrowCursor);
 }
@@ -125,14 +121,14 @@ TEST(HelpMouse, InHelpModeTheLeftListAndTheTextOpenTheirTopics) {
     shown.windows.act("help_spirit");
     auto* text = static_cast<QAbstractScrollArea*>(shown.widget("RichTextBox2"));
     QTest::mouseClick(text->viewport(), Qt::LeftButton, {}, QPoint(20, 10));
-    EXPECT_EQ(shown.desktop.calls, std::vector<std::string>{asked(11)});
+    EXPECT_EQ(shown.desktop.calls, std::vector<std::string>{help_call(11)});
     shown.form.RichTextBox2.visible = false;
     shown.form.listleft.add("一行");
     shown.form.listleft.visible = true;
     shown.windows.sync();
     auto* list = static_cast<QAbstractScrollArea*>(shown.widget("listleft"));
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, QPoint(20, 10));
-    EXPECT_EQ(shown.desktop.calls.back(), asked(8));
+    EXPECT_EQ(shown.desktop.calls.back(), help_call(8));
     EXPECT_EQ(shown.desktop.calls.size(), 2u);
 }
 

@@ -52,30 +52,32 @@ TEST(start_arguments, wrong_usage_is_seen) {
     EXPECT_TRUE(read({"--version"}).version);
 }
 
+// Started with /d selected; another start hands /other over.
+struct receiving_program : forms_program {
+    receiving_program() {
+        add_used_folder();
+        files.add_directory("/d");
+        files.add_directory("/other");
+        files.add_file("/prog/比较文件_目录清单.txt", "/d\r\n");
+        EXPECT_TRUE(windows.start());
+    }
+    reception take_other() { return instances.on_take({"/other"}); }
+};
+
 TEST(receiving, directories_of_another_start_are_selected_and_the_window_comes_to_the_front) {
-    forms_program shown;
-    shown.add_used_folder();
-    shown.files.add_directory("/d");
-    shown.files.add_directory("/other");
-    shown.files.add_file("/prog/比较文件_目录清单.txt", "/d\r\n");
-    ASSERT_TRUE(shown.windows.start());
+    receiving_program shown;
     shown.windows.main().showMinimized();
     ASSERT_TRUE(shown.instances.on_take);
-    EXPECT_EQ(shown.instances.on_take({"/other"}), reception::taken);
+    EXPECT_EQ(shown.take_other(), reception::taken);
     EXPECT_EQ(shown.form.state.selected_dirs, column<std::string>{"/other"});
     EXPECT_FALSE(shown.windows.main().isMinimized());
 }
 
 TEST(receiving, within_a_task_they_wait) {
-    forms_program shown;
-    shown.add_used_folder();
-    shown.files.add_directory("/d");
-    shown.files.add_directory("/other");
-    shown.files.add_file("/prog/比较文件_目录清单.txt", "/d\r\n");
-    ASSERT_TRUE(shown.windows.start());
+    receiving_program shown;
     bool ran = false;
     shown.form.bind("picture2_Click", [&] {
-        EXPECT_EQ(shown.instances.on_take({"/other"}), reception::waits);
+        EXPECT_EQ(shown.take_other(), reception::waits);
         EXPECT_EQ(shown.form.state.selected_dirs, column<std::string>{"/d"});
         ran = true;
     });

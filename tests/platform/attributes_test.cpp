@@ -9,20 +9,15 @@
 
 #include "platform/linux/linux_file_system.h"
 #include "tests/support/memory_file_system.h"
+#include "tests/support/scratch_folder.h"
 
 namespace corvane {
 namespace {
 
 namespace disk = std::filesystem;
 
-class Attributes : public testing::Test {
+class Attributes : public scratch_folder {
   protected:
-    Attributes() {
-        char place[] = "/tmp/corvane_test_XXXXXX";
-        root = std::string(mkdtemp(place)) + "/";
-    }
-    ~Attributes() override { disk::remove_all(root); }
-
     std::string make_directory(const std::string& name) {
         disk::create_directory(root + name);
         return root + name;
@@ -33,7 +28,6 @@ class Attributes : public testing::Test {
         return facts.st_mode & 07777;
     }
 
-    std::string root;
     linux_file_system files;
 };
 

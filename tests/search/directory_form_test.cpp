@@ -5,47 +5,14 @@
 #include <set>
 
 #include "core/tasks/progress.h"
-#include "tests/support/test_program.h"
+#include "tests/search/choosing.h"
 
 namespace corvane {
 namespace {
-
 using texts = std::vector<std::string>;
 
 constexpr auto left = mouse_button::left;
 constexpr auto right = mouse_button::right;
-
-// Six directories on the screen, /d/0 to /d/5, and two volumes.
-struct choosing : test_program {
-    choosing() : window(corvane.directory_window()) {
-        for (int i = 0; i < 6; ++i) files.add_directory(row(i));
-        files.add_directory("/media/card");
-        files.mounted = {{"/d/", "", volume_kind::home, 5'000'000, 9'000'000},
-                         {"/", "", volume_kind::root},
-                         {"/media/card/", "CARD", volume_kind::other, 10, 20}};
-        window.tree.paths = [](int first, int last) {
-            texts paths;
-            for (int i = first; i <= last; ++i) paths.push_back(row(i));
-            return paths;
-        };
-        window.list_selected_dir.place = {4000, 1000, 3000, 2000};
-        window.row_height = 300;
-    }
-    static std::string row(int number) { return std::string("/d/").append(std::to_string(number)); }
-    texts list() const {
-        texts rows;
-        for (const list_box::row& each : window.list_selected_dir.rows()) rows.push_back(each.text);
-        return rows;
-    }
-    void fly(int steps = 30) {
-        for (int step = 0; step < steps; ++step) form.run("目录选择.Timer1_Timer");
-    }
-    void press(mouse_button button, int shift, int number) {
-        window.Dir_select_MouseDown(button, shift, number, 100, 400);
-    }
-
-    directory_form& window;
-};
 
 TEST(DirectoryPick, ThePickedPathJoinsTheListWhenTheCaptionHasArrived) {
     choosing c;
@@ -354,101 +321,6 @@ TEST(DirectoryOpen, ShowsItselfInPanel7AndClearsTheOthers) {
     EXPECT_EQ(c.form.StatusBar1.panel(1), "");
     EXPECT_TRUE(c.window.visible);
     EXPECT_TRUE(c.form.Timer2.enabled);
-}
-
-struct protecting : choosing {
-    std::vector<bool> checks() const {
-        std::vector<bool> found;
-        for (const list_box::row& each : window.list_selected_dir.rows()) found.push_back(each.checked);
-        return found;
-    }
-    void check(std::size_t row, bool on) { window.list_selected_dir.check(row, on); }
-};
-using flags = std::vector<bool>;
-
-TEST(DirectoryProtection, ACheckedRowIsProtectedFromTheConfirmationOn) {
-    protecting c;
-    c.select({"/d/1", "/d/2"});
-    c.form.run("Picture1_Click");
-    EXPECT_EQ(c.checks(), (flags{false, false}));
-    c.check(1, true);
-    EXPECT_TRUE(c.state.protected_folders.empty());
-    c.form.run("目录选择.Command34_Click");
-    EXPECT_EQ(c.state.protected_folders, std::set<std::string>{"/d/2/"});
-    EXPECT_EQ(c.stored_lines("受保护的目录.txt"), (texts{"Corvane protected folders 1", " 1 ", "/d/2/"}));
-    c.form.run("Picture1_Click");
-    EXPECT_EQ(c.checks(), (flags{false, true}));
-    c.check(1, false);
-    c.form.run("目录选择.Command34_Click");
-    EXPECT_TRUE(c.state.protected_folders.empty());
-}
-
-TEST(DirectoryProtection, ClosingByTheFrameAndDiscardingDropTheChange) {
-    protecting c;
-    c.state.protected_folders = {"/d/2/"};
-    c.select({"/d/1", "/d/2"});
-    c.form.run("Picture1_Click");
-    c.check(0, true);
-    c.check(1, false);
-    c.form.run("目录选择.cmd_dir_discard_Click");
-    EXPECT_EQ(c.checks(), (flags{false, true}));
-    c.check(0, true);
-    c.window.Form_Unload();
-    EXPECT_EQ(c.state.protected_folders, std::set<std::string>{"/d/2/"});
-}
-
-TEST(DirectoryProtection, AnInnerFolderDropsOutOfTheSelectionAndStaysProtectedAndInSight) {
-    protecting c;
-    c.select({"/d"});
-    c.form.run("Picture1_Click");
-    c.window.add_paths({"/d/3"});
-    c.check(1, true);
-    c.form.run("目录选择.Command34_Click");
-    EXPECT_EQ(c.state.selected_dir_count, 1);
-    EXPECT_EQ(c.state.protected_folders, std::set<std::string>{"/d/3/"});
-    c.form.run("Picture1_Click");
-    EXPECT_EQ(c.list(), (texts{"/d", "/d/3"}));
-    EXPECT_EQ(c.checks(), (flags{false, true}));
-    c.form.run("目录选择.Command34_Click");
-    EXPECT_EQ(c.state.selected_dir_count, 1);
-    EXPECT_EQ(c.state.protected_folders, std::set<std::string>{"/d/3/"});
-}
-
-TEST(DirectoryProtection, ARowThatLeavesTheListKeepsItsProtection) {
-    protecting c;
-    c.state.protected_folders = {"/d/2/"};
-    c.select({"/d/1", "/d/2"});
-    c.form.run("Picture1_Click");
-    c.window.remove_row(1);
-    c.form.run("目录选择.Command34_Click");
-    EXPECT_EQ(c.state.protected_folders, std::set<std::string>{"/d/2/"});
-    c.form.run("Picture1_Click");
-    EXPECT_EQ(c.list(), texts{"/d/1"});
-    c.window.add_paths({"/d/2"});
-    EXPECT_EQ(c.checks(), (flags{false, true}));
-}
-
-TEST(DirectoryProtection, ARowThatMovesTakesItsCheckAlong) {
-    protecting c;
-    c.state.protected_folders = {"/d/2/"};
-    c.select({"/d/1", "/d/2"});
-    c.form.run("Picture1_Click");
-    c.check(0, true);
-    c.check(1, false);
-    c.window.add_paths({"/d/2", "/d/1", "/d/4"});
-    EXPECT_EQ(c.list(), (texts{"/d/2", "/d/1", "/d/4"}));
-    EXPECT_EQ(c.checks(), (flags{false, true, false}));
-}
-
-TEST(DirectoryProtection, ConfirmingEndsWhatADamagedFileHasBegun) {
-    protecting c;
-    c.state.protection_unknown = true;
-    c.files.add_file("/prog/受保护的目录.txt", "cut");
-    c.select({"/d/1"});
-    c.form.run("Picture1_Click");
-    c.form.run("目录选择.Command34_Click");
-    EXPECT_FALSE(c.state.protection_unknown);
-    EXPECT_EQ(c.files.content_of("/prog/受保护的目录.旧.txt"), "cut");
 }
 
 }  // namespace

@@ -1,16 +1,12 @@
 // Topics: the words of the status bar, help mode, menus, contexts.
 #include <gtest/gtest.h>
 
+#include "tests/support/help_call.h"
 #include "tests/support/test_program.h"
 #include "ui_text/help_topics.h"
 
 namespace corvane {
 namespace {
-
-std::string page(int topic) {
-    return std::string("help aux") + (topic < 10 ? "0" : "") + std::to_string(topic) +
-           "_Corvane帮助_Link.htm";
-}
 
 TEST(HelpTopics, AClickOnTheStatusBarOpensTheTopicOfPanelSeven) {
     const std::pair<const char*, int> lines[] = {{"帮助", 8},
@@ -30,7 +26,7 @@ TEST(HelpTopics, AClickOnTheStatusBarOpensTheTopicOfPanelSeven) {
     for (const auto& [words, topic] : lines) {
         p.form.panel(7, words);
         p.form.run("StatusBar1_PanelClick");
-        EXPECT_EQ(p.desktop.calls.back(), page(topic)) << words;
+        EXPECT_EQ(p.desktop.calls.back(), help_call(topic)) << words;
     }
 }
 
@@ -39,7 +35,7 @@ TEST(HelpTopics, AnUnknownPanelTextOpensTopicFour) {
     for (const char* words : {"", "查异常文件", "帮助 ", "文件搜索\n", "选项"}) {
         p.form.panel(7, words);
         p.form.run("StatusBar1_PanelClick");
-        EXPECT_EQ(p.desktop.calls.back(), page(4)) << words;
+        EXPECT_EQ(p.desktop.calls.back(), help_call(4)) << words;
     }
 }
 
@@ -48,7 +44,7 @@ TEST(HelpTopics, OnlyPanelSevenDecides) {
     for (int number = 1; number <= 6; ++number) p.form.panel(number, "文件搜索");
     p.form.panel(7, "删除空目录");
     p.form.run("StatusBar1_PanelClick");
-    EXPECT_EQ(p.desktop.calls.back(), page(40));
+    EXPECT_EQ(p.desktop.calls.back(), help_call(40));
 }
 
 TEST(HelpTopics, MenuEntriesOpenTheirTopics) {
@@ -64,14 +60,14 @@ TEST(HelpTopics, MenuEntriesOpenTheirTopics) {
                                                    {"Form_no_dire.only_help", 27}};
     for (const auto& [entry, topic] : entries) {
         EXPECT_TRUE(p.form.run(entry)) << entry;
-        EXPECT_EQ(p.desktop.calls.back(), page(topic)) << entry;
+        EXPECT_EQ(p.desktop.calls.back(), help_call(topic)) << entry;
     }
 }
 
 TEST(HelpTopics, WithoutAWebPageAWordToTheMakersOpensTheSupportTopic) {
     test_program p;
     p.form.run("leave_word");
-    EXPECT_EQ(p.desktop.calls, std::vector<std::string>{page(62)});
+    EXPECT_EQ(p.desktop.calls, std::vector<std::string>{help_call(62)});
 }
 
 TEST(HelpTopics, AViewerThatFailsIsReported) {
@@ -106,7 +102,7 @@ TEST(HelpMode, EveryTaskOpensItsTopicAndDoesNothingElse) {
         const std::string panel = p.form.StatusBar1.panel(7);
         const std::int64_t opened = p.files.total_opened();
         p.form.run(task);
-        EXPECT_EQ(p.desktop.calls, std::vector<std::string>{page(topic)}) << task;
+        EXPECT_EQ(p.desktop.calls, std::vector<std::string>{help_call(topic)}) << task;
         EXPECT_EQ(p.form.StatusBar1.panel(7), panel) << task;
         EXPECT_EQ(p.files.total_opened(), opened) << task;
         EXPECT_TRUE(p.screen.messages.empty()) << task;
@@ -138,7 +134,7 @@ TEST(HelpMode, APressOrADoubleClickInTheListMarksNothing) {
     p.form.list_event.shift = true;
     for (const char* act : {"ListView1_MouseDown", "ListView1_Click", "ListView1_DblClick"}) p.form.run(act);
     EXPECT_EQ(p.form.ListView1.marked_cells(), 0);
-    EXPECT_EQ(p.desktop.calls.back(), page(15));
+    EXPECT_EQ(p.desktop.calls.back(), help_call(15));
 }
 
 TEST(HelpContexts, TheLastTwoDigitsAreTheTopicWhereItHasAPage) {

@@ -14,20 +14,15 @@
 #include <map>
 
 #include "platform/linux/name_mapping.h"
+#include "tests/support/scratch_folder.h"
 
 namespace corvane {
 namespace {
 
 namespace disk = std::filesystem;
 
-class LinuxFileSystem : public testing::Test {
+class LinuxFileSystem : public scratch_folder {
   protected:
-    LinuxFileSystem() {
-        char place[] = "/tmp/corvane_test_XXXXXX";
-        root = std::string(mkdtemp(place)) + "/";
-    }
-    ~LinuxFileSystem() override { disk::remove_all(root); }
-
     std::string write(const std::string& name, const std::string& content) {
         std::ofstream(root + name, std::ios::binary) << content;
         return root + name;
@@ -45,7 +40,6 @@ class LinuxFileSystem : public testing::Test {
         return entries;
     }
 
-    std::string root;
     linux_file_system files;
 };
 

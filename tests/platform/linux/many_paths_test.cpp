@@ -11,20 +11,15 @@
 
 #include "core/state/proven_files.h"
 #include "platform/linux/linux_file_system.h"
+#include "tests/support/scratch_folder.h"
 
 namespace corvane {
 namespace {
 
 namespace disk = std::filesystem;
 
-class ManyPaths : public testing::Test {
+class ManyPaths : public scratch_folder {
   protected:
-    ManyPaths() {
-        char place[] = "/tmp/corvane_many_XXXXXX";
-        root = std::string(mkdtemp(place)) + "/";
-    }
-    ~ManyPaths() override { disk::remove_all(root); }
-
     void write(const std::string& path, const std::string& content) {
         disk::create_directories(disk::path(path).parent_path());
         std::ofstream(path, std::ios::binary) << content;
@@ -50,16 +45,25 @@ class ManyPaths : public testing::Test {
         std::sort(paths.begin(), paths.end());
         return paths;
     }
-    std::vector<file_facts> many(const std::vector<std::string>& paths) {
+    // The answers to all paths, asked as often as it takes.
+    template <class Answer>
+    std::vector<Answer> answers_to(const std::vector<std::string>& paths,
+                                   std::size_t (file_system::*ask)(std::span<const std::string_view>,
+                                                                   std::span<Answer>),
+                                   const Answer& before) {
         const std::vector<std::string_view> views(paths.begin(), paths.end());
-        std::vector<file_facts> answers(paths.size());
+        std::vector<Answer> answers(paths.size(), before);
+        file_system& asked = files;
         for (std::size_t done = 0; done < views.size();) {
             const std::size_t answered =
-                files.many_facts(std::span(views).subspan(done), std::span(answers).subspan(done));
+                (asked.*ask)(std::span(views).subspan(done), std::span(answers).subspan(done));
             EXPECT_GE(answered, 1u);
             done += answered;
         }
         return answers;
+    }
+    std::vector<file_facts> many(const std::vector<std::string>& paths) {
+        return answers_to<file_facts>(paths, &file_system::many_facts, {});
     }
     void expect_the_same_facts(const std::vector<std::string>& paths) {
         const std::vector<file_facts> answers = many(paths);
@@ -74,15 +78,7 @@ class ManyPaths : public testing::Test {
     }
 
     std::vector<std::uint8_t> many_exist(const std::vector<std::string>& paths) {
-        const std::vector<std::string_view> views(paths.begin(), paths.end());
-        std::vector<std::uint8_t> answers(paths.size(), 7);
-        for (std::size_t done = 0; done < views.size();) {
-            const std::size_t answered =
-                files.many_exist(std::span(views).subspan(done), std::span(answers).subspan(done));
-            EXPECT_GE(answered, 1u);
-            done += answered;
-        }
-        return answers;
+        return answers_to<std::uint8_t>(paths, &file_system::many_exist, 7);
     }
     void expect_the_same_existence(const std::vector<std::string>& paths) {
         const std::vector<std::uint8_t> answers = many_exist(paths);
@@ -90,7 +86,6 @@ class ManyPaths : public testing::Test {
             ASSERT_EQ(answers[i], path_exists(files, paths[i]) ? 1 : 0) << paths[i];
     }
 
-    std::string root;
     linux_file_system files;
 };
 

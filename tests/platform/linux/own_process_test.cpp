@@ -9,6 +9,7 @@
 #include <fstream>
 
 #include "platform/linux/linux_file_system.h"
+#include "tests/support/scratch_folder.h"
 
 namespace corvane {
 namespace {
@@ -82,20 +83,13 @@ TEST(OwnHome, InAContainerOfAUserTheMachinesFoldersBelongToNobody) {
     EXPECT_TRUE(container.change().set.empty());
 }
 
-class RealFolder : public testing::Test {
+class RealFolder : public scratch_folder {
   protected:
-    RealFolder() {
-        std::string place = (fs::temp_directory_path() / "corvane_place_XXXXXX").string();
-        root_ = mkdtemp(place.data());
-    }
-    ~RealFolder() override { fs::remove_all(root_); }
-
-    std::string root_;
     linux_file_system files_;
 };
 
 TEST_F(RealFolder, IsMadeWithThoseAboveItForTheUserAlone) {
-    const std::string inner = root_ + "/a/b/corvane/";
+    const std::string inner = root + "a/b/corvane/";
     EXPECT_FALSE(files_.is_own_directory(inner));
     ASSERT_TRUE(files_.make_directory(inner));
     ASSERT_TRUE(files_.make_directory(inner)) << "one that stands";
@@ -104,39 +98,42 @@ TEST_F(RealFolder, IsMadeWithThoseAboveItForTheUserAlone) {
 }
 
 TEST_F(RealFolder, AFileInItsPlaceIsAFailure) {
-    std::ofstream(root_ + "/file") << "x";
-    EXPECT_FALSE(files_.make_directory(root_ + "/file"));
-    EXPECT_FALSE(files_.make_directory(root_ + "/file/inner/"));
-    EXPECT_FALSE(files_.is_own_directory(root_ + "/file"));
+    std::ofstream(root + "file") << "x";
+    EXPECT_FALSE(files_.make_directory(root + "file"));
+    EXPECT_FALSE(files_.make_directory(root + "file/inner/"));
+    EXPECT_FALSE(files_.is_own_directory(root + "file"));
 }
 
-TEST_F(RealFolder, FilesOfTheSuperuserInSomebodyElsesFolderAreTheirs) {
-    if (geteuid() != 0) GTEST_SKIP() << "only the superuser gives files away";
-    constexpr uid_t user = 12345;
-    ASSERT_EQ(chown(root_.c_str(), user, user), 0);
-    EXPECT_FALSE(files_.is_own_directory(root_));
+// The superuser makes them in somebody else's folder; anybody else has folders of one owner alone.
+TEST_F(RealFolder, FilesBelongToTheOwnerOfTheirFolder) {
+    const bool gives_away = geteuid() == 0;
+    const uid_t user = gives_away ? 12345 : geteuid();
+    const uid_t other = gives_away ? 12346 : geteuid();
+    constexpr auto same_group = static_cast<gid_t>(-1);
+    ASSERT_EQ(chown(root.c_str(), user, same_group), 0);
+    EXPECT_EQ(files_.is_own_directory(root), !gives_away);
     const auto owner_of = [this](const char* name) {
         struct stat facts = {};
-        EXPECT_EQ(stat((root_ + name).c_str(), &facts), 0) << name;
+        EXPECT_EQ(stat((root + name).c_str(), &facts), 0) << name;
         return facts.st_uid;
     };
-    const auto made = files_.replace_file(root_ + "/replaced");
+    const auto made = files_.replace_file(root + "replaced");
     ASSERT_TRUE(made && made->write("x") && made->commit());
-    EXPECT_EQ(owner_of("/replaced"), user);
-    ASSERT_TRUE(files_.put_text(root_ + "/put", "x"));
-    EXPECT_EQ(owner_of("/put"), user);
-    const auto grown = files_.overwrite_file(root_ + "/grown");
+    EXPECT_EQ(owner_of("replaced"), user);
+    ASSERT_TRUE(files_.put_text(root + "put", "x"));
+    EXPECT_EQ(owner_of("put"), user);
+    const auto grown = files_.overwrite_file(root + "grown");
     ASSERT_TRUE(grown && grown->commit());
-    EXPECT_EQ(owner_of("/grown"), user);
+    EXPECT_EQ(owner_of("grown"), user);
     // A file that stands keeps its owner and its permissions, whoever the folder belongs to.
-    ASSERT_EQ(chown((root_ + "/put").c_str(), user + 1, user + 1), 0);
-    fs::permissions(root_ + "/put", fs::perms::owner_all);
-    const auto again = files_.replace_file(root_ + "/put");
+    ASSERT_EQ(chown((root + "put").c_str(), other, same_group), 0);
+    fs::permissions(root + "put", fs::perms::owner_all);
+    const auto again = files_.replace_file(root + "put");
     ASSERT_TRUE(again && again->write("y") && again->commit());
-    EXPECT_EQ(owner_of("/put"), user + 1);
-    EXPECT_EQ(fs::status(root_ + "/put").permissions(), fs::perms::owner_all);
-    ASSERT_TRUE(files_.put_text(root_ + "/put", "z"));
-    EXPECT_EQ(owner_of("/put"), user + 1);
+    EXPECT_EQ(owner_of("put"), other);
+    EXPECT_EQ(fs::status(root + "put").permissions(), fs::perms::owner_all);
+    ASSERT_TRUE(files_.put_text(root + "put", "z"));
+    EXPECT_EQ(owner_of("put"), other);
 }
 
 }  // namespace
