@@ -4,6 +4,7 @@
 #include <QMimeData>
 #include <algorithm>
 
+#include "forms/colours.h"
 #include "forms/mirror.h"
 #include "forms/own_words.h"
 #include "forms/screen_text.h"
@@ -70,10 +71,19 @@ class list_box_rows : public QAbstractListModel {
     std::uint64_t revision_ = ~std::uint64_t{0};
 };
 
+void list_box_painter::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (!is_dark(option->palette)) return;
+    // The style draws the frame as a darker shade of the window, which is no frame on a dark row.
+    const QColor base = option->palette.color(QPalette::Base);
+    option->palette.setColor(QPalette::Window, blend(base, option->palette.color(QPalette::Text), 0.8));
+}
+
 list_box_view::list_box_view(list_box& box, QWidget* parent, bool with_check_marks)
     : QListView(parent), box_(box), rows_(new list_box_rows(box, with_check_marks, this)) {
     name_after(this, box);
     setModel(rows_);
+    setItemDelegate(new list_box_painter(this));
     setUniformItemSizes(true);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);

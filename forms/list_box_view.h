@@ -3,12 +3,22 @@
 #pragma once
 
 #include <QListView>
+#include <QStyledItemDelegate>
 
 #include "core/model/controls.h"
 
 namespace corvane {
 
 class list_box_rows;
+
+// Draws rows; a check mark keeps its frame apart from the row also where the palette is dark.
+class list_box_painter : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+};
 
 class list_box_view : public QListView {
   public:

@@ -5,7 +5,6 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 #include <QUrl>
 #include <algorithm>
 
@@ -17,11 +16,11 @@ namespace corvane {
 namespace {
 
 // Rows with room between their check marks.
-class roomy_rows : public QStyledItemDelegate {
+class roomy_rows : public list_box_painter {
   public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using list_box_painter::list_box_painter;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, row_room);
+        return list_box_painter::sizeHint(option, index) + QSize(0, row_room);
     }
 
   private:

@@ -2,10 +2,14 @@
 // palette.
 #include <gtest/gtest.h>
 
+#include <QImage>
+#include <QStyle>
+#include <QStyleOptionViewItem>
 #include <cmath>
 
 #include "core/model/list_view.h"
 #include "forms/colours.h"
+#include "forms/list_box_view.h"
 #include "tests/forms/forms_program.h"
 
 namespace corvane {
@@ -75,6 +79,25 @@ TEST_P(readable, words_of_the_windows) {
     EXPECT_GE(measured(quiet_text(palette_), window), 4.5);
     EXPECT_GE(measured(quiet_text(palette_), palette_.color(QPalette::Base)), 4.5);
     EXPECT_GE(measured(accent(palette_), window), 4.5);
+}
+
+// What is no text needs 3.
+TEST_P(readable, the_frame_of_a_check_mark_in_a_list) {
+    list_box box("rows");
+    box.add({"/d"});
+    list_box_view list(box, nullptr, true);
+    list.setPalette(palette_);
+    list.sync();
+    list.resize(200, 60);
+    const QImage shown = list.grab().toImage();
+    QStyleOptionViewItem option;
+    const QRect row = list.visualRect(list.model()->index(0, 0)).translated(list.viewport()->pos());
+    const int mark = list.style()->pixelMetric(QStyle::PM_IndicatorWidth, &option, &list);
+    double most = 0;
+    for (int x = row.left(); x < row.left() + mark; ++x)
+        most =
+            std::max(most, measured(shown.pixelColor(x, row.center().y()), palette_.color(QPalette::Base)));
+    EXPECT_GE(most, GetParam() ? 3 : 1.5) << "a light palette leaves it to the style";
 }
 
 INSTANTIATE_TEST_SUITE_P(palettes, readable, testing::Bool(),
