@@ -51,10 +51,9 @@ int directory_run::run() {
         words_.set_before([this] { progress_.clear(); });
         note_interrupts();
         screen_.set_at_yield([this] { look_around(); });
-        form_.run("Picture1_Click");
-        program_.directory_window().clear_list();
-        program_.directory_window().add_paths(directories_);
-        program_.directory_window().Command34_Click();
+        directory_form& window = program_.directory_window();
+        window.visible = false;  // nobody chooses there
+        window.take_from_outside(directories_);
         form_.run("search_check_m_Click");
         progress_.clear();
         status = screen_.question_unanswered() ? status_unanswered : print();

@@ -79,9 +79,9 @@ class directory_form : public form_model {
 
     // The list becomes selected_dirs: sorted, without second copies and without directories that lie inside
     // another selected one.
-    // A checked row is a protected folder from then on, an unchecked one is none any more.
     void confirm_selection();
-    // "执行": confirms, closes, and starts search and compare.
+    // "执行": confirms, closes, and starts search and compare. By this and by "确定" alone a checked row
+    // becomes a protected folder, and an unchecked one is none any more.
     void cmd_dir_firm_Click();
     // "确定": confirms and closes.
     void Command34_Click();

@@ -80,7 +80,6 @@ void directory_form::clear_list() {
 
 void directory_form::confirm_selection() {
     run_state& state = main_.state;
-    take_protection();
     std::vector<std::string> rows;
     for (const list_box::row& row : list_selected_dir.rows()) rows.push_back(row.text);
     // Sorted by the text with its closing separator, a directory is followed at once by all that lies in it.
@@ -139,6 +138,7 @@ bool directory_form::confirm_and_close(bool compare_next) {
             main_.complain(advice + "选中的目录自动放入右边的选中目录框。", 1009, true);
         return false;
     }
+    take_protection();
     confirm_selection();
     visible = false;
     Form_Unload();

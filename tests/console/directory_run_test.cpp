@@ -179,5 +179,15 @@ TEST(PlainWords, ASentenceIsOneLine) {
     std::fclose(stream);
 }
 
+TEST(DirectoryRun, LiftsNoProtectionThatIsNotKnown) {
+    directory_case c;
+    add_pairs(c, 1);
+    c.files.add_file("/prog/受保护的目录.txt", "cut");
+    bool unknown = false;
+    c.run(1, [&](program& corvane) { unknown = corvane.main_form().state.protection_unknown; });
+    EXPECT_TRUE(unknown);
+    EXPECT_EQ(c.files.content_of("/prog/受保护的目录.txt"), "cut");
+}
+
 }  // namespace
 }  // namespace corvane

@@ -104,5 +104,21 @@ TEST(DirectoryProtection, ConfirmingEndsWhatADamagedFileHasBegun) {
     EXPECT_EQ(c.files.content_of("/prog/受保护的目录.旧.txt"), "cut");
 }
 
+TEST(DirectoryProtection, WhatComesFromOutsideConfirmsNothing) {
+    protecting idle;
+    idle.state.protection_unknown = true;
+    EXPECT_EQ(idle.corvane.receive({"/d/3"}), reception::taken);
+    EXPECT_EQ(idle.state.selected_dirs, column<std::string>{"/d/3"});
+    EXPECT_TRUE(idle.state.protection_unknown);
+    protecting starting;
+    starting.files.add_file("/prog/受保护的目录.txt", "cut");
+    starting.add_used_folder();
+    starting.corvane.open_with({"/d/1"});
+    ASSERT_TRUE(starting.corvane.start());
+    EXPECT_EQ(starting.state.selected_dirs, column<std::string>{"/d/1"});
+    EXPECT_TRUE(starting.state.protection_unknown);
+    EXPECT_EQ(starting.files.content_of("/prog/受保护的目录.txt"), "cut");
+}
+
 }  // namespace
 }  // namespace corvane
