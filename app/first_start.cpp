@@ -44,12 +44,17 @@ earlier_files find_earlier_files(Tavrel& form, const program_place& place) {
     return {};
 }
 
-void take(Tavrel& form, const earlier_files& earlier) {
+// False when one cannot be copied, which is told.
+bool take(Tavrel& form, const earlier_files& earlier) {
     for (const std::string& name : earlier.names) {
         const std::string target = form.data_path(name);
         const outcome copied = copy_file(form.outside.files, earlier.folder + name, target);
-        if (!copied) return form.complain(target + "\r\n" + copied.reason);
+        if (!copied) {
+            form.complain(target + "\r\n" + copied.reason);
+            return false;
+        }
     }
+    return true;
 }
 
 }  // namespace
@@ -80,7 +85,7 @@ void offer_earlier_files(Tavrel& form, const program_place& place) {
     question.no_words = "不复制";
     const box_answer answer = form.ask(question);
     if (answer != box_answer::yes && answer != box_answer::no) return;
-    if (answer == box_answer::yes) take(form, earlier);
+    if (answer == box_answer::yes && !take(form, earlier)) return;
     added_settings values = read_added_settings(files, settings);
     values.earlier_place_asked = true;
     // A folder that cannot be written has been told of already.

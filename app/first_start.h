@@ -16,7 +16,8 @@ void seed_lists(Tavrel& form, const program_place& place);
 
 // Asks whether the files of an earlier place are to be copied into the folder: all that the user would miss,
 // each as it stands, none over one that is here, and the earlier place is left as it is. Asks once: an answer
-// is kept with the settings, a dismissed box is no answer. Says so when a file cannot be copied, and stops.
+// is kept with the settings; a dismissed box is none, and neither is one that could not be carried out: says
+// so when a file cannot be copied, stops, and asks again at the next start.
 void offer_earlier_files(Tavrel& form, const program_place& place);
 // For where nobody can answer: says that there are such files, as long as the folder holds no settings.
 void tell_of_earlier_files(Tavrel& form, const program_place& place);

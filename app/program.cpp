@@ -101,6 +101,7 @@ void program::prepare_folder() {
         main_.inform(state.program_dir + "\r\n程序目录不能写入，设置、清单和结果不能保存。");
         state.program_dir_locked = true;
         files_.hold(state.program_dir);
+        tell_of_earlier_files(main_, place_);
     } else if (may_ask_) {
         offer_earlier_files(main_, place_);
     } else {
@@ -182,13 +183,18 @@ void program::speak_with_other() {
 }
 
 std::vector<std::string> program::existing(const std::vector<std::string>& directories) {
+    constexpr int most_named = 10;
     std::vector<std::string> found;
+    std::string others;
+    int count = 0;
     for (const std::string& directory : directories) {
         if (main_.outside.files.attributes(directory).directory)
             found.push_back(directory);
-        else
-            main_.complain(directory + "  不是目录");
+        else if (++count <= most_named)
+            others.append(count > 1 ? "\r\n" : "").append(directory).append("  不是目录");
     }
+    if (count > most_named) others.append("\r\n共 ").append(std::to_string(count)).append(" 个不是目录");
+    if (count > 0) main_.complain(others);
     return found;
 }
 
@@ -205,7 +211,6 @@ void program::take_waiting() {
     if (waiting_.empty()) return;
     const std::vector<std::string> directories = std::exchange(waiting_, {});
     directory_.take_from_outside(directories);
-    main_.panel(7, "目录选择");
 }
 
 void program::close() {
@@ -217,8 +222,7 @@ void program::close() {
             if (window->visible) main_.run(window->name() + ".Form_Unload");
             window->visible = false;
         }
-        // What a task has in work is no state of marks.
-        if (!main_.task_runs()) store_marks(main_);
+        store_marks(main_);
         写Tavrel环境文件(main_);
         main_.caption = std::string(program_name) + "    " + ending;
         main_.panel(7, ending);

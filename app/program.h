@@ -66,7 +66,7 @@ class program {
     void join_handlers();
     // To the user, who has started the program once more: what the one that runs does with it.
     void speak_with_other();
-    // Those of the directories that there are; says so where one is none.
+    // Those of the directories that there are; tells in one box what is none.
     std::vector<std::string> existing(const std::vector<std::string>& directories);
     void take_waiting();
     // The end, unless something still runs.

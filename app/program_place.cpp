@@ -48,7 +48,8 @@ program_place find_program_place(file_system& files, const place_facts& facts) {
     }
     const bool is_portable = !is_installed && !is_system_prefix(facts.own_folder) &&
                              files.is_own_directory(facts.own_folder) &&
-                             files.can_write_into(facts.own_folder);
+                             (files.attributes(facts.own_folder + data_file::environment).exists ||
+                              files.can_write_into(facts.own_folder));
     if (is_portable || facts.data_home.empty()) {
         place.kind = place_kind::beside;
         place.folder = facts.own_folder;

@@ -41,9 +41,10 @@ struct place_facts {
 // Below it the system's packages lie, and no program writes.
 bool is_system_prefix(std::string_view folder);
 
-// Makes nothing but a trial in the program's folder, where that may be portable. A folder counts as portable
-// only for the user that it belongs to: so two users never meet in one, and the superuser leaves no files in
-// somebody else's. Where the user's folder belongs to another one (a home that two share), it is
+// Makes nothing but a trial in the program's folder, where that may be portable. One that holds settings
+// stays the place also when it cannot be written for once: what it protects has to hold. A folder counts as
+// portable only for the user that it belongs to: so two users never meet in one, and the superuser leaves no
+// files in somebody else's. Where the user's folder belongs to another one (a home that two share), it is
 // "corvane-<user>" in its place.
 program_place find_program_place(file_system& files, const place_facts& facts);
 

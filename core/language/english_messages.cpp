@@ -10,6 +10,7 @@ std::span<const translation_row> english_messages() {
         {"{}  不存在,请运行查找空子目录", "{} does not exist; search for empty directories first"},
         {"{}  第一次运行，已自动建立环境文件", "{}: the first run; the settings file has been made"},
         {"{}  不是目录", "{} is no directory"},
+        {"共 {n} 个不是目录", "{n} of them are no directories"},
         {"Corvane 正在运行任务，任务结束后选中这些目录。",
          "Corvane is at work; these directories will be selected when its task has ended."},
         {"Corvane 正在结束，没有选中这些目录。请稍后再打开。",

@@ -146,6 +146,13 @@ TEST(FirstStart, AFileThatCannotBeCopiedIsToldAndLeavesNoHalfOne) {
     ASSERT_GE(told.size(), 2u);
     EXPECT_EQ(told[1], "/home/li/.local/share/corvane/run_history.txt\r\ndisk full");
     EXPECT_TRUE(p.corvane.main_form().visible) << "the program goes on";
+    // An answer that could not be carried out is none: it is asked again.
+    p.files.write_failure_path.clear();
+    p.screen.answers = {box_answer::yes};
+    program again(p.ports(), p.place());
+    again.start();
+    EXPECT_EQ(p.questions(), 2);
+    EXPECT_EQ(p.here("run_history.txt"), "earlier history\r\n");
 }
 
 TEST(FirstStart, AnUnreadableEarlierFileIsNotTakenAsAnEmptyOne) {
@@ -197,7 +204,10 @@ TEST(FirstStart, InAReadOnlyHomeItIsSaidOnceAndTheListsThatShipAreInForce) {
     p.add_earlier("/usr/lib/corvane/");
     ASSERT_TRUE(p.corvane.start());
     EXPECT_EQ(p.told(),
-              texts{"/home/li/.local/share/corvane/\r\n程序目录不能写入，设置、清单和结果不能保存。"});
+              (texts{"/home/li/.local/share/corvane/\r\n程序目录不能写入，设置、清单和结果不能保存。",
+                     "发现以前的设置和清单:\r\n/usr/lib/corvane/\r\n现在的程序目录:\r\n/home/li/.local/share/"
+                     "corvane/"}))
+        << "what is protected there does not hold here";
     EXPECT_EQ(p.corvane.main_form().state.no_types, column<std::string>{"shipped"});
     EXPECT_FALSE(p.files.has("/home/li/.local/share/corvane")) << "nothing on the disk";
 }

@@ -114,5 +114,16 @@ TEST(ProgramPlace, WithoutAHomeTheFilesStayBesideTheProgram) {
     EXPECT_EQ(place.folder, "/usr/bin/") << "where it cannot be written, the start says so";
 }
 
+TEST(ProgramPlace, AFolderWithSettingsStaysThePlaceThoughItCannotBeWrittenForOnce) {
+    machine disk;
+    disk.unpack("/home/li/corvane/");
+    disk.add_file("/home/li/corvane/Tavrel环境.txt");
+    disk.locked_folders.insert("/home/li/corvane/");
+    EXPECT_EQ(disk.asked("/home/li/corvane/").kind, place_kind::beside);
+    EXPECT_EQ(disk.asked("/home/li/corvane/").folder, "/home/li/corvane/");
+    disk.folders_of_others.insert("/home/li/corvane/");
+    EXPECT_EQ(disk.asked("/home/li/corvane/").folder, users) << "still not in somebody else's";
+}
+
 }  // namespace
 }  // namespace corvane

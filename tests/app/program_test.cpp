@@ -94,8 +94,21 @@ TEST(Start, DirectoriesOfTheCommandLineAreSelectedInPlaceOfTheStoredOnes) {
     EXPECT_FALSE(p.corvane.directory_window().visible);
     texts told;
     for (const message& box : p.screen.messages) told.push_back(box.text);
-    EXPECT_EQ(told, (texts{"/file  不是目录", "/gone  不是目录"}));
+    EXPECT_EQ(told, texts{"/file  不是目录\r\n/gone  不是目录"});
     EXPECT_EQ(p.state.file_count, 0) << "no task starts by itself";
+}
+
+TEST(Start, ThousandsThatAreNoDirectoriesAreOneBoxThatNamesTen) {
+    test_program p;
+    p.add_used_folder();
+    texts many;
+    for (int i = 10; i < 40; ++i) many.push_back(std::string("/gone") + std::to_string(i));
+    p.corvane.open_with(many);
+    ASSERT_TRUE(p.corvane.start());
+    std::string expected;
+    for (int i = 10; i < 20; ++i) expected += "/gone" + std::to_string(i) + "  不是目录\r\n";
+    ASSERT_EQ(p.screen.messages.size(), 1u);
+    EXPECT_EQ(p.last_message(), expected + "共 30 个不是目录");
 }
 
 TEST(Start, WhereNoneOfThemIsThereTheStoredSelectionStays) {
