@@ -2,7 +2,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <memory>
@@ -23,6 +22,7 @@
 #include "console/records.h"
 #include "console/script.h"
 #include "console/stream_writer.h"
+#include "core/text/path_text.h"
 #include "platform/desktop/desktop_attention.h"
 #include "platform/desktop/desktop_power.h"
 #include "platform/desktop/desktop_shell.h"
@@ -32,6 +32,7 @@
 #include "platform/linux/name_mapping.h"
 #include "platform/linux/own_process.h"
 #include "platform/linux/standard_streams.h"
+#include "platform/linux/typed_path.h"
 
 namespace corvane {
 
@@ -39,12 +40,9 @@ namespace {
 
 program_place place_of(file_system& files, const command_line& given) {
     std::string asked;
-    if (!given.program_dir.empty()) {
-        std::error_code error;
-        asked = std::filesystem::absolute(given.program_dir, error).lexically_normal().string();
-        if (asked.empty() || asked.back() != '/') asked += '/';
-    }
-    return find_program_place(files, {to_text(asked), own_folder(), user_data_home(), own_user()});
+    if (!given.program_dir.empty())
+        asked = with_separator(to_text(*absolute_raw_path(given.program_dir)), files.separator());
+    return find_program_place(files, {asked, own_folder(), user_data_home(), own_user()});
 }
 
 // To standard output; the exit status.
@@ -115,6 +113,10 @@ int console_main(std::span<const char* const> arguments) {
     plain_words words(stderr, given.quiet);
     if (!wrong.empty()) {
         words.say_failure(wrong + "; see corvane-console --help");
+        return status_usage;
+    }
+    if (!given.program_dir.empty() && !absolute_raw_path(given.program_dir)) {
+        words.say_failure(given.program_dir + ": the working directory has gone");
         return status_usage;
     }
     if (given.help) return print(help_text(), words);

@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-// An absolute path of the program's text, relative to the working directory, without a closing separator.
+// As absolute_raw_path, in the program's text. Empty where the working directory has gone.
 std::string absolute_path(std::string_view typed);
 
 }  // namespace corvane

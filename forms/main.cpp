@@ -1,10 +1,10 @@
 // The desktop program `corvane`.
 #include <QApplication>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -45,11 +45,6 @@ bool asks_for_platform(int count, char** arguments) {
     return false;
 }
 
-std::string with_slash(std::string directory) {
-    if (!directory.ends_with('/')) directory += '/';
-    return directory;
-}
-
 // By CORVANE_LANGUAGE, else as the options say.
 bool speaks_english(corvane::file_system& files, const std::string& program_dir) {
     if (is_set("CORVANE_LANGUAGE"))
@@ -57,12 +52,13 @@ bool speaks_english(corvane::file_system& files, const std::string& program_dir)
     return corvane::read_added_settings(files, program_dir + corvane::data_file::added_settings).english;
 }
 
-corvane::program_place place_of(corvane::file_system& files, const std::string& program_dir) {
-    std::string asked;
-    if (!program_dir.empty())
-        asked = with_slash(std::filesystem::absolute(program_dir).lexically_normal().string());
-    return corvane::find_program_place(files, {corvane::to_text(asked), corvane::own_folder(),
-                                               corvane::user_data_home(), corvane::own_user()});
+// What needs no display; true when it was asked for.
+bool is_told(const corvane::start_arguments& asked) {
+    if (asked.help)
+        std::fputs(corvane::start_usage, stdout);
+    else if (asked.version)
+        std::printf("corvane %s\n", corvane::program_version);
+    return asked.help || asked.version;
 }
 
 }  // namespace
@@ -70,13 +66,9 @@ corvane::program_place place_of(corvane::file_system& files, const std::string& 
 int main(int argc, char** argv) {
     corvane::return_big_blocks();
     corvane::keep_to_own_home();
-    // What needs no display is told without one. Options of Qt are none of these two.
-    if (argc == 2) {
-        const corvane::start_arguments asked = corvane::read_start_arguments({argv + 1, 1});
-        if (asked.help) std::fputs(corvane::start_usage, stdout);
-        if (asked.version) std::printf("corvane %s\n", corvane::program_version);
-        if (asked.help || asked.version) return 0;
-    }
+    // Before there is a display; Qt's own options, which it takes below, do not count.
+    if (is_told(corvane::read_start_arguments({argv + 1, static_cast<std::size_t>(std::max(argc - 1, 0))})))
+        return 0;
     if (!is_set("DISPLAY") && !is_set("WAYLAND_DISPLAY") && !is_set("QT_QPA_PLATFORM") &&
         !asks_for_platform(argc, argv)) {
         std::fputs("corvane: 没有可用的显示 (DISPLAY 和 WAYLAND_DISPLAY 都未设置)\n", stderr);
@@ -96,7 +88,8 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
 
     corvane::linux_file_system files;
-    const corvane::program_place place = place_of(files, given.program_dir);
+    const corvane::program_place place = corvane::find_program_place(
+        files, {given.program_dir, corvane::own_folder(), corvane::user_data_home(), corvane::own_user()});
     corvane::qt_shell desktop;
     corvane::desktop_power machine;
     corvane::qt_user_interface screen;

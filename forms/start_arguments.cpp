@@ -1,19 +1,20 @@
 #include "forms/start_arguments.h"
 
-#include <filesystem>
 #include <string_view>
 
+#include "core/text/path_text.h"
 #include "platform/linux/name_mapping.h"
+#include "platform/linux/typed_path.h"
 
 namespace corvane {
 
 namespace {
 
-std::string absolute_text(std::string_view typed) {
-    std::error_code failed;
-    std::string path = std::filesystem::absolute(typed, failed).lexically_normal().string();
-    while (path.size() > 1 && path.ends_with('/')) path.pop_back();
-    return to_text(path);
+// The absolute path in the program's text. What has none is wrong usage.
+std::string absolute_text(std::string_view typed, start_arguments& read) {
+    const std::optional<std::string> path = absolute_raw_path(typed);
+    if (!path) read.wrong = true;
+    return to_text(path.value_or(""));
 }
 
 }  // namespace
@@ -36,7 +37,7 @@ start_arguments read_start_arguments(std::span<const char* const> arguments) {
         else if (names_folder && argument.starts_with(with_value))
             read.program_dir = argument.substr(with_value.size());
         else if (!argument.empty() && (only_directories || argument.front() != '-'))
-            read.directories.push_back(absolute_text(argument));
+            read.directories.push_back(absolute_text(argument, read));
         else if (argument == "--")
             only_directories = true;
         else if (argument == "--help")
@@ -47,6 +48,8 @@ start_arguments read_start_arguments(std::span<const char* const> arguments) {
             read.wrong = true;
         if (names_folder && read.program_dir.empty()) read.wrong = true;
     }
+    if (!read.program_dir.empty())
+        read.program_dir = with_separator(absolute_text(read.program_dir, read), '/');
     return read;
 }
 

@@ -8,7 +8,7 @@
 namespace corvane {
 
 struct start_arguments {
-    std::string program_dir;               // as typed; empty: none
+    std::string program_dir;  // absolute, as the program's text, with its closing separator; empty: none
     std::vector<std::string> directories;  // absolute, as the program's text, without a closing separator
     bool help = false;
     bool version = false;
