@@ -38,6 +38,14 @@ void moving(Tavrel& form) {
     act(form);
 }
 
+// Refused within a task: then there is nothing to note.
+void click_heading(Tavrel& form) {
+    if (form.state.tasks_locked)
+        ListView1_ColumnClick(form);
+    else
+        moving<ListView1_ColumnClick>(form);
+}
+
 // Only a rule marks both cells of a row. By hand a mark then has to be held against the whole group.
 bool has_row_of_two_marks(const Tavrel& form) {
     const list_view& list = form.ListView1;
@@ -106,10 +114,11 @@ handler_table browser_handlers() {
         {"Command35_Click", Picture11_Click, starts_task},
         // The end of a comparison calls it; asked for while a task runs, it would take the rows from it.
         {"load_same_view", show_same_files, starts_task},
+        {"store_marks", store_marks},
         {"ListView1_MouseDown", press},
         {"ListView1_Click", ListView1_Click},
         {"ListView1_DblClick", double_press},
-        {"ListView1_ColumnClick", moving<ListView1_ColumnClick>},
+        {"ListView1_ColumnClick", click_heading},
         {"ListView1_KeyDown", ListView1_KeyDown},
         {"open_same_file", open_same_file_Click},
         {"double_disp", double_disp_Click},

@@ -10,6 +10,7 @@
 #include "browser/row_keys.h"
 #include "core/model/main_form.h"
 #include "core/settings/data_files.h"
+#include "core/tasks/progress.h"
 #include "core/tasks/protected_folders.h"
 #include "core/text/file_copy.h"
 #include "core/text/text_file.h"
@@ -39,7 +40,8 @@ bool is_known(Tavrel& form, const std::string& path) {
     return lines.is_open() && lines.next(line) && line == title;
 }
 
-bool write_marks(Tavrel& form, const std::string& path) {
+// Empty, or why it failed.
+std::string write_marks(Tavrel& form, const std::string& path) {
     const list_view& list = form.ListView1;
     const list_view_row& view = view_of(list_modes::same_files);
     line_writer writer(form.outside.files, path);
@@ -53,7 +55,7 @@ bool write_marks(Tavrel& form, const std::string& path) {
         writer.line(list.text_cell(cell.row, view.first_path));
         writer.line(list.text_cell(cell.row, view.second_path));
     }
-    return writer.finish();
+    return writer.finish() ? std::string() : writer.error();
 }
 
 // One mark of the file. False: there is none any more, or none that is whole.
@@ -76,18 +78,22 @@ bool next_mark(line_reader& lines, int& column, std::int64_t& length, std::strin
 
 void store_marks(Tavrel& form) {
     const list_view& list = form.ListView1;
-    if (!shown_view(form).holds_copies || !list.visible || list.row_count() == 0) return;
+    // What a task has in work is no state of marks.
+    const bool stands =
+        shown_view(form).holds_copies && list.visible && list.row_count() > 0 && !form.task_runs();
+    if (!stands && !form.state.stored_marks_asked) return;
     file_system& files = form.outside.files;
     const std::string path = form.data_path(data_file::marks);
     const bool there = path_exists(files, path);
     const bool known = !there || is_known(form, path);
-    if (list.marked_cells() == 0) {
+    if (!stands || list.marked_cells() == 0) {
         if (there && known) files.remove_data_file(path);
         return;
     }
     // What another version has written is not for this one to lose.
     if (!known && !copy_file(files, path, form.data_path(data_file::marks_aside))) return;
-    if (!write_marks(form, path)) form.complain(path + "\r\n标记没有保存。");
+    const std::string failure = write_marks(form, path);
+    if (!failure.empty()) report_write_failure(form, path, failure + "\r\n标记没有保存。");
 }
 
 void restore_marks(Tavrel& form) {

@@ -6,8 +6,9 @@ namespace corvane {
 
 class Tavrel;
 
-// Writes the marks of the same-file view as it stands; without marks the file goes. While the list shows
-// something else, or nothing, the file stays as it is.
+// Writes the marks of the same-file view as it stands; without marks the file goes. So it does when that view
+// has been there in this run and stands no more: its marks went with it. As long as nobody has seen the view
+// the file stays.
 void store_marks(Tavrel& form);
 
 // Marks the rows that the file speaks of, if the store is still the one that they were set in. A row that

@@ -46,6 +46,8 @@ void shutdown::call_off() {
 
 void shutdown::when_idle() {
     if (!is_waiting()) return;
+    // While it waits a failure to write keeps the machine up.
+    if (!main_.state.quit_requested) main_.call(handlers::store_marks);
     call_off();
     if (main_.state.quit_requested) return;
     // A box that told of it was dismissed.

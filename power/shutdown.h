@@ -11,7 +11,8 @@ class Tavrel;
 // The index of "关机类型" (shut_action).
 enum class end_action { none, end_program, log_off, reboot, power_off };
 
-// Promise: nothing that the user has waited for is lost by it. The settings are written first. A comparison
+// Promise: nothing that the user has waited for is lost by it. The settings are written first, the
+// marks last. A comparison
 // is cancelled as its button does, which stores what it found; a search, a deletion, an archive tool are
 // waited for; boxes are dismissed, for nobody is there to answer. The machine gets to hear of it when the
 // outermost handler has returned and everything is on the disk, the settings once more. What could not be

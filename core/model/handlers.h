@@ -41,16 +41,21 @@ inline constexpr handler_name show_empty_directories{"Picture7_Click"};
 inline constexpr handler_name delete_marked_files{"delete_marked_recycle"};
 inline constexpr handler_name delete_empty_directories{"Picture8_Click"};
 inline constexpr handler_name unmark_protected{"unmark_protected"};
+inline constexpr handler_name store_marks{"store_marks"};
 inline constexpr handler_name start_shutdown{"start_shutdown"};
 inline constexpr handler_name tooltips_on{"tooltiphelp_true"};
 inline constexpr handler_name tooltips_off{"tooltiphelp_false"};
 
 // All of the above; a test holds them against the tables.
-inline constexpr handler_name all[] = {
-    choose_directories, search_files,           read_file_list,      find_same_files,
-    search_and_compare, show_same_files,        lay_out_list,        find_in_list,
-    find_again,         show_empty_directories, delete_marked_files, delete_empty_directories,
-    unmark_protected,   start_shutdown,         tooltips_on,         tooltips_off};
+inline constexpr handler_name all[] = {choose_directories,  search_files,
+                                       read_file_list,      find_same_files,
+                                       search_and_compare,  show_same_files,
+                                       lay_out_list,        find_in_list,
+                                       find_again,          show_empty_directories,
+                                       delete_marked_files, delete_empty_directories,
+                                       unmark_protected,    store_marks,
+                                       start_shutdown,      tooltips_on,
+                                       tooltips_off};
 
 }  // namespace handlers
 

@@ -140,6 +140,46 @@ TEST(StoredMarks, AreNotWrittenInTheMiddleOfATask) {
     EXPECT_FALSE(p.files.has("/prog/标记.txt"));
 }
 
+TEST(StoredMarks, OfAViewThatIsNoMoreDoNotComeBack) {
+    for (const char* handler : {"picture2_Click", "search_check_m"}) {
+        restarted p(stored_marks());
+        p.select({"/d", "/e"});
+        p.open();
+        ASSERT_EQ(p.list().marked_cells(), 2);
+        p.form.run(handler);
+        p.corvane.close();
+        EXPECT_FALSE(p.files.has("/prog/标记.txt")) << handler;
+    }
+}
+
+TEST(StoredMarks, OfAnotherVersionStayWhenTheViewIsNoMore) {
+    const std::string other = "Corvane marks 2\r\nsomething\r\n";
+    restarted p(other);
+    p.select({"/d", "/e"});
+    p.open();
+    p.form.run("picture2_Click");
+    p.corvane.close();
+    EXPECT_EQ(p.files.content_of("/prog/标记.txt"), other);
+}
+
+TEST(StoredMarks, AreOnTheDiskBeforeTheMachineGoesDown) {
+    const auto goes_down = [](restarted& p) {
+        for (const auto& each : p.desktop.calls)
+            if (each.find("power_off") != std::string::npos) return true;
+        return false;
+    };
+    for (const bool fails : {false, true}) {
+        restarted p("");
+        p.open();
+        p.double_click(1, 4);
+        p.state.shut_action = 4;
+        if (fails) p.files.write_failure_path = "/prog/标记.txt";
+        p.form.run("shout_close");
+        EXPECT_EQ(goes_down(p), !fails);
+        EXPECT_EQ(p.files.has("/prog/标记.txt"), !fails);
+    }
+}
+
 TEST(StoredMarks, AFailureToWriteIsTold) {
     restarted p("");
     p.open();
@@ -147,7 +187,8 @@ TEST(StoredMarks, AFailureToWriteIsTold) {
     p.files.write_failure_path = "/prog/标记.txt";
     p.corvane.close();
     bool told = false;
-    for (const message& each : p.screen.messages) told |= each.text == "/prog/标记.txt\r\n标记没有保存。";
+    for (const message& each : p.screen.messages)
+        told |= each.text == "/prog/标记.txt\r\ndisk full\r\n标记没有保存。";
     EXPECT_TRUE(told);
 }
 
