@@ -38,6 +38,7 @@ mark_stacks& stacks_of(Tavrel& form) {
 
 void push(Tavrel& form, std::vector<mark_change> changes) {
     if (changes.empty()) return;
+    changes.shrink_to_fit();
     mark_stacks& stacks = stacks_of(form);
     stacks.undo.push_back({form.ListView1.fill_revision(), std::move(changes)});
     stacks.redo.clear();
@@ -49,9 +50,11 @@ bool takes_mark(const list_view& list, const row_keys& keys, std::int32_t row, i
            !is_blank(list.text_cell(row, keys.last_column()));
 }
 
-// Of a cell that has come to be gray: where its path stands unrepeated.
+// Of a cell that has come to be gray: where its path stands unrepeated; a gray cell where it does not.
 std::int32_t head_of(const list_view& list, std::int32_t row, int column) {
-    while (row > 1 && list.colour(row, column) == colour_gray) --row;
+    while (row > 1 && list.colour(row, column) == colour_gray &&
+           list.text_cell(row - 1, column) == list.text_cell(row, column))
+        --row;
     return row;
 }
 
@@ -138,15 +141,20 @@ mark_act::~mark_act() {
     std::int32_t refused = 0;
     std::size_t noted = 0;
     for (std::int32_t row = first_; row <= last_; ++row) {
+        // What the act did to the other cell of a row that is refused goes back with it.
+        bool is_refused = false;
+        std::size_t place = noted;
+        for (int column = keys.first_column(); column <= keys.last_column(); ++column, ++place)
+            is_refused |= list.colour(row, column) == mark_red && colours_[place] != mark_red &&
+                          covered.covers(list.text_cell(row, column));
+        refused += is_refused;
         for (int column = keys.first_column(); column <= keys.last_column(); ++column) {
             const std::uint32_t before = colours_[noted++];
-            std::uint32_t now = list.colour(row, column);
+            const std::uint32_t now = list.colour(row, column);
             if (now == before) continue;
-            if (now == mark_red && covered.covers(list.text_cell(row, column))) {
-                ++refused;
-                list.set_colour(row, column, now = before);
-            }
-            if (now != before)
+            if (is_refused)
+                list.set_colour(row, column, before);
+            else
                 changes.push_back({keys.key(row), row, static_cast<std::uint8_t>(column), number_of(before),
                                    number_of(now)});
         }
@@ -218,6 +226,8 @@ void redo_marks_Click(Tavrel& form) {
 void unmark_protected(Tavrel& form) {
     protection covered(form);
     if (!covered.is_needed()) return;
+    // A step of the history, or a later one would count with a mark that is no more.
+    const mark_act noted(form);
     list_view& list = form.ListView1;
     for (const row_act::red_cell& cell : red_cells(form))
         if (covered.covers(list.text_cell(cell.row, cell.column)))

@@ -8,6 +8,7 @@
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 #include "core/settings/data_files.h"
+#include "core/tasks/progress.h"
 #include "core/text/file_copy.h"
 #include "core/text/path_text.h"
 #include "core/text/text_case.h"
@@ -66,7 +67,7 @@ void set_protected_folders(Tavrel& form, std::set<std::string> folders) {
     writer.line(title);
     writer.number(static_cast<std::int64_t>(state.protected_folders.size()));
     for (const std::string& folder : state.protected_folders) writer.line(folder);
-    if (!writer.finish()) return form.complain(path + "\r\n" + writer.error());
+    if (!writer.finish()) return report_write_failure(form, path, writer.error());
     state.protection_unknown = false;
 }
 

@@ -164,5 +164,52 @@ TEST(UndoMarks, IsRefusedWhileATaskWorksOnTheRows) {
     EXPECT_EQ(p.recycled, (texts{"/d/b", "/d/c"}));
 }
 
+TEST(UndoMarks, NeverMarkAnotherPathAboveAGrayCell) {
+    five_rows p;
+    p.double_click(4, 3);
+    p.form.run("undo_marks");
+    p.list().set_colour(4, 3, gray);  // its own path stands nowhere above
+    p.form.run("redo_marks");
+    EXPECT_EQ(p.colours(3), (colour_row{black, gray, gray, gray, purple}));
+}
+
+TEST(UndoMarks, ARowThatIsRefusedKeepsItsOtherMark) {
+    deleting p;
+    p.show_files({{3, "/d/a", "/p/b"}});
+    p.state.protected_folders = {"/p/"};
+    ++p.state.protection_revision;
+    p.double_click(1, 3);
+    ASSERT_EQ(p.colours(3), colour_row{red});
+    p.double_click(1, 4);
+    EXPECT_EQ(p.form.StatusBar1.panel(5), "受保护,不标记:1");
+    EXPECT_EQ(p.colours(3), colour_row{red});
+    EXPECT_EQ(p.colours(4), colour_row{black});
+}
+
+TEST(UndoMarks, WhatProtectionTookIsAStepSoThatOneOfAGroupStays) {
+    deleting p;
+    p.show_files({{3, "/d/a", "/d/b"}, {3, "/d/a", "/p/c"}});
+    p.double_click(1, 4);
+    p.double_click(2, 4);
+    p.state.protected_folders = {"/p/"};
+    ++p.state.protection_revision;
+    p.form.run("unmark_protected");
+    ASSERT_EQ(p.colours(4), (colour_row{red, black}));
+    p.double_click(1, 4);  // off
+    p.double_click(1, 3);  // a: b and c stay
+    p.state.protected_folders.clear();
+    ++p.state.protection_revision;
+    for (int step = 0; step < 5; ++step) {
+        p.form.run("undo_marks");
+        EXPECT_LE(p.list().marked_cells(), 2);
+    }
+    for (int step = 0; step < 5; ++step) {
+        p.form.run("redo_marks");
+        const bool all =
+            p.list().colour(1, 3) == red && p.list().colour(1, 4) == red && p.list().colour(2, 4) == red;
+        EXPECT_FALSE(all) << "step " << step;
+    }
+}
+
 }  // namespace
 }  // namespace corvane
