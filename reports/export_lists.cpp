@@ -8,6 +8,7 @@
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
 #include "core/tasks/task_scope.h"
+#include "core/text/file_copy.h"
 #include "core/text/text_file.h"
 #include "core/text/text_format.h"
 #include "reports/cell_text.h"
@@ -17,22 +18,11 @@ namespace corvane {
 
 namespace {
 
-constexpr std::size_t block_size = 256 * std::size_t{1024};
-
-outcome copy_bytes(Tavrel& form, file_reader& source, file_writer& target) {
-    std::vector<char> block(block_size);
-    for (std::int64_t at = 0;;) {
-        form.yield();
-        const std::int64_t count = source.read_at(at, std::as_writable_bytes(std::span(block)));
-        if (count < 0) return outcome::failure("不能读出。");
-        if (count == 0) {
-            form.work_aside([&target] { target.settle(); });
-            return target.commit();
-        }
-        outcome written = target.write({block.data(), static_cast<std::size_t>(count)});
-        if (!written) return written;
-        at += count;
-    }
+outcome copy_beside_events(Tavrel& form, file_reader& source, file_writer& target) {
+    outcome copied = copy_bytes(source, target, [&form] { form.yield(); });
+    if (!copied) return copied;
+    form.work_aside([&target] { target.settle(); });
+    return target.commit();
 }
 
 // The bytes of one file beside the program become those of another one. False: the failure has been told, and
@@ -45,7 +35,8 @@ bool copy_beside_program(Tavrel& form, const std::string& from, const std::strin
         return false;
     }
     const outcome_with<file_writer> target = files.replace_file(to);
-    const outcome copied = target ? copy_bytes(form, *source, *target) : static_cast<const outcome&>(target);
+    const outcome copied =
+        target ? copy_beside_events(form, *source, *target) : static_cast<const outcome&>(target);
     if (!copied) report_write_failure(form, to, copied.reason);
     return copied.ok;
 }
