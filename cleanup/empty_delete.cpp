@@ -73,11 +73,6 @@ bool is_still_empty(Tavrel& form, const std::string& path) {
     return reader && !reader->next(name, kind) && !reader->failed();
 }
 
-// Asked anew each time: little goes this way, and the disk may have changed.
-bool lies_protected(const Tavrel& form, const std::string& path) {
-    return protection(form).covers(path);
-}
-
 // A row that was blanked too early.
 void put_back(Tavrel& form, const tallies::taken_row& taken) {
     form.ListView1.set_text(taken.row, shown_view(form).first_path, taken.path);
@@ -88,14 +83,14 @@ bool is_protected(Tavrel& form, const std::string& path) {
     return facts.hidden || facts.read_only;
 }
 
-void take_row(Tavrel& form, std::int32_t row, tallies& count) {
+void take_row(Tavrel& form, std::int32_t row, protection& folders, tallies& count) {
     list_view& list = form.ListView1;
     const int path_column = shown_view(form).first_path;
     const std::uint32_t colour = list.colour(row, path_column);
     if (colour != mark_red && !(colour == mark_blue && form.state.force_protected)) return;
     const std::string path = without_trailing_blanks(list.cell(row, path_column));
     if (is_blank(path) || !names_directory(form, path) || !is_directory(form, path)) return;
-    if (lies_protected(form, path)) {
+    if (folders.covers(path)) {
         ++count.covered;
         return;
     }
@@ -114,10 +109,11 @@ void take_row(Tavrel& form, std::int32_t row, tallies& count) {
 
 // The disk may have changed since the scan looked: each is asked again right before it goes.
 void send_rows(Tavrel& form, tallies& count) {
+    protection folders(form);
     const auto path_of = [&](std::size_t number) -> const std::string* {
         const tallies::taken_row& taken = count.taken[number];
         if (!is_directory(form, taken.path)) return nullptr;
-        const bool covered = lies_protected(form, taken.path);
+        const bool covered = folders.covers(taken.path);
         if (!covered && is_still_empty(form, taken.path)) {
             ++count.gone;
             return &taken.path;
@@ -180,8 +176,9 @@ void Picture8_Click(Tavrel& form) {
     form.panel(5, "已删除:0");
 
     tallies count;
+    protection folders(form);
     for (std::int32_t row = 1; row <= list.row_count(); ++row) {
-        take_row(form, row, count);
+        take_row(form, row, folders, count);
         bar_draw(form, row);
         if (state.quit_requested) return;
     }

@@ -58,6 +58,7 @@ deletion_stake stake_of(const Tavrel& form) {
     const list_view& list = form.ListView1;
     const list_view_row& view = view_of(list_modes::same_files);
     deletion_stake stake;
+    if (list.marked_cells() == 0 && !form.state.force_protected) return stake;
     path_set seen(list);
     for (std::int32_t row = 1; row <= list.row_count(); ++row) {
         for (const int column : {view.first_path, view.second_path}) {
