@@ -23,17 +23,19 @@ bool group_bands::renew(const Tavrel& form) {
     layout_revision_ = list.layout_revision();
     const list_view_row& view = shown_view(form);
     signature now;
+    now.fill = list.fill_revision();
     if (view.holds_copies && list.column_count() > view.second_path) {
         // A text that is set anew is another entry.
         for (std::int32_t row = 1; row <= list.row_count(); ++row) {
             const std::uint64_t first = number_of(list.text_entry(row, view.first_path));
             const std::uint64_t second = number_of(list.text_entry(row, view.second_path));
-            now.texts += (first * 0x9E3779B97F4A7C15u) ^ second;
+            now.texts += ((first * 0x9E3779B97F4A7C15u) ^ second) +
+                         static_cast<std::uint64_t>(list.number_cell(row, view.length_column));
             now.order = now.order * 0xFF51AFD7ED558CCDu + first + 1;
         }
     }
     if (now == shown_) return false;
-    const bool same_texts = now.texts == shown_.texts;
+    const bool same_texts = now.fill == shown_.fill && now.texts == shown_.texts;
     shown_ = now;
     if (!same_texts) renew_copies(form);
     renew_bands(form);
@@ -42,7 +44,7 @@ bool group_bands::renew(const Tavrel& form) {
 
 void group_bands::renew_copies(const Tavrel& form) {
     counts_.clear();
-    if (shown_ == signature()) return;
+    if (shown_.texts == 0 && shown_.order == 0) return;
     const run_state& state = form.state;
     const list_view& list = form.ListView1;
     const list_view_row& view = view_of(list_modes::same_files);
@@ -65,7 +67,7 @@ void group_bands::renew_copies(const Tavrel& form) {
         for (; end <= count && (first(end) == entry || text_arena::text_at(first(end)) == path); ++end)
             pairs += !is_blank(path) && !is_blank(second(end));
         for (std::int32_t i = start; i < end; ++i)
-            if (i == start || first(i) != first(i - 1)) place_of(first(i)) = {first(i), pairs};
+            if (i == start || first(i) != first(i - 1)) counts_[place_of(first(i))] = {first(i), pairs};
         start = end;
     }
 }
@@ -73,7 +75,7 @@ void group_bands::renew_copies(const Tavrel& form) {
 void group_bands::renew_bands(const Tavrel& form) {
     bands_.clear();
     rows_.clear();
-    if (shown_ == signature()) return;
+    if (shown_.texts == 0 && shown_.order == 0) return;
     const list_view& list = form.ListView1;
     const list_view_row& view = view_of(list_modes::same_files);
     bands_.reserve(static_cast<std::size_t>(list.row_count()));
@@ -91,11 +93,11 @@ void group_bands::renew_bands(const Tavrel& form) {
     }
 }
 
-group_bands::path_count& group_bands::place_of(const char* entry) {
+std::size_t group_bands::place_of(const char* entry) const {
     const std::size_t mask = counts_.size() - 1;
     std::size_t place = (number_of(entry) * 0x9E3779B97F4A7C15u >> 20) & mask;
     while (counts_[place].entry != nullptr && counts_[place].entry != entry) place = (place + 1) & mask;
-    return counts_[place];
+    return place;
 }
 
 bool group_bands::is_second(std::int32_t row) const {
@@ -103,10 +105,10 @@ bool group_bands::is_second(std::int32_t row) const {
     return at < bands_.size() ? bands_[at].second : row % 2 == 0;
 }
 
-group_bands::group_size group_bands::first_row(std::int32_t row) {
+group_bands::group_size group_bands::first_row(std::int32_t row) const {
     const auto at = static_cast<std::size_t>(row - 1);
     if (at >= bands_.size() || !bands_[at].starts || counts_.empty()) return {};
-    const std::int32_t pairs = place_of(rows_[at].first).pairs;
+    const std::int32_t pairs = counts_[place_of(rows_[at].first)].pairs;
     if (pairs == 0) return {};
     return {pairs + 1, static_cast<double>(rows_[at].length) * pairs};
 }

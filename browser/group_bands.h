@@ -22,14 +22,15 @@ class group_bands {
         double freed = 0;         // bytes, when all but one go
     };
     // Of the group of a row that is the first of its star where it stands; no copies for another one.
-    group_size first_row(std::int32_t row);
+    group_size first_row(std::int32_t row) const;
 
   private:
     void renew_copies(const Tavrel& form);
     void renew_bands(const Tavrel& form);
 
     struct signature {
-        std::uint64_t texts = 0;  // of all path cells, in whatever order
+        std::uint64_t fill = 0;   // of the list: texts of another one may lie where these did
+        std::uint64_t texts = 0;  // of all path cells and lengths, in whatever order
         std::uint64_t order = 0;  // of the first ones
         bool operator==(const signature&) const = default;
     };
@@ -41,7 +42,8 @@ class group_bands {
         const char* entry = nullptr;
         std::int32_t pairs = 0;
     };
-    path_count& place_of(const char* entry);
+    // Where the entry stands, or the free place for it.
+    std::size_t place_of(const char* entry) const;
     std::vector<path_count> counts_;
     struct row_band {
         bool second;

@@ -29,7 +29,7 @@ double freed_by(const pair_table& table, std::int32_t group) {
 constexpr std::int32_t none = -1;
 std::vector<std::int32_t> groups_of_rows(const Tavrel& form, const pair_table& table) {
     std::vector<std::int32_t> groups(at(form.ListView1.row_count()) + 1, none);
-    const std::vector<std::int32_t> numbers = table.groups().numbers();
+    const std::vector<std::int32_t>& numbers = table.groups().numbers();
     for (const pair_table::shown_pair& pair : table.pairs())
         groups[at(pair.row)] = numbers[at(pair.both.first)];
     return groups;
@@ -64,8 +64,8 @@ std::vector<char> marked_firsts(const Tavrel& form, const pair_table& table) {
     return marked;
 }
 
-// Gray for a first path that stands in the row above, its mark on the cell that is not gray. All other
-// colours stay.
+// Gray for a first path that stands in the row above, its mark on the cell that is not gray. A cell that is
+// gray no longer gets the colour of its path back. A row of which a file has gone keeps its mark.
 void recolour(list_view& list, const std::vector<std::int32_t>& members, const std::vector<char>& marked) {
     const int first = view_of(list_modes::same_files).first_path;
     std::string_view previous;
@@ -77,6 +77,8 @@ void recolour(list_view& list, const std::vector<std::int32_t>& members, const s
             const std::uint32_t own = colour == colour_gray ? plain_colour(list, row, first) : colour;
             const bool repeats = path == previous;
             list.set_colour(row, first, repeats ? colour_gray : marked[at(member)] != 0 ? mark_red : own);
+        } else if (list.colour(row, first) == colour_gray && path != previous) {
+            list.set_colour(row, first, plain_colour(list, row, first));
         }
         previous = path;
     }

@@ -63,31 +63,24 @@ std::int32_t pair_groups::root_of(std::int32_t member) {
 
 void pair_groups::close() {
     slots_ = {};
-    std::vector<std::int32_t> numbers(entries_.size());  // of each member's group
+    numbers_.resize(entries_.size());
     std::int32_t groups = 0;
     for (std::int32_t member = 0; member < member_count(); ++member) {
         const std::int32_t root = root_of(member);
-        numbers[at(member)] = root == member ? groups++ : numbers[at(root)];
+        numbers_[at(member)] = root == member ? groups++ : numbers_[at(root)];
     }
     starts_.assign(at(groups) + 1, 0);
-    for (const std::int32_t number : numbers) ++starts_[at(number) + 1];
+    for (const std::int32_t number : numbers_) ++starts_[at(number) + 1];
     for (std::size_t number = 1; number < starts_.size(); ++number) starts_[number] += starts_[number - 1];
     std::vector<std::int32_t> next(starts_.begin(), starts_.end());
     ordered_.resize(entries_.size());
     for (std::int32_t member = 0; member < member_count(); ++member)
-        ordered_[at(next[at(numbers[at(member)])]++)] = member;
+        ordered_[at(next[at(numbers_[at(member)])]++)] = member;
 }
 
 std::span<const std::int32_t> pair_groups::group(std::int32_t number) const {
     const auto start = at(starts_[at(number)]);
     return std::span(ordered_).subspan(start, at(starts_[at(number) + 1]) - start);
-}
-
-std::vector<std::int32_t> pair_groups::numbers() const {
-    std::vector<std::int32_t> numbers(entries_.size());
-    for (std::int32_t number = 0; number < group_count(); ++number)
-        for (const std::int32_t member : group(number)) numbers[at(member)] = number;
-    return numbers;
 }
 
 }  // namespace corvane

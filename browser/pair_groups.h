@@ -32,7 +32,7 @@ class pair_groups {
     // In the order of their numbers.
     std::span<const std::int32_t> group(std::int32_t number) const;
     // The group of each member.
-    std::vector<std::int32_t> numbers() const;
+    const std::vector<std::int32_t>& numbers() const { return numbers_; }
 
   private:
     const char* entry(std::int32_t member) const { return entries_[static_cast<std::size_t>(member)]; }
@@ -46,6 +46,7 @@ class pair_groups {
     std::vector<slot> slots_;  // open addressing
     std::vector<const char*> entries_;
     std::vector<std::int32_t> parents_;  // groups as a forest
+    std::vector<std::int32_t> numbers_;  // of each member's group
     std::vector<std::int32_t> ordered_;  // members, group by group
     std::vector<std::int32_t> starts_;   // of each group in ordered_, and the end
     const char* last_entry_ = nullptr;

@@ -66,8 +66,12 @@ void pair_table::add_hidden(const Tavrel& form) {
         if (pair >= 1 && pair <= count) has_row[static_cast<std::size_t>(pair)] = 1;
     }
     for (std::int32_t i = 1; i <= count; ++i) {
-        if (has_row[at(i)] != 0 || is_blank(state.result_file1[i]) || is_blank(state.result_file2[i]))
+        if (has_row[at(i)] != 0) continue;
+        // What has gone under another filter may be what a shown row still names.
+        if (is_blank(state.result_file1[i]) || is_blank(state.result_file2[i])) {
+            blank_cells_ = true;
             continue;
+        }
         const pair_groups::members both =
             groups_.add(state.result_file1.entry(i), state.result_file2.entry(i));
         states_.resize(at(groups_.member_count()));

@@ -18,7 +18,7 @@ class list_model : public QAbstractTableModel {
     // `list` outlives the model.
     list_model(const list_view& list, QObject* parent) : QAbstractTableModel(parent), list_(list) {}
 
-    mutable group_bands bands;  // looks up, changes nothing that is seen
+    group_bands bands;
 
     // Whether a path lies in a protected folder; without it none does.
     std::function<bool(std::string_view path)> covers;

@@ -218,7 +218,7 @@ void main_window::sync_work_area(bool tasks_locked) {
 
 // A million marks take a while to be reckoned: then it is done now and then.
 void main_window::sync_marks(bool tasks_locked) {
-    const std::uint64_t cells = form_.ListView1.cell_revision();
+    const std::pair cells(form_.ListView1.cell_revision(), form_.state.force_protected != 0);
     if (marks_->isHidden() || tasks_locked || told_marks_ == cells) return;
     const double now = form_.outside.screen.seconds();
     if (now < marks_told_at_ + marks_pause_) return;

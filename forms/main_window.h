@@ -92,8 +92,9 @@ class main_window : public QMainWindow {
     tip_box* tip_ = nullptr;
     std::unique_ptr<key_focus> keys_;
     window_place place_;
-    std::uint64_t told_marks_ = ~std::uint64_t{0};  // the cells whose marks the status line tells
-    double marks_pause_ = 0;                        // seconds until they are reckoned again
+    // The cells whose marks the status line tells, and whether blue ones count.
+    std::pair<std::uint64_t, bool> told_marks_{~std::uint64_t{0}, false};
+    double marks_pause_ = 0;  // seconds until they are reckoned again
     double marks_told_at_ = 0;
 };
 

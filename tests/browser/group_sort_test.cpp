@@ -124,5 +124,16 @@ TEST(MarkTotal, SaysWhatTheMarksWouldFreeEachFileOnce) {
     EXPECT_EQ(p.form.StatusBar1.panel(5), "已标记:2 个文件, 17 字节");
 }
 
+TEST(SortByFreed, ARowOfAGoneFileIsNotGrayUnderAnotherPath) {
+    three_groups p;
+    p.double_click(3, 4);  // of the gray /b
+    p.double_click(1, 4);
+    p.run_recycle();
+    ASSERT_EQ(p.recycled, (texts{"/a2", "/b3"}));
+    p.form.run("sort_by_freed");
+    EXPECT_EQ(p.cells(3), (texts{"/c", "/b", "/a", "/b"}));
+    EXPECT_EQ(p.colours(3), (colour_row{black, black, black, black}));
+}
+
 }  // namespace
 }  // namespace corvane
