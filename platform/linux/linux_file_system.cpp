@@ -50,7 +50,9 @@ constexpr std::size_t starts_in_a_row = 32;
 constexpr std::size_t existences_in_a_row = 2048;  // a directory is read once for those of them that it holds
 constexpr unsigned most_network_threads = 4;
 
-unsigned most_threads(std::string_view path) {
+// Of what fits into one row a single thread answers all: then the disk is not asked what it is.
+unsigned most_threads(std::size_t count, std::size_t in_a_row, std::string_view path) {
+    if (count <= in_a_row) return 1;
     return is_on_network(path) ? most_network_threads : request_pace::most_threads;
 }
 
@@ -71,8 +73,8 @@ file_facts linux_file_system::facts(std::string_view path) {
 std::size_t linux_file_system::many_facts(std::span<const std::string_view> paths,
                                           std::span<file_facts> answers) {
     const auto path_at = [paths](std::size_t i) { return paths[i]; };
-    return pool_.run(paths.size(), facts_in_a_row, most_threads(paths.front()), facts_pace_,
-                     [&](std::size_t first, std::size_t end, const time_limit& limit) {
+    return pool_.run(paths.size(), facts_in_a_row, most_threads(paths.size(), facts_in_a_row, paths.front()),
+                     facts_pace_, [&](std::size_t first, std::size_t end, const time_limit& limit) {
                          held_directory held;
                          for (std::size_t i = first; i < end; ++i) {
                              if (i > first && limit.passed()) return i;
@@ -85,7 +87,8 @@ std::size_t linux_file_system::many_facts(std::span<const std::string_view> path
 
 std::size_t linux_file_system::many_exist(std::span<const std::string_view> paths,
                                           std::span<std::uint8_t> answers) {
-    return pool_.run(paths.size(), existences_in_a_row, most_threads(paths.front()), exist_pace_,
+    return pool_.run(paths.size(), existences_in_a_row,
+                     most_threads(paths.size(), existences_in_a_row, paths.front()), exist_pace_,
                      [&](std::size_t first, std::size_t end, const time_limit& limit) {
                          return answer_existence(attributes_, paths, answers, first, end, limit);
                      });
@@ -93,7 +96,8 @@ std::size_t linux_file_system::many_exist(std::span<const std::string_view> path
 
 std::size_t linux_file_system::read_starts(std::span<start_request> requests) {
     const auto path_at = [requests](std::size_t i) { return requests[i].path; };
-    return pool_.run(requests.size(), starts_in_a_row, most_threads(requests.front().path), starts_pace_,
+    return pool_.run(requests.size(), starts_in_a_row,
+                     most_threads(requests.size(), starts_in_a_row, requests.front().path), starts_pace_,
                      [&](std::size_t first, std::size_t end, const time_limit& limit) {
                          held_directory held;
                          for (std::size_t i = first; i < end; ++i) {
@@ -111,11 +115,12 @@ std::vector<outcome_with<directory_reader>> linux_file_system::open_directories(
     std::vector<outcome_with<directory_reader>> opened;
     opened.reserve(paths.size());
     while (opened.size() < paths.size()) opened.emplace_back(outcome());
-    const std::size_t count = pool_.run(paths.size(), 1, most_threads(paths.front()), directories_pace_,
-                                        [&](std::size_t first, std::size_t, const time_limit&) {
-                                            opened[first] = directories_.open(paths[first], true);
-                                            return first + 1;
-                                        });
+    const std::size_t count =
+        pool_.run(paths.size(), 1, most_threads(paths.size(), 1, paths.front()), directories_pace_,
+                  [&](std::size_t first, std::size_t, const time_limit&) {
+                      opened[first] = directories_.open(paths[first], true);
+                      return first + 1;
+                  });
     opened.erase(opened.begin() + static_cast<std::ptrdiff_t>(count), opened.end());
     return opened;
 }

@@ -156,6 +156,16 @@ outcome_with<file_reader> open_linux_reader(const char* raw_path) {
     return std::make_unique<linux_reader>(std::move(file));
 }
 
+// Read once: to read it, it has to be changed for a moment, in which another thread may make a file.
+mode_t creation_mask() {
+    static const mode_t mask = [] {
+        const mode_t found = umask(077);
+        umask(found);
+        return found;
+    }();
+    return mask;
+}
+
 outcome_with<file_writer> open_replacing_writer(const char* raw_path) {
     // A link stays a link: what it leads to is replaced.
     std::string final_path(raw_path);
@@ -169,14 +179,12 @@ outcome_with<file_writer> open_replacing_writer(const char* raw_path) {
     std::string path = final_path + ".XXXXXX";
     descriptor file = descriptor::open_new(path);
     if (!file) return system_failure();
-    const mode_t mask = umask(0);
-    umask(mask);
     // The owner first: a change of it takes bits of the permissions away.
     if (exists)
         give(file, facts.st_uid, facts.st_gid);
     else
         give_to_owner_of_folder(file, final_path);
-    fchmod(file.number(), exists ? facts.st_mode & 07777 : 0666 & ~mask);
+    fchmod(file.number(), exists ? facts.st_mode & 07777 : 0666 & ~creation_mask());
     return std::make_unique<linux_writer>(std::move(file), std::move(path), std::move(final_path));
 }
 

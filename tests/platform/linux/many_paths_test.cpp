@@ -10,6 +10,7 @@
 #include <random>
 
 #include "core/state/proven_files.h"
+#include "platform/linux/linux_existence.h"
 #include "platform/linux/linux_file_system.h"
 #include "tests/support/scratch_folder.h"
 
@@ -237,6 +238,16 @@ TEST_F(ManyPaths, WithoutADescriptorLeftFactsComeAllTheSame) {
     setrlimit(RLIMIT_NOFILE, &before);
     for (std::size_t i = 0; i < paths.size(); ++i)
         EXPECT_EQ(found[i], path_exists(files, paths[i]) ? 1 : 0) << paths[i];
+}
+
+TEST_F(ManyPaths, ADirectoryOnceReadAnswersForAllThatItHoldsHoweverLongThatTook) {
+    std::vector<std::string> paths;
+    for (int i = 100; i < 160; ++i) write(paths.emplace_back(root + "d/" + std::to_string(i)), "x");
+    const std::vector<std::string_view> views(paths.begin(), paths.end());
+    std::vector<std::uint8_t> answers(paths.size(), 7);
+    const time_limit passed(std::chrono::milliseconds(0));
+    EXPECT_EQ(answer_existence(linux_attributes(), views, answers, 0, views.size(), passed), views.size());
+    EXPECT_EQ(std::count(answers.begin(), answers.end(), 1), 60);
 }
 
 }  // namespace
