@@ -27,6 +27,8 @@ bool file_group::open(std::int32_t i) {
     if (files_.file_len[i] != last_length_) {
         first_ = i;
         contents_.clear();
+        own_ahead_.drop();
+        is_mixed_ = false;
         next_of_suffix_.clear();
         find_end(i);
         content_class_.assign(static_cast<std::size_t>(std::max(end_ - i, 0)) + 1, 0);
@@ -52,15 +54,21 @@ void file_group::find_end(std::int32_t i) {
 
 bool file_group::compute_signatures(std::int32_t i) {
     signature_mode_ = true;
+    bool all_known = true, all_read = true;
     for (std::int32_t j = i; j <= end_; ++j) {
         const std::string_view name = files_.file_list[j];
         events_.touches(name);
         if (!events_.keep_going()) return false;
         events_.shows(name);
-        if (has_signature(j)) continue;
+        if (has_signature(j)) {
+            all_read = false;
+            continue;
+        }
+        all_known = false;
         read_signature(j);
         events_.keep_going();
     }
+    is_mixed_ = !all_known && !all_read;
     contents_.reorder(sort_group(files_, i, end_));
     return true;
 }
@@ -83,7 +91,7 @@ read_ahead::start file_group::start_of(std::int32_t j, bool reads_signatures,
         planned_bytes_ = 0;
         plan(j);
         if (ahead) {
-            for (std::size_t n = 0; n < next.size() && !plan_is_full(); ++n) plan(next[n]);
+            plan_unheld(next);
             if (reads_signatures)
                 plan_signatures(j + 1, end_);
             else if (signature_mode_)
@@ -93,6 +101,26 @@ read_ahead::start file_group::start_of(std::int32_t j, bool reads_signatures,
         ahead_.read(disk_, planned_);
     }
     return ahead_.take(path);
+}
+
+// Of a group with signatures that were read and others that were known: what is held ahead is of the groups
+// behind it already, and stays.
+read_ahead::start file_group::own_start_of(std::int32_t j, std::span<const std::int32_t> next) {
+    const std::string_view path = files_.file_list[j];
+    if (!may_read_ahead()) own_ahead_.drop();
+    if (!own_ahead_.holds(path)) {
+        planned_.clear();
+        planned_bytes_ = 0;
+        plan(j);
+        if (may_read_ahead()) plan_unheld(next);
+        own_ahead_.read(disk_, planned_);
+    }
+    return own_ahead_.take(path);
+}
+
+void file_group::plan_unheld(std::span<const std::int32_t> files) {
+    for (std::size_t n = 0; n < files.size() && !plan_is_full(); ++n)
+        if (contents_.at(files[n] - first_).empty()) plan(files[n]);
 }
 
 void file_group::plan(std::int32_t j) {
@@ -135,7 +163,7 @@ bool file_group::plan_later_group(std::int32_t first, std::int32_t last) {
     plan_signatures(first, last);
     if (planned_.size() != before || !is_short || same_suffix_only_) return true;
     plan_comparisons(first, last, false);
-    if (!plan_is_full() || before == 0) return true;
+    if (!plan_is_full()) return true;
     // Its order is not known before it is opened: what is asked for first might be what did not fit.
     planned_.resize(before);
     return false;
@@ -270,7 +298,8 @@ void file_group::hold(std::span<const std::int32_t> members) {
         const std::int32_t j = members.front();
         members = members.subspan(1);
         if (!contents_.at(j - first_).empty()) continue;
-        const read_ahead::start start = start_of(j, false, members);
+        if (!contents_.has_room(static_cast<std::size_t>(last_length_))) return;
+        const read_ahead::start start = is_mixed_ ? own_start_of(j, members) : start_of(j, false, members);
         if (start.count == last_length_ && !contents_.hold(j - first_, start.bytes)) return;
         if (!events_.keep_going()) return;
     }

@@ -70,6 +70,8 @@ class file_group {
     bool has_signature(std::int32_t j) const;
     void read_signature(std::int32_t j);
     read_ahead::start start_of(std::int32_t j, bool reads_signatures, std::span<const std::int32_t> next);
+    read_ahead::start own_start_of(std::int32_t j, std::span<const std::int32_t> next);
+    void plan_unheld(std::span<const std::int32_t> files);
     bool may_read_ahead() const { return !events_.one_at_a_time || !events_.one_at_a_time(); }
     void plan_signatures(std::int32_t first, std::int32_t last);
     void plan_later_groups();
@@ -101,6 +103,8 @@ class file_group {
     bool signature_mode_ = false;
     held_contents contents_;
     read_ahead ahead_;
+    bool is_mixed_ = false;  // some signatures were known, some have been read
+    read_ahead own_ahead_;   // for the contents of a mixed group
     std::vector<read_ahead::wanted_start> planned_;
     std::size_t planned_bytes_ = 0;
     std::vector<std::pair<std::int32_t, std::int32_t>> signed_;  // of a later group: signature and file

@@ -8,7 +8,7 @@ void held_contents::clear() {
 }
 
 bool held_contents::hold(std::int32_t place, std::span<const std::byte> bytes) {
-    if (bytes_.size() + bytes.size() > memory_bound) return false;
+    if (!has_room(bytes.size())) return false;
     const auto index = static_cast<std::size_t>(place);
     if (extents_.size() <= index) extents_.resize(index + 1);
     extents_[index] = {bytes_.size(), bytes.size()};

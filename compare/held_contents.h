@@ -12,6 +12,7 @@ namespace corvane {
 class held_contents {
   public:
     void clear();
+    bool has_room(std::size_t size) const { return bytes_.size() + size <= memory_bound; }
     // False when the bound is reached; `bytes` is then not held.
     bool hold(std::int32_t place, std::span<const std::byte> bytes);
     // Places move with their files: place i takes what stood at old_places[i].

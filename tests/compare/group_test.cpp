@@ -263,5 +263,28 @@ TEST(Group, APairThatWasReadAheadAndCannotBeReadIsDifferent) {
     EXPECT_EQ(group.same(4, 5), sameness::different) << "it has grown";
 }
 
+TEST(Group, AGroupOfKnownAndReadSignaturesLeavesWhatIsHeldForTheNextOnes) {
+    group_case c;
+    std::vector<std::string> paths;
+    for (int n = 0; n < 12; ++n) {
+        paths.push_back("/a" + std::to_string(10 + n));
+        c.add(paths.back(), "999999");
+    }
+    for (const char* path : {"/b", "/c", "/d"}) {
+        paths.emplace_back(path);
+        c.add(path, "7777777");
+    }
+    c.list(paths);
+    const std::string content = "999999";
+    for (const std::int32_t i : {1, 2, 5, 6, 7, 12})
+        c.files.file_crc[i] = static_cast<std::int32_t>(checksum(std::as_bytes(std::span(content))));
+    file_group group = c.make();
+    ASSERT_TRUE(group.open(1));
+    for (std::int32_t j = 2; j <= 12; ++j) EXPECT_EQ(group.same(1, j), sameness::by_bytes) << j;
+    ASSERT_TRUE(group.open(13));
+    EXPECT_EQ(group.same(13, 14), sameness::by_bytes);
+    for (const std::string& path : paths) EXPECT_EQ(c.disk.opened[path], 1) << path;
+}
+
 }  // namespace
 }  // namespace corvane
