@@ -164,9 +164,11 @@ class comparison {
             if (!is_archive_member(path)) paths_.push_back(path);
         }
         answers_.assign(paths_.size(), {});
-        for (std::size_t done = 0; done < paths_.size();)
+        for (std::size_t done = 0; done < paths_.size();) {
+            if (done > 0) form_.yield();
             done += form_.outside.files.many_facts(std::span(paths_).subspan(done),
                                                    std::span(answers_).subspan(done));
+        }
         facts_.assign(asked_.size(), {});
         std::size_t next = 0;
         for (std::size_t n = 0; n < asked_.size(); ++n)

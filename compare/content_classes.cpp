@@ -66,7 +66,7 @@ class content_sorter {
     std::vector<member_set> split(const member_set& members, std::int64_t from, std::int64_t end) {
         std::vector<member_set> done;
         std::vector<stretch> open;
-        open.push_back({members, from, from, first_fetch});
+        open.push_back({members, from, from, window_of(first_fetch, members.size())});
         while (!open.empty()) {
             stretch next = std::move(open.back());
             open.pop_back();
@@ -90,7 +90,6 @@ class content_sorter {
     // that the disk answers them side by side.
     void fetch_ahead(stretch& next, std::int64_t end) {
         if (!fetches_) return;
-        const auto members = static_cast<std::int64_t>(next.members.size());
         while (next.fetched < end && next.at >= next.fetched - next.window / 4) {
             const std::int64_t length = std::min(next.window, end - next.fetched);
             for (const std::size_t i : next.members)
@@ -98,8 +97,13 @@ class content_sorter {
                     opened(i, next.at))
                     readers_[i]->fetch(next.fetched, length);
             next.fetched += length;
-            next.window = std::max(std::min(next.window * 2, largest_fetch / members), largest_block);
+            next.window = window_of(next.window * 2, next.members.size());
         }
+    }
+
+    // Of each member, bounded for all of them.
+    static std::int64_t window_of(std::int64_t wanted, std::size_t members) {
+        return std::max(std::min(wanted, largest_fetch / static_cast<std::int64_t>(members)), largest_block);
     }
 
     bool opened(std::size_t i, std::int64_t at) {
