@@ -215,11 +215,11 @@ void Command28_Click(Tavrel& form) {
 }
 
 void Command18_Click(Tavrel& form) {
-    // A list that is used up has been dropped, and before a comparison there are no columns: nothing to
-    // order then.
+    // A list that is used up has been dropped, before a comparison there are no columns, and one whose result
+    // could not be stored has given up some of them: nothing to order then.
     const run_state& state = form.state;
     if (state.file_list.size() == state.file_count && state.file_date_hi.size() == state.file_count &&
-        state.file_len.size() == state.file_count)
+        state.file_len.size() == state.file_count && state.file_place.size() == state.file_count)
         form.work_aside([&form] { sort_by_length_and_name(form.state); });
 }
 

@@ -214,10 +214,21 @@ class history_writer {
 }  // namespace
 
 void purge_history(file_system& disk, history_state& history, const std::function<void()>& turn) {
+    constexpr std::int32_t most_asked = 1024;
     std::int32_t kept = 0;
-    for (std::int32_t k = 1; k <= history.history_count; ++k) {
-        if (path_exists(disk, std::string(history.history_name[k]))) move_row(history, k, ++kept);
-        turn();
+    std::vector<std::string_view> paths;
+    std::vector<std::uint8_t> found;
+    for (std::int32_t first = 1; first <= history.history_count;) {
+        const std::int32_t end = std::min(first + most_asked, history.history_count + 1);
+        paths.clear();
+        for (std::int32_t k = first; k < end; ++k) paths.push_back(history.history_name[k]);
+        found.assign(paths.size(), 0);
+        const auto answered = static_cast<std::int32_t>(disk.many_exist(paths, found));
+        for (std::int32_t n = 0; n < answered; ++n) {
+            if (found[static_cast<std::size_t>(n)] != 0) move_row(history, first + n, ++kept);
+            turn();
+        }
+        first += answered;
     }
     if (kept != history.history_count) history.history_as_stored = false;
     cut_rows(history, kept);

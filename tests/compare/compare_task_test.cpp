@@ -354,5 +354,37 @@ TEST(CompareTask, ShowsTheFileNamesWhileTheOptionIsOn) {
     EXPECT_FALSE(p.form.Label4.visible);
 }
 
+TEST(CompareTask, TheQuickSortLeavesAListAloneOfWhichTheResultCouldNotBeStored) {
+    test_program p;
+    for (const char* path : {"/d/a", "/d/b", "/d/c"}) p.files.add_file(path, "same");
+    p.search({"/d"});
+    p.files.write_failure_path = "/prog/相同文件.txt";
+    p.form.run("Picture3_Click");
+    ASSERT_EQ(p.state.file_list.size(), 3);
+    p.form.run("Command18_Click");
+    EXPECT_EQ(p.listed(), (texts{"/d/a", "/d/b", "/d/c"}));
+}
+
+TEST(History, OfThousandsTheGoneOnesAreForgottenAndNoOthers) {
+    test_program p;
+    add_many(p, 501);
+    p.screen.date.second = 1;
+    std::string rows = "2500           \r\n";
+    texts kept;
+    for (int i = 1000; i < 3500; ++i) {
+        const std::string path = "/c/" + std::to_string(i);
+        rows += path + "\t1\t2\t3\t4\r\n";
+        if (i % 3 == 0) continue;
+        p.files.add_file(path, "x");
+        kept.push_back(path);
+    }
+    p.files.add_file("/prog/run_history.txt", rows);
+    p.compare({"/d"});
+    texts found;
+    for (const std::string& line : p.stored_lines("run_history.txt"))
+        if (line.starts_with("/c/")) found.push_back(line.substr(0, line.find('\t')));
+    EXPECT_EQ(found, kept);
+}
+
 }  // namespace
 }  // namespace corvane
