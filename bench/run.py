@@ -169,8 +169,11 @@ def run_once(tool, options, directory, truth):
     with tempfile.TemporaryDirectory(prefix="corvane-bench-") as place:
         command, answer = command_of(tool, options, directory, place)
         if tool == AGAIN:
-            subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                           cwd=place, timeout=options.timeout, check=True)
+            try:
+                subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                               cwd=place, timeout=options.timeout, check=True)
+            except subprocess.SubprocessError as failure:
+                return Result(0, 0, 0, 0, f"the first run: {failure}")
             if options.cold:
                 forget_all()
         output_path = os.path.join(place, "output")
@@ -211,16 +214,17 @@ def run_once(tool, options, directory, truth):
         return Result(wall, usage.ru_utime, usage.ru_stime, memory * 1024, verdict)
 
 
-def make_set(options, set_name):
-    scale = f"{options.scale:g}"
-    name = set_name if options.scale == 1 else f"{set_name}-{scale}"
+def make_set(options, set_name, scale, seed=None):
+    """The directory of the set, made where it is missing. `options` has the folder of all sets and make_sets."""
+    name = set_name + (f"-{scale:g}" if scale != 1 else "") + ("" if seed is None else f"-{seed}")
     directory = os.path.join(os.path.abspath(options.directory), name)
     if not os.path.exists(directory + ".answer"):
         print(f"making {name}", file=sys.stderr)
         os.makedirs(options.directory, exist_ok=True)
         # Without an answer it is what an interrupted run left behind.
         shutil.rmtree(directory, ignore_errors=True)
-        subprocess.run([options.make_sets, directory, set_name, scale], check=True)
+        subprocess.run([options.make_sets, directory, set_name, f"{scale:g}", *([] if seed is None else ["--seed", str(seed)])],
+                       check=True)
     return directory
 
 
@@ -277,7 +281,7 @@ def print_table(set_name, warmth, count, results):
 
 
 def measure(options, set_name, tools):
-    directory = make_set(options, set_name)
+    directory = make_set(options, set_name, options.scale)
     truth = true_groups(directory)
     count = count_files(directory) if options.cold else read_all(directory)
     runs = {tool: [] for tool in tools}

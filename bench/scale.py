@@ -9,6 +9,8 @@ import sys
 import tempfile
 import time
 
+from run import make_set
+
 STEPS = (62_500, 250_000, 1_000_000, 2_000_000, 4_000_000)
 WHOLE = 1_000_000  # files of a set at scale 1
 TOTALS = re.compile(r"(\d+) files, (\d+) equal ones")
@@ -17,19 +19,11 @@ TOTALS = re.compile(r"(\d+) files, (\d+) equal ones")
 def sets_of(options, count):
     """The directories that hold `count` files together; made where they are missing."""
     if options.share != 1:
-        return [one_set(options, count / WHOLE, 1)]
-    parts = [(1.0, seed) for seed in range(1, count // WHOLE + 1)] or [(count / WHOLE, 1)]
-    return [one_set(options, scale, seed) for scale, seed in parts]
-
-
-def one_set(options, scale, seed):
-    name = "W4" + (f"-{scale:g}" if scale != 1 else "") + (f"-{seed}" if seed != 1 else "")
-    directory = os.path.join(os.path.abspath(options.directory), name)
-    if not os.path.exists(directory + ".answer"):
-        print(f"making {name}", file=sys.stderr)
-        os.makedirs(options.directory, exist_ok=True)
-        subprocess.run([options.make_sets, directory, "W4", f"{scale:g}", "--seed", str(seed)], check=True)
-    return directory
+        return [make_set(options, "W4", count / WHOLE)]
+    if count < WHOLE:
+        return [make_set(options, "W4", count / WHOLE)]
+    # The first by the seed of the set, 4; the others by one each.
+    return [make_set(options, "W4", 1, seed) for seed in (None, 1, 2, 3)[:count // WHOLE]]
 
 
 def run_once(options, directories, count):
