@@ -50,9 +50,11 @@ constexpr std::size_t starts_in_a_row = 32;
 constexpr std::size_t existences_in_a_row = 2048;  // a directory is read once for those of them that it holds
 constexpr unsigned most_network_threads = 4;
 
-// Of what fits into one row a single thread answers all: then the disk is not asked what it is.
-unsigned most_threads(std::size_t count, std::size_t in_a_row, std::string_view path) {
-    if (count <= in_a_row) return 1;
+// What fits into one row is answered by a single thread, unless the disk makes it wait: then it need not be
+// asked what it is.
+unsigned most_threads(std::size_t count, std::size_t in_a_row, const request_pace& pace,
+                      std::string_view path) {
+    if (count <= in_a_row && !pace.is_waiting()) return 1;
     return is_on_network(path) ? most_network_threads : request_pace::most_threads;
 }
 
@@ -73,22 +75,22 @@ file_facts linux_file_system::facts(std::string_view path) {
 std::size_t linux_file_system::many_facts(std::span<const std::string_view> paths,
                                           std::span<file_facts> answers) {
     const auto path_at = [paths](std::size_t i) { return paths[i]; };
-    return pool_.run(paths.size(), facts_in_a_row, most_threads(paths.size(), facts_in_a_row, paths.front()),
-                     facts_pace_, [&](std::size_t first, std::size_t end, const time_limit& limit) {
-                         held_directory held;
-                         for (std::size_t i = first; i < end; ++i) {
-                             if (i > first && limit.passed()) return i;
-                             answers[i] =
-                                 linux_facts(held.reach(path_at, i, end), paths[i], stacked_devices_);
-                         }
-                         return end;
-                     });
+    return pool_.run(
+        paths.size(), facts_in_a_row, most_threads(paths.size(), facts_in_a_row, facts_pace_, paths.front()),
+        facts_pace_, [&](std::size_t first, std::size_t end, const time_limit& limit) {
+            held_directory held;
+            for (std::size_t i = first; i < end; ++i) {
+                if (i > first && limit.passed()) return i;
+                answers[i] = linux_facts(held.reach(path_at, i, end), paths[i], stacked_devices_);
+            }
+            return end;
+        });
 }
 
 std::size_t linux_file_system::many_exist(std::span<const std::string_view> paths,
                                           std::span<std::uint8_t> answers) {
     return pool_.run(paths.size(), existences_in_a_row,
-                     most_threads(paths.size(), existences_in_a_row, paths.front()), exist_pace_,
+                     most_threads(paths.size(), existences_in_a_row, exist_pace_, paths.front()), exist_pace_,
                      [&](std::size_t first, std::size_t end, const time_limit& limit) {
                          return answer_existence(attributes_, paths, answers, first, end, limit);
                      });
@@ -97,8 +99,8 @@ std::size_t linux_file_system::many_exist(std::span<const std::string_view> path
 std::size_t linux_file_system::read_starts(std::span<start_request> requests) {
     const auto path_at = [requests](std::size_t i) { return requests[i].path; };
     return pool_.run(requests.size(), starts_in_a_row,
-                     most_threads(requests.size(), starts_in_a_row, requests.front().path), starts_pace_,
-                     [&](std::size_t first, std::size_t end, const time_limit& limit) {
+                     most_threads(requests.size(), starts_in_a_row, starts_pace_, requests.front().path),
+                     starts_pace_, [&](std::size_t first, std::size_t end, const time_limit& limit) {
                          held_directory held;
                          for (std::size_t i = first; i < end; ++i) {
                              if (i > first && limit.passed()) return i;
@@ -116,8 +118,8 @@ std::vector<outcome_with<directory_reader>> linux_file_system::open_directories(
     opened.reserve(paths.size());
     while (opened.size() < paths.size()) opened.emplace_back(outcome());
     const std::size_t count =
-        pool_.run(paths.size(), 1, most_threads(paths.size(), 1, paths.front()), directories_pace_,
-                  [&](std::size_t first, std::size_t, const time_limit&) {
+        pool_.run(paths.size(), 1, most_threads(paths.size(), 1, directories_pace_, paths.front()),
+                  directories_pace_, [&](std::size_t first, std::size_t, const time_limit&) {
                       opened[first] = directories_.open(paths[first], true);
                       return first + 1;
                   });
