@@ -98,7 +98,7 @@ read_ahead::start file_group::start_of(std::int32_t j, bool reads_signatures,
                 plan_comparisons((next.empty() ? j : next.back()) + 1, end_, true);
             if (!members_listed_) plan_later_groups();
         }
-        ahead_.read(disk_, planned_);
+        ahead_.read(disk_, planned_, events_.keep_going);
     }
     return ahead_.take(path);
 }
@@ -113,7 +113,7 @@ read_ahead::start file_group::own_start_of(std::int32_t j, std::span<const std::
         planned_bytes_ = 0;
         plan(j);
         if (may_read_ahead()) plan_unheld(next);
-        own_ahead_.read(disk_, planned_);
+        own_ahead_.read(disk_, planned_, events_.keep_going);
     }
     return own_ahead_.take(path);
 }

@@ -12,7 +12,8 @@ const read_ahead::held_start* read_ahead::find(std::string_view path) {
     return nullptr;
 }
 
-void read_ahead::read(file_system& disk, std::span<const wanted_start> wanted) {
+void read_ahead::read(file_system& disk, std::span<const wanted_start> wanted,
+                      const std::function<bool()>& keep_going) {
     const auto asked = [](const wanted_start& each) { return each.length + (each.whole ? 1 : 0); };
     std::size_t count = 0, size = 0;
     while (count < std::min(wanted.size(), most_files) &&
@@ -24,7 +25,8 @@ void read_ahead::read(file_system& disk, std::span<const wanted_start> wanted) {
         requests_.push_back({each.path, std::span(free, asked(each)), each.length});
         free += asked(each);
     }
-    const std::size_t answered = disk.read_starts(requests_);
+    std::size_t answered = disk.read_starts(requests_);
+    while (answered == 0 && keep_going()) answered = disk.read_starts(requests_);
     held_.clear();
     next_ = 0;
     for (std::size_t i = 0; i < answered; ++i) {

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -31,8 +32,10 @@ class read_ahead {
     // Files are known by where the text of their path stands: their numbers change when a group is ordered.
     bool holds(std::string_view path) { return find(path) != nullptr; }
     // Reads as many of them as fit and time allows, at least the first. What was held is dropped. Quickest
-    // when they are taken in the same order.
-    void read(file_system& disk, std::span<const wanted_start> wanted);
+    // when they are taken in the same order. While the disk has answered none, `keep_going` lets events run;
+    // when that answers false, none is held.
+    void read(file_system& disk, std::span<const wanted_start> wanted,
+              const std::function<bool()>& keep_going);
     // Of a file that is held; else unreadable. Valid until the next reading.
     start take(std::string_view path);
     // What has been read no longer counts.

@@ -182,8 +182,8 @@ class file_system {
 
     // Many questions at once. Each is answered as if it had been asked alone, in their order; a disk may use
     // several threads of its own, none of which is at work any more when the call returns. Once 50 ms have
-    // passed no further one is begun. Returns how many were answered, from the first on and at least that
-    // one: the rest is to be asked again. There is at least one question.
+    // passed no further one is begun. Returns how many were answered, from the first on and, where nothing
+    // else is said, at least that one: the rest is to be asked again. There is at least one question.
     virtual std::size_t many_facts(std::span<const std::string_view> paths, std::span<file_facts> answers) {
         for (std::size_t i = 0; i < paths.size(); ++i) answers[i] = facts(paths[i]);
         return paths.size();
@@ -194,6 +194,7 @@ class file_system {
             answers[i] = attributes(std::string(paths[i])).exists ? 1 : 0;
         return paths.size();
     }
+    // May answer none yet, where the disk reads them in an order of its own; it is then asked again.
     virtual std::size_t read_starts(std::span<start_request> requests) {
         for (start_request& each : requests) each.count = read_start(each.path, each.buffer, each.expected);
         return requests.size();

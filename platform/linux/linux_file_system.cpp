@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdlib>
 
 #include "platform/linux/device_number.h"
@@ -43,6 +44,14 @@ std::string user_trash() {
     return to_text(base + "/Trash");
 }
 
+double steady_seconds() {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+void read_request(start_request& request) {
+    request.count = read_linux_start({AT_FDCWD, request.path}, request.buffer, request.expected);
+}
+
 // Questions in a row to one thread: enough that taking them is nothing beside answering them, and that a
 // directory is worth holding.
 constexpr std::size_t facts_in_a_row = 64;
@@ -66,7 +75,8 @@ linux_file_system::linux_file_system()
       facts_pace_(request_pool::processors(), 150e-6),
       exist_pace_(request_pool::processors(), 150e-6),
       starts_pace_(request_pool::processors(), 40e-6),
-      directories_pace_(request_pool::processors(), 1e-3) {}
+      directories_pace_(request_pool::processors(), 1e-3),
+      sweep_(place_on_disk, read_request, steady_seconds) {}
 
 file_facts linux_file_system::facts(std::string_view path) {
     return linux_facts({AT_FDCWD, path}, path, stacked_devices_);
@@ -97,6 +107,7 @@ std::size_t linux_file_system::many_exist(std::span<const std::string_view> path
 }
 
 std::size_t linux_file_system::read_starts(std::span<start_request> requests) {
+    if (sweep_.is_wanted(starts_pace_)) return sweep_.read(requests);
     const auto path_at = [requests](std::size_t i) { return requests[i].path; };
     return pool_.run(requests.size(), starts_in_a_row,
                      most_threads(requests.size(), starts_in_a_row, starts_pace_, requests.front().path),

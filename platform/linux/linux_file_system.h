@@ -5,6 +5,7 @@
 
 #include "platform/file_system.h"
 #include "platform/linux/descriptor.h"
+#include "platform/linux/disk_sweep.h"
 #include "platform/linux/linux_attributes.h"
 #include "platform/linux/linux_directories.h"
 #include "platform/linux/linux_volumes.h"
@@ -60,6 +61,7 @@ class linux_file_system : public file_system {
     descriptor claim_;  // the claimed directory
     request_pool pool_;
     request_pace facts_pace_, exist_pace_, starts_pace_, directories_pace_;
+    disk_sweep sweep_;  // in place of the threads of starts_pace_
 };
 
 }  // namespace corvane

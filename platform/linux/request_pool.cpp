@@ -34,10 +34,7 @@ void request_pace::note(unsigned threads, std::size_t answered, double seconds) 
     // Too few to tell anything.
     if (threads < threads_ || answered < std::size_t{2} * threads || !(seconds > 0)) return;
     if (seconds * threads < waiting_seconds_ * static_cast<double>(answered)) {
-        threads_ = warm_;
-        best_ = 0;
-        is_trying_ = false;
-        return;
+        return forget();
     }
     const double rate = static_cast<double>(answered) / seconds;
     const bool is_better = best_ == 0 || !is_trying_ || rate > best_rate_ * clear_gain;
@@ -48,6 +45,12 @@ void request_pace::note(unsigned threads, std::size_t answered, double seconds) 
     if (threads_ >= most_threads) return settle();
     threads_ = std::min(threads_ * 2, most_threads);
     is_trying_ = true;
+}
+
+void request_pace::forget() {
+    threads_ = warm_;
+    best_ = 0;
+    is_trying_ = false;
 }
 
 void request_pace::settle() {

@@ -37,6 +37,11 @@ class request_pace {
     unsigned threads(unsigned most) const { return threads_ < most ? threads_ : most; }
     // The disk makes threads wait: it is asked by more of them than there are processors.
     bool is_waiting() const { return threads_ > warm_; }
+    // Answers a second with as many threads as were found best for a disk that makes them wait; 0 while that
+    // is not known.
+    double settled_rate() const { return best_ != 0 && !is_trying_ ? best_rate_ : 0; }
+    // Begins anew.
+    void forget();
     // `threads` have answered `answered` questions in `seconds`.
     void note(unsigned threads, std::size_t answered, double seconds);
 

@@ -286,5 +286,46 @@ TEST(Group, AGroupOfKnownAndReadSignaturesLeavesWhatIsHeldForTheNextOnes) {
     for (const std::string& path : paths) EXPECT_EQ(c.disk.opened[path], 1) << path;
 }
 
+// A disk that reads in an order of its own and has nothing to hand over at first.
+struct late_disk : memory_file_system {
+    std::size_t read_starts(std::span<start_request> requests) override {
+        return ++asked % 3 == 0 ? memory_file_system::read_starts(requests) : 0;
+    }
+    int asked = 0;
+};
+
+TEST(Group, WaitsForADiskThatAnswersLaterAndHearsEventsMeanwhile) {
+    for (const bool closes : {false, true}) {
+        late_disk disk;
+        file_columns files;
+        result_state result;
+        for (const char* path : {"/a", "/b", "/c"}) {
+            disk.add_file(path, "12345");
+            files.file_list.push_back(path);
+        }
+        files.file_count = 3;
+        size_columns(files, result);
+        bool members = false;
+        refresh_attributes(disk, files, result, members, [](std::int32_t) { return true; });
+        bool goes_on = true;
+        int turns = 0;
+        const auto nothing = [](std::string_view) {};
+        file_group group(disk, files,
+                         {[&] {
+                              ++turns;
+                              if (closes && disk.asked > 0) goes_on = false;
+                              return goes_on;
+                          },
+                          nothing, nothing});
+        EXPECT_EQ(group.open(1), !closes);
+        EXPECT_GE(turns, 3);
+        if (closes) {
+            EXPECT_EQ(disk.total_opened(), 0);
+        } else {
+            EXPECT_EQ(group.same(1, 2), sameness::by_bytes);
+        }
+    }
+}
+
 }  // namespace
 }  // namespace corvane
