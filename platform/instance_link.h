@@ -34,7 +34,7 @@ class instance_link {
     // Asks the instance that serves this folder to bring its window to the front. True when it says that it
     // did; false after two seconds without an answer, too.
     virtual bool raise_other(const std::string& program_dir) = 0;
-    // Hands directories over to it. `none` after two seconds without an answer, too.
+    // Hands directories over to it. `waits` after two seconds without an answer, too: they have been sent.
     virtual reception hand_over(const std::string& program_dir,
                                 const std::vector<std::string>& directories) = 0;
 };

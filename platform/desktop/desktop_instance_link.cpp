@@ -64,17 +64,21 @@ std::vector<std::string> directories_of(GVariant* array) {
     return directories;
 }
 
-// The answer of the instance that serves the folder, to be released; null where none answers. Takes a
-// floating `arguments` over.
-GVariant* ask_other(const std::string& program_dir, const char* call, GVariant* arguments, const char* type) {
+// The answer of the instance that serves the folder, to be released; null where none answers, `is_late` when
+// it has been asked and does not answer in time. Takes a floating `arguments` over.
+GVariant* ask_other(const std::string& program_dir, const char* call, GVariant* arguments, const char* type,
+                    bool& is_late) {
     if (arguments != nullptr) g_variant_ref_sink(arguments);
     const std::string name = bus_name(program_dir);
     const object_pointer<GDBusConnection> bus = name.empty() ? nullptr : session_bus(nullptr);
     GVariant* answer = nullptr;
+    GError* failure = nullptr;
     if (bus)
         answer = g_dbus_connection_call_sync(bus.get(), name.c_str(), object_path, interface_name, call,
                                              arguments, G_VARIANT_TYPE(type), G_DBUS_CALL_FLAGS_NO_AUTO_START,
-                                             longest_wait, nullptr, nullptr);
+                                             longest_wait, nullptr, &failure);
+    is_late = g_error_matches(failure, G_IO_ERROR, G_IO_ERROR_TIMED_OUT) != FALSE;
+    g_clear_error(&failure);
     if (arguments != nullptr) g_variant_unref(arguments);
     return answer;
 }
@@ -139,7 +143,8 @@ void desktop_instance_link::serve(const std::string& program_dir, instance_servi
 }
 
 bool desktop_instance_link::raise_other(const std::string& program_dir) {
-    GVariant* const answer = ask_other(program_dir, raise_call, nullptr, "(b)");
+    bool is_late = false;
+    GVariant* const answer = ask_other(program_dir, raise_call, nullptr, "(b)", is_late);
     if (answer == nullptr) return false;
     gboolean raised = FALSE;
     g_variant_get(answer, "(b)", &raised);
@@ -154,9 +159,12 @@ reception desktop_instance_link::hand_over(const std::string& program_dir,
     for (const std::string& directory : directories)
         g_variant_builder_add_value(&paths, g_variant_new_bytestring(to_raw(directory).c_str()));
     const char* const token = g_getenv(activation_token);
-    GVariant* const answer = ask_other(program_dir, take_call,
-                                       g_variant_new("(aays)", &paths, token != nullptr ? token : ""), "(s)");
-    if (answer == nullptr) return reception::none;
+    bool is_late = false;
+    GVariant* const answer =
+        ask_other(program_dir, take_call, g_variant_new("(aays)", &paths, token != nullptr ? token : ""),
+                  "(s)", is_late);
+    // What has been sent is heard when the other one comes round to it.
+    if (answer == nullptr) return is_late ? reception::waits : reception::none;
     const char* name = "";
     g_variant_get(answer, "(&s)", &name);
     const reception what = reception_of(name);

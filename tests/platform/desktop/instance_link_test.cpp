@@ -99,6 +99,22 @@ TEST_F(InstanceLink, WhatTheOtherDoesWithThemIsTold) {
     EXPECT_EQ(handed_over_by_another({"/a"}), reception::none) << "nobody";
 }
 
+TEST_F(InstanceLink, DirectoriesForOneThatIsBusyTooLongAreTakenWhenItComesRound) {
+    std::vector<std::string> taken;
+    link_.serve(root_ + "/one/", {[] { return true; },
+                                  [&taken](const std::vector<std::string>& directories) {
+                                      taken = directories;
+                                      return reception::taken;
+                                  }});
+    asked_by_another(root_ + "/one/");  // the name stands on the bus when this has been answered
+    // From this thread: nobody runs its events meanwhile.
+    desktop_instance_link other;
+    EXPECT_EQ(other.hand_over(root_ + "/one/", {"/d"}), reception::waits);
+    EXPECT_TRUE(taken.empty());
+    while (taken.empty()) g_main_context_iteration(nullptr, TRUE);
+    EXPECT_EQ(taken, std::vector<std::string>{"/d"});
+}
+
 TEST_F(InstanceLink, TheRightToTheFocusComesWithTheDirectories) {
     std::string token;
     link_.serve(root_ + "/one/", {[] { return false; },
