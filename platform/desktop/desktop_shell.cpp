@@ -29,10 +29,11 @@ bool is_lacking(const GError* error) {
             g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_SPAWN_SERVICE_NOT_FOUND));
 }
 
+// Of what the desktop does not have our words say all; those of the bus would only name its services.
 outcome failed_or_lacking(const char* what, GError* error, bool lacking) {
-    outcome result = desktop_failure(what, error);
-    result.lacking = lacking;
-    return result;
+    if (!lacking) return desktop_failure(what, error);
+    g_clear_error(&error);
+    return outcome::lack(what);
 }
 
 object_pointer<GFile> file_at(const std::string& path) {

@@ -121,7 +121,7 @@ TEST_F(DesktopShell, WithoutAFileManagerTheDesktopLacksProperties) {
     const outcome result = desktop.show_properties(make_file("a"));
     EXPECT_FALSE(result.ok);
     EXPECT_TRUE(result.lacking);
-    EXPECT_TRUE(result.reason.starts_with("没有文件管理器可以显示属性。"));
+    EXPECT_EQ(result.reason, "没有文件管理器可以显示属性。") << "without the words of the bus";
 }
 
 TEST_F(DesktopShell, WithoutAFileManagerAndAssociationTheDesktopLacksAView) {
@@ -134,7 +134,7 @@ TEST_F(DesktopShell, WithoutAnAssociationTheDesktopLacksAProgram) {
     const outcome result = desktop.open_document(make_file("a.unknown"));
     EXPECT_FALSE(result.ok);
     EXPECT_TRUE(result.lacking);
-    EXPECT_TRUE(result.reason.starts_with("没有可以打开它的程序。"));
+    EXPECT_EQ(result.reason, "没有可以打开它的程序。");
 }
 
 TEST_F(DesktopShell, AnAddressOnTheWebIsNoFile) {
