@@ -8,6 +8,7 @@
 #include "browser/list_views.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
+#include "core/text/text_width.h"
 
 namespace corvane {
 
@@ -26,8 +27,9 @@ std::string panel_date(Tavrel& form, const file_facts& facts) {
 
 std::string panel_line(Tavrel& form, const std::string& path, const std::string& row_length,
                        std::size_t width) {
+    // By what the eye sees: the dates stand below each other.
     std::string line = path;
-    line.resize(std::max(width, path.size()), ' ');
+    line.append(width - std::min(width, text_width(path)), ' ');
     if (!shown_view(form).panel_shows_dates) return line;
     std::string date, length;
     const file_facts facts = form.outside.files.facts(path);
@@ -49,11 +51,11 @@ void show_row_panel(Tavrel& form, std::int32_t row) {
     if (first + 1 >= list.column_count()) return;
     const std::string path1 = list.cell(row, first);
     const std::string path2 = list.cell(row, first + 1);
-    const std::size_t width = std::max(path1.size(), path2.size()) + 4;
+    const std::size_t width = std::max(text_width(path1), text_width(path2)) + 4;
     form.samefile_disp1.text = panel_line(form, path1, list.cell(row, length_cell), width);
     form.samefile_disp2.text = panel_line(form, path2, list.cell(row, length_cell), width);
-    const auto longest =
-        static_cast<int>(std::max(form.samefile_disp1.text.size(), form.samefile_disp2.text.size()));
+    const auto longest = static_cast<int>(
+        std::max(text_width(form.samefile_disp1.text), text_width(form.samefile_disp2.text)));
     rectangle& place = form.Frame4.place;
     place.width = longest * twips_per_unit;
     place.height = panel_height;

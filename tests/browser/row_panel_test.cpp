@@ -25,6 +25,21 @@ TEST(RowPanel, ShowsBothPathsWithDateAndLength) {
     EXPECT_EQ(p.form.samefile_disp2.text, "/d/long    1899-12-30 1:2:3\t5");
 }
 
+TEST(RowPanel, DatesStandBelowEachOtherWhateverTheLettersTakeInBytes) {
+    test_program p;
+    for (const char* path : {"/照片/海边", "/backup/x"}) p.files.add_file(path, "12345");
+    store(p, {{5, "/backup/x", "/照片/海边"}});
+    p.form.run("Picture4_Click");
+    show_row_panel(p.form, 1);
+    // Nine columns against ten.
+    EXPECT_EQ(p.form.samefile_disp1.text.substr(0, 14), "/backup/x     ");
+    const std::string& second = p.form.samefile_disp2.text;
+    const std::string path = "/照片/海边";
+    ASSERT_EQ(second.substr(0, path.size()), path);
+    EXPECT_EQ(second.substr(path.size(), 4), "    ");
+    EXPECT_EQ(p.form.samefile_disp1.text.substr(14), second.substr(path.size() + 4));
+}
+
 TEST(RowPanel, AMemberTakesItsLengthFromTheRowAndHasNoDate) {
     test_program p;
     p.files.add_file("/d/a", "12345");
