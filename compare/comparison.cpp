@@ -80,7 +80,8 @@ class comparison {
                 [&form](std::string_view path) {
                     if (form.state.show_run_filename) form.Label4.caption = path;
                 },
-                [&form] { return form.state.error_trail_on == -1; }};
+                [&form] { return form.state.error_trail_on == -1; },
+                [&form](std::int64_t bytes) { form.state.bytes_read += bytes; }};
     }
 
     // One that is to be paired with the centre.

@@ -25,12 +25,14 @@ class content_sorter {
   public:
     content_sorter(file_system& files, std::span<const content_candidate> candidates, std::int64_t length,
                    const std::function<bool()>& keep_going,
-                   const std::function<void(std::string_view)>& before_read, bool fetches)
+                   const std::function<void(std::string_view)>& before_read, bool fetches,
+                   const std::function<void(std::int64_t)>& has_read)
         : files_(files),
           candidates_(candidates),
           length_(length),
           keep_going_(keep_going),
           before_read_(before_read),
+          has_read_(has_read),
           fetches_(fetches && candidates.size() <= open_file_limit),
           readers_(candidates.size()),
           classes_(candidates.size(), unreadable_content) {}
@@ -171,6 +173,7 @@ class content_sorter {
         const bool last = at + static_cast<std::int64_t>(size) == length_;
         const std::span<std::byte> buffer = buffer_of(number, size + 1).first(size + (last ? 1 : 0));
         const std::int64_t count = readers_[i]->read_at(at, buffer);
+        if (has_read_ && count > 0) has_read_(count);
         if (candidates_.size() > open_file_limit) readers_[i].reset();
         return count == static_cast<std::int64_t>(size) ? buffer.data() : nullptr;
     }
@@ -192,6 +195,7 @@ class content_sorter {
     std::int64_t length_;
     const std::function<bool()>& keep_going_;
     const std::function<void(std::string_view)>& before_read_;
+    const std::function<void(std::int64_t)>& has_read_;
     const bool fetches_;
     std::size_t last_read_ = static_cast<std::size_t>(-1);
     std::vector<std::unique_ptr<file_reader>> readers_;
@@ -205,8 +209,8 @@ class content_sorter {
 std::vector<std::int32_t> classify_contents(file_system& files, std::span<const content_candidate> candidates,
                                             std::int64_t length, const std::function<bool()>& keep_going,
                                             const std::function<void(std::string_view)>& before_read,
-                                            bool fetches) {
-    return content_sorter(files, candidates, length, keep_going, before_read, fetches).run();
+                                            bool fetches, const std::function<void(std::int64_t)>& has_read) {
+    return content_sorter(files, candidates, length, keep_going, before_read, fetches, has_read).run();
 }
 
 }  // namespace corvane

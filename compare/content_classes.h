@@ -24,10 +24,12 @@ constexpr std::int32_t unreadable_content = -1;
 // One number a candidate: equal numbers are equal contents. unreadable_content for a file that cannot be read
 // or is no longer `length` bytes long; it equals nothing. `keep_going` is asked between blocks; when it
 // answers false the rest counts as unreadable. `before_read`, unless empty, is told the path of a file before
-// it is opened or read on after another one. `length` is above 0.
+// it is opened or read on after another one; `has_read`, how many bytes came from the disk. `length` is above
+// 0.
 std::vector<std::int32_t> classify_contents(file_system& files, std::span<const content_candidate> candidates,
                                             std::int64_t length, const std::function<bool()>& keep_going,
                                             const std::function<void(std::string_view)>& before_read = {},
-                                            bool fetches = true);
+                                            bool fetches = true,
+                                            const std::function<void(std::int64_t)>& has_read = {});
 
 }  // namespace corvane

@@ -195,6 +195,7 @@ void file_group::read_signature(std::int32_t j) {
     if (last_length_ > signature_block && archive_flag_) return whole_file_signature(j);
     const auto wanted = static_cast<std::size_t>(std::min(last_length_, signature_block));
     const read_ahead::start start = start_of(j, true, {});
+    count(start.count);
     // A file that has grown is not the one that was listed.
     if (start.count != static_cast<std::int64_t>(wanted)) return mark_bad(j);
     const std::span<const std::byte> bytes = start.bytes;
@@ -220,14 +221,15 @@ void file_group::whole_file_signature(std::int32_t j) {
     std::int32_t start = 0;
     std::int64_t at = 0;
     while (at <= last_length_) {
-        const std::int64_t count = reader->read_at(at, buffer);
-        if (count < 0) return mark_bad(j);
-        const std::span<const std::byte> bytes(buffer.data(), static_cast<std::size_t>(count));
+        const std::int64_t got = reader->read_at(at, buffer);
+        if (got < 0) return mark_bad(j);
+        count(got);
+        const std::span<const std::byte> bytes(buffer.data(), static_cast<std::size_t>(got));
         if (at == 0)
             start = static_cast<std::int32_t>(checksum(bytes.first(std::min(bytes.size(), start_size))));
         sum.add(bytes);
-        at += count;
-        if (count < stream_block) break;
+        at += got;
+        if (got < stream_block) break;
         events_.keep_going();
     }
     if (at != last_length_) return mark_bad(j);
@@ -300,6 +302,7 @@ void file_group::hold(std::span<const std::int32_t> members) {
         if (!contents_.at(j - first_).empty()) continue;
         if (!contents_.has_room(static_cast<std::size_t>(last_length_))) return;
         const read_ahead::start start = is_mixed_ ? own_start_of(j, members) : start_of(j, false, members);
+        count(start.count);
         if (start.count == last_length_ && !contents_.hold(j - first_, start.bytes)) return;
         if (!events_.keep_going()) return;
     }
@@ -318,8 +321,9 @@ bool file_group::equal_contents(std::int32_t i, std::int32_t j) {
         for (const std::int32_t k : members)
             candidates.push_back({files_.file_list[k], contents_.at(k - first_)});
         ++readings_;
-        const std::vector<std::int32_t> classes = classify_contents(
-            disk_, candidates, last_length_, events_.keep_going, events_.touches, may_read_ahead());
+        const std::vector<std::int32_t> classes =
+            classify_contents(disk_, candidates, last_length_, events_.keep_going, events_.touches,
+                              may_read_ahead(), [this](std::int64_t bytes) { count(bytes); });
         std::int32_t highest = 0;
         for (std::size_t m = 0; m < members.size(); ++m) {
             highest = std::max(highest, classes[m] + 1);

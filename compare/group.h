@@ -17,7 +17,7 @@
 
 namespace corvane {
 
-// What a group calls while it reads. All are set, but for the last one if need be.
+// What a group calls while it reads. All are set, but for the last two if need be.
 struct group_events {
     // Lets waiting events run; false when the program is closing.
     std::function<bool()> keep_going;
@@ -27,6 +27,8 @@ struct group_events {
     std::function<void(std::string_view path)> shows;
     // True while each file must be told before it is touched: then none is read ahead.
     std::function<bool()> one_at_a_time = {};
+    // So many bytes of contents have been read.
+    std::function<void(std::int64_t bytes)> has_read = {};
 };
 
 // Bytes of a file's start that a signature is the checksum of.
@@ -84,6 +86,9 @@ class file_group {
     void hold(std::span<const std::int32_t> members);
     void whole_file_signature(std::int32_t j);
     void mark_bad(std::int32_t j);
+    void count(std::int64_t bytes) const {
+        if (events_.has_read && bytes > 0) events_.has_read(bytes);
+    }
     void chain_suffixes(std::int32_t i);
     bool accepted_unread(std::int32_t i, std::int32_t j) const;
     bool equal_contents(std::int32_t i, std::int32_t j);

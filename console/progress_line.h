@@ -2,11 +2,11 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <cstdio>
 #include <string>
 
 #include "core/model/main_form.h"
+#include "core/tasks/run_work.h"
 
 namespace corvane {
 
@@ -22,24 +22,15 @@ class progress_line {
 
   private:
     using clock = std::chrono::steady_clock;
-    enum class phase { none, searching, checking, comparing };
-
-    phase current_phase() const;
-    // The work of a comparison: bytes of what may have to be read, and a share for each file.
-    std::int64_t work_of(std::int32_t i) const;
-    void begin(phase now, clock::time_point moment);
-    void advance();
     std::string words(double seconds) const;
 
     const Tavrel& form_;
     std::FILE* terminal_;
     bool shown_ = false;
-    phase phase_ = phase::none;
+    run_work work_;
+    int phase_ = 0;
     clock::time_point last_{};
-    clock::time_point begun_{};
-    std::int64_t total_ = 0;
-    std::int64_t done_ = 0;
-    std::int32_t place_ = 0;  // files that done_ counts
+    clock::time_point begun_{};  // of the phase
 };
 
 }  // namespace corvane

@@ -21,6 +21,7 @@ struct result_state {
     std::int32_t result_count = 0;
     // Files of the comparison that wrote the store; 0 when this run of the program has written none.
     std::int32_t compared_files = 0;
+    std::int64_t bytes_read = 0;  // of contents, by the comparison that runs or was the last
     // Of each pair of the store as the comparison wrote it, in its order: the CRC-32 of the content, or
     // no_checksum.
     static constexpr std::int64_t no_checksum = -1;
