@@ -47,6 +47,7 @@ void Command44_Click(Tavrel& form) {
 
     list_box& rows = form.List1;
     rows.clear();
+    rows.caption = "正在查找异常文件";
     rows.visible = true;
     rows.place.left = list_margin;
     rows.place.width = std::max(0, form.layout.inner_width - both_margins);
@@ -69,6 +70,7 @@ void Command44_Click(Tavrel& form) {
     }
     form.panel(7, "查异常文件结束");
     form.panel(3, std::to_string(abnormal) + "异常文件");
+    rows.caption = std::to_string(abnormal) + " 个异常文件: 清单里有,磁盘上读不到";
     state.file_list_loaded = 0;
 }
 

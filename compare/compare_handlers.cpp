@@ -14,6 +14,8 @@ handler_table compare_handlers() {
         {"Command44_Click", Command44_Click, starts_task},
         {"Command28_Click", Command28_Click},
         {"Command31_Click", Command31_Click},
+        {"result_summary_Close", [](Tavrel& form) { form.state.summary_words.clear(); }},
+        {"List1_Close", [](Tavrel& form) { form.List1.visible = false; }},
         {"Frame3_DblClick", [](Tavrel& form) { form.find("Frame3")->visible = false; }},
     };
 }

@@ -8,6 +8,7 @@
 #include "compare/history.h"
 #include "compare/preparation.h"
 #include "compare/result_store.h"
+#include "compare/result_summary.h"
 #include "core/model/main_form.h"
 #include "core/tasks/environment.h"
 #include "core/tasks/error_trail.h"
@@ -141,6 +142,9 @@ void set_up_comparison(Tavrel& form) {
     state.base_time = form.outside.screen.seconds();
     offer_cancel(form, "查相同文件");
     form.List1.clear();
+    state.bytes_read = 0;
+    state.cancelled_at = state.cancelled_of = 0;
+    state.summary_words.clear();
     if (state.show_run_filename) form.Label4.visible = true;
 }
 
@@ -185,6 +189,10 @@ void Picture3_Click(Tavrel& form) {
     set_up_comparison(form);
     const comparison_outcome outcome = compare_files(form);
     if (outcome.end == comparison_end::quit) return;
+    if (outcome.end == comparison_end::cancelled) {
+        state.cancelled_at = outcome.files_checked;
+        state.cancelled_of = state.file_count;
+    }
     // Nothing behind the comparison asks how the files stood; the proofs hold what was proven.
     state.file_place = {};
     state.file_changed = {};
@@ -198,6 +206,8 @@ void Picture3_Click(Tavrel& form) {
     if (state.quit_requested) return;
     show_elapsed(form);
     form.panel(5, "");
+    summarize_result(form);
+    if (state.quit_requested) return;
     if (state.shutdown_after_task == 1) {
         task.close();
         form.call(handlers::start_shutdown);

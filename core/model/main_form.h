@@ -39,7 +39,7 @@ class Tavrel : public form_model {
     status_bar& StatusBar1;
     list_view& ListView1;
     list_box& listleft;
-    list_box& List1;
+    list_box& List1;  // its caption says what the rows are
     text_pane& RichTextBox2;
     colour_bar& pic_gressbar1;
     control& Command28;

@@ -22,6 +22,13 @@ struct result_state {
     // Files of the comparison that wrote the store; 0 when this run of the program has written none.
     std::int32_t compared_files = 0;
     std::int64_t bytes_read = 0;  // of contents, by the comparison that runs or was the last
+    // A comparison that was cancelled: files that it has looked at, of how many. 0: the last one was not, or
+    // there was none in this run of the program.
+    std::int32_t cancelled_at = 0;
+    std::int32_t cancelled_of = 0;
+    // What the last comparison has found, in plain words, a line each; empty: nobody is to be told any more.
+    std::string summary_words;
+    std::int32_t stored_pairs = 0;  // in the store that the program found at its start
     // Of each pair of the store as the comparison wrote it, in its order: the CRC-32 of the content, or
     // no_checksum.
     static constexpr std::int64_t no_checksum = -1;
