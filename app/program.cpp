@@ -9,6 +9,7 @@
 #include "app/version.h"
 #include "browser/browser_handlers.h"
 #include "browser/mark_store.h"
+#include "browser/same_store.h"
 #include "cleanup/archive_tool.h"
 #include "cleanup/cleanup_handlers.h"
 #include "compare/compare_handlers.h"
@@ -137,6 +138,7 @@ bool program::start() {
     读仅搜索的文件类型(main_);
     read_protected_folders(main_);
     texts_.start();
+    state.stored_pairs = stored_pair_count(main_.outside.files, state.same_file_path);
     lay_out_halves(main_);
     static constexpr const char* panels[] = {"全部文件数", "全部文件大小", "相同文件数", "相同文件大小",
                                              "删除情况",   "运行时间",     "帮助"};

@@ -44,6 +44,7 @@ bool group_bands::renew(const Tavrel& form) {
 
 void group_bands::renew_copies(const Tavrel& form) {
     counts_.clear();
+    groups_ = 0;
     if (shown_.texts == 0 && shown_.order == 0) return;
     const run_state& state = form.state;
     const list_view& list = form.ListView1;
@@ -68,6 +69,7 @@ void group_bands::renew_copies(const Tavrel& form) {
             pairs += !is_blank(path) && !is_blank(second(end));
         for (std::int32_t i = start; i < end; ++i)
             if (i == start || first(i) != first(i - 1)) counts_[place_of(first(i))] = {first(i), pairs};
+        groups_ += pairs > 0;
         start = end;
     }
 }

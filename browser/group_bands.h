@@ -21,6 +21,8 @@ class group_bands {
         std::int32_t copies = 0;  // of the whole star, hidden rows included
         double freed = 0;         // bytes, when all but one go
     };
+    // Stars of the whole result, hidden rows included, of which a pair is left.
+    std::int32_t group_count() const { return groups_; }
     // Of the group of a row that is the first of its star where it stands; no copies for another one.
     group_size first_row(std::int32_t row) const;
 
@@ -45,6 +47,7 @@ class group_bands {
     // Where the entry stands, or the free place for it.
     std::size_t place_of(const char* entry) const;
     std::vector<path_count> counts_;
+    std::int32_t groups_ = 0;
     struct row_band {
         bool second;
         bool starts;

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "browser/list_hint.h"
 #include "browser/list_views.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
@@ -96,7 +97,9 @@ void ListView1_ColumnClick(Tavrel& form) {
             if (view.colours != sort_colours::stay) find_colours(list, view, sorted);
         });
         if (state.quit_requested) return;
+        const std::int32_t marked = list.marked_cells();
         take_over(list, view, sorted);
+        note_cleared_marks(form, "排序", marked);
     }
     state.last_sort_column = state.sort_descending ? std::string() : header;
 }

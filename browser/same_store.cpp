@@ -1,5 +1,7 @@
 #include "browser/same_store.h"
 
+#include <algorithm>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,9 +48,20 @@ std::vector<bool> pairs_without_row(Tavrel& form, const list_view_row& view) {
 
 }  // namespace
 
+std::int32_t stored_pair_count(file_system& files, const std::string& path) {
+    line_reader lines(files, path);
+    std::string_view line;
+    if (!lines.next(line) || !lines.next(line)) return 0;
+    return static_cast<std::int32_t>(
+        std::clamp<std::int64_t>(parse_number(line), 0, std::numeric_limits<std::int32_t>::max()));
+}
+
 bool rewrite_store(Tavrel& form) {
     if (!shown_view(form).holds_copies) return true;
     run_state& state = form.state;
+    // What was told of the result holds no longer.
+    state.summary_words.clear();
+    state.stored_pairs = state.same_count;
     const list_view& list = form.ListView1;
     const list_view_row& view = view_of(list_modes::same_files);
     bar_colours(form, 12632256, 4194368, 255);

@@ -42,6 +42,7 @@ void empty_result(Tavrel& form) {
 // The rows of the old view are gone, and those of a new one were not to be had.
 void reject_load(Tavrel& form) {
     empty_result(form);
+    form.state.stored_pairs = 0;
     form.ListView1.visible = false;
     form.inform("没有相同文件");
 }
@@ -111,6 +112,7 @@ void load_same_view(Tavrel& form) {
     form.pic_gressbar1.visible = false;
     task.close();
     state.same_fresh_flag = 0;
+    state.stored_pairs = state.same_count;
     if (!complete) form.inform("相同文件太多，只显示前 " + std::to_string(state.same_count) + " 条。");
 }
 

@@ -6,6 +6,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "browser/list_hint.h"
 #include "browser/list_views.h"
 #include "browser/same_view.h"
 #include "core/model/main_form.h"
@@ -98,8 +99,12 @@ void filter(Tavrel& form, const filter_words& words) {
     state.base_time = form.outside.screen.seconds();
     // The rows that are on their way are shown now and then only while tasks are locked.
     const task_scope task(form);
+    const std::int32_t marked = form.ListView1.marked_cells();
     fill_rows(form, words, listed_types(answer));
     if (state.quit_requested) return;
+    state.filter_words = std::string(words.panel_word) + " " + answer;
+    state.filter_fill = form.ListView1.fill_revision();
+    note_cleared_marks(form, "筛选", marked);
     form.panel(3, "相同文件:" + std::to_string(form.ListView1.row_count()));
     scale_size(state.total_bytes, state.size_unit);
     form.panel(4, "相同文件长度:" + group_digits(state.total_bytes) + state.size_unit);

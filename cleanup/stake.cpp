@@ -1,5 +1,6 @@
 #include "cleanup/stake.h"
 
+#include <algorithm>
 #include <bit>
 #include <functional>
 #include <string_view>
@@ -85,9 +86,19 @@ std::string stake_words(const deletion_stake& stake) {
     return words;
 }
 
-std::string mark_words(const Tavrel& form) {
-    const std::string words = stake_words(stake_of(form));
+std::string mark_words(const deletion_stake& stake) {
+    const std::string words = stake_words(stake);
     return words.empty() ? "没有标记的文件" : "已标记:" + words;
+}
+
+std::string mark_words(const Tavrel& form) {
+    return mark_words(stake_of(form));
+}
+
+std::string mark_line(const deletion_stake& stake, std::int32_t groups) {
+    if (stake.files == 0) return {};
+    return "标记 " + group_digits(stake.files) + " 个, " + short_size(stake.bytes) + ", " +
+           group_digits(std::max(groups, 1)) + " 组";
 }
 
 }  // namespace corvane

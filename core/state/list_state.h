@@ -19,6 +19,11 @@ struct list_state {
     flag sort_descending;
     std::int32_t find_row = 0;  // row of the last hit
 
+    std::string cleared_words;        // what an act has just taken away beside what it was asked for,
+    std::uint64_t cleared_cells = 0;  // as long as the list has this cell_revision
+    std::string filter_words;         // what the rows were chosen by,
+    std::uint64_t filter_fill = 0;    // as long as the list has this fill_revision
+
     std::int32_t archive_mark_count = 0;  // names of archive entries written for deletion; never set back
     std::int32_t archive_del_count = 0;   // of these, handled in this run
     std::string archive_del_path;         // the list of them
