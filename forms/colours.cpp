@@ -64,8 +64,9 @@ QColor cell_text_colour(std::uint32_t cell, const QPalette& palette) {
     }
 }
 
-QColor row_background(const QPalette& palette, bool selected, bool second) {
+QColor row_background(const QPalette& palette, bool selected, bool second, bool keys_here) {
     const QColor base = palette.color(QPalette::Base);
+    if (selected && !keys_here) return blend(base, palette.color(QPalette::Text), 0.14);
     // A tint in place of the full highlight: the mark colours must stay readable on it.
     if (selected) return blend(base, palette.color(QPalette::Highlight), is_dark(palette) ? 0.34 : 0.2);
     return second ? blend(base, palette.color(QPalette::Text), 0.03) : base;
@@ -84,6 +85,10 @@ QColor readable_on(const QColor& text, const QColor& background) {
         if (const QColor tried = blend(text, far, share); contrast(tried, background) >= readable_contrast)
             return tried;
     return far;
+}
+
+QColor muted_bar(const QColor& stated, const QPalette& palette) {
+    return blend(palette.color(QPalette::Window), stated, 0.2);
 }
 
 QColor from_blue_green_red(std::int32_t colour) {

@@ -24,14 +24,17 @@ QColor accent(const QPalette& palette);
 QColor cell_text_colour(std::uint32_t cell, const QPalette& palette);
 
 // What stands behind the cells of a row: the base, a shade of it in every second row, a tint of the highlight
-// in a selected one.
-QColor row_background(const QPalette& palette, bool selected, bool second);
+// in a selected one, which is gray while the keys go elsewhere.
+QColor row_background(const QPalette& palette, bool selected, bool second, bool keys_here = true);
 
 // Of the Web Content Accessibility Guidelines: 1 to 21; texts need 4.5.
 double contrast(const QColor& a, const QColor& b);
 constexpr double readable_contrast = 4.5;
 // The colour itself where it reads easily on the background, else the nearest of its kind that does.
 QColor readable_on(const QColor& text, const QColor& background);
+
+// What is not done yet of a bar: its stated colour may be a bright one, which would be taken for an alarm.
+QColor muted_bar(const QColor& stated, const QPalette& palette);
 
 // From 0xBBGGRR.
 QColor from_blue_green_red(std::int32_t colour);

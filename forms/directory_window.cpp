@@ -71,6 +71,7 @@ QWidget* directory_window::make_pick_side() {
     tree_ = new pick_tree(side);
     name_after(tree_, form_.Dir_select);
     tree_->setModel(directories_);
+    tree_->setItemDelegate(new list_box_painter(tree_));
     tree_->setHeaderHidden(true);
     tree_->setUniformRowHeights(true);
     tree_->setExpandsOnDoubleClick(false);

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "forms/colours.h"
+#include "forms/focus_look.h"
 #include "forms/mirror.h"
 #include "forms/own_words.h"
 #include "forms/screen_text.h"
@@ -73,6 +74,7 @@ class list_box_rows : public QAbstractListModel {
 
 void list_box_painter::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
+    if (option->widget == nullptr || !option->widget->hasFocus()) mute_highlight(option->palette);
     if (!is_dark(option->palette)) return;
     // The style draws the frame as a darker shade of the window, which is no frame on a dark row.
     const QColor base = option->palette.color(QPalette::Base);
@@ -99,6 +101,12 @@ void list_box_view::sync() {
         if (box_.rows()[row].selected)
             selectionModel()->select(rows_->index(static_cast<int>(row)), QItemSelectionModel::Select);
     taking_over_ = false;
+}
+
+bool list_box_view::event(QEvent* event) {
+    const bool done = QListView::event(event);
+    follow_focus(*this, *event);
+    return done;
 }
 
 void list_box_view::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {

@@ -11,7 +11,8 @@ namespace corvane {
 
 class list_box_rows;
 
-// Draws rows; a check mark keeps its frame apart from the row also where the palette is dark.
+// Draws rows, muted ones where the keys go elsewhere; a check mark keeps its frame apart from the row also
+// where the palette is dark.
 class list_box_painter : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -28,6 +29,7 @@ class list_box_view : public QListView {
     void sync();
 
   protected:
+    bool event(QEvent* event) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
     list_box& box_;

@@ -1,5 +1,5 @@
-// Paints the cells of ListView1: the text in its mark colour, marked-for-deletion cells struck through, paths
-// cut in the middle. Used by list_table.
+// Paints the cells of ListView1: the text in its mark colour with a sign beside the colour, what both paths
+// of a row begin with weaker than the rest and first to be shortened. Used by list_table.
 #pragma once
 
 #include <QStyledItemDelegate>
@@ -10,8 +10,9 @@ class list_model;
 
 class list_cell_painter : public QStyledItemDelegate {
   public:
-    list_cell_painter(const list_model& cells, QObject* parent)
-        : QStyledItemDelegate(parent), cells_(cells) {}
+    // `separator` parts the directories of a path.
+    list_cell_painter(const list_model& cells, QChar separator, QObject* parent)
+        : QStyledItemDelegate(parent), cells_(cells), separator_(separator) {}
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -19,7 +20,11 @@ class list_cell_painter : public QStyledItemDelegate {
                    const QModelIndex& index) override;
 
   private:
+    void draw_path(QPainter& painter, const QRect& place, const QString& path, const QModelIndex& index,
+                   const QColor& background) const;
+
     const list_model& cells_;
+    const QChar separator_;
 };
 
 }  // namespace corvane

@@ -48,6 +48,11 @@ QString list_model::text(int row, int column) const {
     return screen_line(list_.text_cell(row + 1, column));
 }
 
+QString list_model::text_beside(int row, int column) const {
+    if (second_path == 0 || (column != first_path && column != second_path)) return {};
+    return text(row, first_path + second_path - column);
+}
+
 std::uint32_t list_model::colour(int row, int column) const {
     return has_cell(row, column) ? list_.colour(row + 1, column) : cell_colour::colour_text;
 }

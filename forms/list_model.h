@@ -45,6 +45,10 @@ class list_model : public QAbstractTableModel {
     bool looks_marked(int row, int column) const;
     // What the first row of a star says of its group, in the column of its first path; empty elsewhere.
     QString group_words(int row, int column) const;
+    // What stands in the other column of paths; empty where a view has none.
+    QString text_beside(int row, int column) const;
+    int first_path = 0;  // the two columns of the view that stands; 0: it has no two
+    int second_path = 0;
     // The cell shows a path in a protected folder.
     bool is_protected(int row, int column) const;
     const char* meaning(int row, int column) const;

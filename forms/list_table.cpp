@@ -9,8 +9,10 @@
 #include <cmath>
 #include <utility>
 
+#include "browser/list_hint.h"
 #include "browser/list_views.h"
 #include "forms/colours.h"
+#include "forms/focus_look.h"
 #include "forms/list_cell_painter.h"
 #include "forms/list_model.h"
 #include "forms/own_words.h"
@@ -36,10 +38,10 @@ list_table::list_table(Tavrel& form, std::function<void(const std::string&)> act
       list_(form.ListView1),
       act_(std::move(act)),
       cells_(new list_model(form.ListView1, this)) {
+    const QChar separator = QLatin1Char(form.outside.files.separator());
     cells_->covers = [this](std::string_view path) { return protected_ && protected_->covers(path); };
     setModel(cells_);
-    setItemDelegate(new list_cell_painter(*cells_, this));
-    setFrameShape(QFrame::NoFrame);
+    setItemDelegate(new list_cell_painter(*cells_, separator, this));
     setShowGrid(false);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
@@ -75,6 +77,8 @@ double list_table::twips_per_pixel() const {
 
 void list_table::sync(bool tasks_locked) {
     taking_over_ = true;
+    cells_->first_path = shown_view(form_).first_path;
+    cells_->second_path = shown_view(form_).second_path;
     if (list_.layout_revision() != shown_layout_) {
         const bool resets = !cells_->same_columns() || list_.row_count() < cells_->shown_rows();
         const bool waits =
@@ -104,6 +108,11 @@ void list_table::sync(bool tasks_locked) {
         viewport()->update();
     }
     if (cells_->take_marks(tasks_locked)) viewport()->update();
+    if (top_fill_ != list_.fill_revision()) {
+        // Other rows: where the old ones were scrolled to is no place in these.
+        top_fill_ = list_.fill_revision();
+        verticalScrollBar()->setValue(0);
+    }
     take_selection();
     reveal_row();
     taking_over_ = false;
@@ -302,13 +311,21 @@ void list_table::changeEvent(QEvent* event) {
     }
 }
 
+bool list_table::event(QEvent* event) {
+    const bool done = QTableView::event(event);
+    follow_focus(*this, *event);
+    return done;
+}
+
 void list_table::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
     // Rows that are on their way are not said to be missing.
     if (cells_->shown_rows() > 0 || form_.task_runs()) return;
+    const std::string why = empty_list_words(form_);
     QPainter painter(viewport());
     painter.setPen(quiet_text(palette()));
-    painter.drawText(viewport()->rect(), Qt::AlignCenter, own_line("没有可显示的行"));
+    painter.drawText(viewport()->rect().adjusted(16, 16, -16, -16), Qt::AlignCenter | Qt::TextWordWrap,
+                     own_line(why.empty() ? "没有可显示的行" : why));
 }
 
 }  // namespace corvane

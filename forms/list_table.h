@@ -34,6 +34,7 @@ class list_table : public QTableView {
     list_model& cells() { return *cells_; }
 
   protected:
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -69,6 +70,7 @@ class list_table : public QTableView {
     std::uint64_t shown_layout_ = ~std::uint64_t{0};
     std::uint64_t shown_cells_ = 0;
     std::uint64_t known_fill_ = 0;  // of the load that was taken last
+    std::uint64_t top_fill_ = 0;    // of the rows that were shown from their first one on
     bool taking_over_ = false;
 };
 

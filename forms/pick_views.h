@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "forms/focus_look.h"
 #include "forms/list_box_view.h"
 #include "search/directory_pick.h"
 
@@ -33,6 +34,11 @@ class pick_view : public Base {
     }
 
   protected:
+    bool event(QEvent* event) override {
+        const bool done = Base::event(event);
+        follow_focus(*this, *event);
+        return done;
+    }
     void mousePressEvent(QMouseEvent* event) override {
         const QPoint place = event->position().toPoint();
         const QModelIndex row = this->indexAt(place);

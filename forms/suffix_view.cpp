@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 
 #include "forms/colours.h"
+#include "forms/focus_look.h"
+#include "forms/list_box_view.h"
 #include "forms/list_model.h"
 #include "forms/mirror.h"
 
@@ -40,6 +42,7 @@ suffix_view::suffix_view(list_view& list, std::function<void()> picked, std::fun
     : QTableView(parent), list_(list), picked_(std::move(picked)), rows_(new coloured_rows(list, *this)) {
     name_after(this, list);
     setModel(rows_);
+    setItemDelegate(new list_box_painter(this));
     setShowGrid(false);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
@@ -76,6 +79,12 @@ void suffix_view::sync() {
     if (list_.cell_revision() == shown_cells_) return;
     shown_cells_ = list_.cell_revision();
     viewport()->update();
+}
+
+bool suffix_view::event(QEvent* event) {
+    const bool done = QTableView::event(event);
+    follow_focus(*this, *event);
+    return done;
 }
 
 void suffix_view::keyPressEvent(QKeyEvent* event) {

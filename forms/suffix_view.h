@@ -21,6 +21,7 @@ class suffix_view : public QTableView {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    bool event(QEvent* event) override;
 
   private:
     void take_row(const QModelIndex& row);

@@ -11,6 +11,7 @@
 #include <QTimerEvent>
 
 #include "forms/colours.h"
+#include "forms/focus_look.h"
 #include "forms/fonts.h"
 #include "forms/own_words.h"
 #include "forms/screen_text.h"
@@ -23,7 +24,6 @@ constexpr std::int64_t most_copied = 200'000;  // lines; a clipboard is no place
 }  // namespace
 
 text_view::text_view(file_system& files, QWidget* parent) : QAbstractScrollArea(parent), lines_(files) {
-    setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setFont(even_font());
     viewport()->setCursor(Qt::IBeamCursor);
@@ -97,6 +97,12 @@ void text_view::paintEvent(QPaintEvent*) {
         widest_ = widest;
         update_scroll_bars();
     }
+}
+
+bool text_view::event(QEvent* event) {
+    const bool done = QAbstractScrollArea::event(event);
+    follow_focus(*this, *event);
+    return done;
 }
 
 void text_view::resizeEvent(QResizeEvent*) {

@@ -21,6 +21,7 @@ class text_view : public QAbstractScrollArea {
     QString selected_text() const;
 
   protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void timerEvent(QTimerEvent* event) override;

@@ -2,6 +2,7 @@
 // palette.
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QImage>
 #include <QStyle>
 #include <QStyleOptionViewItem>
@@ -10,6 +11,9 @@
 #include "core/model/list_view.h"
 #include "forms/colours.h"
 #include "forms/list_box_view.h"
+#include "forms/list_model.h"
+#include "forms/list_table.h"
+#include "forms/main_window.h"
 #include "tests/forms/forms_program.h"
 
 namespace corvane {
@@ -49,6 +53,71 @@ TEST_P(readable, words_of_every_colour_in_every_row_of_the_list) {
                 const QColor words = readable_on(cell_text_colour(cell, palette_), background);
                 EXPECT_GE(measured(words, background), 4.5) << cell << selected << second;
             }
+}
+
+// Also in a selected row that the keys do not go to, and of what both paths begin with.
+TEST_P(readable, a_path_and_its_weaker_root_in_a_selected_row) {
+    using namespace cell_colour;
+    QApplication::setPalette(palette_);
+    {
+        forms_program shown;
+        shown.show_pairs(8);
+        list_view& rows = shown.form.ListView1;
+        const std::uint32_t cells[] = {colour_text, colour_archive, colour_gray,
+                                       mark_red,    mark_blue,      colour_found};
+        for (std::int32_t row = 1; row <= 6; ++row) rows.set_colour(row, 3, cells[row - 1]);
+        list_table& table = shown.windows.main().list();
+        for (std::int32_t selected = 1; selected <= 6; ++selected)
+            for (const bool keys : {true, false}) {
+                rows.selected_row = selected;
+                shown.windows.sync();
+                (keys ? static_cast<QWidget*>(&table) : shown.widget("Picture1"))
+                    ->setFocus(Qt::OtherFocusReason);
+                const QColor ground = row_background(
+                    palette_, true, shown.windows.main().list().cells().bands.is_second(selected),
+                    table.hasFocus());
+                const QColor ink = readable_on(cell_text_colour(cells[selected - 1], palette_), ground);
+                EXPECT_GE(measured(readable_on(blend(ground, ink, 0.62), ground), ground), 4.5)
+                    << selected << keys;
+                EXPECT_GE(measured(ink, ground), 4.5) << selected << keys;
+            }
+    }
+    QApplication::setPalette(light_palette());
+}
+
+// Blue and found have a sign beside their colour, as red has: the pixels differ also without it.
+TEST_P(readable, red_blue_and_found_are_told_apart_without_colours) {
+    using namespace cell_colour;
+    QApplication::setPalette(palette_);
+    {
+        forms_program shown;
+        shown.show_pairs(4);
+        list_table& table = shown.windows.main().list();
+        const auto painted = [&](std::uint32_t colour) {
+            shown.form.ListView1.set_colour(3, 3, colour);
+            shown.windows.sync();
+            const QRect cell = table.visualRect(table.model()->index(2, 3));
+            QImage image = table.viewport()->grab(cell).toImage().convertToFormat(QImage::Format_Grayscale8);
+            const int ground = qGray(image.pixel(image.width() - 1, 1));
+            std::vector<bool> ink;
+            for (int y = 0; y < image.height(); ++y)
+                for (int x = 0; x < image.width() / 2; ++x)
+                    ink.push_back(std::abs(qGray(image.pixel(x, y)) - ground) > 60);
+            return ink;
+        };
+        const auto apart = [](const std::vector<bool>& a, const std::vector<bool>& b) {
+            int count = 0;
+            for (std::size_t i = 0; i < a.size(); ++i) count += a[i] != b[i];
+            return count;
+        };
+        const auto plain = painted(colour_text), red = painted(mark_red), blue = painted(mark_blue),
+                   found = painted(colour_found);
+        for (const auto* mark : {&red, &blue, &found}) EXPECT_GT(apart(plain, *mark), 60);
+        EXPECT_GT(apart(red, blue), 60);
+        EXPECT_GT(apart(red, found), 60);
+        EXPECT_GT(apart(blue, found), 60);
+    }
+    QApplication::setPalette(light_palette());
 }
 
 TEST_P(readable, the_colours_of_the_list_stay_apart) {
