@@ -30,7 +30,7 @@ front_end::front_end(program& corvane, qt_user_interface& screen) : program_(cor
     warning_ =
         std::make_unique<warning_window>(program_.main_form(), program_.warning_window(), run, main_.get());
     about_ = std::make_unique<about_window>(program_.main_form(), program_.texts().about(), run, main_.get());
-    help_keys_ = std::make_unique<help_keys>(program_);
+    help_keys_ = std::make_unique<help_keys>(program_, run);
     windows_ = {directory_.get(), options_.get(), tree_.get(), sleep_.get(), warning_.get(), about_.get()};
     screen_.set_sync([this] { sync(); });
     screen_.set_help([this](int topic) { open_topic(program_.main_form(), topic); });

@@ -11,7 +11,8 @@
 
 namespace corvane {
 
-help_keys::help_keys(program& corvane) : program_(corvane) {
+help_keys::help_keys(program& corvane, std::function<void(const std::string&)> act)
+    : program_(corvane), act_(std::move(act)) {
     qApp->installEventFilter(this);
 }
 
@@ -28,12 +29,25 @@ int help_keys::context_of(const QWidget* widget) const {
     return form->help_context != 0 ? form->help_context : program_.main_form().help_context;
 }
 
+// An open menu and a box keep the key.
+bool help_keys::ends_help_mode(const QWidget& widget, int key) const {
+    return key == Qt::Key_Escape && program_.main_form().mouse_pointer == help_pointer &&
+           !program_.is_closing() && QApplication::activePopupWidget() == nullptr &&
+           program_.find_form(widget.window()->objectName().toStdString()) != nullptr;
+}
+
 bool help_keys::eventFilter(QObject* watched, QEvent* event) {
     // The first claims the key before a menu entry takes it, the second is the key itself.
     if (event->type() != QEvent::ShortcutOverride && event->type() != QEvent::KeyPress) return false;
     const auto* key = static_cast<QKeyEvent*>(event);
     const auto* widget = qobject_cast<QWidget*>(watched);
-    if (!widget || key->key() != Qt::Key_F1 || key->modifiers() != Qt::NoModifier) return false;
+    if (!widget || key->modifiers() != Qt::NoModifier) return false;
+    if (ends_help_mode(*widget, key->key())) {
+        event->accept();
+        if (event->type() == QEvent::KeyPress) act_("help_spirit");
+        return true;
+    }
+    if (key->key() != Qt::Key_F1) return false;
     const int context = program_.is_closing() ? 0 : context_of(widget);
     if (context == 0) return false;
     event->accept();
