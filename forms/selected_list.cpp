@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QStyleOptionViewItem>
 #include <QUrl>
+#include <algorithm>
 
 #include "forms/colours.h"
 #include "forms/own_words.h"
@@ -41,10 +42,15 @@ QRect selected_list::check_place(const QModelIndex& row) const {
 }
 
 void selected_list::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Delete)
-        act_("目录选择.move_selected_dir");
-    else
-        list_box_view::keyPressEvent(event);
+    if (event->key() != Qt::Key_Delete) return list_box_view::keyPressEvent(event);
+    const int current = currentIndex().row();
+    // Without a selection the row that the keys are on is meant.
+    if (!selectionModel()->hasSelection() && current >= 0)
+        form_.list_selected_dir.select_only(static_cast<std::size_t>(current));
+    act_("目录选择.move_selected_dir");
+    if (const int rows = model()->rowCount(); current >= 0 && rows > 0)
+        selectionModel()->setCurrentIndex(model()->index(std::min(current, rows - 1), 0),
+                                          QItemSelectionModel::NoUpdate);
 }
 
 void selected_list::contextMenuEvent(QContextMenuEvent* event) {
