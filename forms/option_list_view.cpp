@@ -61,7 +61,11 @@ void option_list_view::take_look() {
         wanted.setPointSize(box_.font_size);
         setFont(wanted);
     }
-    if (box_.back_colour == button_face) return;
+    // The colours that stand until the user has chosen others are those of the desktop.
+    if (box_.back_colour == button_face || (box_.back_colour == 0xFFFFFF && box_.fore_colour == 0)) {
+        if (testAttribute(Qt::WA_SetPalette)) setPalette(QPalette());
+        return;
+    }
     const QColor back = from_blue_green_red(box_.back_colour);
     const QColor fore = from_blue_green_red(box_.fore_colour);
     QPalette colours = palette();
