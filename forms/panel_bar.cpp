@@ -4,6 +4,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <algorithm>
+#include <cmath>
 
 #include "forms/colours.h"
 #include "forms/own_words.h"
@@ -42,15 +44,40 @@ void panel_bar::sync(const status_bar& bar) {
     if (changed) update();
 }
 
-QRect panel_bar::panel_place(int number) const {
-    int before = 0, all = 0;
-    for (int i = 0; i < widths_.size(); ++i) {
-        if (i < number - 1) before += widths_.at(i);
-        all += widths_.at(i);
+// Each panel has its stated share. What one does not need goes to those whose words would be cut, in the
+// measure of what they lack.
+QList<int> panel_bar::edges() const {
+    const auto count = widths_.size();
+    int all = 0;
+    for (const int share : widths_) all += share;
+    QList<int> stated{0};
+    for (int i = 0, before = 0; i < count; ++i) {
+        before += widths_.at(i);
+        stated.append(width() * before / all);
     }
-    const int left = width() * before / all;
-    const int right = width() * (before + widths_.at(number - 1)) / all;
-    return {left, 0, right - left, height()};
+    QList<int> room, wanted;
+    int lacking = 0, spare = 0;
+    for (int i = 0; i < count; ++i) {
+        room.append(stated.at(i + 1) - stated.at(i));
+        wanted.append(fontMetrics().horizontalAdvance(texts_.at(i)) + 2 * text_margin + 1);
+        (wanted.at(i) > room.at(i) ? lacking : spare) += std::abs(wanted.at(i) - room.at(i));
+    }
+    const int moved = std::min(lacking, spare);
+    if (moved == 0) return stated;
+    QList<int> found{0};
+    double right = 0;
+    for (int i = 0; i < count; ++i) {
+        const double missing = wanted.at(i) - room.at(i);
+        right += room.at(i) + missing * moved / (missing > 0 ? lacking : spare);
+        found.append(static_cast<int>(std::lround(right)));
+    }
+    found.back() = width();
+    return found;
+}
+
+QRect panel_bar::panel_place(int number) const {
+    const QList<int> at = edges();
+    return {at.at(number - 1), 0, at.at(number) - at.at(number - 1), height()};
 }
 
 void panel_bar::paintEvent(QPaintEvent*) {

@@ -34,6 +34,8 @@ class panel_bar : public QWidget {
     QStringList texts_;
     QList<int> widths_;
     QString tip_;
+    // Left edges of the panels and the right one of the last, for the present texts.
+    QList<int> edges() const;
 };
 
 }  // namespace corvane
