@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QToolTip>
+#include <algorithm>
 #include <cmath>
 
 #include "forms/mirror.h"
@@ -45,8 +46,12 @@ void tip_box::sync() {
     const control& model = form_.tiptext;
     if (!model.visible) return hide();
     setText(own_text(model.text));
-    setGeometry(model.place.left / twips_per_pixel, model.place.top / twips_per_pixel,
+    QRect place(model.place.left / twips_per_pixel, model.place.top / twips_per_pixel,
                 model.place.width / twips_per_pixel + 2 * frame, model.place.height / twips_per_pixel);
+    // The model reckons with forty bytes a line; lines that end before that take more height.
+    place.setHeight(std::max(place.height(), heightForWidth(place.width()) + frame));
+    place.moveTop(std::clamp(place.top(), 0, std::max(0, parentWidget()->height() - place.height())));
+    setGeometry(place);
     show();
     raise();
 }
