@@ -6,6 +6,9 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+#include <QVBoxLayout>
 #include <algorithm>
 
 #include "forms/colours.h"
@@ -39,17 +42,49 @@ void child_window::open_window() {
     name_by_labels(*this);
     describe_parts(*this, own_line(form_.caption));
     before_open();
+    fit_screen();
     if (place_.is_known()) {
         place_.apply();
+        fit_screen();
         // Asked for once more, or a window manager places the window anew.
         move(pos());
     } else {
         place_beside_main();
     }
     show();
+    // Shown it may need more than it said before.
+    fit_screen();
     raise();
     activateWindow();
     place_.keep();
+}
+
+void child_window::fit_screen() {
+    const QScreen* const shown_on = parentWidget() != nullptr ? parentWidget()->screen() : screen();
+    const QSize frame(0, style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    const QSize room = shown_on->availableGeometry().size() - frame;
+    ensurePolished();
+    const QSize least = minimumSizeHint().expandedTo(minimumSize());
+    if (least.width() > room.width() || least.height() > room.height()) make_scrollable();
+    const QSize fitting = size().boundedTo(room);
+    if (size() != fitting) resize(fitting);
+}
+
+void child_window::make_scrollable() {
+    if (findChild<QScrollArea*>(QStringLiteral("window_scroll")) != nullptr || layout() == nullptr) return;
+    auto* area = new QScrollArea(this);
+    area->setObjectName(QStringLiteral("window_scroll"));
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
+    auto* parts = new QWidget;
+    parts->setLayout(layout());
+    area->setWidget(parts);
+    // The layout that was the window's has left its least size behind.
+    setMinimumSize(0, 0);
+    auto* around = new QVBoxLayout(this);
+    around->setContentsMargins(0, 0, 0, 0);
+    around->addWidget(area);
 }
 
 void child_window::colour_marks() {

@@ -45,6 +45,9 @@ class child_window : public QDialog {
 
   private:
     void open_window();
+    // No window is larger than its screen; where not even its least size has room its parts scroll.
+    void fit_screen();
+    void make_scrollable();
     void place_beside_main();
     void colour_marks();
 

@@ -234,8 +234,9 @@ void help_window::join_modal_window() {
 // tasks of the main form stay free for help mode, or at the left one while the list shows results, which
 // stand on the right.
 void help_window::place_beside(const QWidget* other) {
-    if (!other) return;
+    if (!other) return resize(size().boundedTo(screen()->availableGeometry().size()));
     const QRect free = other->screen()->availableGeometry();
+    const int least = std::min(narrowest, free.width());
     const QRect beside = other->frameGeometry();
     const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
     const int high = std::min(height(), free.height() - title);
@@ -245,14 +246,15 @@ void help_window::place_beside(const QWidget* other) {
     const auto* list = other->findChild<QWidget*>(QStringLiteral("ListView1"));
     const bool has_results = list && list->isVisible();
     const bool goes_right = right >= narrowest || (left < narrowest && !has_results);
-    const int wide = std::clamp(goes_right ? right : left, narrowest, width());
+    const int wide =
+        std::clamp(goes_right ? right : left, least, std::max(least, std::min(width(), free.width())));
     resize(wide, high);
     if (right >= narrowest)
         move(beside.right() + gap, top);
     else if (left >= narrowest)
         move(beside.left() - gap - wide, top);
     else
-        move(goes_right ? free.right() - wide - gap : free.left(), top);
+        move(goes_right ? std::max(free.left(), free.right() - wide - gap) : free.left(), top);
     const int side = std::min(first_side, wide * 3 / 10);
     parts_->setSizes({side, wide - side});
 }
