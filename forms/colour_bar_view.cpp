@@ -25,7 +25,7 @@ void colour_bar_view::sync(const colour_bar& bar) {
 void colour_bar_view::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     QRectF inner(rect());
-    painter.fillRect(inner, from_blue_green_red(back_));
+    painter.fillRect(inner, muted_bar(from_blue_green_red(back_), palette()));
     inner.setWidth(inner.width() * filled_);
     painter.fillRect(inner, from_blue_green_red(fill_));
     painter.setPen(separator_line(palette()));

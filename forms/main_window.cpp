@@ -11,18 +11,22 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QVBoxLayout>
 
 #include "browser/list_views.h"
 #include "cleanup/stake.h"
 #include "core/tasks/help.h"
-#include "forms/colour_bar_view.h"
+#include "forms/column_scroll.h"
 #include "forms/error_frame.h"
 #include "forms/export_frame.h"
 #include "forms/icons.h"
 #include "forms/key_focus.h"
 #include "forms/list_box_view.h"
+#include "forms/list_head.h"
+#include "forms/list_model.h"
 #include "forms/list_table.h"
 #include "forms/menu_bar.h"
 #include "forms/mirror.h"
@@ -30,7 +34,9 @@
 #include "forms/own_words.h"
 #include "forms/panel_bar.h"
 #include "forms/row_panel.h"
+#include "forms/run_row.h"
 #include "forms/screen_text.h"
+#include "forms/side_list.h"
 #include "forms/start_page.h"
 #include "forms/task_column.h"
 #include "forms/text_view.h"
@@ -60,6 +66,9 @@ main_window::main_window(Tavrel& form, std::function<void(const std::string&)> a
     auto* central = new QWidget(this);
     tasks_ = new task_column(
         form_, act_, [this] { tip_->sync(); }, central);
+    tasks_area_ = new column_scroll(*tasks_, central);
+    connect(tasks_area_->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            [this] { tasks_->take_places(); });
     panels_ = new panel_bar([this] { act_("StatusBar1_PanelClick"); }, central);
     name_after(panels_, form_.StatusBar1);
 
@@ -72,10 +81,11 @@ main_window::main_window(Tavrel& form, std::function<void(const std::string&)> a
     marks_->setContentsMargins(12, 3, 12, 3);
     marks_->hide();
     right->addWidget(marks_);
-    right->addWidget(make_run_row());
+    run_row_ = new run_row(form_, progress_, act_, central);
+    right->addWidget(run_row_);
     auto* middle = new QHBoxLayout;
     middle->setSpacing(0);
-    middle->addWidget(tasks_);
+    middle->addWidget(tasks_area_);
     middle->addLayout(right, 1);
     auto* all = new QVBoxLayout(central);
     all->setContentsMargins(0, 0, 0, 0);
@@ -83,15 +93,13 @@ main_window::main_window(Tavrel& form, std::function<void(const std::string&)> a
     all->addLayout(middle, 1);
     all->addWidget(panels_);
     setCentralWidget(central);
-    panel_ = new row_panel(form_, act_, central);
     failure_ = new error_frame(form_, act_, central);
     numbers_ = new number_frame(form_, act_, central);
     exports_ = new export_frame(form_, act_, central);
     tip_ = new tip_box(form_, this);
-    keys_ = std::make_unique<key_focus>(*central, *list_, *cancel_);
+    keys_ = std::make_unique<key_focus>(*central, *list_, run_row_->cancel());
     text_->setAccessibleName(own_line("文件清单"));
     left_list_->setAccessibleName(own_line("文件清单"));
-    side_list_->setAccessibleName(own_line("文件清单"));
     name_by_labels(*this);
     describe_parts(*this, QStringLiteral("Corvane"));
     // Placed here and not by the window manager, so that the windows beside it know where it stands.
@@ -111,31 +119,39 @@ QWidget* main_window::make_work_area() {
     splitter_->setChildrenCollapsible(false);
     splitter_->setHandleWidth(splitter_width);
     left_ = new QWidget(splitter_);
-    left_->setMinimumWidth(160);
+    left_->setMinimumWidth(120);
     auto* stacked = new QVBoxLayout(left_);
     stacked->setContentsMargins(0, 0, 0, 0);
     stacked->setSpacing(0);
     left_list_ = new list_box_view(form_.listleft, left_);
-    side_list_ = new list_box_view(form_.List1, left_);
-    side_list_->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(side_list_, &QWidget::customContextMenuRequested, this, [this] {
-        form_.list_event = {};
-        form_.list_event.button = list_pointer::right_button;
-        act_("List1_MouseDown");
-    });
+    side_list_ = new side_list(form_, act_, left_);
     text_ = new text_view(form_.outside.files, left_);
     name_after(text_, form_.RichTextBox2);
-    start_ = new start_page(form_, act_, left_);
+    start_ = new start_page(form_, progress_, act_, left_);
+    start_area_ = new QScrollArea(left_);
+    start_area_->setFrameShape(QFrame::NoFrame);
+    start_area_->setWidgetResizable(true);
+    start_area_->setFocusPolicy(Qt::NoFocus);
+    start_area_->setWidget(start_);
     for (QWidget* widget : {static_cast<QWidget*>(left_list_), static_cast<QWidget*>(text_),
-                            static_cast<QWidget*>(start_), static_cast<QWidget*>(side_list_)})
+                            static_cast<QWidget*>(start_area_), static_cast<QWidget*>(side_list_)})
         stacked->addWidget(widget);
-    list_ = new list_table(form_, act_, splitter_);
+    list_area_ = new QWidget(splitter_);
+    auto* beside = new QVBoxLayout(list_area_);
+    beside->setContentsMargins(0, 0, 0, 0);
+    beside->setSpacing(0);
+    list_head_ = new list_head(form_, act_, list_area_);
+    beside->addWidget(list_head_);
+    list_ = new list_table(form_, act_, list_area_);
+    beside->addWidget(list_, 1);
     name_after(list_, form_.ListView1);
     list_->setAccessibleName(own_line("结果列表"));
     list_->show_menu = [this](const std::string& name, QPoint place) {
         if (QMenu* menu = menus_->popup(name)) menu->popup(place);
     };
     list_->hide();
+    list_area_->hide();
+    panel_ = new row_panel(form_, act_, list_area_);
     left_list_->viewport()->installEventFilter(this);
     text_->viewport()->installEventFilter(this);
     splitter_->handle(1)->installEventFilter(this);
@@ -144,39 +160,16 @@ QWidget* main_window::make_work_area() {
     return splitter_;
 }
 
-QWidget* main_window::make_run_row() {
-    run_row_ = new QWidget;
-    file_name_ = new QLabel(run_row_);
-    name_after(file_name_, form_.Label4);
-    file_name_->setTextFormat(Qt::PlainText);
-    file_name_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    bar_ = new colour_bar_view(run_row_);
-    name_after(bar_, form_.pic_gressbar1);
-    cancel_ = new QPushButton(run_row_);
-    name_after(cancel_, form_.Command28);
-    connect(cancel_, &QPushButton::clicked, this, [this] { act_("Command28_Click"); });
-    auto* line = new QHBoxLayout;
-    line->setSpacing(12);
-    line->addWidget(bar_, 1);
-    line->addWidget(cancel_);
-    auto* rows = new QVBoxLayout(run_row_);
-    rows->setContentsMargins(12, 8, 12, 8);
-    rows->setSpacing(6);
-    rows->addWidget(file_name_);
-    rows->addLayout(line);
-    run_row_->hide();
-    return run_row_;
-}
-
 void main_window::sync(bool tasks_locked) {
     keys_->before_copy();
-    mirror_title(this, form_.caption);
+    progress_.follow(form_, form_.outside.screen.seconds());
+    sync_title();
     // The row below the title: the window itself would show it over every part that has no tip of its own.
     mirror_tooltip(menuBar(), form_.tooltip);
     menus_->sync(tasks_locked);
     tasks_->sync();
     panels_->sync(form_.StatusBar1);
-    sync_run_row();
+    run_row_->sync();
     sync_work_area(tasks_locked);
     panel_->sync();
     failure_->sync();
@@ -191,27 +184,34 @@ void main_window::sync(bool tasks_locked) {
     mirror_visible(this, form_.visible);
 }
 
+void main_window::sync_title() {
+    QString title = own_line(form_.caption);
+    if (const std::string share = progress_.percent_words(); !share.empty())
+        title.prepend(QString::fromStdString(share) + QStringLiteral("  "));
+    if (windowTitle() != title) setWindowTitle(title);
+}
+
 void main_window::sync_work_area(bool tasks_locked) {
     const bool list_shown = form_.ListView1.visible && form_.ListView1.column_count() > 0;
     const bool text_shown = form_.RichTextBox2.visible && !form_.RichTextBox2.path().empty();
     // The text pane lies over listleft, and a result takes its room.
     const bool left_list_shown =
         form_.listleft.visible && !form_.listleft.rows().empty() && !text_shown && !list_shown;
-    const bool side_list_shown = form_.List1.visible && !form_.List1.rows().empty();
+    const bool side_list_shown = side_list_->sync();
     const bool start_shown = !list_shown && !text_shown && !left_list_shown && !side_list_shown;
     if (text_shown) text_->sync(form_.RichTextBox2);
     if (left_list_shown) left_list_->sync();
-    if (side_list_shown) side_list_->sync();
-    mirror_tooltip(side_list_, form_.List1.tooltip);
     if (start_shown) start_->sync();
     mirror_visible(text_, text_shown);
     mirror_visible(left_list_, left_list_shown);
     mirror_visible(side_list_, side_list_shown);
-    mirror_visible(start_, start_shown);
+    mirror_visible(start_area_, start_shown);
     mirror_visible(left_, !list_shown || text_shown || left_list_shown || side_list_shown);
+    mirror_visible(list_area_, list_shown);
     mirror_visible(list_, list_shown);
     mirror_tooltip(list_, form_.ListView1.tooltip);
     if (list_shown) list_->sync(tasks_locked);
+    if (list_shown) list_head_->sync(marked_);
     mirror_visible(marks_, list_shown && shown_view(form_).holds_copies);
     sync_marks(tasks_locked);
 }
@@ -223,27 +223,12 @@ void main_window::sync_marks(bool tasks_locked) {
     const double now = form_.outside.screen.seconds();
     if (now < marks_told_at_ + marks_pause_) return;
     told_marks_ = cells;
-    mirror_text(marks_, own_line(mark_words(form_)));
+    const deletion_stake stake = stake_of(form_);
+    mirror_text(marks_, own_line(mark_words(stake)));
+    marked_ = mark_line(stake, list_->cells().bands.group_count());
+    list_head_->sync(marked_);
     marks_told_at_ = form_.outside.screen.seconds();
     marks_pause_ = 5 * (marks_told_at_ - now);
-}
-
-void main_window::sync_run_row() {
-    const bool name_shown = form_.Label4.visible;
-    const bool bar_shown = form_.pic_gressbar1.visible;
-    const bool cancel_shown = form_.Command28.visible;
-    if (name_shown) {
-        const QString name = own_line(form_.Label4.caption);
-        mirror_text(file_name_,
-                    file_name_->fontMetrics().elidedText(name, Qt::ElideMiddle, run_row_->width() - 24));
-    }
-    bar_->sync(form_.pic_gressbar1);
-    mirror_text(cancel_, own_line(form_.Command28.caption));
-    mirror_enabled(cancel_, form_.Command28.enabled);
-    mirror_visible(file_name_, name_shown);
-    mirror_visible(bar_, bar_shown);
-    mirror_visible(cancel_, cancel_shown);
-    mirror_visible(run_row_, name_shown || bar_shown || cancel_shown);
 }
 
 void main_window::lay_out() {
@@ -251,8 +236,9 @@ void main_window::lay_out() {
     form_.layout.inner_height = height() * twips_per_pixel;
     form_.StatusBar1.place = place_in_window(*panels_);
     form_.listleft.place = place_in_window(*left_);
-    form_.pic_gressbar1.place.height = bar_->height() * twips_per_pixel;
-    form_.Command28.place = {0, 0, cancel_->width() * twips_per_pixel, cancel_->height() * twips_per_pixel};
+    form_.pic_gressbar1.place.height = run_row_->bar_height() * twips_per_pixel;
+    form_.Command28.place = {0, 0, run_row_->cancel().width() * twips_per_pixel,
+                             run_row_->cancel().height() * twips_per_pixel};
     Form_Resize(form_);
     tasks_->take_places();
     place_.apply();
@@ -263,7 +249,6 @@ void main_window::resizeEvent(QResizeEvent* event) {
     place_.keep();
     if (!tip_) return;
     lay_out();
-    panel_->keep_inside();
     failure_->centre();
 }
 

@@ -8,24 +8,28 @@
 #include <string>
 
 #include "core/model/main_form.h"
+#include "core/tasks/run_progress.h"
 #include "forms/window_place.h"
 
 class QLabel;
-class QPushButton;
+class QScrollArea;
 class QSplitter;
 
 namespace corvane {
 
-class colour_bar_view;
+class column_scroll;
 class error_frame;
 class export_frame;
 class key_focus;
 class list_box_view;
+class list_head;
 class list_table;
 class menu_bar;
 class number_frame;
 class panel_bar;
 class row_panel;
+class run_row;
+class side_list;
 class start_page;
 class task_column;
 class text_view;
@@ -58,10 +62,9 @@ class main_window : public QMainWindow {
 
   private:
     QWidget* make_work_area();
-    QWidget* make_run_row();
     void sync_work_area(bool tasks_locked);
     void sync_marks(bool tasks_locked);
-    void sync_run_row();
+    void sync_title();
     // True when the pointer asks for help: the press opens the topic and does nothing else.
     bool asks_for_help(QObject* pressed);
     // Tells the model how large its parts are and runs its resize handler.
@@ -72,18 +75,19 @@ class main_window : public QMainWindow {
     std::function<void()> close_;
     std::unique_ptr<menu_bar> menus_;
     task_column* tasks_ = nullptr;
+    column_scroll* tasks_area_ = nullptr;
     QSplitter* splitter_ = nullptr;
     QWidget* left_ = nullptr;
     list_box_view* left_list_ = nullptr;
-    list_box_view* side_list_ = nullptr;
+    side_list* side_list_ = nullptr;
     text_view* text_ = nullptr;
     start_page* start_ = nullptr;
+    QScrollArea* start_area_ = nullptr;
+    QWidget* list_area_ = nullptr;  // the list with what belongs to it
+    list_head* list_head_ = nullptr;
     list_table* list_ = nullptr;
     QLabel* marks_ = nullptr;  // the status line of the list
-    QWidget* run_row_ = nullptr;
-    QLabel* file_name_ = nullptr;
-    colour_bar_view* bar_ = nullptr;
-    QPushButton* cancel_ = nullptr;
+    run_row* run_row_ = nullptr;
     panel_bar* panels_ = nullptr;
     row_panel* panel_ = nullptr;
     error_frame* failure_ = nullptr;
@@ -91,6 +95,8 @@ class main_window : public QMainWindow {
     export_frame* exports_ = nullptr;
     tip_box* tip_ = nullptr;
     std::unique_ptr<key_focus> keys_;
+    run_progress progress_;
+    std::string marked_;  // what is marked, for the line above the list
     window_place place_;
     // The cells whose marks the status line tells, and whether blue ones count.
     std::pair<std::uint64_t, bool> told_marks_{~std::uint64_t{0}, false};

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QToolButton>
+#include <algorithm>
 
 #include "forms/fonts.h"
 #include "forms/mirror.h"
@@ -16,24 +17,30 @@ namespace corvane {
 namespace {
 
 constexpr int edge = 12;
+constexpr int gap = 16;
 
-QLineEdit* new_box(QWidget* parent, const control& source) {
-    auto* box = new QLineEdit(parent);
-    name_after(box, source);
-    box->setReadOnly(true);
-    box->setFont(even_font());
-    return box;
+struct line_words {
+    QString path, date, length;
+};
+
+// The text of a box taken apart: path, at least four blanks, date, tab, length.
+line_words words_of(const std::string& text) {
+    const std::size_t tab = text.find('\t');
+    const std::string head = text.substr(0, tab);
+    const std::size_t blanks = head.rfind("    ");
+    const std::size_t path_end =
+        blanks == std::string::npos ? head.size() : head.find_last_not_of(' ', blanks) + 1;
+    line_words words;
+    words.path = screen_line(head.substr(0, path_end));
+    words.date = screen_line(head.substr(path_end)).trimmed();
+    if (tab != std::string::npos) words.length = screen_line(text.substr(tab + 1));
+    return words;
 }
 
 }  // namespace
 
 row_panel::row_panel(Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent)
-    : QFrame(parent),
-      form_(form),
-      act_(std::move(act)),
-      caption_(new QLabel(this)),
-      first_(new_box(this, form.samefile_disp1)),
-      second_(new_box(this, form.samefile_disp2)) {
+    : QFrame(parent), form_(form), act_(std::move(act)), caption_(new QLabel(this)) {
     name_after(this, form.Frame4);
     setFrameShape(QFrame::StyledPanel);
     setFrameShadow(QFrame::Raised);
@@ -49,56 +56,82 @@ row_panel::row_panel(Tavrel& form, std::function<void(const std::string&)> act, 
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(edge, 6, edge, edge);
     layout->setVerticalSpacing(6);
+    layout->setHorizontalSpacing(gap);
+    layout->setColumnStretch(0, 1);
     layout->addWidget(caption_, 0, 0);
-    layout->addWidget(close, 0, 1, Qt::AlignRight);
-    layout->addWidget(first_, 1, 0, 1, 2);
-    layout->addWidget(second_, 2, 0, 1, 2);
-    for (QLineEdit* box : {first_, second_}) {
-        box->setCursor(Qt::IBeamCursor);
-        box->installEventFilter(this);
-    }
+    layout->addWidget(close, 0, 2, Qt::AlignRight);
+    lines_ = {make_line(form.samefile_disp1, 1), make_line(form.samefile_disp2, 2)};
+    parent->installEventFilter(this);
     hide();
 }
 
-void row_panel::sync_box(QLineEdit* box, const control& source) {
-    // A tab parts date and length; in a box of one line it is two blanks.
-    const QString words = screen_text(source.text).replace(QLatin1Char('\t'), QStringLiteral("  "));
-    if (mirror_text(box, words)) box->setCursorPosition(0);
-    mirror_tooltip(box, source.tooltip);
+row_panel::line row_panel::make_line(const control& source, int row) {
+    auto* box = new QLineEdit(this);
+    name_after(box, source);
+    box->setReadOnly(true);
+    box->setFont(even_font());
+    box->setCursor(Qt::IBeamCursor);
+    box->installEventFilter(this);
+    const auto fact = [&](const char* what) {
+        auto* label = new QLabel(this);
+        label->setObjectName(QString::fromStdString(source.name() + what));
+        label->setFont(even_font());
+        label->setTextFormat(Qt::PlainText);
+        return label;
+    };
+    const line made{box, fact("_date"), fact("_length")};
+    auto* layout = static_cast<QGridLayout*>(this->layout());
+    layout->addWidget(made.path, row, 0);
+    layout->addWidget(made.date, row, 1);
+    layout->addWidget(made.length, row, 2, Qt::AlignRight | Qt::AlignVCenter);
+    return made;
+}
+
+void row_panel::sync_line(const line& shown, const control& source) {
+    const line_words words = words_of(source.text);
+    if (mirror_text(shown.path, words.path)) shown.path->setCursorPosition(0);
+    mirror_text(shown.date, words.date);
+    mirror_text(shown.length, words.length);
+    mirror_tooltip(shown.path, source.tooltip);
 }
 
 int row_panel::wanted_width() const {
-    const QFontMetrics metrics(first_->font());
-    const int longest =
-        std::max(metrics.horizontalAdvance(first_->text()), metrics.horizontalAdvance(second_->text()));
-    return std::max(longest + 2 * edge + 24, 360);
+    int path = 0, date = 0, length = 0;
+    for (const line& shown : lines_) {
+        const QFontMetrics metrics(shown.path->font());
+        path = std::max(path, metrics.horizontalAdvance(shown.path->text()));
+        date = std::max(date, shown.date->sizeHint().width());
+        length = std::max(length, shown.length->sizeHint().width());
+    }
+    return std::max(path + date + length + 2 * (edge + gap) + 24, 360);
 }
 
 void row_panel::sync() {
     mirror_text(caption_, own_line(form_.Frame4.caption));
-    sync_box(first_, form_.samefile_disp1);
-    sync_box(second_, form_.samefile_disp2);
+    sync_line(lines_[0], form_.samefile_disp1);
+    sync_line(lines_[1], form_.samefile_disp2);
     if (!form_.Frame4.visible) {
         hide();
         return;
     }
-    const QSize wanted(std::min(wanted_width(), parentWidget()->width() - 2 * edge), sizeHint().height());
-    if (size() != wanted) resize(wanted);
-    if (!placed_) {
-        placed_ = true;
-        move((parentWidget()->width() - width()) / 2, parentWidget()->height() - height() - 3 * edge);
-    }
-    keep_inside();
+    take_room();
     if (isHidden()) {
         show();
         raise();
     }
 }
 
-void row_panel::keep_inside() {
-    const int most_left = std::max(0, parentWidget()->width() - width());
-    const int most_top = std::max(0, parentWidget()->height() - height());
-    const QPoint inside(std::clamp(x(), 0, most_left), std::clamp(y(), 0, most_top));
+void row_panel::take_room() {
+    const QWidget& area = *parentWidget();
+    const QSize wanted(std::min(wanted_width(), area.width() - 2 * edge), sizeHint().height());
+    if (size() != wanted) resize(wanted);
+    // Where the list has a place: before that its area is no guide.
+    if (!placed_ && area.isVisible()) {
+        placed_ = true;
+        move((area.width() - width()) / 2, area.height() - height() - 3 * edge);
+    }
+    const QPoint inside(std::clamp(x(), 0, std::max(0, area.width() - width())),
+                        std::clamp(y(), 0, std::max(0, area.height() - height())));
     if (pos() != inside) move(inside);
 }
 
@@ -115,7 +148,7 @@ void row_panel::mousePressEvent(QMouseEvent* event) {
 void row_panel::mouseMoveEvent(QMouseEvent* event) {
     if (!dragging_) return;
     move(pos() + event->position().toPoint() - grip_);
-    keep_inside();
+    take_room();
 }
 
 void row_panel::mouseReleaseEvent(QMouseEvent*) {
@@ -123,6 +156,10 @@ void row_panel::mouseReleaseEvent(QMouseEvent*) {
 }
 
 bool row_panel::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == parentWidget()) {
+        if (event->type() == QEvent::Resize && !isHidden()) take_room();
+        return false;
+    }
     if (event->type() == QEvent::MouseButtonPress) {
         const auto* press = static_cast<QMouseEvent*>(event);
         if (press->button() == Qt::LeftButton && press->modifiers().testFlag(Qt::ControlModifier)) {

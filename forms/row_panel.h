@@ -1,9 +1,10 @@
-// The panel Frame4 over the work area: the two paths of a row with their dates and lengths. Dragging its
-// surface moves it. Used by main_window.
+// The panel Frame4 over the list: the two paths of a row with their dates and lengths, each in a column of
+// its own. Dragging its surface moves it. Used by main_window.
 #pragma once
 
 #include <QFrame>
 #include <QPoint>
+#include <array>
 #include <functional>
 #include <string>
 
@@ -16,12 +17,11 @@ namespace corvane {
 
 class row_panel : public QFrame {
   public:
-    // `act` runs a handler of the main form by its name.
+    // `act` runs a handler of the main form by its name. The panel stays inside its parent, whatever size
+    // that takes.
     row_panel(Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent);
 
     void sync();
-    // Keeps the panel inside its parent.
-    void keep_inside();
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -31,15 +31,21 @@ class row_panel : public QFrame {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    void sync_box(QLineEdit* box, const control& source);
+    struct line {
+        QLineEdit* path;
+        QLabel* date;
+        QLabel* length;
+    };
+    line make_line(const control& source, int row);
+    void sync_line(const line& shown, const control& source);
     int wanted_width() const;
+    void take_room();
     void close_panel();
 
     Tavrel& form_;
     std::function<void(const std::string&)> act_;
     QLabel* caption_;
-    QLineEdit* first_;
-    QLineEdit* second_;
+    std::array<line, 2> lines_;
     QPoint grip_;
     bool dragging_ = false;
     bool placed_ = false;

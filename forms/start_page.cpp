@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <cmath>
 
 #include "forms/colours.h"
 #include "forms/icons.h"
@@ -23,11 +24,18 @@ constexpr step_words words[] = {
     {"Picture1", "choose_directories", "选择目录", "告诉程序到哪里去找。可以选一个目录，也可以选好几个。"},
     {"Picture2", "search_files", "文件搜索", "把所选目录里的文件全部列出来。这一步只看，不改动任何文件。"},
     {"Picture3", "compare_files", "查相同文件", "逐个核对内容，找出完全一样的文件，成对列在这里。"},
+    {"Picture4", "show_same", "显示上次的结果", "接着看上一次找到的相同文件；已经不在的不再列出。"},
 };
+constexpr std::size_t own_steps = 3;  // the last one is there where there is a result
 
 constexpr char closing[] = "搜索和比对只读取文件，不会改动或删除任何一个。";
 constexpr double content_width = 640;
 constexpr double card_gap = 10;
+constexpr int least_width = 300;
+constexpr double least_top = 16;
+constexpr double bar_height = 10;
+constexpr double bar_share = 0.22;   // of the width, that moves while a search runs
+constexpr double bar_seconds = 2.4;  // there and back
 constexpr double title_factor = 1.8;
 
 QFont larger(QFont font, double factor, bool bold) {
@@ -38,18 +46,28 @@ QFont larger(QFont font, double factor, bool bold) {
 
 }  // namespace
 
-start_page::start_page(const Tavrel& form, std::function<void(const std::string&)> act, QWidget* parent)
-    : QWidget(parent), form_(form), act_(std::move(act)) {
+start_page::start_page(const Tavrel& form, const run_progress& progress,
+                       std::function<void(const std::string&)> act, QWidget* parent)
+    : QWidget(parent), form_(form), act_(std::move(act)), progress_(progress), steps_(own_steps) {
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
-    setMinimumSize(320, 260);
     setMouseTracking(true);
 }
 
 void start_page::sync() {
     const run_state& state = form_.state;
+    if (progress_.searches()) {
+        found_ = own_line(progress_.found_words());
+        moved_to_ = form_.outside.screen.seconds();
+        set_hovered(-1);
+        return update();
+    }
+    if (!found_.isEmpty()) {
+        found_.clear();
+        update();
+    }
     const std::string next = next_step(form_);
-    std::array<step, 3> steps;
+    std::vector<step> steps(own_steps + (state.stored_pairs > 0 ? 1 : 0));
     const bool listed = state.file_count > 0 && state.file_list_loaded != 0;
     if (state.selected_dir_count > 0) {
         steps[0] = {step_state::done,
@@ -57,11 +75,23 @@ void start_page::sync() {
         if (listed)
             steps[1] = {step_state::done, own_line("已列出 " + std::to_string(state.file_count) + " 个文件")};
     }
+    if (steps.size() > own_steps)
+        steps[own_steps].note = own_line("上次的结果: " + std::to_string(state.stored_pairs) + " 对");
     for (std::size_t i = 0; i < steps.size(); ++i)
         if (next == words[i].picture) steps[i].state = step_state::next;
     if (steps == steps_) return;
+    if (steps.size() != steps_.size()) updateGeometry();
     steps_ = steps;
     update();
+}
+
+QSize start_page::minimumSizeHint() const {
+    const double line = fontMetrics().height();
+    const double title_height = QFontMetricsF(larger(font(), title_factor, false)).height();
+    const double all =
+        title_height + line * 5.9 +
+        static_cast<double>(qMax(steps_.size(), own_steps)) * (qMax(line * 3.6, 64.0) + card_gap);
+    return {least_width, static_cast<int>(all + 2 * least_top)};
 }
 
 start_page::page_places start_page::places() const {
@@ -70,14 +100,18 @@ start_page::page_places start_page::places() const {
     const double line = fontMetrics().height();
     const double title_height = QFontMetricsF(larger(font(), title_factor, false)).height();
     const double card_height = qMax(line * 3.6, 64.0);
-    const double all = title_height + line * 5.9 + 3 * (card_height + card_gap);
+    const double all =
+        title_height + line * 5.9 + static_cast<double>(steps_.size()) * (card_height + card_gap);
     page_places found;
-    double top = qMax(16.0, (height() - all) * 0.42);
+    found.cards.resize(steps_.size());
+    double top = qMax(least_top, (height() - all) * 0.42);
     found.title = QRectF(left, top, wide, title_height);
     top += title_height + line * 0.4;
     found.subtitle = QRectF(left, top, wide, line * 1.4);
     top += line * 2.5;
     for (QRectF& card : found.cards) {
+        // What was found before stands a little apart from the way to something new.
+        if (&card == &found.cards.front() + own_steps) top += card_gap;
         card = QRectF(left, top, wide, card_height);
         top += card_height + card_gap;
     }
@@ -88,6 +122,7 @@ start_page::page_places start_page::places() const {
 void start_page::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    if (!found_.isEmpty()) return paint_search(painter);
     const page_places where = places();
     painter.setFont(larger(font(), title_factor, false));
     painter.setPen(palette().color(QPalette::Text));
@@ -100,6 +135,33 @@ void start_page::paintEvent(QPaintEvent*) {
     painter.setFont(font());
     painter.setPen(quiet_text(palette()));
     painter.drawText(where.closing, Qt::AlignLeft | Qt::TextWordWrap, own_line(closing));
+}
+
+// The number so far, and a bar that goes to and fro: nobody knows how many there will be.
+void start_page::paint_search(QPainter& painter) const {
+    const double wide = qMin(content_width, width() - 48.0);
+    const double left = qMax(24.0, (width() - wide) / 2);
+    const QFont title_font = larger(font(), title_factor, false);
+    const double title_height = QFontMetricsF(title_font).height();
+    const double line = fontMetrics().height();
+    double top = qMax(least_top, (height() - title_height - 4 * line) * 0.42);
+    painter.setFont(title_font);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(QRectF(left, top, wide, title_height), Qt::AlignLeft | Qt::AlignVCenter, found_);
+    top += title_height + line;
+    const QColor ground = palette().color(QPalette::Base);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(blend(ground, palette().color(QPalette::Text), 0.12));
+    painter.drawRoundedRect(QRectF(left, top, wide, bar_height), bar_height / 2, bar_height / 2);
+    const double phase = std::fmod(moved_to_, bar_seconds) / bar_seconds * 2;
+    const double place = phase <= 1 ? phase : 2 - phase;
+    painter.setBrush(accent(palette()));
+    painter.drawRoundedRect(QRectF(left + place * wide * (1 - bar_share), top, wide * bar_share, bar_height),
+                            bar_height / 2, bar_height / 2);
+    top += bar_height + line * 0.8;
+    painter.setFont(font());
+    painter.setPen(quiet_text(palette()));
+    painter.drawText(QRectF(left, top, wide, line * 3), Qt::AlignLeft | Qt::TextWordWrap, own_line(closing));
 }
 
 void start_page::paint_step(QPainter& painter, std::size_t at, const QRectF& card) const {
@@ -126,12 +188,13 @@ void start_page::paint_step(QPainter& painter, std::size_t at, const QRectF& car
     painter.setFont(title_font);
     painter.setPen(ink);
     painter.drawText(QRectF(left, top, wide, title_height), Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("%1  %2").arg(at + 1).arg(own_line(words[at].title)));
+                     at < own_steps ? QStringLiteral("%1  %2").arg(at + 1).arg(own_line(words[at].title))
+                                    : own_line(words[at].title));
     painter.setFont(font());
     if (!shown.note.isEmpty()) {
         painter.setPen(mark);
         painter.drawText(QRectF(left, top, wide, title_height), Qt::AlignRight | Qt::AlignVCenter,
-                         QStringLiteral("✓ ") + shown.note);
+                         (shown.state == step_state::done ? QStringLiteral("✓ ") : QString()) + shown.note);
     }
     painter.setPen(quiet_text(palette()));
     const QString text = own_line(words[at].text);
@@ -140,6 +203,7 @@ void start_page::paint_step(QPainter& painter, std::size_t at, const QRectF& car
 }
 
 int start_page::step_at(QPointF point) const {
+    if (!found_.isEmpty()) return -1;
     const page_places where = places();
     for (std::size_t at = 0; at < where.cards.size(); ++at)
         if (where.cards[at].contains(point))

@@ -327,7 +327,10 @@ int main(int argc, char** argv) {
     shown.form.run("Form_no_dire.Form_Unload");
 
     fill_panels(shown);
+    shown.form.state.file_count = 100;
+    for (int i = 1; i <= 100; ++i) shown.form.state.file_len.push_back(i / 2 * 41'943'040);
     corvane::lock_tasks(shown.form);
+    corvane::offer_cancel(shown.form, "查相同文件");
     shown.form.pic_gressbar1.set_colours(0xC0C0C0, 0x400040, 0xFF);
     shown.form.pic_gressbar1.set_scale(100);
     shown.form.pic_gressbar1.draw(62);
@@ -336,6 +339,8 @@ int main(int argc, char** argv) {
     shown.form.Label4.caption = "/home/li/照片/2023/夏天/很长的名字_海边_第一天_上午_和朋友们在一起_原图.jpg";
     pictures.save(shown, main, "running");
     corvane::unlock_tasks(shown.form);
+    shown.form.state.file_count = 0;
+    shown.form.state.file_len.resize(0);
     shown.form.pic_gressbar1.visible = shown.form.Command28.visible = shown.form.Label4.visible = false;
 
     show_marks(shown);
