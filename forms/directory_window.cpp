@@ -1,16 +1,23 @@
 #include "forms/directory_window.h"
 
 #include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
+#include <QMimeData>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "forms/directory_model.h"
 #include "forms/mirror.h"
 #include "forms/own_words.h"
+#include "forms/path_box.h"
 #include "forms/screen_text.h"
 #include "forms/selected_list.h"
 
@@ -66,6 +73,7 @@ directory_window::directory_window(Tavrel& main, directory_form& form,
 
 QWidget* directory_window::make_pick_side() {
     auto* side = new QWidget(this);
+    QWidget* path_row = make_path_row();
     volume_list_ = new pick_list(form_.List_disk_sele, side);
     volume_list_->setMaximumHeight(4 * (fontMetrics().height() + 8));
     tree_ = new pick_tree(side);
@@ -85,6 +93,7 @@ QWidget* directory_window::make_pick_side() {
     name_after(note_, form_.Label1);
     note_->setWordWrap(true);
     auto* layout = column_layout(side);
+    layout->addWidget(path_row);
     layout->addWidget(heading("驱动器(&V)", volume_list_));
     layout->addWidget(volume_list_);
     layout->addSpacing(4);
@@ -102,6 +111,7 @@ void directory_window::connect_picks() {
         for (const QModelIndex& row : tree_->rows(first, last)) paths.push_back(directories_->path(row));
         return paths;
     };
+    tree_->opened = [this] { act_("目录选择.Command_open_Click"); };
     const auto in_window = [this](const QAbstractScrollArea& view, QPoint place) {
         return view.viewport()->mapTo(this, place) * twips_per_pixel;
     };
@@ -137,6 +147,13 @@ QWidget* directory_window::make_selected_side() {
     auto* layout = column_layout(side);
     layout->addWidget(heading("选中目录(&L)", selected_));
     layout->addWidget(selected_, 1);
+    layout->addWidget(make_list_buttons());
+    nested_ = new QLabel(side);
+    name_after(nested_, form_.Label_nested);
+    nested_->setTextFormat(Qt::PlainText);
+    nested_->setWordWrap(true);
+    nested_->hide();
+    layout->addWidget(nested_);
     auto* note = new QLabel(own_line("前面勾选的目录受保护:照样比对,从不标记,从不删除."), side);
     note->setObjectName(QStringLiteral("protection_note"));
     note->setWordWrap(true);
@@ -149,25 +166,102 @@ QWidget* directory_window::make_buttons() {
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
-    buttons_ = {{nullptr, &form_.Command_sele, "选中(&S)", false},
-                {nullptr, &form_.direction_help, "帮助F1(&H)", false},
-                {nullptr, &form_.cmd_dir_firm, "执行(&R)", true},
-                {nullptr, &form_.Command34, "确定(&O)", true},
-                {nullptr, &form_.cmd_dir_discard, "放弃(&C)", false}};
-    for (bound_button& bound : buttons_) {
-        const std::string& name = bound.model->name();
-        bound.design = bound.model->caption;
-        bound.button = new QPushButton(own_line(bound.caption), row);
-        name_after(bound.button, *bound.model);
-        bound.button->setAutoDefault(false);
-        bound.button->setMinimumWidth(84);
-        connect(bound.button, &QPushButton::clicked, this,
-                [this, name] { act_("目录选择." + name + "_Click"); });
-        watch_button(bound.button, *bound.model);
+    const bound_button row_buttons[] = {{nullptr, &form_.Command_sele, "选中(&S)", false},
+                                        {nullptr, &form_.Command_open, "打开(&E)", false},
+                                        {nullptr, &form_.direction_help, "帮助F1(&H)", false},
+                                        {nullptr, &form_.cmd_dir_firm, "执行(&R)", true},
+                                        {nullptr, &form_.Command34, "确定(&O)", true},
+                                        {nullptr, &form_.cmd_dir_discard, "放弃(&C)", false}};
+    for (const bound_button& bound : row_buttons) {
         if (bound.model == &form_.cmd_dir_firm) layout->addStretch(1);
-        layout->addWidget(bound.button);
+        layout->addWidget(add_button(bound, row));
     }
     return row;
+}
+
+QPushButton* directory_window::add_button(const bound_button& bound, QWidget* parent) {
+    const std::string& name = bound.model->name();
+    auto* button = new QPushButton(own_line(bound.caption), parent);
+    buttons_.push_back({button, bound.model, bound.caption, bound.waits_for_task, bound.model->caption});
+    name_after(button, *bound.model);
+    button->setAutoDefault(false);
+    button->setMinimumWidth(84);
+    connect(button, &QPushButton::clicked, this, [this, name] { act_("目录选择." + name + "_Click"); });
+    watch_button(button, *bound.model);
+    return button;
+}
+
+QWidget* directory_window::make_path_row() {
+    auto* row = new QWidget(this);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+    path_ = new path_box(main_.outside.files, row);
+    name_after(path_, form_.Text_path);
+    path_->given = [this](const std::string& text) {
+        shown_path_ = path_->text().toStdString();
+        take_given(text);
+    };
+    layout->addWidget(heading("路径(&P)", path_));
+    layout->addWidget(path_, 1);
+    QPushButton* add = add_button({nullptr, &form_.Command_path, "加入(&A)", false}, row);
+    // Before the handler of the button reads it.
+    connect(add, &QPushButton::pressed, this,
+            [this] { form_.Text_path.text = shown_path_ = path_->text().toStdString(); });
+    layout->addWidget(add);
+    auto* key = new QShortcut(QKeySequence::Paste, this);
+    connect(key, &QShortcut::activated, this, [this] {
+        if (const QMimeData* copied = QGuiApplication::clipboard()->mimeData())
+            take_given(given_text(*copied));
+    });
+    return row;
+}
+
+void directory_window::take_given(const std::string& text) {
+    form_.Text_path.text = text;
+    act_("目录选择.Command_path_Click");
+    selected_->scrollToBottom();
+}
+
+QWidget* directory_window::make_list_buttons() {
+    auto* row = new QWidget(this);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+    layout->addWidget(add_button({nullptr, &form_.Command_remove, "移去(&M)", false}, row));
+    QPushButton* recent = add_button({nullptr, &form_.Command_recent, "最近用过(&Z)", false}, row);
+    // After the handler, which fills the list.
+    connect(recent, &QPushButton::clicked, this, [this] { show_recent(); });
+    layout->addWidget(recent);
+    layout->addStretch(1);
+    return row;
+}
+
+void directory_window::show_recent() {
+    auto* menu = new QMenu(this);
+    name_after(menu, form_.List_recent);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setToolTipsVisible(true);
+    const std::vector<list_box::row>& rows = form_.List_recent.rows();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const QString words =
+            menu->fontMetrics().elidedText(own_line(rows[i].text), Qt::ElideMiddle, width() * 2 / 3);
+        QAction* set = menu->addAction(QString(words).replace(QLatin1Char('&'), QStringLiteral("&&")));
+        set->setToolTip(screen_lines(rows[i].tooltip));
+        connect(set, &QAction::triggered, this, [this, i] {
+            form_.List_recent.select_only(i);
+            act_("目录选择.List_recent_Click");
+        });
+    }
+    if (rows.empty()) menu->addAction(own_line("还没有选中过目录"))->setEnabled(false);
+    const QWidget* button = findChild<QWidget*>(QString::fromStdString(form_.Command_recent.name()));
+    menu->popup(button->mapToGlobal(QPoint(0, button->height())));
+}
+
+void directory_window::toggle_directory() {
+    if (!std::exchange(form_.tree_toggles, false)) return;
+    const QModelIndex row = tree_->currentIndex();
+    if (row.isValid()) tree_->setExpanded(row, !tree_->isExpanded(row));
 }
 
 // Where the lists stand: the caption flies between them.
@@ -240,7 +334,15 @@ void directory_window::sync(bool tasks_locked) {
     mirror_tooltip(selected_, form_.list_selected_dir.tooltip);
     mirror_tooltip(volume_list_, form_.List_disk_sele.tooltip);
     mirror_tooltip(tree_, form_.Dir_select.tooltip);
+    toggle_directory();
     mirror_text(note_, own_line(form_.Label1.caption));
+    mirror_text(nested_, own_line(form_.Label_nested.caption));
+    mirror_visible(nested_, !form_.Label_nested.caption.empty());
+    mirror_tooltip(path_, form_.Text_path.tooltip);
+    if (form_.Text_path.text != shown_path_) {
+        shown_path_ = form_.Text_path.text;
+        path_->setText(QString::fromStdString(shown_path_));
+    }
     for (const bound_button& bound : buttons_) {
         const bool is_design = bound.model->caption == bound.design;
         mirror_text(bound.button, own_line(is_design ? bound.caption : bound.model->caption));
