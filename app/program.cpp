@@ -9,6 +9,7 @@
 #include "app/version.h"
 #include "browser/browser_handlers.h"
 #include "browser/mark_store.h"
+#include "browser/preview.h"
 #include "cleanup/archive_tool.h"
 #include "cleanup/cleanup_handlers.h"
 #include "compare/compare_handlers.h"
@@ -141,6 +142,7 @@ bool program::start() {
     读不参加比较的文件类型(main_);
     读仅搜索的文件类型(main_);
     read_protected_folders(main_);
+    read_preview_shown(main_);
     texts_.start();
     lay_out_halves(main_);
     static constexpr const char* panels[] = {"全部文件数", "全部文件大小", "相同文件数", "相同文件大小",

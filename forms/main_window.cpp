@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "browser/list_views.h"
+#include "browser/preview.h"
 #include "cleanup/stake.h"
 #include "core/tasks/help.h"
 #include "forms/colour_bar_view.h"
@@ -29,6 +30,7 @@
 #include "forms/number_frame.h"
 #include "forms/own_words.h"
 #include "forms/panel_bar.h"
+#include "forms/preview_pane.h"
 #include "forms/row_panel.h"
 #include "forms/screen_text.h"
 #include "forms/start_page.h"
@@ -129,13 +131,22 @@ QWidget* main_window::make_work_area() {
     for (QWidget* widget : {static_cast<QWidget*>(left_list_), static_cast<QWidget*>(text_),
                             static_cast<QWidget*>(start_), static_cast<QWidget*>(side_list_)})
         stacked->addWidget(widget);
-    list_ = new list_table(form_, act_, splitter_);
+    list_side_ = new QSplitter(Qt::Vertical, splitter_);
+    list_side_->setObjectName(QStringLiteral("list_side"));
+    list_side_->setChildrenCollapsible(false);
+    list_side_->setHandleWidth(splitter_width);
+    list_ = new list_table(form_, act_, list_side_);
     name_after(list_, form_.ListView1);
     list_->setAccessibleName(own_line("结果列表"));
     list_->show_menu = [this](const std::string& name, QPoint place) {
         if (QMenu* menu = menus_->popup(name)) menu->popup(place);
     };
     list_->hide();
+    preview_ = new preview_pane(form_, list_side_);
+    preview_->hide();
+    list_side_->setStretchFactor(0, 3);
+    list_side_->setStretchFactor(1, 2);
+    list_side_->hide();
     left_list_->viewport()->installEventFilter(this);
     text_->viewport()->installEventFilter(this);
     splitter_->handle(1)->installEventFilter(this);
@@ -210,8 +221,12 @@ void main_window::sync_work_area(bool tasks_locked) {
     mirror_visible(start_, start_shown);
     mirror_visible(left_, !list_shown || text_shown || left_list_shown || side_list_shown);
     mirror_visible(list_, list_shown);
+    mirror_visible(list_side_, list_shown);
     mirror_tooltip(list_, form_.ListView1.tooltip);
     if (list_shown) list_->sync(tasks_locked);
+    mirror_visible(preview_, preview_shown(form_));
+    // Rows that are on their way are not looked at.
+    if (!tasks_locked) preview_->sync(list_shown ? list_->row_in_hand() : 0);
     mirror_visible(marks_, list_shown && shown_view(form_).holds_copies);
     sync_marks(tasks_locked);
 }

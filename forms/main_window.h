@@ -25,6 +25,7 @@ class list_table;
 class menu_bar;
 class number_frame;
 class panel_bar;
+class preview_pane;
 class row_panel;
 class start_page;
 class task_column;
@@ -42,6 +43,7 @@ class main_window : public QMainWindow {
 
     menu_bar& menus() { return *menus_; }
     list_table& list() { return *list_; }
+    preview_pane& preview() { return *preview_; }
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -78,7 +80,9 @@ class main_window : public QMainWindow {
     list_box_view* side_list_ = nullptr;
     text_view* text_ = nullptr;
     start_page* start_ = nullptr;
+    QSplitter* list_side_ = nullptr;  // the list, and the preview below it
     list_table* list_ = nullptr;
+    preview_pane* preview_ = nullptr;
     QLabel* marks_ = nullptr;  // the status line of the list
     QWidget* run_row_ = nullptr;
     QLabel* file_name_ = nullptr;
