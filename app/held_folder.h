@@ -24,6 +24,7 @@ class held_folder : public file_system {
 
     char separator() const override { return disk_.separator(); }
     bool ignores_case() const override { return disk_.ignores_case(); }
+    std::string text_of(std::string_view raw) const override { return disk_.text_of(raw); }
     std::vector<volume> volumes() override { return disk_.volumes(); }
     outcome_with<directory_reader> open_directory(const std::string& path) override {
         return disk_.open_directory(path);

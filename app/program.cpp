@@ -10,6 +10,7 @@
 #include "browser/browser_handlers.h"
 #include "browser/mark_store.h"
 #include "browser/same_store.h"
+#include "browser/preview.h"
 #include "cleanup/archive_tool.h"
 #include "cleanup/cleanup_handlers.h"
 #include "compare/compare_handlers.h"
@@ -25,6 +26,7 @@
 #include "names/name_handlers.h"
 #include "reports/page_task.h"
 #include "reports/report_handlers.h"
+#include "search/given_paths.h"
 #include "search/search_handlers.h"
 
 namespace corvane {
@@ -54,6 +56,7 @@ program::program(ports outside, program_place place)
       main_({files_, outside.desktop, outside.machine, outside.screen, outside.encodings, outside.instances,
              outside.notice},
             place_.folder),
+      Text_given_(main_.add<control>(control_kind::text_box, "Text_given")),
       directory_(main_),
       options_(main_),
       tree_(main_),
@@ -62,6 +65,7 @@ program::program(ports outside, program_place place)
       sleep_(main_, warning_, shutdown_),
       texts_(main_, program_version, program_web_page) {
     main_.state.shared_dir = place_.shared;
+    Text_given_.visible = false;
     main_.add_child(directory_);
     main_.add_child(options_);
     main_.add_child(tree_);
@@ -86,6 +90,8 @@ void program::join_handlers() {
           texts_.handlers()})
         main_.bind(table);
     main_.bind("exit_sub", [this] { close(); });
+    main_.bind("drop_directories", [this] { take_given(main_.list_event.ctrl); });
+    main_.bind("paste_directories", [this] { take_given(true); });
     for (const char* name : handlers_to_come())
         if (!main_.has_handler(name)) main_.expect(name);
 }
@@ -137,6 +143,7 @@ bool program::start() {
     读不参加比较的文件类型(main_);
     读仅搜索的文件类型(main_);
     read_protected_folders(main_);
+    read_preview_shown(main_);
     texts_.start();
     state.stored_pairs = stored_pair_count(main_.outside.files, state.same_file_path);
     lay_out_halves(main_);
@@ -203,7 +210,10 @@ std::vector<std::string> program::existing(const std::vector<std::string>& direc
 reception program::receive(const std::vector<std::string>& directories) {
     if (closing_ != stage::open) return reception::refused;
     for (const std::string& directory : directories)
-        if (main_.outside.files.attributes(directory).directory) waiting_.push_back(directory);
+        if (main_.outside.files.attributes(directory).directory) {
+            waiting_.push_back(directory);
+            waiting_joins_ = false;
+        }
     if (main_.handler_runs() || main_.task_runs()) return reception::waits;
     take_waiting();
     return reception::taken;
@@ -212,7 +222,20 @@ reception program::receive(const std::vector<std::string>& directories) {
 void program::take_waiting() {
     if (waiting_.empty()) return;
     const std::vector<std::string> directories = std::exchange(waiting_, {});
-    directory_.take_from_outside(directories);
+    directory_.take_from_outside(directories, std::exchange(waiting_joins_, true));
+}
+
+void program::take_given(bool joins) {
+    const std::string text = std::exchange(Text_given_.text, {});
+    if (closing_ != stage::open) return;
+    const auto most = static_cast<std::size_t>(main_.state.limits.selected_directories);
+    const given_directories given = find_given_directories(files_, text, most);
+    if (given.directories.empty()) return main_.inform("没有可选中的目录。\r\n" + others_words(given.others));
+    // They are taken when the outermost handler has returned, which may be this one.
+    waiting_.insert(waiting_.end(), given.directories.begin(), given.directories.end());
+    waiting_joins_ = waiting_joins_ && joins;
+    if (main_.task_runs()) return main_.inform("正在运行任务,任务结束后选中这些目录。");
+    main_.panel(7, "目录选择");
 }
 
 void program::close() {

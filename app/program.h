@@ -69,6 +69,9 @@ class program {
     // Those of the directories that there are; tells in one box what is none.
     std::vector<std::string> existing(const std::vector<std::string>& directories);
     void take_waiting();
+    // Directories that the user drops or pastes on the main form, in the lines of Text_given. They wait as
+    // those of `receive` do.
+    void take_given(bool joins);
     // The end, unless something still runs.
     void end_when_idle();
 
@@ -76,8 +79,10 @@ class program {
     const program_place place_;
     bool may_ask_ = true;
     std::vector<std::string> asked_, waiting_;
+    bool waiting_joins_ = true;  // the waiting ones join the selection; false: they take its place
     bool passed_on_ = false;
     Tavrel main_;
+    control& Text_given_;
     directory_form directory_;
     options_form options_;
     tree_form tree_;

@@ -13,6 +13,7 @@
 #include "browser/mark_history.h"
 #include "browser/mark_store.h"
 #include "browser/pair_table.h"
+#include "browser/preview.h"
 #include "browser/row_panel.h"
 #include "browser/same_store.h"
 #include "browser/same_view.h"
@@ -140,6 +141,7 @@ handler_table browser_handlers() {
          [](Tavrel& form) { open_directory_of_box(form, form.samefile_disp2.text); }},
         {"rewrite_store", [](Tavrel& form) { rewrite_store(form); }, starts_task},
         {"show_row_panel", [](Tavrel& form) { show_row_panel(form, form.ListView1.selected_row); }},
+        {"preview_m", preview_m_Click},
         {"Frame4_Close", [](Tavrel& form) { form.Frame4.visible = false; }},
     };
     for (handler& each : mark_handlers()) table.push_back(std::move(each));

@@ -11,6 +11,7 @@
 #include "forms/directory_model.h"
 #include "forms/mirror.h"
 #include "forms/own_words.h"
+#include "forms/path_box.h"
 #include "forms/screen_text.h"
 #include "forms/selected_list.h"
 
@@ -66,6 +67,7 @@ directory_window::directory_window(Tavrel& main, directory_form& form,
 
 QWidget* directory_window::make_pick_side() {
     auto* side = new QWidget(this);
+    QWidget* path_row = make_path_row();
     volume_list_ = new pick_list(form_.List_disk_sele, side);
     volume_list_->setMaximumHeight(4 * (fontMetrics().height() + 8));
     tree_ = new pick_tree(side);
@@ -86,6 +88,7 @@ QWidget* directory_window::make_pick_side() {
     name_after(note_, form_.Label1);
     note_->setWordWrap(true);
     auto* layout = column_layout(side);
+    layout->addWidget(path_row);
     layout->addWidget(heading("驱动器(&V)", volume_list_));
     layout->addWidget(volume_list_);
     layout->addSpacing(4);
@@ -103,6 +106,7 @@ void directory_window::connect_picks() {
         for (const QModelIndex& row : tree_->rows(first, last)) paths.push_back(directories_->path(row));
         return paths;
     };
+    tree_->opened = [this] { act_("目录选择.Command_open_Click"); };
     const auto in_window = [this](const QAbstractScrollArea& view, QPoint place) {
         return view.viewport()->mapTo(this, place) * twips_per_pixel;
     };
@@ -138,6 +142,13 @@ QWidget* directory_window::make_selected_side() {
     auto* layout = column_layout(side);
     layout->addWidget(heading("选中目录(&L)", selected_));
     layout->addWidget(selected_, 1);
+    layout->addWidget(make_list_buttons());
+    nested_ = new QLabel(side);
+    name_after(nested_, form_.Label_nested);
+    nested_->setTextFormat(Qt::PlainText);
+    nested_->setWordWrap(true);
+    nested_->hide();
+    layout->addWidget(nested_);
     auto* note = new QLabel(own_line("前面勾选的目录受保护:照样比对,从不标记,从不删除."), side);
     note->setObjectName(QStringLiteral("protection_note"));
     note->setWordWrap(true);
@@ -150,25 +161,29 @@ QWidget* directory_window::make_buttons() {
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
-    buttons_ = {{nullptr, &form_.Command_sele, "选中(&S)", false},
-                {nullptr, &form_.direction_help, "帮助F1(&H)", false},
-                {nullptr, &form_.cmd_dir_firm, "执行(&R)", true},
-                {nullptr, &form_.Command34, "确定(&O)", true},
-                {nullptr, &form_.cmd_dir_discard, "放弃(&C)", false}};
-    for (bound_button& bound : buttons_) {
-        const std::string& name = bound.model->name();
-        bound.design = bound.model->caption;
-        bound.button = new QPushButton(own_line(bound.caption), row);
-        name_after(bound.button, *bound.model);
-        bound.button->setAutoDefault(false);
-        bound.button->setMinimumWidth(84);
-        connect(bound.button, &QPushButton::clicked, this,
-                [this, name] { act_("目录选择." + name + "_Click"); });
-        watch_button(bound.button, *bound.model);
+    const bound_button row_buttons[] = {{nullptr, &form_.Command_sele, "选中(&S)", false},
+                                        {nullptr, &form_.Command_open, "打开(&E)", false},
+                                        {nullptr, &form_.direction_help, "帮助F1(&H)", false},
+                                        {nullptr, &form_.cmd_dir_firm, "执行(&R)", true},
+                                        {nullptr, &form_.Command34, "确定(&O)", true},
+                                        {nullptr, &form_.cmd_dir_discard, "放弃(&C)", false}};
+    for (const bound_button& bound : row_buttons) {
         if (bound.model == &form_.cmd_dir_firm) layout->addStretch(1);
-        layout->addWidget(bound.button);
+        layout->addWidget(add_button(bound, row));
     }
     return row;
+}
+
+QPushButton* directory_window::add_button(const bound_button& bound, QWidget* parent) {
+    const std::string& name = bound.model->name();
+    auto* button = new QPushButton(own_line(bound.caption), parent);
+    buttons_.push_back({button, bound.model, bound.caption, bound.waits_for_task, bound.model->caption});
+    name_after(button, *bound.model);
+    button->setAutoDefault(false);
+    button->setMinimumWidth(84);
+    connect(button, &QPushButton::clicked, this, [this, name] { act_("目录选择." + name + "_Click"); });
+    watch_button(button, *bound.model);
+    return button;
 }
 
 // Where the lists stand: the caption flies between them.
@@ -241,7 +256,15 @@ void directory_window::sync(bool tasks_locked) {
     mirror_tooltip(selected_, form_.list_selected_dir.tooltip);
     mirror_tooltip(volume_list_, form_.List_disk_sele.tooltip);
     mirror_tooltip(tree_, form_.Dir_select.tooltip);
+    toggle_directory();
     mirror_text(note_, own_line(form_.Label1.caption));
+    mirror_text(nested_, own_line(form_.Label_nested.caption));
+    mirror_visible(nested_, !form_.Label_nested.caption.empty());
+    mirror_tooltip(path_, form_.Text_path.tooltip);
+    if (form_.Text_path.text != shown_path_) {
+        shown_path_ = form_.Text_path.text;
+        path_->setText(QString::fromStdString(shown_path_));
+    }
     for (const bound_button& bound : buttons_) {
         const bool is_design = bound.model->caption == bound.design;
         mirror_text(bound.button, own_line(is_design ? bound.caption : bound.model->caption));

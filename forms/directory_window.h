@@ -19,6 +19,7 @@ class QPushButton;
 namespace corvane {
 
 class directory_model;
+class path_box;
 class selected_list;
 
 class directory_window : public child_window {
@@ -47,6 +48,12 @@ class directory_window : public child_window {
         std::string design = {};  // the model's caption before any table of texts
     };
 
+    QWidget* make_path_row();
+    QWidget* make_list_buttons();
+    QPushButton* add_button(const bound_button& bound, QWidget* parent);
+    void take_given(const std::string& text);
+    void show_recent();
+    void toggle_directory();
     QWidget* make_pick_side();
     QWidget* make_selected_side();
     QWidget* make_buttons();
@@ -57,6 +64,8 @@ class directory_window : public child_window {
 
     directory_form& form_;
     directory_model* directories_;
+    path_box* path_ = nullptr;
+    QLabel* nested_ = nullptr;
     pick_list* volume_list_ = nullptr;
     pick_tree* tree_ = nullptr;
     selected_list* selected_ = nullptr;
@@ -65,6 +74,7 @@ class directory_window : public child_window {
     QLabel* flight_ = nullptr;
     QTimer flight_clock_;
     std::vector<bound_button> buttons_;
+    std::string shown_path_;  // of the model, what the box was set to last
     std::string shown_directory_;
     bool showing_ = false;  // the tree is being set after the model, not by the user
 };

@@ -4,6 +4,7 @@
 #include "core/tasks/progress.h"
 #include "forms/about_window.h"
 #include "forms/directory_window.h"
+#include "forms/folder_drops.h"
 #include "forms/form_parts.h"
 #include "forms/help_keys.h"
 #include "forms/long_run.h"
@@ -31,6 +32,10 @@ front_end::front_end(program& corvane, qt_user_interface& screen) : program_(cor
         std::make_unique<warning_window>(program_.main_form(), program_.warning_window(), run, main_.get());
     about_ = std::make_unique<about_window>(program_.main_form(), program_.texts().about(), run, main_.get());
     help_keys_ = std::make_unique<help_keys>(program_, run);
+    new folder_drops(
+        *main_,
+        [this](const std::string& text, bool joins) { take_folders(text, "drop_directories", joins); },
+        [this](const std::string& text) { take_folders(text, "paste_directories", true); });
     windows_ = {directory_.get(), options_.get(), tree_.get(), sleep_.get(), warning_.get(), about_.get()};
     screen_.set_sync([this] { sync(); });
     screen_.set_help([this](int topic) { open_topic(program_.main_form(), topic); });
@@ -65,6 +70,14 @@ void front_end::act(const std::string& handler) {
     if (program_.is_closing()) return;
     program_.main_form().run(handler);
     sync();
+}
+
+void front_end::take_folders(const std::string& text, const char* handler, bool joins) {
+    Tavrel& form = program_.main_form();
+    form.find("Text_given")->text = text;
+    form.list_event = {};
+    form.list_event.ctrl = joins;
+    act(handler);
 }
 
 void front_end::sync() {

@@ -66,6 +66,7 @@ class front_end {
     std::unique_ptr<warning_window> warning_;
     std::unique_ptr<about_window> about_;
     std::unique_ptr<help_keys> help_keys_;
+    void take_folders(const std::string& text, const char* handler, bool joins);
     std::vector<child_window*> windows_;  // every window beside the main form
     bool syncing_ = false;
 };

@@ -147,6 +147,11 @@ void list_table::take_width_from_user(int column, int pixels) {
     shown_layout_ = list_.layout_revision();
 }
 
+std::int32_t list_table::row_in_hand() const {
+    if (list_.selected_row > 0) return list_.selected_row;
+    return currentIndex().isValid() ? currentIndex().row() + 1 : 0;
+}
+
 void list_table::take_selection() {
     // The current cell may be another row's: what was found is current without being selected.
     const int shown = selectionModel()->hasSelection() ? selectionModel()->selection().first().top() + 1 : 0;

@@ -32,6 +32,8 @@ class list_table : public QTableView {
     // The twips of one pixel: the widths were laid out for digits of six pixels and grow with the font.
     double twips_per_pixel() const;
     list_model& cells() { return *cells_; }
+    // The selected row, else that of the current cell; 0 for none.
+    std::int32_t row_in_hand() const;
 
   protected:
     bool event(QEvent* event) override;

@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 
 #include "browser/list_views.h"
+#include "browser/preview.h"
 #include "cleanup/stake.h"
 #include "core/tasks/help.h"
 #include "forms/column_scroll.h"
@@ -33,6 +34,7 @@
 #include "forms/number_frame.h"
 #include "forms/own_words.h"
 #include "forms/panel_bar.h"
+#include "forms/preview_pane.h"
 #include "forms/row_panel.h"
 #include "forms/run_row.h"
 #include "forms/screen_text.h"
@@ -136,7 +138,11 @@ QWidget* main_window::make_work_area() {
     for (QWidget* widget : {static_cast<QWidget*>(left_list_), static_cast<QWidget*>(text_),
                             static_cast<QWidget*>(start_area_), static_cast<QWidget*>(side_list_)})
         stacked->addWidget(widget);
-    list_area_ = new QWidget(splitter_);
+    list_side_ = new QSplitter(Qt::Vertical, splitter_);
+    list_side_->setObjectName(QStringLiteral("list_side"));
+    list_side_->setChildrenCollapsible(false);
+    list_side_->setHandleWidth(splitter_width);
+    list_area_ = new QWidget(list_side_);
     auto* beside = new QVBoxLayout(list_area_);
     beside->setContentsMargins(0, 0, 0, 0);
     beside->setSpacing(0);
@@ -152,6 +158,11 @@ QWidget* main_window::make_work_area() {
     list_->hide();
     list_area_->hide();
     panel_ = new row_panel(form_, act_, list_area_);
+    preview_ = new preview_pane(form_, list_side_);
+    preview_->hide();
+    list_side_->setStretchFactor(0, 3);
+    list_side_->setStretchFactor(1, 2);
+    list_side_->hide();
     left_list_->viewport()->installEventFilter(this);
     text_->viewport()->installEventFilter(this);
     splitter_->handle(1)->installEventFilter(this);
@@ -209,9 +220,13 @@ void main_window::sync_work_area(bool tasks_locked) {
     mirror_visible(left_, !list_shown || text_shown || left_list_shown || side_list_shown);
     mirror_visible(list_area_, list_shown);
     mirror_visible(list_, list_shown);
+    mirror_visible(list_side_, list_shown);
     mirror_tooltip(list_, form_.ListView1.tooltip);
     if (list_shown) list_->sync(tasks_locked);
     if (list_shown) list_head_->sync(marked_);
+    mirror_visible(preview_, preview_shown(form_));
+    // Rows that are on their way are not looked at.
+    if (!tasks_locked) preview_->sync(list_shown ? list_->row_in_hand() : 0);
     mirror_visible(marks_, list_shown && shown_view(form_).holds_copies);
     sync_marks(tasks_locked);
 }

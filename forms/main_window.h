@@ -27,6 +27,7 @@ class list_table;
 class menu_bar;
 class number_frame;
 class panel_bar;
+class preview_pane;
 class row_panel;
 class run_row;
 class side_list;
@@ -46,6 +47,7 @@ class main_window : public QMainWindow {
 
     menu_bar& menus() { return *menus_; }
     list_table& list() { return *list_; }
+    preview_pane& preview() { return *preview_; }
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -85,7 +87,9 @@ class main_window : public QMainWindow {
     QScrollArea* start_area_ = nullptr;
     QWidget* list_area_ = nullptr;  // the list with what belongs to it
     list_head* list_head_ = nullptr;
+    QSplitter* list_side_ = nullptr;  // the list, and the preview below it
     list_table* list_ = nullptr;
+    preview_pane* preview_ = nullptr;
     QLabel* marks_ = nullptr;  // the status line of the list
     run_row* run_row_ = nullptr;
     panel_bar* panels_ = nullptr;

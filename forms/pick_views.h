@@ -23,6 +23,8 @@ class pick_view : public Base {
 
     // `place` is the point in this view's viewport.
     std::function<void(mouse_button button, int shift, int row, QPoint place)> pressed;
+    // The current row is to be opened or closed, and not picked. Without it these acts do nothing.
+    std::function<void()> opened;
 
     QModelIndexList rows(int first, int last) const {
         QModelIndexList found;
@@ -43,6 +45,10 @@ class pick_view : public Base {
         const QPoint place = event->position().toPoint();
         const QModelIndex row = this->indexAt(place);
         const bool left = event->button() == Qt::LeftButton;
+        if (row.isValid() && event->button() == Qt::MiddleButton && opened) {
+            this->setCurrentIndex(row);
+            return opened();
+        }
         const Qt::KeyboardModifiers keys = event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier);
         if (!row.isValid() || (!left && event->button() != Qt::RightButton))
             return Base::mousePressEvent(event);
@@ -67,7 +73,9 @@ class pick_view : public Base {
         if (pressed) pressed(mouse_button::right, 0, number_of(row), place);
     }
     void keyPressEvent(QKeyEvent* event) override {
-        const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        const bool enter =
+            event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Insert;
+        if (event->key() == Qt::Key_Space && opened) return opened();
         const QModelIndex row = this->currentIndex();
         if (enter && row.isValid() && pressed)
             pressed(mouse_button::right, 0, number_of(row), this->visualRect(row).center());

@@ -21,7 +21,8 @@ struct step_words {
 };
 
 constexpr step_words words[] = {
-    {"Picture1", "choose_directories", "选择目录", "告诉程序到哪里去找。可以选一个目录，也可以选好几个。"},
+    {"Picture1", "choose_directories", "选择目录",
+     "告诉程序到哪里去找。可以选好几个目录，也可以把文件夹拖到这里。"},
     {"Picture2", "search_files", "文件搜索", "把所选目录里的文件全部列出来。这一步只看，不改动任何文件。"},
     {"Picture3", "compare_files", "查相同文件", "逐个核对内容，找出完全一样的文件，成对列在这里。"},
     {"Picture4", "show_same", "显示上次的结果", "接着看上一次找到的相同文件；已经不在的不再列出。"},

@@ -152,6 +152,9 @@ class file_system {
     // True where two paths that differ in case only name one file.
     virtual bool ignores_case() const = 0;
 
+    // A path in the system's own bytes as the program's text.
+    virtual std::string text_of(std::string_view raw) const { return std::string(raw); }
+
     // Home first where there is one, then the volumes that hold files of their own, by path. Never empty.
     virtual std::vector<volume> volumes() = 0;
     // Fails when the directory cannot be read, or lies on a pseudo file system.

@@ -55,8 +55,16 @@ directory_form::directory_form(Tavrel& main)
       select_dir_mnu(add<control>(control_kind::menu_item, "select_dir_mnu")),
       move_selected_dir(add<control>(control_kind::menu_item, "move_selected_dir")),
       清空列表M(add<control>(control_kind::menu_item, "清空列表M")),
+      Text_path(add<control>(control_kind::text_box, "Text_path")),
+      Command_path(add<control>(control_kind::button, "Command_path")),
+      Command_open(add<control>(control_kind::button, "Command_open")),
+      Command_remove(add<control>(control_kind::button, "Command_remove")),
+      Command_recent(add<control>(control_kind::button, "Command_recent")),
+      List_recent(add<list_box>("List_recent")),
+      Label_nested(add<control>(control_kind::label, "Label_nested")),
       main_(main),
-      flight_(Text_animal, Timer1) {
+      flight_(Text_animal, Timer1),
+      recent_(main) {
     caption = "搜索目录_选择";
     List_disk_sele.own_words = true;
     help_context = 1009;
@@ -73,6 +81,15 @@ directory_form::directory_form(Tavrel& main)
     清空列表M.caption = "清空列表";
     List_disk_sele.tooltip = Dir_select.tooltip = pick_tip;
     list_selected_dir.tooltip = "鼠标双击，放弃该目录.支持鼠标拖放,Ctrl+鼠标,多重拖入";
+    Text_path.tooltip = "输入或粘贴目录的路径,也可以是几行;回车加入选中目录";
+    Command_path.caption = "加入";
+    Command_open.caption = "打开";
+    Command_open.tooltip = "在目录树中打开或合上这个目录,不选中它(空格键,鼠标中键)";
+    Command_remove.caption = "移去";
+    Command_remove.tooltip = "移去选中的项目(Delete)";
+    Command_recent.caption = "最近用过";
+    Command_recent.tooltip = "换成以前选中的一组目录";
+    List_recent.visible = false;
     // Without a front end the tree is the one row of its current directory.
     tree.paths = [this](int, int) { return std::vector<std::string>{Dir_select.text}; };
     drives.paths = [this](int first, int last) {

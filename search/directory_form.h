@@ -8,6 +8,7 @@
 #include "core/model/handlers.h"
 #include "platform/file_system.h"
 #include "search/directory_pick.h"
+#include "search/recent_sets.h"
 
 namespace corvane {
 
@@ -32,6 +33,13 @@ class directory_form : public form_model {
     control& select_dir_mnu;
     control& move_selected_dir;
     control& 清空列表M;
+    control& Text_path;       // what the user types or pastes: paths and file URLs in the system's bytes
+    control& Command_path;    // "加入": takes them into the list
+    control& Command_open;    // "打开": opens the tree's directory and picks nothing
+    control& Command_remove;  // "移去": the selected rows of the list go
+    control& Command_recent;  // "最近用过": fills List_recent
+    list_box& List_recent;    // a row each set of directories, newest first
+    control& Label_nested;    // which rows lie in others; empty for none
 
     // The rows of the tree on the screen; the front end sets `paths`.
     pick_source tree;
@@ -61,6 +69,21 @@ class directory_form : public form_model {
     void Dir_select_Change();
     // "选中": picks the tree's current directory.
     void Command_sele_Click();
+    // The tree is to open or close its current directory; the front end does it and sets false.
+    bool tree_toggles = false;
+    void Command_open_Click();
+    // A key on the tree, as the code of its key: Enter and Insert pick the current directory, the blank opens
+    // it.
+    void Dir_select_KeyDown(int key_code);
+
+    // Takes the directories that Text_path names into the list and empties it. What is none stays there and
+    // is told.
+    void Command_path_Click();
+    // Fills List_recent with the sets of earlier selections.
+    void Command_recent_Click();
+    // The selected set of List_recent becomes the list; what is no directory any more is left out and told.
+    void List_recent_Click();
+
     // A step of the flying caption.
     void Timer1_Timer();
 
@@ -70,8 +93,10 @@ class directory_form : public form_model {
     void drop_paths(const std::vector<std::string>& paths, bool ctrl);
     // Directories that the user has chosen outside of the program, as absolute paths. They become the
     // selection, cleaned as by "确定"; while the window is open, where the user is choosing, they join its
-    // list and the selection is left alone. The caller sees to it that no task runs.
-    void take_from_outside(const std::vector<std::string>& directories);
+    // list and the selection is left alone. With `joins` they join the selection in place of taking its
+    // place. Protection stays as it is: nobody has looked at the checks. The caller sees to it that no task
+    // runs.
+    void take_from_outside(const std::vector<std::string>& directories, bool joins = false);
     // A double click on a row.
     void remove_row(std::size_t index);
     void remove_selected();
@@ -92,6 +117,7 @@ class directory_form : public form_model {
     void load();
     bool is_protected(const std::string& path) const;
     void take_protection();
+    void tell_nested();
     void fill_from_backup();
     void fill_volumes();
     void choose_tree_root();
@@ -105,6 +131,7 @@ class directory_form : public form_model {
     std::vector<volume> volumes_;
     std::string tree_root_;
     pick_flight flight_;
+    recent_sets recent_;
 };
 
 }  // namespace corvane

@@ -1,4 +1,5 @@
 // The handlers of the directory window under their names.
+#include "core/model/main_form.h"
 #include "core/tasks/help.h"
 #include "search/directory_form.h"
 
@@ -16,6 +17,13 @@ handler_table directory_form::handlers() {
         own("Form_Unload", &directory_form::Form_Unload),
         own("Timer1_Timer", &directory_form::Timer1_Timer),
         own("Command_sele_Click", &directory_form::Command_sele_Click),
+        own("Command_path_Click", &directory_form::Command_path_Click),
+        own("Command_open_Click", &directory_form::Command_open_Click),
+        own("Command_remove_Click", &directory_form::remove_selected),
+        own("Command_recent_Click", &directory_form::Command_recent_Click),
+        own("List_recent_Click", &directory_form::List_recent_Click),
+        {name() + ".Dir_select_KeyDown",
+         [this](Tavrel& form) { Dir_select_KeyDown(form.list_event.key_code); }},
         own("Dir_select_Change", &directory_form::Dir_select_Change),
         own("list_selected_dir_DblClick", &directory_form::remove_selected),
         own("move_selected_dir", &directory_form::remove_selected),

@@ -10,6 +10,7 @@
 #include "core/tasks/protected_folders.h"
 #include "core/text/path_text.h"
 #include "search/directory_form.h"
+#include "search/nested_rows.h"
 
 namespace corvane {
 
@@ -31,6 +32,11 @@ void directory_form::add_paths(const std::vector<std::string>& paths) {
             list_selected_dir.add_checked(
                 paths[i],
                 checked.count(paths[i]) != 0 || (unchecked.count(paths[i]) == 0 && is_protected(paths[i])));
+    tell_nested();
+}
+
+void directory_form::tell_nested() {
+    Label_nested.caption = nested_line(list_selected_dir.rows(), main_.outside.files.separator());
 }
 
 bool directory_form::is_protected(const std::string& path) const {
@@ -67,19 +73,24 @@ void directory_form::drop_paths(const std::vector<std::string>& paths, bool ctrl
 
 void directory_form::remove_row(std::size_t index) {
     if (index < list_selected_dir.rows().size()) list_selected_dir.remove(index);
+    tell_nested();
 }
 
 void directory_form::remove_selected() {
     for (std::size_t row = list_selected_dir.rows().size(); row-- > 0;)
         if (list_selected_dir.rows()[row].selected) list_selected_dir.remove(row);
+    tell_nested();
 }
 
 void directory_form::clear_list() {
     list_selected_dir.clear();
+    tell_nested();
 }
 
 void directory_form::confirm_selection() {
     run_state& state = main_.state;
+    // What is said of the rows that go stays to be read.
+    tell_nested();
     std::vector<std::string> rows;
     for (const list_box::row& row : list_selected_dir.rows()) rows.push_back(row.text);
     // Sorted by the text with its closing separator, a directory is followed at once by all that lies in it.
@@ -113,14 +124,16 @@ void directory_form::confirm_selection() {
     }
     state.selected_dir_count = static_cast<std::int16_t>(state.selected_dirs.size());
     if (full) main_.complain("选中的目录太多，只取前 " + std::to_string(state.selected_dir_count) + " 个。");
+    recent_.note({state.selected_dirs.begin(), state.selected_dirs.end()});
 }
 
-void directory_form::take_from_outside(const std::vector<std::string>& directories) {
+void directory_form::take_from_outside(const std::vector<std::string>& directories, bool joins) {
     if (visible) {
         land();
         return add_paths(directories);
     }
     list_selected_dir.clear();
+    if (joins) add_paths({main_.state.selected_dirs.begin(), main_.state.selected_dirs.end()});
     add_paths(directories);
     confirm_selection();
 }
@@ -179,6 +192,7 @@ void directory_form::fill_from_backup() {
         if (inside && shown.count(folder) == 0)
             list_selected_dir.add_checked(folder.substr(0, folder.size() - 1), true);
     }
+    tell_nested();
 }
 
 }  // namespace corvane

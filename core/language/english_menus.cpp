@@ -16,6 +16,7 @@ std::span<const translation_row> english_menus() {
         {"搜索和比对", "Search both and compare"},
         {"显示相同文件", "View duplicates"},
         {"显示不相同的文件", "Show files with no duplicate"},
+        {"预览", "Preview"},
         {"删除内容相同文件", "Delete marked duplicates"},
         {"按序号删除", "Delete by row number (index)"},
         {"查找异常文件", "Find unusual files"},

@@ -11,6 +11,14 @@ std::span<const translation_row> english_messages() {
         {"{}  第一次运行，已自动建立环境文件", "{}: the first run; the settings file has been made"},
         {"{}  不是目录", "{} is no directory"},
         {"共 {n} 个不是目录", "{n} of them are no directories"},
+        {"没有可选中的目录。", "There is no directory to select."},
+        {"正在运行任务,任务结束后选中这些目录。",
+         "A task is running; these directories will be selected when it has ended."},
+        {"最近用过的目录读不全,只取了前 {n} 组。下次保存前另存一份。",
+         "The recent directories could not be read to their end; the first {n} sets were taken. The file is "
+         "copied "
+         "before the next save."},
+        {"最近用过的目录没有保存。", "The recent directories have not been kept."},
         {"Corvane 正在运行任务，任务结束后选中这些目录。",
          "Corvane is at work; these directories will be selected when its task has ended."},
         {"Corvane 正在结束，没有选中这些目录。请稍后再打开。",

@@ -23,6 +23,7 @@ std::span<const menu_entry> main_menu() {
         {"search_check_m", "搜索和比对(&B)", "文件操作_m", true, "F7"},
         {"显示相同文件_M", "显示相同文件(&V)", "文件操作_m", true, "F8"},
         {"disp_dispatch", "显示不相同的文件(&N)", "文件操作_m"},
+        {"preview_m", "预览(&E)", "文件操作_m", true, "F4"},
         {"separator_delete", "-", "文件操作_m"},
         {"删除内容相同的文件_m", "删除内容相同文件(&D)", "文件操作_m"},
         {"按序号删除_m", "按序号删除(&I)", "文件操作_m"},

@@ -16,6 +16,9 @@ constexpr char types_by_kind[] = "文件类型归类.txt";
 constexpr char types_by_name[] = "文件扩展名列表.txt";
 constexpr char protected_directories[] = "受保护的目录.txt";
 constexpr char protected_aside[] = "受保护的目录.旧.txt";  // one that could not be understood
+constexpr char recent_directories[] = "最近的目录.txt";
+constexpr char recent_aside[] = "最近的目录.旧.txt";  // one that could not be read to its end
+constexpr char preview[] = "预览.txt";                // whether the preview is shown
 constexpr char notes[] = "备记录.txt";
 constexpr char help[] = "Corvane帮助.chm";
 

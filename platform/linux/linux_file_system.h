@@ -9,6 +9,7 @@
 #include "platform/linux/linux_attributes.h"
 #include "platform/linux/linux_directories.h"
 #include "platform/linux/linux_volumes.h"
+#include "platform/linux/name_mapping.h"
 #include "platform/linux/request_pool.h"
 #include "platform/linux/stacked_devices.h"
 
@@ -20,6 +21,7 @@ class linux_file_system : public file_system {
 
     char separator() const override { return '/'; }
     bool ignores_case() const override { return false; }
+    std::string text_of(std::string_view raw) const override { return to_text(raw); }
     std::vector<volume> volumes() override { return linux_volumes(); }
     outcome_with<directory_reader> open_directory(const std::string& path) override {
         return directories_.open(path);

@@ -225,14 +225,15 @@ TEST(directory_window, a_stored_directory_inside_a_hidden_one_is_shown) {
 TEST(directory_window, the_tab_order_follows_the_eye) {
     open_window open;
     std::vector<std::string> order;
-    QWidget* at = open.shown.widget("List_disk_sele", &open.window);
+    QWidget* at = open.shown.widget("Text_path", &open.window);
     at->setFocus();
-    for (int step = 0; step < 9; ++step) {
+    for (int step = 0; step < 14; ++step) {
         order.push_back(QApplication::focusWidget()->objectName().toStdString());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
     EXPECT_EQ(order,
-              (paths{"List_disk_sele", "Dir_select", "Check_hidden", "list_selected_dir", "Command_sele",
+              (paths{"Text_path", "Command_path", "List_disk_sele", "Dir_select", "Check_hidden",
+                     "list_selected_dir", "Command_remove", "Command_recent", "Command_sele", "Command_open",
                      "direction_help", "cmd_dir_firm", "Command34", "cmd_dir_discard"}));
 }
 
@@ -244,9 +245,10 @@ TEST(directory_window, every_button_has_a_mnemonic_of_its_own) {
         EXPECT_FALSE(button->shortcut().isEmpty()) << button->text().toStdString();
         keys << button->shortcut().toString();
     }
-    keys << QStringLiteral("Alt+V") << QStringLiteral("Alt+T") << QStringLiteral("Alt+L");
+    keys << QStringLiteral("Alt+V") << QStringLiteral("Alt+T") << QStringLiteral("Alt+L")
+         << QStringLiteral("Alt+P");
     EXPECT_EQ(keys.removeDuplicates(), 0);
-    EXPECT_EQ(keys.size(), 9);
+    EXPECT_EQ(keys.size(), 14);
 }
 
 TEST(directory_window, confirming_takes_the_list_over_and_closes) {

@@ -2,9 +2,12 @@
 // outside, by QT_SCALE_FACTOR, and only names the files.
 #include <QAbstractButton>
 #include <QApplication>
+#include <QBuffer>
 #include <QDir>
 #include <QImage>
 #include <QMenu>
+#include <QPainter>
+#include <QTest>
 #include <QTimer>
 #include <cstdio>
 
@@ -17,6 +20,8 @@
 #include "forms/main_window.h"
 #include "forms/options_window.h"
 #include "forms/own_words.h"
+#include "forms/preview_pane.h"
+#include "forms/preview_side.h"
 #include "forms/row_panel.h"
 #include "forms/sleep_window.h"
 #include "forms/tree_window.h"
@@ -49,6 +54,32 @@ void show_marks(forms_program& shown) {
     list.set_number(8, 2, 123'456'789'012);
     list.selected_row = 3;
     shown.windows.sync();
+}
+
+// A picture as a camera might have taken it: sky, sea and a sun.
+std::string beach_file() {
+    QImage image(640, 400, QImage::Format_RGB32);
+    QPainter painter(&image);
+    painter.fillRect(0, 0, 640, 240, QColor(150, 200, 235));
+    painter.fillRect(0, 240, 640, 160, QColor(40, 110, 150));
+    painter.setBrush(QColor(250, 220, 120));
+    painter.drawEllipse(440, 50, 90, 90);
+    painter.end();
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "png");
+    return bytes.toStdString();
+}
+
+// The preview of a row, when both of its files have been read.
+bool show_preview(forms_program& shown, std::int32_t row) {
+    shown.form.ListView1.selected_row = row;
+    shown.windows.sync();
+    corvane::preview_pane& pane = shown.windows.main().preview();
+    const std::string path = shown.form.ListView1.cell(row, 4);
+    return QTest::qWaitFor([&] { return pane.side(1).path() == path && !pane.side(1).facts().isEmpty(); },
+                           20'000);
 }
 
 struct folder_of_pictures {
@@ -345,6 +376,18 @@ int main(int argc, char** argv) {
 
     show_marks(shown);
     pictures.save(shown, main, "list");
+    shown.files.add_file("/home/li/照片/2023/夏天/图片_10.jpg", beach_file());
+    shown.files.add_file("/home/li/备份/旧电脑/我的文档/图片_10 (副本).jpg", beach_file());
+    shown.files.add_file("/home/li/照片/2023/夏天/图片_12.jpg",
+                         "第一行\n第二行，长一些的文字，看得出不换行\nThird line\n");
+    shown.form.run("preview_m");
+    pictures.written &= show_preview(shown, 10);
+    pictures.save(shown, main, "preview");
+    pictures.written &= show_preview(shown, 12);
+    pictures.save(shown, main, "preview_text");
+    shown.form.run("preview_m");
+    shown.form.ListView1.selected_row = 3;
+    shown.windows.sync();
     shown.form.Frame4.caption = "显示第 3 条";
     shown.form.samefile_disp1.text = "/home/li/照片/2023/夏天/图片_3.jpg            2023-8-2 10:4:31\t23757";
     shown.form.samefile_disp2.text =

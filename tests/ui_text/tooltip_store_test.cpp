@@ -66,14 +66,16 @@ TEST(TooltipStore, TheOrderIsThatOfTheNames) {
     ASSERT_GT(p.kept().size(), names.size());
     for (std::size_t i = 0; i < names.size(); ++i)
         EXPECT_EQ(p.kept()[i], p.tip(names[i].c_str())) << names[i];
-    // Behind them those of 目录选择 that have one: Dir_select, List_disk_sele, cmd_dir_firm,
-    // list_selected_dir.
+    // Behind them those of 目录选择 that have one: Command_open, Command_recent, Command_remove, Dir_select,
+    // List_disk_sele, Text_path, cmd_dir_firm, list_selected_dir.
     const std::vector<std::string> rest(p.kept().begin() + static_cast<std::ptrdiff_t>(names.size()),
                                         p.kept().end());
-    EXPECT_EQ(rest,
-              (std::vector<std::string>{"右键选中,Ctrl+鼠标:多重选;shift 鼠标:区域选.",
-                                        "右键选中,Ctrl+鼠标:多重选;shift 鼠标:区域选.", "确定并执行查重",
-                                        "鼠标双击，放弃该目录.支持鼠标拖放,Ctrl+鼠标,多重拖入"}));
+    EXPECT_EQ(rest, (std::vector<std::string>{
+                        "在目录树中打开或合上这个目录,不选中它(空格键,鼠标中键)", "换成以前选中的一组目录",
+                        "移去选中的项目(Delete)", "右键选中,Ctrl+鼠标:多重选;shift 鼠标:区域选.",
+                        "右键选中,Ctrl+鼠标:多重选;shift 鼠标:区域选.",
+                        "输入或粘贴目录的路径,也可以是几行;回车加入选中目录", "确定并执行查重",
+                        "鼠标双击，放弃该目录.支持鼠标拖放,Ctrl+鼠标,多重拖入"}));
 }
 
 TEST(TooltipStore, TheOptionTakesEffectAtOnceAndIsStored) {
