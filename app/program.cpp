@@ -120,6 +120,7 @@ bool program::start() {
         prepare_folder();
         read_environment(main_);
         state.added = read_added_settings(main_.outside.files, main_.data_path(data_file::added_settings));
+        state.remembered.read(main_.outside.files, main_.data_path(data_file::window_looks));
         look_for_rar_tool(main_);
         options_.restore_place();
     }
@@ -224,6 +225,8 @@ void program::close() {
         }
         store_marks(main_);
         写Tavrel环境文件(main_);
+        // Without it the next start looks as the first one: nothing to bother anybody with.
+        main_.state.remembered.write(main_.outside.files, main_.data_path(data_file::window_looks));
         main_.caption = std::string(program_name) + "    " + ending;
         main_.panel(7, ending);
         closing_ = stage::waits;

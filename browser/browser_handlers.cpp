@@ -13,6 +13,7 @@
 #include "browser/mark_history.h"
 #include "browser/mark_store.h"
 #include "browser/pair_table.h"
+#include "browser/remembered_list.h"
 #include "browser/row_panel.h"
 #include "browser/same_store.h"
 #include "browser/same_view.h"
@@ -38,12 +39,18 @@ void moving(Tavrel& form) {
     act(form);
 }
 
+void sort_by_heading(Tavrel& form) {
+    const bool refused = form.task_runs();
+    ListView1_ColumnClick(form);
+    if (!refused && !form.state.quit_requested) remember_sort(form);
+}
+
 // Refused within a task: then there is nothing to note.
 void click_heading(Tavrel& form) {
     if (form.state.tasks_locked)
         ListView1_ColumnClick(form);
     else
-        moving<ListView1_ColumnClick>(form);
+        moving<sort_by_heading>(form);
 }
 
 // Only a rule marks both cells of a row. By hand a mark then has to be held against the whole group.
@@ -97,7 +104,12 @@ void show_same_files(Tavrel& form) {
     if (state.quit_requested || !shown_view(form).holds_copies || !list.visible || list.row_count() == 0)
         return;
     if (fresh) state.mark_history[list_modes::same_files] = {};
-    if (!state.stored_marks_asked && !fresh) restore_marks(form);
+    if (!state.stored_marks_asked && !fresh) {
+        // A sort wipes marks.
+        apply_remembered_sort(form);
+        if (state.quit_requested) return;
+        restore_marks(form);
+    }
     state.stored_marks_asked = true;
 }
 

@@ -16,6 +16,7 @@ constexpr char types_by_kind[] = "文件类型归类.txt";
 constexpr char types_by_name[] = "文件扩展名列表.txt";
 constexpr char protected_directories[] = "受保护的目录.txt";
 constexpr char protected_aside[] = "受保护的目录.旧.txt";  // one that could not be understood
+constexpr char window_looks[] = "窗口状态.txt";              // widths, order and folders of the windows
 constexpr char notes[] = "备记录.txt";
 constexpr char help[] = "Corvane帮助.chm";
 
@@ -57,6 +58,7 @@ constexpr const char* kept[] = {
     protected_directories,
     environment,
     added_settings,
+    window_looks,
     selected_directories,
     excluded_directories,
     excluded_types,
