@@ -17,6 +17,7 @@
 #include "browser/row_panel.h"
 #include "browser/same_store.h"
 #include "browser/same_view.h"
+#include "browser/saved_result.h"
 #include "browser/type_filter.h"
 #include "core/model/main_form.h"
 
@@ -150,6 +151,8 @@ handler_table browser_handlers() {
          [](Tavrel& form) { open_directory_of_box(form, form.samefile_disp1.text); }},
         {"samefile_disp2_MouseDown",
          [](Tavrel& form) { open_directory_of_box(form, form.samefile_disp2.text); }},
+        {"save_result", save_result_Click, starts_task},
+        {"open_result", open_result_Click, starts_task},
         {"rewrite_store", [](Tavrel& form) { rewrite_store(form); }, starts_task},
         {"show_row_panel", [](Tavrel& form) { show_row_panel(form, form.ListView1.selected_row); }},
         {"Frame4_Close", [](Tavrel& form) { form.Frame4.visible = false; }},

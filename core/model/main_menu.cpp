@@ -11,6 +11,8 @@ std::span<const menu_entry> main_menu() {
     static constexpr menu_entry entries[] = {
         {"file_m", "文件(&F)", ""},
         {"对象目录_M", "目录选择(&D)...", "file_m", true, "Ctrl+O"},
+        {"save_result", "保存结果(&S)...", "file_m"},
+        {"open_result", "打开结果(&R)...", "file_m"},
         {"prog_dir", "程序目录(&P)", "file_m"},
         {"separator_file", "-", "file_m"},
         {"exit_sub", "退出(&X)", "file_m", true, "Ctrl+Q"},
