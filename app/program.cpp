@@ -51,7 +51,7 @@ program::program(ports outside, program_place place)
     : files_(outside.files),
       place_(std::move(place)),
       main_({files_, outside.desktop, outside.machine, outside.screen, outside.encodings, outside.instances,
-             outside.notice},
+             outside.notice, outside.bin},
             place_.folder),
       directory_(main_),
       options_(main_),
@@ -59,7 +59,8 @@ program::program(ports outside, program_place place)
       shutdown_(main_),
       warning_(main_, shutdown_),
       sleep_(main_, warning_, shutdown_),
-      texts_(main_, program_version, program_web_page) {
+      texts_(main_, program_version, program_web_page),
+      restore_(main_) {
     main_.state.shared_dir = place_.shared;
     main_.add_child(directory_);
     main_.add_child(options_);
@@ -67,6 +68,7 @@ program::program(ports outside, program_place place)
     main_.add_child(sleep_);
     main_.add_child(warning_);
     main_.add_child(texts_.about());
+    main_.add_child(restore_);
     join_handlers();
     main_.when_idle = [this] {
         end_when_idle();
@@ -82,7 +84,7 @@ void program::join_handlers() {
          {core_handlers(), search_handlers(), compare_handlers(), browser_handlers(), name_handlers(),
           cleanup_handlers(), report_handlers(), result_page_handlers(program_version), directory_.handlers(),
           options_.handlers(), tree_.handlers(), shutdown_.handlers(), sleep_.handlers(), warning_.handlers(),
-          texts_.handlers()})
+          texts_.handlers(), restore_.handlers()})
         main_.bind(table);
     main_.bind("exit_sub", [this] { close(); });
     for (const char* name : handlers_to_come())

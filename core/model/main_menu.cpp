@@ -28,6 +28,7 @@ std::span<const menu_entry> main_menu() {
         {"separator_delete", "-", "文件操作_m"},
         {"删除内容相同的文件_m", "删除内容相同文件(&D)", "文件操作_m"},
         {"按序号删除_m", "按序号删除(&I)", "文件操作_m"},
+        {"restore_deleted", "恢复上次删除(&T)...", "文件操作_m"},
         {"separator_check", "-", "文件操作_m"},
         {"search_no_normal_file", "查找异常文件(&U)", "文件操作_m"},
         {"相同文件清单_m", "相同文件清单(&L)", "文件操作_m"},

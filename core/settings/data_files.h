@@ -30,6 +30,7 @@ constexpr char empty_directories[] = "spasedir.txt";
 constexpr char history[] = "run_history.txt";  // signatures of earlier runs
 constexpr char marks[] = "标记.txt";           // of the same-file view, from the last run
 constexpr char marks_aside[] = "标记.旧.txt";  // those of another version
+constexpr char recycled_runs[] = "删除记录";   // a folder: a file for each run to the recycle bin
 constexpr char run_records[] = "run_time_rem.txt";
 constexpr char result_page[] = "相同文件报告.html";
 
