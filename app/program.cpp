@@ -54,7 +54,7 @@ program::program(ports outside, program_place place)
     : files_(outside.files),
       place_(std::move(place)),
       main_({files_, outside.desktop, outside.machine, outside.screen, outside.encodings, outside.instances,
-             outside.notice},
+             outside.notice, outside.bin},
             place_.folder),
       Text_given_(main_.add<control>(control_kind::text_box, "Text_given")),
       directory_(main_),
@@ -63,7 +63,8 @@ program::program(ports outside, program_place place)
       shutdown_(main_),
       warning_(main_, shutdown_),
       sleep_(main_, warning_, shutdown_),
-      texts_(main_, program_version, program_web_page) {
+      texts_(main_, program_version, program_web_page),
+      restore_(main_) {
     main_.state.shared_dir = place_.shared;
     Text_given_.visible = false;
     main_.add_child(directory_);
@@ -72,6 +73,7 @@ program::program(ports outside, program_place place)
     main_.add_child(sleep_);
     main_.add_child(warning_);
     main_.add_child(texts_.about());
+    main_.add_child(restore_);
     join_handlers();
     main_.when_idle = [this] {
         end_when_idle();
@@ -87,7 +89,7 @@ void program::join_handlers() {
          {core_handlers(), search_handlers(), compare_handlers(), browser_handlers(), name_handlers(),
           cleanup_handlers(), report_handlers(), result_page_handlers(program_version), directory_.handlers(),
           options_.handlers(), tree_.handlers(), shutdown_.handlers(), sleep_.handlers(), warning_.handlers(),
-          texts_.handlers()})
+          texts_.handlers(), restore_.handlers()})
         main_.bind(table);
     main_.bind("exit_sub", [this] { close(); });
     main_.bind("drop_directories", [this] { take_given(main_.list_event.ctrl); });
@@ -127,6 +129,7 @@ bool program::start() {
         prepare_folder();
         read_environment(main_);
         state.added = read_added_settings(main_.outside.files, main_.data_path(data_file::added_settings));
+        state.remembered.read(main_.outside.files, main_.data_path(data_file::window_looks));
         look_for_rar_tool(main_);
         options_.restore_place();
     }
@@ -249,6 +252,8 @@ void program::close() {
         }
         store_marks(main_);
         写Tavrel环境文件(main_);
+        // Without it the next start looks as the first one: nothing to bother anybody with.
+        main_.state.remembered.write(main_.outside.files, main_.data_path(data_file::window_looks));
         main_.caption = std::string(program_name) + "    " + ending;
         main_.panel(7, ending);
         closing_ = stage::waits;

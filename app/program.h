@@ -7,6 +7,7 @@
 
 #include "app/held_folder.h"
 #include "app/program_place.h"
+#include "cleanup/restore_form.h"
 #include "core/model/main_form.h"
 #include "platform/instance_link.h"
 #include "power/shutdown.h"
@@ -31,6 +32,7 @@ class program {
     sleep_form& sleep_window() { return sleep_; }
     warning_form& warning_window() { return warning_; }
     interface_text& texts() { return texts_; }
+    restore_form& restore_window() { return restore_; }
     // The main form for an empty name, else the window of that name; null when there is none.
     form_model* find_form(std::string_view name);
 
@@ -90,6 +92,7 @@ class program {
     warning_form warning_;
     sleep_form sleep_;
     interface_text texts_;
+    restore_form restore_;
     enum class stage { open, closes, waits, ended };
     stage closing_ = stage::open;
 };

@@ -14,9 +14,11 @@
 #include "browser/mark_store.h"
 #include "browser/pair_table.h"
 #include "browser/preview.h"
+#include "browser/remembered_list.h"
 #include "browser/row_panel.h"
 #include "browser/same_store.h"
 #include "browser/same_view.h"
+#include "browser/saved_result.h"
 #include "browser/type_filter.h"
 #include "core/model/main_form.h"
 
@@ -39,12 +41,18 @@ void moving(Tavrel& form) {
     act(form);
 }
 
+void sort_by_heading(Tavrel& form) {
+    const bool refused = form.task_runs();
+    ListView1_ColumnClick(form);
+    if (!refused && !form.state.quit_requested) remember_sort(form);
+}
+
 // Refused within a task: then there is nothing to note.
 void click_heading(Tavrel& form) {
     if (form.state.tasks_locked)
         ListView1_ColumnClick(form);
     else
-        moving<ListView1_ColumnClick>(form);
+        moving<sort_by_heading>(form);
 }
 
 // Only a rule marks both cells of a row. By hand a mark then has to be held against the whole group.
@@ -98,7 +106,12 @@ void show_same_files(Tavrel& form) {
     if (state.quit_requested || !shown_view(form).holds_copies || !list.visible || list.row_count() == 0)
         return;
     if (fresh) state.mark_history[list_modes::same_files] = {};
-    if (!state.stored_marks_asked && !fresh) restore_marks(form);
+    if (!state.stored_marks_asked && !fresh) {
+        // A sort wipes marks.
+        apply_remembered_sort(form);
+        if (state.quit_requested) return;
+        restore_marks(form);
+    }
     state.stored_marks_asked = true;
 }
 
@@ -139,6 +152,8 @@ handler_table browser_handlers() {
          [](Tavrel& form) { open_directory_of_box(form, form.samefile_disp1.text); }},
         {"samefile_disp2_MouseDown",
          [](Tavrel& form) { open_directory_of_box(form, form.samefile_disp2.text); }},
+        {"save_result", save_result_Click, starts_task},
+        {"open_result", open_result_Click, starts_task},
         {"rewrite_store", [](Tavrel& form) { rewrite_store(form); }, starts_task},
         {"show_row_panel", [](Tavrel& form) { show_row_panel(form, form.ListView1.selected_row); }},
         {"preview_m", preview_m_Click},

@@ -78,11 +78,13 @@ void take_over(list_view& list, const list_view_row& view, const sorted_rows& so
 }  // namespace
 
 void ListView1_ColumnClick(Tavrel& form) {
+    // A task that works on the rows, like a deletion, counts on their order.
+    if (!form.task_runs()) sort_by_column(form, form.list_event.column);
+}
+
+void sort_by_column(Tavrel& form, int clicked) {
     run_state& state = form.state;
     list_view& list = form.ListView1;
-    const int clicked = form.list_event.column;
-    // A task that works on the rows, like a deletion, counts on their order.
-    if (form.task_runs()) return;
     const list_view_row& view = shown_view(form);
     if (!view.sorts || clicked < 0 || clicked >= list.column_count()) return;
     const std::string header = list.columns()[static_cast<std::size_t>(clicked)].header;

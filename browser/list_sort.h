@@ -8,4 +8,7 @@ class Tavrel;
 // A click on a heading, list_event.column: sorts by it, the second time downward.
 void ListView1_ColumnClick(Tavrel& form);
 
+// The same as a step of the task that runs.
+void sort_by_column(Tavrel& form, int clicked);
+
 }  // namespace corvane

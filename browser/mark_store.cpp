@@ -45,10 +45,8 @@ std::string write_marks(Tavrel& form, const std::string& path) {
     const list_view& list = form.ListView1;
     const list_view_row& view = view_of(list_modes::same_files);
     line_writer writer(form.outside.files, path);
-    writer.line(title);
-    writer.line(stamp_of(form));
     const auto cells = red_cells(form);
-    writer.number(static_cast<std::int64_t>(cells.size()));
+    begin_marks(form, writer, static_cast<std::int64_t>(cells.size()));
     for (const row_act::red_cell& cell : cells) {
         writer.number(cell.column);
         writer.number(list.number_cell(cell.row, view.length_column));
@@ -75,6 +73,18 @@ bool next_mark(line_reader& lines, int& column, std::int64_t& length, std::strin
 }
 
 }  // namespace
+
+void begin_marks(Tavrel& form, line_writer& writer, std::int64_t count) {
+    writer.line(title);
+    writer.line(stamp_of(form));
+    writer.number(count);
+}
+
+bool are_marks_of_store(Tavrel& form, line_reader& marks) {
+    std::string_view line;
+    return marks.next(line) && line == title && marks.next(line) && line == stamp_of(form) &&
+           marks.next(line);
+}
 
 void store_marks(Tavrel& form) {
     const list_view& list = form.ListView1;

@@ -2,8 +2,12 @@
 // the program closes, read with the first view after a start.
 #pragma once
 
+#include <cstdint>
+
 namespace corvane {
 
+class line_reader;
+class line_writer;
 class Tavrel;
 
 // Writes the marks of the same-file view as it stands; without marks the file goes. So it does when that view
@@ -14,5 +18,10 @@ void store_marks(Tavrel& form);
 // Marks the rows that the file speaks of, if the store is still the one that they were set in. A row that
 // says something else now takes none. A damaged file is told in one line; what it says whole is taken.
 void restore_marks(Tavrel& form);
+
+// The heading of such a file for `count` marks, each of four lines, in the store as it stands now.
+void begin_marks(Tavrel& form, line_writer& writer, std::int64_t count);
+// Reads the heading; the marks follow. False when it is that of another store.
+bool are_marks_of_store(Tavrel& form, line_reader& marks);
 
 }  // namespace corvane

@@ -1,7 +1,11 @@
 #include "cleanup/deletion_run.h"
 
+#include <string_view>
+#include <unordered_set>
+
 #include "browser/list_views.h"
 #include "cleanup/recycle_batches.h"
+#include "cleanup/recycle_notes.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 #include "core/tasks/progress.h"
@@ -15,6 +19,7 @@ namespace {
 
 constexpr std::int32_t rows_per_status = 1000;
 constexpr std::int32_t rows_per_clock = 100;
+constexpr std::int32_t rows_per_yield = 1000;
 
 }  // namespace
 
@@ -159,10 +164,30 @@ void deletion_run::enqueue(const taken_cell& cell) {
     ++deleted_;
 }
 
+// The columns that the rows were filled from still hold the paths of the cells that the scan has blanked, and
+// the pairs that a filter keeps from the list.
+bool deletion_run::note_pairs(recycle_notes& notes) {
+    if (form_.outside.bin == nullptr) return true;
+    std::unordered_set<std::string_view> going;
+    for (const taken_cell& file : queue_) going.insert(file.path);
+    const result_state& result = form_.state;
+    for (std::int32_t i = 1; i <= result.result_file1.size(); ++i) {
+        if (i % rows_per_yield == 0) form_.yield();
+        if (form_.state.quit_requested) return false;
+        const std::string_view first = result.result_file1[i];
+        const std::string_view second = result.result_file2[i];
+        if (!is_blank(first) && !is_blank(second) && (going.contains(first) || going.contains(second)))
+            notes.pair(result.result_length[i], first, second);
+    }
+    return true;
+}
+
 bool deletion_run::send_batches() {
     if (queue_.empty()) return true;
+    recycle_notes notes(form_);
+    if (!note_pairs(notes)) return false;
     send_in_batches(
-        form_, queue_.size(),
+        form_, queue_.size(), notes,
         [this](std::size_t number) {
             const taken_cell& file = queue_[number];
             return still_may_go(file) ? &file.path : nullptr;

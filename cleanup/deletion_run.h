@@ -17,6 +17,7 @@ namespace corvane {
 
 class list_view;
 struct list_view_row;
+class recycle_notes;
 class Tavrel;
 
 enum class deletion_road { recycle, direct };
@@ -78,6 +79,8 @@ class deletion_run {
     // Right before a batch: what may go no more comes back.
     bool still_may_go(const taken_cell& file);
     void bin_refused(const taken_cell& file);
+    // The pairs that the queue breaks up, for a way back. False: the program is closing.
+    bool note_pairs(recycle_notes& notes);
     void refuse(std::int32_t row, int column);
     void keep(const std::string& path, gate_verdict why);
     void put_back(const taken_cell& cell);

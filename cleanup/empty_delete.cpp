@@ -6,6 +6,7 @@
 
 #include "browser/list_views.h"
 #include "cleanup/recycle_batches.h"
+#include "cleanup/recycle_notes.h"
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
@@ -131,7 +132,8 @@ void send_rows(Tavrel& form, tallies& count) {
         if (count.not_taken++ == 0) count.first_not_taken = taken.path;
         put_back(form, taken);
     };
-    send_in_batches(form, count.taken.size(), path_of, refused);
+    recycle_notes notes(form);
+    send_in_batches(form, count.taken.size(), notes, path_of, refused);
 }
 
 void report(Tavrel& form, const tallies& count) {

@@ -74,6 +74,11 @@ std::optional<std::string> console_interface::choose_file(const std::string& tit
     return ask_text(title, initial, initial);
 }
 
+std::optional<std::string> console_interface::choose_new_file(const std::string& title,
+                                                              const std::string& initial) {
+    return ask_text(title, initial, initial);
+}
+
 std::optional<std::string> console_interface::choose_files(const std::string& title, const std::string&,
                                                            const std::string& directory) {
     return ask_text(title, directory, directory);

@@ -32,6 +32,7 @@ class console_interface : public user_interface {
     std::optional<std::string> ask_text(const std::string& title, const std::string& prompt,
                                         const std::string& initial) override;
     std::optional<std::string> choose_file(const std::string& title, const std::string& initial) override;
+    std::optional<std::string> choose_new_file(const std::string& title, const std::string& initial) override;
     std::optional<std::string> choose_files(const std::string& title, const std::string& filter,
                                             const std::string& directory) override;
     std::optional<int> choose_colour(const std::string& title, int initial) override;

@@ -29,6 +29,7 @@
 #include "platform/linux/big_blocks.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_text_encoding.h"
+#include "platform/linux/linux_trash.h"
 #include "platform/linux/name_mapping.h"
 #include "platform/linux/own_process.h"
 #include "platform/linux/standard_streams.h"
@@ -91,8 +92,12 @@ int run_script(const command_line& given, plain_words& words) {
     // A dry run does not even have it.
     std::optional<desktop_power> machine;
     if (!given.dry_shell) machine.emplace();
+    linux_trash bin;
     printing_shell shell(output, desktop, machine ? &*machine : nullptr);
-    program corvane({files, shell, shell, screen, encodings}, place_of(files, given));
+    // A dry run moves nothing there, and brings nothing back.
+    ports outside{files, shell, shell, screen, encodings};
+    if (machine) outside.bin = &bin;
+    program corvane(outside, place_of(files, given));
     corvane.ask_nothing();
     if (!corvane.start()) return status_failed;
     script_runner runner(corvane, screen, output);

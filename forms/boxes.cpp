@@ -137,6 +137,14 @@ std::optional<std::string> ask_for_file(QWidget* owner, const std::string& title
     return program_path(chosen);
 }
 
+std::optional<std::string> ask_for_new_file(QWidget* owner, const std::string& title,
+                                            const std::string& initial) {
+    const QString chosen =
+        QFileDialog::getSaveFileName(owner, own_line(title), system_path(initial), own_line("全部文件 (*)"));
+    if (chosen.isEmpty()) return {};
+    return program_path(chosen);
+}
+
 std::optional<std::string> ask_for_files(QWidget* owner, const std::string& title, const std::string& filter,
                                          const std::string& directory) {
     const QString words = QString::fromStdString(filter.substr(0, filter.find('|')));

@@ -18,6 +18,8 @@ box_answer show_message_box(QWidget* owner, const message& shown, const std::fun
 std::optional<std::string> ask_for_text(QWidget* owner, const std::string& title, const std::string& prompt,
                                         const std::string& initial);
 std::optional<std::string> ask_for_file(QWidget* owner, const std::string& title, const std::string& initial);
+std::optional<std::string> ask_for_new_file(QWidget* owner, const std::string& title,
+                                            const std::string& initial);
 std::optional<std::string> ask_for_files(QWidget* owner, const std::string& title, const std::string& filter,
                                          const std::string& directory);
 std::optional<int> ask_for_colour(QWidget* owner, const std::string& title, int initial);

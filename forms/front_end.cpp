@@ -11,6 +11,7 @@
 #include "forms/main_window.h"
 #include "forms/options_window.h"
 #include "forms/qt_user_interface.h"
+#include "forms/restore_window.h"
 #include "forms/sleep_window.h"
 #include "forms/tree_window.h"
 #include "forms/warning_window.h"
@@ -31,12 +32,15 @@ front_end::front_end(program& corvane, qt_user_interface& screen) : program_(cor
     warning_ =
         std::make_unique<warning_window>(program_.main_form(), program_.warning_window(), run, main_.get());
     about_ = std::make_unique<about_window>(program_.main_form(), program_.texts().about(), run, main_.get());
+    restore_ =
+        std::make_unique<restore_window>(program_.main_form(), program_.restore_window(), run, main_.get());
     help_keys_ = std::make_unique<help_keys>(program_, run);
     new folder_drops(
         *main_,
         [this](const std::string& text, bool joins) { take_folders(text, "drop_directories", joins); },
         [this](const std::string& text) { take_folders(text, "paste_directories", true); });
-    windows_ = {directory_.get(), options_.get(), tree_.get(), sleep_.get(), warning_.get(), about_.get()};
+    windows_ = {directory_.get(), options_.get(), tree_.get(),   sleep_.get(),
+                warning_.get(),   about_.get(),   restore_.get()};
     screen_.set_sync([this] { sync(); });
     screen_.set_help([this](int topic) { open_topic(program_.main_form(), topic); });
     screen_.set_window_finder([this](const std::string& form) -> QWidget* {

@@ -19,6 +19,7 @@ class long_run;
 class main_window;
 class options_window;
 class qt_user_interface;
+class restore_window;
 class sleep_window;
 class tree_window;
 class warning_window;
@@ -44,6 +45,7 @@ class front_end {
     sleep_window& sleep() { return *sleep_; }
     warning_window& warning() { return *warning_; }
     about_window& about() { return *about_; }
+    restore_window& restoring() { return *restore_; }
 
   private:
     program& program_;
@@ -65,6 +67,7 @@ class front_end {
     std::unique_ptr<sleep_window> sleep_;
     std::unique_ptr<warning_window> warning_;
     std::unique_ptr<about_window> about_;
+    std::unique_ptr<restore_window> restore_;
     std::unique_ptr<help_keys> help_keys_;
     void take_folders(const std::string& text, const char* handler, bool joins);
     std::vector<child_window*> windows_;  // every window beside the main form

@@ -11,6 +11,7 @@
 
 #include "browser/list_hint.h"
 #include "browser/list_views.h"
+#include "browser/remembered_list.h"
 #include "forms/colours.h"
 #include "forms/focus_look.h"
 #include "forms/list_cell_painter.h"
@@ -84,10 +85,12 @@ void list_table::sync(bool tasks_locked) {
         const bool waits =
             tasks_locked && since_growth_.isValid() && !since_growth_.hasExpired(growth_interval);
         if (resets || !waits) {
-            if (resets)
+            if (resets) {
                 cells_->reset();
-            else
+                apply_remembered_widths(form_);
+            } else {
                 cells_->grow();
+            }
             take_widths();
             since_growth_.start();
             shown_layout_ = list_.layout_revision();
@@ -143,7 +146,9 @@ void list_table::take_width_from_user(int column, int pixels) {
     // The last column also takes what the others leave; that is no width of its own.
     if (taking_over_ || column + 1 >= list_.column_count() || shown_layout_ != list_.layout_revision())
         return;
-    list_.set_column_width(column, static_cast<int>(std::ceil(pixels * twips_per_pixel())));
+    const int twips = static_cast<int>(std::ceil(pixels * twips_per_pixel()));
+    list_.set_column_width(column, twips);
+    remember_width(form_, column, twips);
     shown_layout_ = list_.layout_revision();
 }
 

@@ -29,6 +29,7 @@
 #include "platform/linux/big_blocks.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_text_encoding.h"
+#include "platform/linux/linux_trash.h"
 #include "platform/linux/name_mapping.h"
 #include "platform/linux/own_process.h"
 
@@ -96,7 +97,8 @@ int main(int argc, char** argv) {
     corvane::linux_text_encoding encodings;
     corvane::desktop_instance_link instances;
     corvane::desktop_attention notice;
-    corvane::program program({files, desktop, machine, screen, encodings, &instances, &notice}, place);
+    corvane::linux_trash bin;
+    corvane::program program({files, desktop, machine, screen, encodings, &instances, &notice, &bin}, place);
     program.open_with(given.directories);
     std::optional<corvane::translation> table;
     if (speaks_english(files, place.folder)) {

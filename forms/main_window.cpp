@@ -15,6 +15,7 @@
 #include <QScrollBar>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "browser/list_views.h"
 #include "browser/preview.h"
@@ -50,6 +51,8 @@ namespace {
 
 constexpr QSize first_size(1100, 700);
 constexpr int splitter_width = 5;
+constexpr char splitter_name[] = "splitter";  // the width of the left half, in twips
+constexpr int widest_half = 1'000'000;
 
 rectangle place_in_window(const QWidget& widget) {
     const QPoint corner = widget.mapTo(widget.window(), QPoint(0, 0));
@@ -223,12 +226,21 @@ void main_window::sync_work_area(bool tasks_locked) {
     mirror_visible(list_side_, list_shown);
     mirror_tooltip(list_, form_.ListView1.tooltip);
     if (list_shown) list_->sync(tasks_locked);
+    if (list_shown && !left_->isHidden()) place_splitter();
     if (list_shown) list_head_->sync(marked_);
     mirror_visible(preview_, preview_shown(form_));
     // Rows that are on their way are not looked at.
     if (!tasks_locked) preview_->sync(list_shown ? list_->row_in_hand() : 0);
     mirror_visible(marks_, list_shown && shown_view(form_).holds_copies);
     sync_marks(tasks_locked);
+}
+
+// Once, when both halves are seen for the first time: where the user left it at the end of the last run.
+void main_window::place_splitter() {
+    if (std::exchange(splitter_placed_, true)) return;
+    const int left =
+        remembered_number(form_.state.remembered.value(splitter_name), 0, widest_half, 0) / twips_per_pixel;
+    if (left > 0 && left < splitter_->width()) splitter_->setSizes({left, splitter_->width() - left});
 }
 
 // A million marks take a while to be reckoned: then it is done now and then.
@@ -310,6 +322,7 @@ bool main_window::eventFilter(QObject* watched, QEvent* event) {
             // A half has a least width: the border is where the drag has really brought it.
             form_.Splitter.place.left = place_in_window(*left_).left + left_->width() * twips_per_pixel;
             Splitter_MouseUp(form_);
+            form_.state.remembered.set(splitter_name, std::to_string(left_->width() * twips_per_pixel));
         }
     }
     return QMainWindow::eventFilter(watched, event);

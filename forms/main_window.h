@@ -67,6 +67,7 @@ class main_window : public QMainWindow {
     void sync_work_area(bool tasks_locked);
     void sync_marks(bool tasks_locked);
     void sync_title();
+    void place_splitter();
     // True when the pointer asks for help: the press opens the topic and does nothing else.
     bool asks_for_help(QObject* pressed);
     // Tells the model how large its parts are and runs its resize handler.
@@ -105,6 +106,7 @@ class main_window : public QMainWindow {
     // The cells whose marks the status line tells, and whether blue ones count.
     std::pair<std::uint64_t, bool> told_marks_{~std::uint64_t{0}, false};
     double marks_pause_ = 0;  // seconds until they are reckoned again
+    bool splitter_placed_ = false;
     double marks_told_at_ = 0;
 };
 

@@ -62,6 +62,12 @@ std::optional<std::string> qt_user_interface::choose_file(const std::string& tit
     return ask_for_file(window(), title, initial);
 }
 
+std::optional<std::string> qt_user_interface::choose_new_file(const std::string& title,
+                                                              const std::string& initial) {
+    if (!shows_boxes()) return {};
+    return ask_for_new_file(window(), title, initial);
+}
+
 std::optional<std::string> qt_user_interface::choose_files(const std::string& title,
                                                            const std::string& filter,
                                                            const std::string& directory) {

@@ -8,6 +8,7 @@
 #include "platform/power.h"
 #include "platform/shell.h"
 #include "platform/text_encoding.h"
+#include "platform/trash.h"
 #include "platform/user_interface.h"
 
 namespace corvane {
@@ -20,6 +21,7 @@ struct ports {
     text_encoding& encodings;
     instance_link* instances = nullptr;  // null: other starts are not spoken to
     attention* notice = nullptr;         // null: a long run goes on unseen
+    trash* bin = nullptr;                // null: nothing can be taken back from the recycle bin
 };
 
 }  // namespace corvane

@@ -62,6 +62,9 @@ class user_interface {
     virtual std::optional<std::string> ask_text(const std::string& title, const std::string& prompt,
                                                 const std::string& initial) = 0;
     virtual std::optional<std::string> choose_file(const std::string& title, const std::string& initial) = 0;
+    // A file that is to be written, which may not be there yet; one that stands may be overwritten.
+    virtual std::optional<std::string> choose_new_file(const std::string& title,
+                                                       const std::string& initial) = 0;
     // Several files of one directory. `filter` is "words|pattern". The answer is the directory and the names,
     // parted by NUL, or one path; nothing when the user dismisses the box.
     virtual std::optional<std::string> choose_files(const std::string& title, const std::string& filter,

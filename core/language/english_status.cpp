@@ -96,6 +96,8 @@ std::span<const translation_row> english_status() {
         {"读取:{}", "Read:{}"},
         {"预计:{}", "Expected: {}"},
         {"预计时间{}", "Expected time {}"},
+        {"已保存:{n}", "Saved: {n} pairs"},
+        {"已恢复:{n}", "Restored: {n}"},
         {"已删除:{}", "Deleted: {}"},
         {"正在删除:{}", "Deleting: {}"},
         {"删除压缩包内文件:{}", "Deleting inside archives: {}"},

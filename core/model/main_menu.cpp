@@ -11,6 +11,8 @@ std::span<const menu_entry> main_menu() {
     static constexpr menu_entry entries[] = {
         {"file_m", "文件(&F)", ""},
         {"对象目录_M", "目录选择(&D)...", "file_m", true, "Ctrl+O"},
+        {"save_result", "保存结果(&S)...", "file_m"},
+        {"open_result", "打开结果(&R)...", "file_m"},
         {"prog_dir", "程序目录(&P)", "file_m"},
         {"separator_file", "-", "file_m"},
         {"exit_sub", "退出(&X)", "file_m", true, "Ctrl+Q"},
@@ -27,6 +29,7 @@ std::span<const menu_entry> main_menu() {
         {"separator_delete", "-", "文件操作_m"},
         {"删除内容相同的文件_m", "删除内容相同文件(&D)", "文件操作_m"},
         {"按序号删除_m", "按序号删除(&I)", "文件操作_m"},
+        {"restore_deleted", "恢复上次删除(&T)...", "文件操作_m"},
         {"separator_check", "-", "文件操作_m"},
         {"search_no_normal_file", "查找异常文件(&U)", "文件操作_m"},
         {"相同文件清单_m", "相同文件清单(&L)", "文件操作_m"},

@@ -8,6 +8,7 @@
 
 #include "core/archives/archive_state.h"
 #include "core/settings/added_settings.h"
+#include "core/settings/remembered.h"
 #include "core/settings/settings.h"
 #include "core/state/capacity_limits.h"
 #include "core/state/clock_state.h"
@@ -52,6 +53,7 @@ struct run_state : settings,
     flag chained_run_flag;
 
     added_settings added;
+    remembered_values remembered;
     capacity_limits limits;
     // Lines of the settings file that are written as they stand here, by their numbers: their settings hold
     // for this run only.

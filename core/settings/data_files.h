@@ -19,6 +19,7 @@ constexpr char protected_aside[] = "受保护的目录.旧.txt";  // one that co
 constexpr char recent_directories[] = "最近的目录.txt";
 constexpr char recent_aside[] = "最近的目录.旧.txt";  // one that could not be read to its end
 constexpr char preview[] = "预览.txt";                // whether the preview is shown
+constexpr char window_looks[] = "窗口状态.txt";              // widths, order and folders of the windows
 constexpr char notes[] = "备记录.txt";
 constexpr char help[] = "Corvane帮助.chm";
 
@@ -32,6 +33,7 @@ constexpr char empty_directories[] = "spasedir.txt";
 constexpr char history[] = "run_history.txt";  // signatures of earlier runs
 constexpr char marks[] = "标记.txt";           // of the same-file view, from the last run
 constexpr char marks_aside[] = "标记.旧.txt";  // those of another version
+constexpr char recycled_runs[] = "删除记录";   // a folder: a file for each run to the recycle bin
 constexpr char run_records[] = "run_time_rem.txt";
 constexpr char result_page[] = "相同文件报告.html";
 
@@ -60,6 +62,7 @@ constexpr const char* kept[] = {
     protected_directories,
     environment,
     added_settings,
+    window_looks,
     selected_directories,
     excluded_directories,
     excluded_types,

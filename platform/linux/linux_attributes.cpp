@@ -43,8 +43,13 @@ path_attributes linux_attributes::of(const std::string& path) const {
     }
     if (plain.size() != path.size() && !result.directory) return {};
     result.exists = true;
-    result.hidden = has_hidden_name(plain) && unhidden_.count(std::string(plain)) == 0;
+    result.hidden = has_hidden_name(plain) && !is_unhidden(plain);
     return result;
+}
+
+bool linux_attributes::is_unhidden(std::string_view plain) const {
+    const std::lock_guard lock(guard_);
+    return unhidden_.contains(std::string(plain));
 }
 
 outcome linux_attributes::clear(const std::string& path) {
@@ -56,6 +61,7 @@ outcome linux_attributes::clear(const std::string& path) {
     if (!S_ISLNK(facts.st_mode) && (facts.st_mode & S_IWUSR) == 0 &&
         fchmodat(AT_FDCWD, raw.c_str(), (facts.st_mode & 07777) | S_IWUSR, AT_SYMLINK_NOFOLLOW) != 0)
         return system_failure();
+    const std::lock_guard lock(guard_);
     if (has_hidden_name(plain)) unhidden_.emplace(plain);
     return outcome::success();
 }

@@ -1,8 +1,11 @@
 // Attributes and access of a path on Linux: hidden is a leading dot, read-only is no write permission at all.
+// May be asked from several threads at once.
 // Used by linux_file_system, whose interface says what each call does.
 #pragma once
 
+#include <mutex>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 
 #include "platform/file_system.h"
@@ -17,6 +20,9 @@ class linux_attributes {
     void restore_access(const std::string& path, const file_access& access) const;
 
   private:
+    bool is_unhidden(std::string_view plain) const;
+
+    mutable std::mutex guard_;
     std::unordered_set<std::string> unhidden_;  // without a closing separator; no longer count as hidden
 };
 

@@ -83,6 +83,13 @@ TEST_P(StoredFiles, ProtectedFoldersStayProtected) {
     EXPECT_FALSE(protection(p.form).covers(pictures_[1]));
 }
 
+TEST_P(StoredFiles, WhatWindowsLookedLikeComesBack) {
+    p.corvane.start();
+    EXPECT_EQ(p.state.remembered.value("folder.result"), "/mnt/corvane/");
+    EXPECT_EQ(p.state.remembered.value("splitter"), "4500");
+    EXPECT_EQ(p.state.remembered.value("width.0.2"), "950");
+}
+
 TEST_P(StoredFiles, TheSettingsAreReadLineByLine) {
     p.corvane.start();
     EXPECT_TRUE(p.screen.messages.empty()) << p.last_message();

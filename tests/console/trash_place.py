@@ -37,11 +37,11 @@ class place:
         run.stdin.close()
         return run
 
-    def run(self, script):
+    def run(self, script, status=0):
         run = self.start(script)
         output = run.stdout.read().decode("utf-8", "surrogateescape")
         run.stdout.close()
-        expect("status", run.wait(), 0)
+        expect("status", run.wait(), status)
         return output
 
     def trashed(self):

@@ -11,6 +11,7 @@
 #include "forms/main_window.h"
 #include "forms/options_window.h"
 #include "forms/own_words.h"
+#include "forms/restore_window.h"
 #include "forms/sleep_window.h"
 #include "forms/tree_window.h"
 #include "forms/warning_window.h"
@@ -41,10 +42,12 @@ class accessible : public testing::TestWithParam<bool> {
             shown_.windows.sync();
             shown_.settle();
         }
+        shown_.corvane.restore_window().visible = true;
         shown_.show_pairs(3);
+        shown_.windows.sync();
         return {&shown_.windows.main(),  &shown_.windows.directory(), &shown_.windows.options(),
                 &shown_.windows.sleep(), &shown_.windows.warning(),   &shown_.windows.tree(),
-                &shown_.windows.about()};
+                &shown_.windows.about(), &shown_.windows.restoring()};
     }
 };
 

@@ -19,6 +19,7 @@
 #include "forms/main_window.h"
 #include "forms/options_window.h"
 #include "forms/own_words.h"
+#include "forms/restore_window.h"
 #include "forms/sleep_window.h"
 #include "forms/tree_window.h"
 #include "forms/warning_window.h"
@@ -57,10 +58,11 @@ struct english_program : private spoken, forms_program {
         files.add_file("/home/li/a.txt", "a");
         form.run("关于_M");
         form.run("tree_select_m");
+        corvane.restore_window().visible = true;
         windows.sync();
         settle();
         return {&windows.main(),    &windows.directory(), &windows.options(), &windows.sleep(),
-                &windows.warning(), &windows.tree(),      &windows.about()};
+                &windows.warning(), &windows.tree(),      &windows.about(),   &windows.restoring()};
     }
 };
 

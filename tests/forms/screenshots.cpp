@@ -22,11 +22,13 @@
 #include "forms/own_words.h"
 #include "forms/preview_pane.h"
 #include "forms/preview_side.h"
+#include "forms/restore_window.h"
 #include "forms/row_panel.h"
 #include "forms/sleep_window.h"
 #include "forms/tree_window.h"
 #include "forms/warning_window.h"
 #include "tests/forms/forms_program.h"
+#include "tests/support/scripted_trash.h"
 
 namespace {
 
@@ -276,6 +278,29 @@ void save_about(forms_program& shown, folder_of_pictures& pictures) {
     shown.windows.sync();
 }
 
+// Notes of a run whose files have gone from the bin, but for those that are there.
+void save_restoring(forms_program& shown, folder_of_pictures& pictures) {
+    corvane::scripted_trash bin(shown.files);
+    shown.form.outside.bin = &bin;
+    std::string notes = "Corvane recycled 1\r\nT\t2026-03-04\t05:06:07\t.\r\n";
+    int number = 0;
+    for (const char* path : {"/home/li/照片/2023/夏天/IMG_0412 (1).jpg", "/home/li/下载/报告 副本.pdf",
+                             "/home/li/备份/报告.pdf", "/home/li/备份/旧/电影.mkv"}) {
+        const std::string count = std::to_string(++number);
+        notes += "F\tf\t1\t" + count + "\t" + std::to_string(number * 734003) + "\t5\t/home/li\t" + path +
+                 "\t.\r\nE\t" + count + "\tentry" + count + "\t/bin\t.\r\n";
+        if (number != 3) bin.entries["entry" + count];
+    }
+    shown.files.add_file("/prog/删除记录/1.txt", notes + "Z\t4\t.\r\n");
+    shown.files.add_file("/prog/删除记录/0.txt", notes);
+    shown.form.run("restore_deleted");
+    shown.corvane.restore_window().List2.check(1, true);
+    pictures.save(shown, &shown.windows.restoring(), "restoring");
+    shown.form.run("restore_runs.Form_Unload");
+    shown.form.outside.bin = nullptr;
+    shown.windows.sync();
+}
+
 void save_help(forms_program& shown, folder_of_pictures& pictures) {
     const corvane::translation* spoken = corvane::translation_in_use();
     const corvane::translation table = corvane::english();
@@ -318,6 +343,7 @@ int main(int argc, char** argv) {
     pictures.save(shown, main, "start");
 
     save_about(shown, pictures);
+    save_restoring(shown, pictures);
 
     shown.files.add_file("/prog/err_rec.txt", "/home/li/照片/2023/夏天/读不出来的图片_0417.jpg\r\n");
     shown.form.run("debug_err_anly");

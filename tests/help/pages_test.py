@@ -148,6 +148,7 @@ FIELDS = {"MonthView1.text", "suffix", "','"}
 # Spans whose words stand in another file, or in a table: the file, and the texts in it that are theirs.
 ELSEWHERE = {
     "stake_words(stake_of(form))": ("cleanup/stake.cpp", ".*"),
+    "tally_words(tally)": ("cleanup/restore_form.cpp", ".*(已恢复:|原处已有|没有恢复|没有写成).*"),
     "words.title": ("names/name_tasks.cpp", ".*完毕|.*有:"),
     "view.no_pairs": ("names/name_view.cpp", "没有.*"),
     "std::string(words.prompt)": ("browser/type_filter.cpp", ".*文件类型.*"),

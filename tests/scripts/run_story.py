@@ -4,7 +4,8 @@ A story is a text of sections. "files" holds one file a line: path, a blank, its
 that ends in "/" is a directory, "path -> target" a link. "script" is the console script, "output" what it prints,
 "status" its exit status (0 when left out), "file NAME" the content of a file beside the program afterwards, "line
 NUMBER of NAME" one line of it. The program folder is one that has been used before, unless "program" says "bare".
-ROOT stands for the temporary folder. In the output "..." matches any run of characters.
+With a section "trash" the shell is no dry one: what is thrown away lands in a trash of the story's own, on a disk
+that has one. ROOT stands for the temporary folder. In the output "..." matches any run of characters.
 """
 import os
 import re
@@ -70,7 +71,11 @@ def compare(what, expected, actual):
 def main():
     console, story_path = sys.argv[1:]
     story = sections(story_path)
-    with tempfile.TemporaryDirectory(prefix="corvane_story_") as root:
+    real = "trash" in story
+    place = os.path.join(os.path.dirname(os.path.dirname(os.path.abspath(console))), "scratch") if real else None
+    if real:
+        os.makedirs(place, exist_ok=True)
+    with tempfile.TemporaryDirectory(prefix="corvane_story_", dir=place) as root:
         root = os.path.realpath(root)
         program_dir = os.path.join(root, "program")
         os.makedirs(program_dir)
@@ -78,7 +83,7 @@ def main():
             use_program_dir(program_dir)
         make_files(root, story.get("files", "").replace("ROOT", root))
         environment = dict(os.environ, HOME=os.path.join(root, "home"), XDG_DATA_HOME=os.path.join(root, "home"))
-        run = subprocess.run([console, "--program-dir", program_dir, "--dry-shell", "--script", "-"],
+        run = subprocess.run([console, "--program-dir", program_dir, *([] if real else ["--dry-shell"]), "--script", "-"],
                              input=story["script"].replace("ROOT", root).encode(), capture_output=True,
                              env=environment, timeout=120)
         output = run.stdout.decode("utf-8", "replace").replace(root, "ROOT")

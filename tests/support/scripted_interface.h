@@ -63,7 +63,13 @@ class scripted_interface : public user_interface {
         texts.pop_front();
         return text;
     }
-    std::optional<std::string> choose_file(const std::string&, const std::string&) override { return {}; }
+    std::optional<std::string> choose_file(const std::string& title, const std::string& initial) override {
+        return ask_text(title, "", initial);
+    }
+    std::optional<std::string> choose_new_file(const std::string& title,
+                                               const std::string& initial) override {
+        return ask_text(title, "", initial);
+    }
     std::optional<std::string> choose_files(const std::string& title, const std::string& filter,
                                             const std::string& directory) override {
         return ask_text(title, filter, directory);
