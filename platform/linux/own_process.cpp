@@ -1,4 +1,4 @@
-#include "platform/linux/own_process.h"
+#include "platform/own_process.h"
 
 #include <pwd.h>
 #include <sys/stat.h>
@@ -8,7 +8,8 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/linux/name_mapping.h"
+#include "platform/linux/superuser_home.h"
+#include "platform/name_mapping.h"
 
 namespace corvane {
 
@@ -68,6 +69,10 @@ std::string user_data_home() {
     if (!home.starts_with('/')) home = home_of_user();
     if (!home.starts_with('/')) return {};
     return to_text(closed(home) + ".local/share/");
+}
+
+std::vector<std::string> own_arguments(int count, char** arguments) {
+    return {arguments + (count > 0 ? 1 : 0), arguments + count};
 }
 
 environment_change change_for_superuser(const environment_facts& facts) {
