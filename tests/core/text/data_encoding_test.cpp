@@ -62,7 +62,8 @@ TEST(DataEncoding, AWholeRunIsStoredAndReadBackInIt) {
     EXPECT_EQ(p.files.content_of("/prog/相同文件.txt").find("/d/甲"), std::string::npos);
     p.form.run("Picture4_Click");
     ASSERT_EQ(p.form.ListView1.row_count(), 1);
-    EXPECT_EQ(p.form.ListView1.cell(1, 4), "/d/乙");
+    EXPECT_EQ(p.form.ListView1.cell(1, 3), "/d/乙");
+    EXPECT_EQ(p.form.ListView1.cell(1, 4), "/d/甲");
 }
 
 TEST(DataEncoding, TheErrorTrailAndTheErrorListStandInIt) {
