@@ -25,6 +25,7 @@ class held_folder : public file_system {
     char separator() const override { return disk_.separator(); }
     bool ignores_case() const override { return disk_.ignores_case(); }
     std::string text_of(std::string_view raw) const override { return disk_.text_of(raw); }
+    const data_encoding* data_files() const override { return disk_.data_files(); }
     std::vector<volume> volumes() override { return disk_.volumes(); }
     outcome_with<directory_reader> open_directory(const std::string& path) override {
         return disk_.open_directory(path);

@@ -3,21 +3,9 @@
 #include <chrono>
 #include <ctime>
 
+#include "platform/local_clock.h"
+
 namespace corvane {
-
-namespace {
-
-local_time from_calendar(std::time_t moment) {
-    std::tm parts{};
-#ifdef _WIN32
-    localtime_s(&parts, &moment);
-#else
-    localtime_r(&moment, &parts);
-#endif
-    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min, parts.tm_sec};
-}
-
-}  // namespace
 
 void console_interface::at_yield(std::int64_t count, std::function<void()> act) {
     acts_.emplace(yields_ + (count < 1 ? 1 : count), std::move(act));
@@ -96,11 +84,11 @@ double console_interface::seconds() {
 }
 
 local_time console_interface::now() {
-    return from_calendar(std::time(nullptr));
+    return local_time_of(std::time(nullptr));
 }
 
 local_time console_interface::local_date(std::int64_t unix_seconds) {
-    return from_calendar(static_cast<std::time_t>(unix_seconds));
+    return local_time_of(unix_seconds);
 }
 
 }  // namespace corvane

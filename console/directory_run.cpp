@@ -14,8 +14,8 @@
 #include "core/tasks/environment.h"
 #include "core/text/path_text.h"
 #include "core/text/text_case.h"
-#include "platform/linux/name_mapping.h"
-#include "platform/linux/standard_streams.h"
+#include "platform/name_mapping.h"
+#include "platform/standard_streams.h"
 #include "reports/size_words.h"
 #include "reports/stored_pairs.h"
 

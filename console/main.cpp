@@ -2,12 +2,12 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <memory>
-#include <optional>
-#include <span>
 #include <string>
+#include <vector>
 
 #include "app/program.h"
 #include "app/version.h"
@@ -23,17 +23,12 @@
 #include "console/script.h"
 #include "console/stream_writer.h"
 #include "core/text/path_text.h"
-#include "platform/desktop/desktop_attention.h"
-#include "platform/desktop/desktop_power.h"
-#include "platform/desktop/desktop_shell.h"
-#include "platform/linux/big_blocks.h"
-#include "platform/linux/linux_file_system.h"
-#include "platform/linux/linux_text_encoding.h"
-#include "platform/linux/linux_trash.h"
-#include "platform/linux/name_mapping.h"
-#include "platform/linux/own_process.h"
-#include "platform/linux/standard_streams.h"
-#include "platform/linux/typed_path.h"
+#include "platform/big_blocks.h"
+#include "platform/machine.h"
+#include "platform/name_mapping.h"
+#include "platform/own_process.h"
+#include "platform/standard_streams.h"
+#include "platform/typed_path.h"
 
 namespace corvane {
 
@@ -63,22 +58,22 @@ int run_directories(const command_line& given, plain_words& words) {
     keep_closed_pipes_as_errors();
     record_output records(stderr);
     plain_interface screen(records, words);
-    linux_file_system files;
-    linux_text_encoding encodings;
-    desktop_shell desktop;
-    plain_shell shell(words, desktop);
-    program corvane({files, shell, shell, screen, encodings}, place_of(files, given));
+    const std::unique_ptr<file_system> files = make_file_system();
+    const std::unique_ptr<text_encoding> encodings = make_text_encoding();
+    const std::unique_ptr<corvane::shell> desktop = make_shell();
+    plain_shell shell(words, *desktop);
+    program corvane({*files, shell, shell, screen, *encodings}, place_of(*files, given));
     corvane.ask_nothing();
     if (!corvane.start()) return status_failed;
-    desktop_attention notice;
-    const std::unique_ptr<kept_awake> awake = notice.keep_awake("正在运行: corvane-console");
+    const std::unique_ptr<attention> notice = make_attention();
+    const std::unique_ptr<kept_awake> awake = notice->keep_awake("正在运行: corvane-console");
     return directory_run(corvane, screen, words, given, stdout).run();
 }
 
 int run_script(const command_line& given, plain_words& words) {
     std::ifstream script_file;
     if (*given.script != "-") {
-        script_file.open(*given.script, std::ios::binary);
+        script_file.open(std::filesystem::path(*given.script), std::ios::binary);
         if (!script_file) {
             words.say_failure(*given.script + ": " + std::strerror(errno));
             return status_usage;
@@ -86,18 +81,17 @@ int run_script(const command_line& given, plain_words& words) {
     }
     record_output output(stdout);
     console_interface screen(output);
-    linux_file_system files;
-    linux_text_encoding encodings;
-    desktop_shell desktop;
+    const std::unique_ptr<file_system> files = make_file_system();
+    const std::unique_ptr<text_encoding> encodings = make_text_encoding();
+    const std::unique_ptr<corvane::shell> desktop = make_shell();
     // A dry run does not even have it.
-    std::optional<desktop_power> machine;
-    if (!given.dry_shell) machine.emplace();
-    linux_trash bin;
-    printing_shell shell(output, desktop, machine ? &*machine : nullptr);
-    // A dry run moves nothing there, and brings nothing back.
-    ports outside{files, shell, shell, screen, encodings};
-    if (machine) outside.bin = &bin;
-    program corvane(outside, place_of(files, given));
+    const std::unique_ptr<power> machine = given.dry_shell ? nullptr : make_power();
+    // A dry run moves nothing to the bin, and brings nothing back.
+    const std::unique_ptr<trash> bin = given.dry_shell ? nullptr : make_trash();
+    printing_shell shell(output, *desktop, machine.get());
+    ports outside{*files, shell, shell, screen, *encodings};
+    outside.bin = bin.get();
+    program corvane(outside, place_of(*files, given));
     corvane.ask_nothing();
     if (!corvane.start()) return status_failed;
     script_runner runner(corvane, screen, output);
@@ -109,7 +103,10 @@ int run_script(const command_line& given, plain_words& words) {
 
 }  // namespace
 
-int console_main(std::span<const char* const> arguments) {
+int console_main(const std::vector<std::string>& given_arguments) {
+    std::vector<const char*> arguments;
+    arguments.reserve(given_arguments.size());
+    for (const std::string& each : given_arguments) arguments.push_back(each.c_str());
     hold_standard_streams();
     keep_to_own_home();
     return_big_blocks();
@@ -132,6 +129,5 @@ int console_main(std::span<const char* const> arguments) {
 }  // namespace corvane
 
 int main(int count, char** arguments) {
-    return corvane::console_main(
-        std::span<const char* const>(arguments, static_cast<std::size_t>(count)).subspan(1));
+    return corvane::console_main(corvane::own_arguments(count, arguments));
 }

@@ -1,7 +1,7 @@
 #include "console/typed_path.h"
 
-#include "platform/linux/name_mapping.h"
-#include "platform/linux/typed_path.h"
+#include "platform/name_mapping.h"
+#include "platform/typed_path.h"
 
 namespace corvane {
 

@@ -23,15 +23,15 @@
 #include "forms/qt_shell.h"
 #include "forms/qt_user_interface.h"
 #include "forms/start_arguments.h"
+#include "platform/big_blocks.h"
 #include "platform/desktop/desktop_attention.h"
 #include "platform/desktop/desktop_instance_link.h"
 #include "platform/desktop/desktop_power.h"
-#include "platform/linux/big_blocks.h"
 #include "platform/linux/linux_file_system.h"
 #include "platform/linux/linux_text_encoding.h"
 #include "platform/linux/linux_trash.h"
-#include "platform/linux/name_mapping.h"
-#include "platform/linux/own_process.h"
+#include "platform/name_mapping.h"
+#include "platform/own_process.h"
 
 namespace {
 

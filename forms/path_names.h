@@ -5,7 +5,7 @@
 #include <QString>
 #include <string>
 
-#include "platform/linux/name_mapping.h"
+#include "platform/name_mapping.h"
 
 namespace corvane {
 

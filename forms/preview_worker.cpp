@@ -1,9 +1,6 @@
 #include "forms/preview_worker.h"
 
-#include <pwd.h>
-
 #include <QImageReader>
-#include <array>
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
@@ -12,22 +9,14 @@
 #include <utility>
 
 #include "forms/preview_page.h"
-#include "platform/linux/linux_text_encoding.h"
+#include "platform/machine.h"
+#include "platform/own_process.h"
 
 namespace corvane {
 
 namespace {
 
 constexpr int most_megabytes = 256;  // that a decoder may take for one picture
-
-std::string owner_name(std::uint32_t owner) {
-    std::array<char, 4096> room;
-    passwd entry;
-    passwd* found = nullptr;
-    if (getpwuid_r(owner, &entry, room.data(), room.size(), &found) != 0 || found == nullptr)
-        return std::to_string(owner);
-    return found->pw_name;
-}
 
 void decode(preview_answer& found, const std::function<bool()>& given_up) {
     file_preview& file = found.file;
@@ -54,7 +43,7 @@ struct preview_worker::work {
     void answer(std::uint64_t number, const std::vector<std::string>& paths);
 
     file_system& files;
-    linux_text_encoding encodings;  // of the thread
+    const std::unique_ptr<text_encoding> encodings = make_text_encoding();  // of the thread
     std::function<void(preview_answer)> deliver;
     std::mutex guard;
     std::condition_variable changed;
@@ -121,8 +110,8 @@ void preview_worker::work::answer(std::uint64_t number, const std::vector<std::s
             if (asked[side].empty())
                 found.file.note = "程序自己的文件,不预览";
             else
-                found.file = read_preview(files, encodings, asked[side], given_up);
-            if (found.file.access.known) found.owner = owner_name(found.file.access.owner);
+                found.file = read_preview(files, *encodings, asked[side], given_up);
+            if (found.file.access.known) found.owner = user_name(found.file.access.owner);
             if (!given_up()) decode(found, given_up);
             found.file.picture = {};
         } catch (const std::exception&) {

@@ -3,8 +3,8 @@
 #include <string_view>
 
 #include "core/text/path_text.h"
-#include "platform/linux/name_mapping.h"
-#include "platform/linux/typed_path.h"
+#include "platform/name_mapping.h"
+#include "platform/typed_path.h"
 
 namespace corvane {
 

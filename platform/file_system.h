@@ -143,6 +143,16 @@ class file_writer {
     virtual outcome commit() = 0;
 };
 
+// How a text of the program stands in its data files, where that is not as it is in memory. A line break and
+// all other signs of ASCII are the same in both, and no byte of another character is a line break.
+class data_encoding {
+  public:
+    virtual ~data_encoding() = default;
+    // Appends to `out`; neither part may lie in it. ASCII texts need not be handed over.
+    virtual void append_bytes(std::string& out, std::string_view text) const = 0;
+    virtual void append_text(std::string& out, std::string_view bytes) const = 0;
+};
+
 class file_system {
   public:
     virtual ~file_system() = default;
@@ -151,6 +161,8 @@ class file_system {
     virtual char separator() const = 0;
     // True where two paths that differ in case only name one file.
     virtual bool ignores_case() const = 0;
+    // Of the program's data files on this machine; null where they hold texts as they are. Outlives the disk.
+    virtual const data_encoding* data_files() const { return nullptr; }
 
     // A path in the system's own bytes as the program's text.
     virtual std::string text_of(std::string_view raw) const { return std::string(raw); }

@@ -39,7 +39,8 @@ void write_and_open_page(Tavrel& form, const std::string& version) {
         facts.separator = form.outside.files.separator();
         const translation table = english();
         if (state.speaks_english) facts.words = &table;
-        line_writer page(form.outside.files, path);
+        // A page says itself that it is UTF-8.
+        line_writer page(form.outside.files.replace_file(path));
         form.work_aside([&] { write_result_page(page, result, facts); });
         if (state.quit_requested) return;
         if (!finish_file(form, page)) return report_write_failure(form, path, page.error());

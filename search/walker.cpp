@@ -152,7 +152,8 @@ void walk_directories(Tavrel& form) {
 
     state.archive_error_path = form.data_path(data_file::archive_errors);
     state.archive_error_count = 0;
-    line_writer report(form.outside.files.overwrite_file(state.archive_error_path));
+    file_system& disk = form.outside.files;
+    line_writer report(disk.overwrite_file(state.archive_error_path), disk.data_files());
     walk_output output(state, report);
     if (state.scan_archives == 1) {
         report.line("压缩包错误清单");

@@ -75,7 +75,12 @@ void read_avoid_list(Tavrel& form) {
 
 void note_in_trail(Tavrel& form, std::string_view path) {
     if (form.state.error_trail_on != -1) return;
-    form.outside.files.put_text(form.data_path(data_file::trail), std::string(path) + "\r\n");
+    std::string line;
+    if (const data_encoding* const encoding = form.outside.files.data_files())
+        encoding->append_bytes(line, path);
+    else
+        line = path;
+    form.outside.files.put_text(form.data_path(data_file::trail), line += "\r\n");
 }
 
 void read_run_records(Tavrel& form) {

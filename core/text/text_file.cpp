@@ -1,5 +1,6 @@
 #include "core/text/text_file.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "core/text/text_format.h"
@@ -10,8 +11,20 @@ namespace {
 constexpr std::size_t read_block = 256 * std::size_t{1024};
 }
 
+bool is_ascii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char unit) { return static_cast<unsigned char>(unit) < 0x80; });
+}
+
 line_reader::line_reader(file_system& files, const std::string& path, std::int64_t offset)
-    : file_(files.open_file(path)), offset_(offset), position_(offset) {}
+    : file_(files.open_file(path)), encoding_(files.data_files()), offset_(offset), position_(offset) {}
+
+std::string_view line_reader::decoded(std::string_view line) {
+    if (encoding_ == nullptr || is_ascii(line)) return line;
+    text_.clear();
+    encoding_->append_text(text_, line);
+    return text_;
+}
 
 bool line_reader::fill() {
     if (at_end_ || !file_) return false;
@@ -44,7 +57,7 @@ bool line_reader::next(std::string_view& line) {
                 begin_ += length + 1;
                 position_ += static_cast<std::int64_t>(length) + 1;
                 if (length > 0 && start[length - 1] == '\r') --length;
-                line = {start, length};
+                line = decoded({start, length});
                 return true;
             }
             searched = held;
@@ -62,16 +75,17 @@ bool line_reader::next(std::string_view& line) {
     begin_ = end_;
     position_ += static_cast<std::int64_t>(held);
     if (line.back() == '\r') line.remove_suffix(1);
+    line = decoded(line);
     return true;
 }
 
-line_writer::line_writer(outcome_with<file_writer> file)
-    : file_(std::move(file.object)), state_(std::move(file)) {
+line_writer::line_writer(outcome_with<file_writer> file, const data_encoding* encoding)
+    : file_(std::move(file.object)), encoding_(encoding), state_(std::move(file)) {
     buffer_.reserve(block);
 }
 
 line_writer::line_writer(file_system& files, const std::string& path)
-    : line_writer(files.replace_file(path)) {}
+    : line_writer(files.replace_file(path), files.data_files()) {}
 
 void line_writer::number(std::int64_t number) {
     line(number_line(number));

@@ -1,5 +1,5 @@
 // Line-oriented data files: a reader that takes CR LF and LF, a writer that ends lines with CR LF and puts
-// the file in its place only when it is whole.
+// the file in its place only when it is whole. Texts stand in them as file_system::data_files says.
 #pragma once
 
 #include <cstdint>
@@ -11,6 +11,9 @@
 #include "platform/file_system.h"
 
 namespace corvane {
+
+// True where an encoding changes nothing.
+bool is_ascii(std::string_view text);
 
 class line_reader {
   public:
@@ -32,8 +35,12 @@ class line_reader {
 
   private:
     bool fill();
+    // The line as a text.
+    std::string_view decoded(std::string_view line);
 
     outcome_with<file_reader> file_;
+    const data_encoding* encoding_;
+    std::string text_;
     std::vector<char> buffer_;
     std::size_t begin_ = 0;
     std::size_t end_ = 0;
@@ -45,7 +52,8 @@ class line_reader {
 // Collects into blocks. After a failure every call does nothing and finish() tells it.
 class line_writer {
   public:
-    explicit line_writer(outcome_with<file_writer> file);
+    // Without an encoding what is added is written as it is.
+    explicit line_writer(outcome_with<file_writer> file, const data_encoding* encoding = nullptr);
     // The usual form: the file at `path` is replaced at finish().
     line_writer(file_system& files, const std::string& path);
 
@@ -56,7 +64,10 @@ class line_writer {
     void number(std::int64_t number);
     void add(std::string_view text) {
         if (buffer_.size() + text.size() > block) flush();
-        buffer_ += text;
+        if (encoding_ == nullptr || is_ascii(text))
+            buffer_ += text;
+        else
+            encoding_->append_bytes(buffer_, text);
     }
     // Hands on what is collected, for a file that is looked at while it grows.
     void flush();
@@ -79,6 +90,7 @@ class line_writer {
     void take(outcome written);
 
     std::unique_ptr<file_writer> file_;
+    const data_encoding* encoding_;
     outcome state_;  // the first failure
     std::string buffer_;
 };

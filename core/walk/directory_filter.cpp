@@ -21,9 +21,10 @@ bool skip_directory(file_system& files, std::string_view excluded, const std::st
     if (!excluded.empty() || drive_letters) {
         const std::string key = upper_case(directory) + ' ';
         if (names_entry(excluded, key, files.separator())) return true;
-        if (drive_letters)  // C:\RECYCLED\ and C:\RECYCLER\, if hidden
-            return key.find(":\\RECYCLE") != std::string::npos &&
-                   (directory.size() == 11 || directory.size() == 12) && files.attributes(directory).hidden;
+        // C:\RECYCLED\ and C:\RECYCLER\, if hidden
+        const bool names_recycler = drive_letters && key.find(":\\RECYCLE") != std::string::npos &&
+                                    (directory.size() == 11 || directory.size() == 12);
+        if (names_recycler) return files.attributes(directory).hidden;
     }
     return files.is_recycle_directory(directory);
 }

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "platform/desktop/buses.h"
-#include "platform/linux/name_mapping.h"
+#include "platform/name_mapping.h"
 
 namespace corvane {
 

@@ -8,7 +8,7 @@
 
 #include "platform/desktop/buses.h"
 #include "platform/desktop/desktop_failure.h"
-#include "platform/linux/name_mapping.h"
+#include "platform/name_mapping.h"
 
 namespace corvane {
 

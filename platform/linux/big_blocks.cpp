@@ -1,4 +1,4 @@
-#include "platform/linux/big_blocks.h"
+#include "platform/big_blocks.h"
 
 #include <malloc.h>
 

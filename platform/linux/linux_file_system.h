@@ -9,7 +9,7 @@
 #include "platform/linux/linux_attributes.h"
 #include "platform/linux/linux_directories.h"
 #include "platform/linux/linux_volumes.h"
-#include "platform/linux/name_mapping.h"
+#include "platform/name_mapping.h"
 #include "platform/linux/request_pool.h"
 #include "platform/linux/stacked_devices.h"
 

@@ -9,7 +9,7 @@
 #include <memory>
 
 #include "platform/linux/device_number.h"
-#include "platform/linux/name_mapping.h"
+#include "platform/name_mapping.h"
 #include "platform/linux/raw_path.h"
 #include "platform/linux/trash_info.h"
 #include "platform/linux/trash_place.h"

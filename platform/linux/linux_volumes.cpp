@@ -18,7 +18,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/name_mapping.h"
+#include "platform/name_mapping.h"
 
 namespace corvane {
 

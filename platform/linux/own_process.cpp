@@ -1,14 +1,16 @@
-#include "platform/linux/own_process.h"
+#include "platform/own_process.h"
 
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
-#include "platform/linux/name_mapping.h"
+#include "platform/linux/superuser_home.h"
+#include "platform/name_mapping.h"
 
 namespace corvane {
 
@@ -61,6 +63,15 @@ std::uint32_t own_user() {
     return geteuid();
 }
 
+std::string user_name(std::uint32_t user) {
+    std::array<char, 4096> room;
+    passwd entry;
+    passwd* found = nullptr;
+    if (getpwuid_r(user, &entry, room.data(), room.size(), &found) != 0 || found == nullptr)
+        return std::to_string(user);
+    return found->pw_name;
+}
+
 std::string user_data_home() {
     const std::optional<std::string> given = variable("XDG_DATA_HOME");
     if (given && given->starts_with('/')) return to_text(closed(*given));
@@ -68,6 +79,10 @@ std::string user_data_home() {
     if (!home.starts_with('/')) home = home_of_user();
     if (!home.starts_with('/')) return {};
     return to_text(closed(home) + ".local/share/");
+}
+
+std::vector<std::string> own_arguments(int count, char** arguments) {
+    return {arguments + (count > 0 ? 1 : 0), arguments + count};
 }
 
 environment_change change_for_superuser(const environment_facts& facts) {

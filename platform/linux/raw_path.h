@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/linux/name_mapping.h"
+#include "platform/name_mapping.h"
 
 namespace corvane {
 

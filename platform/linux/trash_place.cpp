@@ -5,8 +5,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "platform/linux/name_mapping.h"
-#include "platform/linux/own_process.h"
+#include "platform/name_mapping.h"
+#include "platform/own_process.h"
 #include "platform/linux/trash_info.h"
 
 namespace corvane {

@@ -11,7 +11,7 @@
 #include <utility>
 
 #include "platform/linux/device_number.h"
-#include "platform/linux/name_mapping.h"
+#include "platform/name_mapping.h"
 #include "platform/linux/trash_info.h"
 
 namespace corvane {

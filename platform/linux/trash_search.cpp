@@ -10,7 +10,7 @@
 #include <set>
 #include <unordered_map>
 
-#include "platform/linux/name_mapping.h"
+#include "platform/name_mapping.h"
 #include "platform/linux/trash_info.h"
 
 namespace corvane {

@@ -1,4 +1,4 @@
-#include "platform/linux/typed_path.h"
+#include "platform/typed_path.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -51,7 +51,8 @@ struct first_start_program {
     memory_file_system files;
     recording_shell desktop;
     scripted_interface screen;
-    linux_text_encoding encodings;
+    const std::unique_ptr<text_encoding> own_encodings = make_text_encoding();
+    text_encoding& encodings = *own_encodings;
     program corvane;
 };
 

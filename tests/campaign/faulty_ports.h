@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/linux_text_encoding.h"
+#include "platform/machine.h"
 #include "tests/campaign/fault_counter.h"
 #include "tests/support/scripted_interface.h"
 
@@ -86,7 +86,8 @@ class faulty_encoding : public text_encoding {
     }
 
   private:
-    linux_text_encoding encodings_;
+    const std::unique_ptr<text_encoding> own_encodings_ = make_text_encoding();
+    text_encoding& encodings_ = *own_encodings_;
 };
 
 }  // namespace corvane

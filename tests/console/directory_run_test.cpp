@@ -7,7 +7,7 @@
 
 #include "console/plain_shell.h"
 #include "console/script.h"
-#include "platform/linux/linux_text_encoding.h"
+#include "platform/machine.h"
 #include "tests/support/memory_file_system.h"
 #include "tests/support/scripted_interface.h"
 #include "tests/support/settings_file.h"
@@ -55,7 +55,8 @@ struct directory_case {
     plain_interface screen{records, words};
     recording_shell desktop;
     plain_shell shell{words, desktop};
-    linux_text_encoding encodings;
+    const std::unique_ptr<text_encoding> own_encodings = make_text_encoding();
+    text_encoding& encodings = *own_encodings;
 };
 
 void interrupt(program&) {

@@ -10,7 +10,7 @@
 #include "app/program.h"
 #include "forms/front_end.h"
 #include "forms/qt_user_interface.h"
-#include "platform/linux/linux_text_encoding.h"
+#include "platform/machine.h"
 #include "tests/support/memory_file_system.h"
 #include "tests/support/scripted_interface.h"
 #include "tests/support/settings_file.h"
@@ -44,7 +44,8 @@ struct forms_program {
     memory_file_system files;
     recording_shell desktop;
     dated_interface screen;
-    linux_text_encoding encodings;
+    const std::unique_ptr<text_encoding> own_encodings = make_text_encoding();
+    text_encoding& encodings = *own_encodings;
     scripted_instances instances;
     scripted_attention notice;
     program corvane;

@@ -138,7 +138,8 @@ TEST(main_window, a_long_program_folder_does_not_widen_the_about_box) {
     memory_file_system files;
     recording_shell desktop;
     dated_interface screen;
-    linux_text_encoding encodings;
+    const std::unique_ptr<text_encoding> own_encodings = make_text_encoding();
+    text_encoding& encodings = *own_encodings;
     program corvane({files, desktop, desktop, screen, encodings}, folder);
     front_end windows(corvane, screen);
     windows.sync();

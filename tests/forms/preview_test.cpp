@@ -22,6 +22,7 @@
 #include "forms/preview_pane.h"
 #include "forms/preview_picture.h"
 #include "forms/preview_side.h"
+#include "platform/linux/linux_text_encoding.h"
 #include "tests/forms/forms_program.h"
 
 namespace corvane {

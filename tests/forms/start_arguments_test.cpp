@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "forms/main_window.h"
-#include "platform/linux/name_mapping.h"
+#include "platform/name_mapping.h"
 #include "tests/forms/forms_program.h"
 
 namespace corvane {

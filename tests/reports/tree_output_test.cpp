@@ -277,7 +277,8 @@ TEST(TreeOutput, AFileIsAskedAboutOnce) {
     } files;
     recording_shell desktop;
     scripted_interface screen;
-    linux_text_encoding encodings;
+    const std::unique_ptr<text_encoding> own_encodings = make_text_encoding();
+    text_encoding& encodings = *own_encodings;
     program corvane({files, desktop, desktop, screen, encodings}, "/prog/");
     for (const char* path : {"/a", "/b", "/c"}) files.add_file(path, "1");
     files.add_file("/prog/文件清单.txt", "/a\r\n/b\r\n/c\r\n");

@@ -290,6 +290,15 @@ TEST(SkipDirectory, AHiddenRecyclerAtTheTopOfADriveIsPassedOver) {
     EXPECT_FALSE(skip_directory(p.form.outside.files, p.form.state.exclude_dir_text, "D:\\DATA\\RECYCLER\\"));
 }
 
+TEST(SkipDirectory, TheBinThatADiskNamesIsPassedOverOnADriveToo) {
+    test_program p('\\');
+    p.files.add_file("D:\\$RECYCLE.BIN\\S-1\\f");
+    p.files.add_file("D:\\data\\f");
+    p.files.recycle_directories.insert("D:\\$RECYCLE.BIN\\");
+    p.search({"D:\\"});
+    EXPECT_EQ(p.listed(), texts{"D:\\data\\f"});
+}
+
 TEST(SkipDirectory, TheDesktopsTrashIsPassedOver) {
     test_program p;
     p.files.add_file("/v/.Trash-0/files/f");

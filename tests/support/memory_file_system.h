@@ -75,7 +75,11 @@ class memory_file_system : public file_system {
     std::vector<std::string> made_directories;
     std::int64_t total_opened() const;
 
+    // How data files are written; null: as they are.
+    const data_encoding* encoding = nullptr;
+
     char separator() const override { return separator_; }
+    const data_encoding* data_files() const override { return encoding; }
     bool ignores_case() const override { return separator_ == '\\'; }
     std::vector<volume> volumes() override {
         if (!mounted.empty()) return mounted;

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "app/program.h"
-#include "platform/linux/linux_text_encoding.h"
+#include "platform/machine.h"
 #include "tests/support/memory_file_system.h"
 #include "tests/support/scripted_interface.h"
 #include "tests/support/settings_file.h"
@@ -80,7 +80,8 @@ struct test_program {
     memory_file_system files;
     recording_shell desktop;
     scripted_interface screen;
-    linux_text_encoding encodings;
+    const std::unique_ptr<text_encoding> own_encodings = make_text_encoding();
+    text_encoding& encodings = *own_encodings;
     scripted_instances instances;
     std::string program_dir;
     program corvane;

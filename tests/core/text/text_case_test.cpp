@@ -1,8 +1,6 @@
 #include "core/text/text_case.h"
 
 #include <gtest/gtest.h>
-#include <locale.h>
-#include <wctype.h>
 
 #include <set>
 #include <string>
@@ -113,16 +111,6 @@ TEST(text_case, upper_case_is_appended_to_what_is_there) {
     std::string text = "start ";
     append_upper_case(text, "end \u00E9");
     EXPECT_EQ(text, "start END \u00C9");
-}
-
-TEST(text_case, all_letters_agree_with_the_c_library) {
-    const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", locale_t{});
-    ASSERT_NE(locale, locale_t{}) << "there is no locale C.UTF-8";
-    for (char32_t letter = 0; letter < 0x110000; ++letter) {
-        const auto expected = static_cast<char32_t>(towupper_l(static_cast<wint_t>(letter), locale));
-        EXPECT_EQ(upper_case(letter), expected) << std::hex << static_cast<unsigned>(letter);
-    }
-    freelocale(locale);
 }
 
 TEST(LowerCase, FoldsLettersOfManyAlphabetsAndKeepsTheRest) {

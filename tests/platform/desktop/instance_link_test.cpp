@@ -7,7 +7,7 @@
 #include <string>
 
 #include "platform/desktop/desktop_instance_link.h"
-#include "platform/linux/name_mapping.h"
+#include "platform/name_mapping.h"
 #include "tests/platform/desktop/own_session.h"
 
 namespace corvane {

@@ -13,7 +13,7 @@
 #include <fstream>
 #include <map>
 
-#include "platform/linux/name_mapping.h"
+#include "platform/name_mapping.h"
 #include "tests/support/scratch_folder.h"
 
 namespace corvane {

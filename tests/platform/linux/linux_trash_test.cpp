@@ -10,7 +10,7 @@
 #include <iterator>
 #include <optional>
 
-#include "platform/linux/name_mapping.h"
+#include "platform/name_mapping.h"
 #include "tests/support/scratch_folder.h"
 
 namespace corvane {

@@ -1,4 +1,4 @@
-#include "platform/linux/name_mapping.h"
+#include "platform/name_mapping.h"
 
 #include <gtest/gtest.h>
 

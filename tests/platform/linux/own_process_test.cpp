@@ -1,5 +1,5 @@
 // The environment of a superuser who came with somebody else's home, and folders on a real disk.
-#include "platform/linux/own_process.h"
+#include "platform/own_process.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -9,6 +9,7 @@
 #include <fstream>
 
 #include "platform/linux/linux_file_system.h"
+#include "platform/linux/superuser_home.h"
 #include "tests/support/scratch_folder.h"
 
 namespace corvane {

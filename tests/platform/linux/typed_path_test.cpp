@@ -1,5 +1,5 @@
 // Paths of a command line: relative to where it is typed, and led up as the system leads.
-#include "platform/linux/typed_path.h"
+#include "platform/typed_path.h"
 
 #include <unistd.h>
 

@@ -1,5 +1,5 @@
-// Where this process stands: the folder of its program, and the home of the user that it runs as. Asked by
-// the mains before anything else.
+// What the environment of a process has to become so that the superuser makes nothing in the home of somebody
+// else. Used by keep_to_own_home.
 #pragma once
 
 #include <cstdint>
@@ -11,15 +11,6 @@
 
 namespace corvane {
 
-// The folder of the running program, links followed, with its closing separator; text. The current folder
-// where the system does not tell.
-std::string own_folder();
-std::uint32_t own_user();
-// $XDG_DATA_HOME where it is an absolute path, else ~/.local/share; text, with its closing separator. Empty
-// for a user without a home.
-std::string user_data_home();
-
-// What an environment has to become so that the superuser makes nothing in the home of somebody else.
 struct environment_change {
     std::map<std::string, std::string> set;
     std::set<std::string> dropped;
@@ -35,7 +26,5 @@ struct environment_facts {
 // folders on the way to it belongs neither to the superuser nor to whoever owns "/". HOME is then replaced,
 // XDG_DATA_HOME and its like are dropped; the key of the display (XAUTHORITY) is still found in the old home.
 environment_change change_for_superuser(const environment_facts& facts);
-// The same for this process. Before the first thread, and before a library reads the environment.
-void keep_to_own_home();
 
 }  // namespace corvane

@@ -1,0 +1,183 @@
+#include "platform/windows/windows_file_system.h"
+
+#include <windows.h>
+
+#include <chrono>
+#include <cwchar>
+#include <string_view>
+
+#include "platform/file_time.h"
+#include "platform/windows/wide_path.h"
+#include "platform/windows/windows_entries.h"
+#include "platform/windows/windows_files.h"
+#include "platform/windows/windows_names.h"
+
+namespace corvane {
+
+namespace {
+
+// Answers until 50 ms have passed, but always the first question; returns where it stopped.
+template <class Answer>
+std::size_t in_time(std::size_t count, const Answer& answer) {
+    using clock = std::chrono::steady_clock;
+    const clock::time_point end = clock::now() + std::chrono::milliseconds(50);
+    std::size_t i = 0;
+    do answer(i);
+    while (++i < count && clock::now() < end);
+    return i;
+}
+
+// A file to the end of its name: no directory, no link, no device.
+outcome check_regular(const handle& entry, const BY_HANDLE_FILE_INFORMATION& facts) {
+    bool is_link = false;
+    if (has_attribute(facts.dwFileAttributes, FILE_ATTRIBUTE_DIRECTORY))
+        return system_failure(ERROR_ACCESS_DENIED);
+    if (GetFileType(entry.get()) != FILE_TYPE_DISK || !link_tag(entry, facts.dwFileAttributes, is_link) ||
+        is_link)
+        return system_failure(ERROR_INVALID_PARAMETER);
+    return outcome::success();
+}
+
+}  // namespace
+
+file_facts windows_file_system::facts(std::string_view path) {
+    file_facts result;
+    const handle entry = open_entry(wide_path(path).c_str(), FILE_READ_ATTRIBUTES);
+    BY_HANDLE_FILE_INFORMATION facts;
+    if (!entry || !GetFileInformationByHandle(entry.get(), &facts) || !check_regular(entry, facts))
+        return result;
+    result.exists = true;
+    result.length = static_cast<std::int64_t>(std::uint64_t{facts.nFileSizeHigh} << 32 | facts.nFileSizeLow);
+    result.date_high = static_cast<std::int32_t>(facts.ftLastWriteTime.dwHighDateTime);
+    result.date_low = static_cast<std::int32_t>(facts.ftLastWriteTime.dwLowDateTime);
+    result.link_count = facts.nNumberOfLinks;
+    result.identity = identity_of(facts);
+    result.modified_ns = nanoseconds_of(units_of_time(facts.ftLastWriteTime));
+    FILE_BASIC_INFO times;
+    if (GetFileInformationByHandleEx(entry.get(), FileBasicInfo, &times, sizeof times) &&
+        times.ChangeTime.QuadPart != 0)
+        result.changed_ns = nanoseconds_of(static_cast<std::uint64_t>(times.ChangeTime.QuadPart));
+    return result;
+}
+
+std::size_t windows_file_system::many_facts(std::span<const std::string_view> paths,
+                                            std::span<file_facts> answers) {
+    return in_time(paths.size(), [&](std::size_t i) { answers[i] = facts(paths[i]); });
+}
+
+std::size_t windows_file_system::many_exist(std::span<const std::string_view> paths,
+                                            std::span<std::uint8_t> answers) {
+    return in_time(paths.size(),
+                   [&](std::size_t i) { answers[i] = attributes(std::string(paths[i])).exists ? 1 : 0; });
+}
+
+std::size_t windows_file_system::read_starts(std::span<start_request> requests) {
+    return in_time(requests.size(), [&](std::size_t i) {
+        start_request& each = requests[i];
+        each.count = read_start(each.path, each.buffer, each.expected);
+    });
+}
+
+std::string windows_file_system::resolve(const std::string& path) {
+    const handle target = open_target(wide_path(path).c_str(), 0);
+    if (!target) return path;
+    std::wstring resolved(32'768, L'\0');
+    const DWORD length = GetFinalPathNameByHandleW(target.get(), resolved.data(),
+                                                   static_cast<DWORD>(resolved.size()), VOLUME_NAME_DOS);
+    if (length == 0 || length >= resolved.size()) return path;
+    resolved.resize(length);
+    return text_of_path(resolved);
+}
+
+bool windows_file_system::identity(const std::string& path, file_identity& identity) {
+    const handle target = open_target(wide_path(path).c_str(), 0);
+    BY_HANDLE_FILE_INFORMATION facts;
+    if (!target || !GetFileInformationByHandle(target.get(), &facts)) return false;
+    identity = identity_of(facts);
+    return true;
+}
+
+bool windows_file_system::is_recycle_directory(const std::string& path) {
+    const std::string_view root = volume_root(path);
+    if (root.empty()) return false;
+    std::string_view name = std::string_view(path).substr(root.size());
+    while (!name.empty() && (name.back() == '\\' || name.back() == '/')) name.remove_suffix(1);
+    std::wstring units;
+    return units_of(name, units) && _wcsicmp(units.c_str(), L"$RECYCLE.BIN") == 0;
+}
+
+std::int64_t windows_file_system::read_start(std::string_view path, std::span<std::byte> buffer,
+                                             std::size_t expected) {
+    return read_windows_start(wide_path(path), buffer, expected);
+}
+
+outcome_with<file_reader> windows_file_system::open_file(std::string_view path) {
+    return open_windows_reader(wide_path(path));
+}
+
+outcome_with<file_writer> windows_file_system::replace_file(const std::string& path) {
+    return open_replacing_writer(wide_path(path));
+}
+
+outcome_with<file_writer> windows_file_system::overwrite_file(const std::string& path) {
+    return open_overwriting_writer(wide_path(path));
+}
+
+outcome windows_file_system::put_text(const std::string& path, std::string_view text) {
+    return put_windows_text(wide_path(path), text);
+}
+
+bool windows_file_system::can_write_into(const std::string& directory) {
+    // A trial says more than the rights that are written down.
+    std::wstring trial;
+    handle file;
+    return static_cast<bool>(open_new_file(wide_path(directory + "\\.corvane"), true, trial, file));
+}
+
+outcome windows_file_system::make_directory(const std::string& path) {
+    outcome made = outcome::success();
+    for (std::size_t end = path.find_first_of("\\/", volume_root(path).size());;
+         end = path.find_first_of("\\/", end + 1)) {
+        if (!CreateDirectoryW(wide_path(path.substr(0, end)).c_str(), nullptr) &&
+            GetLastError() != ERROR_ALREADY_EXISTS)
+            made = system_failure();
+        if (end == std::string::npos) break;
+    }
+    if (attributes(path).directory) return outcome::success();
+    return made ? system_failure(ERROR_DIRECTORY) : made;
+}
+
+bool windows_file_system::claim_directory(const std::string& directory) {
+    file_identity place;
+    if (!identity(directory, place)) return true;
+    // By what the folder is, not by how it is written. The object ends with the last process that holds it.
+    const std::wstring name =
+        L"Global\\corvane.Folder.v" + std::to_wstring(place.device) + L".f" + std::to_wstring(place.index);
+    handle claim(CreateMutexW(nullptr, FALSE, name.c_str()));
+    if (!claim) return GetLastError() != ERROR_ACCESS_DENIED;  // another user has it
+    if (GetLastError() == ERROR_ALREADY_EXISTS) return false;
+    claim_ = std::move(claim);
+    return true;
+}
+
+outcome windows_file_system::remove_file(const std::string& path) {
+    // What is looked at is what is deleted: one open file.
+    const handle entry = open_entry(wide_path(path).c_str(), FILE_READ_ATTRIBUTES | DELETE);
+    BY_HANDLE_FILE_INFORMATION facts;
+    if (!entry || !GetFileInformationByHandle(entry.get(), &facts)) return system_failure();
+    if (outcome regular = check_regular(entry, facts); !regular) return regular;
+    FILE_DISPOSITION_INFO gone;
+    gone.DeleteFile = TRUE;
+    if (!SetFileInformationByHandle(entry.get(), FileDispositionInfo, &gone, sizeof gone))
+        return system_failure();
+    return outcome::success();
+}
+
+outcome windows_file_system::remove_data_file(const std::string& path) {
+    if (DeleteFileW(wide_path(path).c_str())) return outcome::success();
+    const DWORD error = GetLastError();
+    if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return outcome::success();
+    return system_failure(error);
+}
+
+}  // namespace corvane
