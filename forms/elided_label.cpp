@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-elided_label::elided_label(QWidget* parent) : QWidget(parent) {
+elided_label::elided_label(QWidget* parent, Qt::TextElideMode cut) : QWidget(parent), cut_(cut) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
@@ -50,7 +50,7 @@ void elided_label::paintEvent(QPaintEvent*) {
     painter.setPen(palette().color(foregroundRole()));
     const QRect room = contentsRect();
     painter.drawText(room, Qt::AlignVCenter | Qt::TextSingleLine,
-                     fontMetrics().elidedText(text_, Qt::ElideRight, room.width()));
+                     fontMetrics().elidedText(text_, cut_, room.width()));
 }
 
 void elided_label::resizeEvent(QResizeEvent*) {

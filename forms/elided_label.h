@@ -1,4 +1,4 @@
-// One line of text that is cut at its end where there is no room; the whole stands in its tip then. Used by
+// One line of text that is cut, at its end if nothing else is said, where there is no room; the whole stands in its tip then. Used by
 // the lines around the list.
 #pragma once
 
@@ -8,7 +8,7 @@ namespace corvane {
 
 class elided_label : public QWidget {
   public:
-    explicit elided_label(QWidget* parent);
+    explicit elided_label(QWidget* parent, Qt::TextElideMode cut = Qt::ElideRight);
 
     QString text() const { return text_; }
     void setText(const QString& words);
@@ -26,6 +26,7 @@ class elided_label : public QWidget {
   private:
     void take_tip();
 
+    const Qt::TextElideMode cut_;
     QString text_;
 };
 

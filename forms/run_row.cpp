@@ -1,7 +1,6 @@
 #include "forms/run_row.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -22,13 +21,11 @@ run_row::run_row(Tavrel& form, const run_progress& progress,
       form_(form),
       progress_(progress),
       words_(new elided_label(this)),
-      file_name_(new QLabel(this)),
+      file_name_(new elided_label(this, Qt::ElideMiddle)),
       bar_(new colour_bar_view(this)),
       cancel_(new QPushButton(this)) {
     words_->setObjectName(QStringLiteral("run_words"));
     name_after(file_name_, form_.Label4);
-    file_name_->setTextFormat(Qt::PlainText);
-    file_name_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     name_after(bar_, form_.pic_gressbar1);
     name_after(cancel_, form_.Command28);
     connect(cancel_, &QPushButton::clicked, this, [act] { act("Command28_Click"); });
@@ -54,11 +51,7 @@ void run_row::sync() {
     const bool bar_shown = form_.pic_gressbar1.visible;
     const bool cancel_shown = form_.Command28.visible;
     const std::string words = progress_.words();
-    if (name_shown) {
-        const QString name = own_line(form_.Label4.caption);
-        mirror_text(file_name_,
-                    file_name_->fontMetrics().elidedText(name, Qt::ElideMiddle, width() - 2 * edge));
-    }
+    if (name_shown) file_name_->setText(own_line(form_.Label4.caption));
     bar_->sync(form_.pic_gressbar1);
     mirror_text(cancel_, own_line(form_.Command28.caption));
     mirror_enabled(cancel_, form_.Command28.enabled);

@@ -9,7 +9,6 @@
 #include "core/model/main_form.h"
 #include "core/tasks/run_progress.h"
 
-class QLabel;
 class QPushButton;
 
 namespace corvane {
@@ -32,7 +31,7 @@ class run_row : public QWidget {
     Tavrel& form_;
     const run_progress& progress_;
     elided_label* words_;
-    QLabel* file_name_;
+    elided_label* file_name_;
     colour_bar_view* bar_;
     QPushButton* cancel_;
 };

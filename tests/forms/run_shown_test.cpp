@@ -85,6 +85,16 @@ TEST(run_shown, a_comparison_has_a_line_of_its_own_and_a_share_in_the_title) {
     EXPECT_EQ(shown.windows.main().windowTitle(), title);
 }
 
+TEST(run_shown, the_name_of_the_file_has_the_whole_row_from_the_first_moment) {
+    run_shown shown;
+    shown.form.Label4.visible = true;
+    shown.form.Label4.caption = "/home/li/照片/2023/夏天/海边_第一天_上午.jpg";
+    shown.compare(3);
+    shown.settle();
+    EXPECT_EQ(shown.line("Label4")->text(), QStringLiteral("/home/li/照片/2023/夏天/海边_第一天_上午.jpg"));
+    EXPECT_FALSE(shown.line("Label4")->is_cut());
+}
+
 TEST(run_shown, what_is_not_done_yet_is_no_alarm_in_either_palette) {
     for (const QPalette& palette : {light_palette(), dark_palette()}) {
         const QColor window = palette.color(QPalette::Window);
