@@ -37,69 +37,70 @@ bool group_bands::renew(const Tavrel& form) {
     if (now == shown_) return false;
     const bool same_texts = now.fill == shown_.fill && now.texts == shown_.texts;
     shown_ = now;
-    if (!same_texts) renew_copies(form);
+    if (!same_texts || !of_result_) renew_copies(form);
     renew_bands(form);
     return true;
 }
 
+// Texts are looked at in the order of the store alone, side by side in memory: what is sorted finds its star
+// by numbers.
 void group_bands::renew_copies(const Tavrel& form) {
-    counts_.clear();
+    stars_.clear();
+    pairs_.assign(1, 0);
     groups_ = 0;
+    of_result_ = false;
     if (shown_.texts == 0 && shown_.order == 0) return;
     const run_state& state = form.state;
     const list_view& list = form.ListView1;
     const list_view_row& view = view_of(list_modes::same_files);
-    const bool of_result = state.result_file1.size() >= list.row_count() &&
-                           state.result_file2.size() >= state.result_file1.size();
-    const std::int32_t count = of_result ? state.result_file1.size() : list.row_count();
-    counts_.resize(std::bit_ceil(2 * static_cast<std::size_t>(count) + 2));
+    of_result_ = state.result_file1.size() >= list.row_count() &&
+                 state.result_file2.size() >= state.result_file1.size();
+    const std::int32_t count = of_result_ ? state.result_file1.size() : list.row_count();
+    stars_.assign(static_cast<std::size_t>(count) + 1, 0);
     const auto first = [&](std::int32_t i) {
-        return of_result ? state.result_file1.entry(i) : list.text_entry(i, view.first_path);
+        return of_result_ ? state.result_file1.entry(i) : list.text_entry(i, view.first_path);
     };
     const auto second = [&](std::int32_t i) {
-        return of_result ? state.result_file2[i] : list.text_cell(i, view.second_path);
+        return of_result_ ? state.result_file2[i] : list.text_cell(i, view.second_path);
     };
-    // Of a path that stands in rows that lie side by side: all rows of a star in the order of the load.
+    // All rows of a star stand together there.
     for (std::int32_t start = 1; start <= count;) {
         const char* entry = first(start);
         const std::string_view path = text_arena::text_at(entry);
         std::int32_t end = start;
         std::int32_t pairs = 0;
-        for (; end <= count && (first(end) == entry || text_arena::text_at(first(end)) == path); ++end)
+        for (; end <= count && (first(end) == entry || text_arena::text_at(first(end)) == path); ++end) {
             pairs += !is_blank(path) && !is_blank(second(end));
-        for (std::int32_t i = start; i < end; ++i)
-            if (i == start || first(i) != first(i - 1)) counts_[place_of(first(i))] = {first(i), pairs};
+            stars_[static_cast<std::size_t>(end)] = static_cast<std::int32_t>(pairs_.size());
+        }
+        pairs_.push_back(pairs);
         groups_ += pairs > 0;
         start = end;
     }
 }
 
+std::int32_t group_bands::star_of(const Tavrel& form, std::int32_t row) const {
+    const std::int64_t number = of_result_ ? form.ListView1.number_cell(row, number_column) : row;
+    return number >= 1 && number < static_cast<std::int64_t>(stars_.size())
+               ? stars_[static_cast<std::size_t>(number)]
+               : 0;
+}
+
 void group_bands::renew_bands(const Tavrel& form) {
     bands_.clear();
-    rows_.clear();
     if (shown_.texts == 0 && shown_.order == 0) return;
     const list_view& list = form.ListView1;
     const list_view_row& view = view_of(list_modes::same_files);
     bands_.reserve(static_cast<std::size_t>(list.row_count()));
-    rows_.reserve(static_cast<std::size_t>(list.row_count()));
-    const char* above = nullptr;
+    std::int32_t above = -1;
     bool second = true;
     for (std::int32_t row = 1; row <= list.row_count(); ++row) {
-        const char* entry = list.text_entry(row, view.first_path);
-        const bool starts =
-            above == nullptr || (entry != above && text_arena::text_at(entry) != text_arena::text_at(above));
+        const std::int32_t star = star_of(form, row);
+        const bool starts = star != above || star == 0;
         if (starts) second = !second;
-        bands_.push_back({second, starts});
-        rows_.push_back({entry, list.number_cell(row, view.length_column)});
-        above = entry;
+        bands_.push_back({list.number_cell(row, view.length_column), star, second, starts});
+        above = star;
     }
-}
-
-std::size_t group_bands::place_of(const char* entry) const {
-    const std::size_t mask = counts_.size() - 1;
-    std::size_t place = (number_of(entry) * 0x9E3779B97F4A7C15u >> 20) & mask;
-    while (counts_[place].entry != nullptr && counts_[place].entry != entry) place = (place + 1) & mask;
-    return place;
 }
 
 bool group_bands::is_second(std::int32_t row) const {
@@ -109,10 +110,10 @@ bool group_bands::is_second(std::int32_t row) const {
 
 group_bands::group_size group_bands::first_row(std::int32_t row) const {
     const auto at = static_cast<std::size_t>(row - 1);
-    if (at >= bands_.size() || !bands_[at].starts || counts_.empty()) return {};
-    const std::int32_t pairs = counts_[place_of(rows_[at].first)].pairs;
+    if (at >= bands_.size() || !bands_[at].starts) return {};
+    const std::int32_t pairs = pairs_[static_cast<std::size_t>(bands_[at].star)];
     if (pairs == 0) return {};
-    return {pairs + 1, static_cast<double>(rows_[at].length) * pairs};
+    return {pairs + 1, static_cast<double>(bands_[at].length) * pairs};
 }
 
 }  // namespace corvane

@@ -39,25 +39,19 @@ class group_bands {
     signature shown_;
     std::uint64_t cell_revision_ = ~std::uint64_t{0};
     std::uint64_t layout_revision_ = 0;
-    // How many pairs have that first path, by its entry. Open addressing, no entry for a free place.
-    struct path_count {
-        const char* entry = nullptr;
-        std::int32_t pairs = 0;
-    };
-    // Where the entry stands, or the free place for it.
-    std::size_t place_of(const char* entry) const;
-    std::vector<path_count> counts_;
+    // The star of a row, by the number of its pair or, where the rows are no result, by its own.
+    std::int32_t star_of(const Tavrel& form, std::int32_t row) const;
+    bool of_result_ = false;           // the rows are pairs of the result, by their numbers
+    std::vector<std::int32_t> stars_;  // by that number, 0 for none
+    std::vector<std::int32_t> pairs_;  // that are left of each star, by its number
     std::int32_t groups_ = 0;
     struct row_band {
-        bool second;
-        bool starts;
+        std::int64_t length = 0;
+        std::int32_t star = 0;
+        bool second = false;
+        bool starts = false;
     };
     std::vector<row_band> bands_;
-    struct row_texts {
-        const char* first;
-        std::int64_t length;
-    };
-    std::vector<row_texts> rows_;
 };
 
 }  // namespace corvane

@@ -47,6 +47,9 @@ enum class sort_colours { stay, repeats_gray, repeats_gray_archives_own };
 // What deleting means.
 enum class deletion_rule { nothing, files, empty_directories, left_to_file_manager };
 
+// The column of the row's number among the pairs of the result, in the same-file view.
+constexpr int number_column = 1;
+
 struct list_view_row {
     std::int16_t list_mode;
     std::span<const view_column> columns;

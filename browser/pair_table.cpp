@@ -13,7 +13,6 @@ using namespace cell_colour;
 
 namespace {
 
-constexpr int number_column = 1;  // the row's number among the pairs
 
 std::size_t at(std::int32_t number) {
     return static_cast<std::size_t>(number);

@@ -18,7 +18,6 @@ namespace corvane {
 namespace {
 
 constexpr std::int32_t rows_per_status = 101;
-constexpr int number_column = 1;  // the row's number among the pairs
 
 void write_pair(line_writer& writer, std::string_view length, std::string_view path1,
                 std::string_view path2) {
