@@ -6,6 +6,7 @@
 #include "platform/file_system.h"
 #include "platform/windows/code_page_files.h"
 #include "platform/windows/handle.h"
+#include "platform/windows/volume_serials.h"
 #include "platform/windows/windows_attributes.h"
 #include "platform/windows/windows_directories.h"
 #include "platform/windows/windows_volumes.h"
@@ -48,6 +49,7 @@ class windows_file_system : public file_system {
     outcome remove_data_file(const std::string& path) override;
 
   private:
+    volume_serials serials_;
     handle claim_;  // the object that names the claimed directory
 };
 
