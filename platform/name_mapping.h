@@ -1,6 +1,7 @@
 // Names and paths between the raw bytes on the disk and the program's text, in which `*` marks archive
-// entries and a line break ends an entry of a data file. Used by the Linux file system wherever a name comes
-// in or goes out.
+// entries and a line break ends an entry of a data file. platform/linux maps wherever a name comes in or goes
+// out; on Windows the raw bytes are the UTF-8 of a name as other programs get to see it, and a half of a
+// surrogate pair that stands alone is mapped, too.
 #pragma once
 
 #include <string>

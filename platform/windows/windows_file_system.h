@@ -4,8 +4,10 @@
 #include <string>
 
 #include "platform/file_system.h"
+#include "platform/name_mapping.h"
 #include "platform/windows/code_page_files.h"
 #include "platform/windows/handle.h"
+#include "platform/windows/volume_serials.h"
 #include "platform/windows/windows_attributes.h"
 #include "platform/windows/windows_directories.h"
 #include "platform/windows/windows_volumes.h"
@@ -17,6 +19,7 @@ class windows_file_system : public file_system {
     char separator() const override { return '\\'; }
     bool ignores_case() const override { return true; }
     const data_encoding* data_files() const override { return own_data_encoding(); }
+    std::string text_of(std::string_view raw) const override { return to_text(raw); }
     std::vector<volume> volumes() override { return windows_volumes(); }
     outcome_with<directory_reader> open_directory(const std::string& path) override {
         return open_windows_directory(path);
@@ -48,6 +51,7 @@ class windows_file_system : public file_system {
     outcome remove_data_file(const std::string& path) override;
 
   private:
+    volume_serials serials_;
     handle claim_;  // the object that names the claimed directory
 };
 

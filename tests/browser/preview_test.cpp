@@ -5,7 +5,7 @@
 
 #include "browser/file_preview.h"
 #include "browser/list_views.h"
-#include "platform/linux/linux_text_encoding.h"
+#include "platform/machine.h"
 #include "tests/browser/list_program.h"
 
 namespace corvane {
@@ -18,7 +18,8 @@ struct reading {
         return read_preview(files, encodings, path, [this] { return given_up; });
     }
     memory_file_system files;
-    linux_text_encoding encodings;
+    const std::unique_ptr<text_encoding> own_encodings = make_text_encoding();
+    text_encoding& encodings = *own_encodings;
     bool given_up = false;
 };
 
@@ -130,7 +131,8 @@ class changing_disk : public memory_file_system {
 
 TEST(FilePreview, AFileThatChangesWhileItIsReadIsTold) {
     changing_disk disk;
-    linux_text_encoding encodings;
+    const std::unique_ptr<text_encoding> own_encodings = make_text_encoding();
+    text_encoding& encodings = *own_encodings;
     memory_file& file = disk.add_file("/a", "old");
     disk.on_open = [&] { ++file.changed_ns; };
     EXPECT_EQ(read_preview(disk, encodings, "/a", [] { return false; }).note, "文件在读的时候变了");

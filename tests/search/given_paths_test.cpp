@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/linux_file_system.h"
 #include "tests/support/memory_file_system.h"
 
 namespace corvane {
@@ -64,14 +63,6 @@ TEST(GivenPaths, PartsThatGoBackAndForthAreTakenOut) {
 TEST(GivenPaths, APathThatStandsTwiceComesOnce) {
     reading r;
     EXPECT_EQ(r.paths("/a\n/b\n/a/\nfile:///b"), (texts{"/a", "/b"}));
-}
-
-TEST(GivenPaths, NamesWithLineBreaksAndStarsAreMappedWhereTheDiskMapsThem) {
-    linux_file_system disk;
-    const given_paths given = read_given_paths(disk, "file:///a%0Ab%2Ac\n/d*e\n/plain");
-    EXPECT_EQ(given.paths, (texts{"/a\uF00Ab\uF02Ac", "/d\uF02Ae", "/plain"}));
-    // As the program itself writes such a name: copied out of it, it is that name again.
-    EXPECT_EQ(read_given_paths(disk, "/a\uF00Ab").paths, texts{"/a\uF00Ab"});
 }
 
 TEST(GivenPaths, AHostileTextIsBounded) {

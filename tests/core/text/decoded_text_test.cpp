@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/linux_text_encoding.h"
+#include "platform/machine.h"
 
 namespace corvane {
 namespace {
@@ -11,7 +11,8 @@ using namespace std::string_view_literals;
 
 struct decoding {
     decoded_text of(std::string_view head, bool cut = false) { return decode_text(head, cut, encodings); }
-    linux_text_encoding encodings;
+    const std::unique_ptr<text_encoding> own_encodings = make_text_encoding();
+    text_encoding& encodings = *own_encodings;
 };
 
 TEST(DecodedText, PlainLettersAndValidUtf8AreTold) {
@@ -37,16 +38,32 @@ TEST(DecodedText, ALetterThatTheHeadBreaksOffIsLeftOut) {
 
 TEST(DecodedText, MarksTellWideUnitsInBothOrders) {
     decoding d;
-    EXPECT_EQ(d.of("\xFF\xFE" "a\0\x67\x71"sv).utf8, "a\u7167");
-    EXPECT_STREQ(d.of("\xFF\xFE" "a\0"sv).encoding, "UTF-16LE");
+    EXPECT_EQ(d.of("\xFF\xFE"
+                   "a\0\x67\x71"sv)
+                  .utf8,
+              "a\u7167");
+    EXPECT_STREQ(d.of("\xFF\xFE"
+                      "a\0"sv)
+                     .encoding,
+                 "UTF-16LE");
     EXPECT_EQ(d.of("\xFE\xFF\0a\x71\x67"sv).utf8, "a\u7167");
     EXPECT_EQ(d.of("\xFE\xFF\xD8\x3D\xDE\x00"sv).utf8, "\U0001F600") << "a letter of two units";
-    EXPECT_EQ(d.of("\xFE\xFF\xD8\x3D\0a"sv).utf8, "\uFFFD" "a") << "its first half alone";
-    EXPECT_EQ(d.of("\xFE\xFF\xDE\x00\0a"sv).utf8, "\uFFFD" "a") << "its second half alone";
+    EXPECT_EQ(d.of("\xFE\xFF\xD8\x3D\0a"sv).utf8,
+              "\uFFFD"
+              "a")
+        << "its first half alone";
+    EXPECT_EQ(d.of("\xFE\xFF\xDE\x00\0a"sv).utf8,
+              "\uFFFD"
+              "a")
+        << "its second half alone";
     EXPECT_EQ(d.of("\xFF\xFE\0\0a\0\0\0"sv).utf8, "a");
     EXPECT_STREQ(d.of("\xFF\xFE\0\0a\0\0\0"sv).encoding, "UTF-32LE");
     EXPECT_EQ(d.of("\0\0\xFE\xFF\0\0\0a\0\x11\0\0"sv).utf8, "a\uFFFD") << "beyond the last letter";
-    EXPECT_EQ(d.of("\xFF\xFE" "a\0b"sv).utf8, "a") << "half a unit at the end";
+    EXPECT_EQ(d.of("\xFF\xFE"
+                   "a\0b"sv)
+                  .utf8,
+              "a")
+        << "half a unit at the end";
 }
 
 TEST(DecodedText, OtherBytesAreChineseOfTheCodePage) {
@@ -63,7 +80,9 @@ TEST(DecodedText, OtherBytesAreChineseOfTheCodePage) {
 
 TEST(DecodedText, BinaryBytesAreNoText) {
     decoding d;
-    EXPECT_FALSE(d.of("\x7F" "ELF\2\1\1\0"sv).is_text);
+    EXPECT_FALSE(d.of("\x7F"
+                      "ELF\2\1\1\0"sv)
+                     .is_text);
     EXPECT_FALSE(d.of("text with a zero\0"sv).is_text);
     std::string random;
     std::uint32_t state = 1;
@@ -90,8 +109,7 @@ TEST(DecodedText, OnlyTheFirstLinesAndLettersAreTaken) {
 }
 
 TEST(DecodedText, BytesStandInLinesOfSixteen) {
-    EXPECT_EQ(hex_lines("AB\x00\xFF"sv),
-              "00000000  41 42 00 FF " + std::string(3 * 12 + 1, ' ') + " AB..\n");
+    EXPECT_EQ(hex_lines("AB\x00\xFF"sv), "00000000  41 42 00 FF " + std::string(3 * 12 + 1, ' ') + " AB..\n");
     const std::string two = hex_lines(std::string(17, 'x'));
     EXPECT_EQ(two.substr(0, 10), "00000000  ");
     EXPECT_NE(two.find("\n00000010  78 "), std::string::npos);

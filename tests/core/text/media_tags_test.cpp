@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/linux_text_encoding.h"
+#include "platform/machine.h"
 
 namespace corvane {
 namespace {
@@ -41,7 +41,8 @@ std::string comments(std::initializer_list<std::string> lines) {
 
 struct tags {
     std::string of(std::string_view head) { return media_tags(head, encodings); }
-    linux_text_encoding encodings;
+    const std::unique_ptr<text_encoding> own_encodings = make_text_encoding();
+    text_encoding& encodings = *own_encodings;
 };
 
 TEST(MediaTags, FramesOfAllEncodingsAreToldInTheirOrder) {

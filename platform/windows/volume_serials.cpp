@@ -1,0 +1,35 @@
+#include "platform/windows/volume_serials.h"
+
+#include "platform/windows/windows_entries.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::chrono::seconds believed{1};  // another disk may take the place
+constexpr std::size_t most_answers = 100'000;
+
+}  // namespace
+
+bool volume_serials::find(const handle& file, std::string_view path, std::uint64_t& serial) {
+    const std::size_t cut = path.find_last_of("\\/");
+    const std::string_view directory = path.substr(0, cut == std::string_view::npos ? 0 : cut);
+    const clock::time_point now = clock::now();
+    {
+        const std::lock_guard lock(guard_);
+        const auto known = answers_.find(directory);
+        if (known != answers_.end() && now - known->second.asked < believed) {
+            serial = known->second.serial;
+            return true;
+        }
+    }
+    BY_HANDLE_FILE_INFORMATION facts;
+    if (!GetFileInformationByHandle(file.get(), &facts)) return false;
+    serial = facts.dwVolumeSerialNumber;
+    const std::lock_guard lock(guard_);
+    if (answers_.size() >= most_answers) answers_.clear();
+    answers_.insert_or_assign(std::string(directory), answer{serial, now});
+    return true;
+}
+
+}  // namespace corvane

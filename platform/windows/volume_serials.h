@@ -1,0 +1,40 @@
+// The serial number of the volume that a file lies on. Used by windows_file_system, which asks for each file;
+// the system, which may take long to answer, is asked once a directory and second.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "platform/windows/handle.h"
+
+namespace corvane {
+
+class volume_serials {
+  public:
+    // `file` is open and no link, `path` its text. A file lies on the volume of its directory: only
+    // directories lead elsewhere. False where the system does not tell. May be asked from several threads at
+    // once.
+    bool find(const handle& file, std::string_view path, std::uint64_t& serial);
+
+  private:
+    using clock = std::chrono::steady_clock;
+
+    struct answer {
+        std::uint64_t serial = 0;
+        clock::time_point asked;
+    };
+    struct text_hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+    };
+
+    std::mutex guard_;
+    std::unordered_map<std::string, answer, text_hash, std::equal_to<>> answers_;  // by directory
+};
+
+}  // namespace corvane
