@@ -2,7 +2,7 @@
 # shellcheck shell=bash
 
 build_packages="g++ cmake ninja-build pkg-config python3 qt6-base-dev qt6-svg-dev libglib2.0-dev libgtest-dev fonts-wqy-microhei"
-test_packages="ccache clang-tidy coreutils findutils git dbus python3-dbusmock xvfb xauth at-spi2-core python3-pyatspi gir1.2-atspi-2.0 zip p7zip-full poppler-utils groff-base mandoc zsh"
+test_packages="ccache clang-tidy coreutils findutils git dbus python3-dbusmock xvfb xauth libxtst6 at-spi2-core python3-pyatspi gir1.2-atspi-2.0 zip p7zip-full poppler-utils groff-base mandoc zsh"
 windows_packages="g++ cmake ninja-build python3 ccache googletest locales g++-mingw-w64-x86-64-posix wine64"
 
 # Installs the packages of the list that are missing. Asks dpkg once; where all are there nothing else is done.
