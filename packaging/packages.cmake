@@ -29,7 +29,7 @@ endif()
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_NAME corvane)
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_DEPENDS "corvane-console (= ${PROJECT_VERSION}-${CORVANE_PACKAGE_REVISION})")
 set(CPACK_DEBIAN_DESKTOP_PACKAGE_RECOMMENDS "fonts-wqy-microhei | fonts-noto-cjk, qt6-wayland, gvfs")
-set(CPACK_DEBIAN_DESKTOP_PACKAGE_SUGGESTS "p7zip-full, rar")
+set(CPACK_DEBIAN_DESKTOP_PACKAGE_SUGGESTS "p7zip-full, poppler-utils, rar")
 set(CPACK_COMPONENT_DESKTOP_DESCRIPTION "find files of the same content and remove copies
 Corvane lists every file below the directories that you pick, compares them
 exactly, byte by byte where it matters, and shows the copies as pairs. Those
