@@ -137,6 +137,8 @@ class rule_work {
     void count_neighbours(std::span<const std::int32_t> group) {
         folders_.clear();
         neighbours_.clear();
+        // Two lie in one folder or each in its own: no folder holds more than the other.
+        if (group.size() == 2) return neighbours_.assign(2, 1);
         for (const std::int32_t member : group)
             folders_.push_back(folder_of(table_.groups().path(member), input_.separator));
         if (group.size() <= 16) {
