@@ -8,7 +8,6 @@ import os
 import shutil
 import subprocess
 import sys
-import tempfile
 import time
 
 here = os.path.dirname(os.path.abspath(__file__))
@@ -100,9 +99,9 @@ def drop(path, to, joins=False):
         list(on.events())
 
 
-# Letters and digits alone: each is one key.
-root = tempfile.mkdtemp(prefix="corvanekeys").replace("_", "")
-shutil.rmtree(root, ignore_errors=True)
+# Small letters and digits alone: each is one key.
+root = f"/tmp/corvanekeys{os.getpid()}"
+os.mkdir(root, 0o700)
 home, program_dir, data, extra, typed = (os.path.join(root, name) for name in ("home", "program", "data", "extra", "typed"))
 on = screen()
 try:
