@@ -1,5 +1,4 @@
-// The preview below the list: shown by its key, both files of a row, pictures in step, hostile files, and a
-// list that never waits. The disk is held by a gate, not by time.
+// The preview below the list: shown by its key, both files of a row, pictures in step, hostile files.
 #include <gtest/gtest.h>
 
 #include <QBuffer>
@@ -10,10 +9,7 @@
 #include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 #include <QWheelEvent>
-#include <condition_variable>
-#include <mutex>
 
 #include "browser/preview.h"
 #include "forms/list_table.h"
@@ -22,7 +18,6 @@
 #include "forms/preview_pane.h"
 #include "forms/preview_picture.h"
 #include "forms/preview_side.h"
-#include "platform/linux/linux_text_encoding.h"
 #include "tests/forms/forms_program.h"
 
 namespace corvane {
@@ -54,79 +49,6 @@ std::string with_stated_size(std::string png, std::uint32_t width, std::uint32_t
         png[static_cast<std::size_t>(29 + i)] = static_cast<char>(crc >> (24 - 8 * i));
     return png;
 }
-
-// Files that are opened wait behind it until it opens.
-class gate {
-  public:
-    void pass() {
-        std::unique_lock lock(guard_);
-        ++waiting_;
-        changed_.notify_all();
-        changed_.wait(lock, [this] { return open_; });
-    }
-    void await_one() {
-        std::unique_lock lock(guard_);
-        changed_.wait(lock, [this] { return waiting_ > 0; });
-    }
-    void note_close() {
-        const std::lock_guard lock(guard_);
-        closed_ = true;
-        changed_.notify_all();
-    }
-    void await_close() {
-        std::unique_lock lock(guard_);
-        changed_.wait(lock, [this] { return closed_; });
-    }
-    bool holds_one() {
-        const std::lock_guard lock(guard_);
-        return waiting_ > 0;
-    }
-    void open() {
-        const std::lock_guard lock(guard_);
-        open_ = true;
-        changed_.notify_all();
-    }
-
-  private:
-    std::mutex guard_;
-    std::condition_variable changed_;
-    int waiting_ = 0;
-    bool open_ = false;
-    bool closed_ = false;  // a file behind it
-};
-
-class held_reader : public file_reader {
-  public:
-    held_reader(std::unique_ptr<file_reader> file, gate& held) : file_(std::move(file)), held_(held) {}
-    ~held_reader() override {
-        file_.reset();
-        held_.note_close();
-    }
-    held_reader(const held_reader&) = delete;
-    held_reader& operator=(const held_reader&) = delete;
-    std::int64_t read_at(std::int64_t offset, std::span<std::byte> buffer) override {
-        held_.pass();
-        return file_->read_at(offset, buffer);
-    }
-    void will_read(std::int64_t) override {}
-    void fetch(std::int64_t, std::int64_t) override {}
-
-  private:
-    std::unique_ptr<file_reader> file_;
-    gate& held_;
-};
-
-class gated_disk : public memory_file_system {
-  public:
-    outcome_with<file_reader> open_file(std::string_view path) override {
-        auto file = memory_file_system::open_file(path);
-        if (file && path == held_path)
-            return std::unique_ptr<file_reader>(new held_reader(std::move(file.object), slow));
-        return file;
-    }
-    std::string held_path;
-    gate slow;
-};
 
 struct preview_window {
     preview_window() : list(shown.windows.main().list()), pane(shown.windows.main().preview()) {}
@@ -383,117 +305,6 @@ TEST(preview, a_large_picture_is_kept_small) {
         bytes, "png", [] { return false; }, 600'000);
     EXPECT_EQ(large.full_size, QSize(3000, 2500));
     EXPECT_EQ(large.image.size(), QSize(2400, 2000));
-}
-
-// The windows over a disk of which one file is slow.
-struct slow_window {
-    slow_window() : form(corvane.main_form()), windows(corvane, screen) {
-        files.add_directory("/prog/");
-        files.add_file("/slow", "slow text");
-        files.add_file("/quick", "quick text");
-        files.held_path = "/slow";
-        form.visible = true;
-        list_view& rows = form.ListView1;
-        for (const char* header : {"", "序号", "长度"})
-            rows.add_column({header, 500, text_alignment::left, cell_content::number});
-        for (const char* header : {"重复文件1", "重复文件2"})
-            rows.add_column({header, 4000, text_alignment::left, cell_content::text});
-        for (const char* path : {"/slow", "/quick"}) {
-            const std::int32_t row = rows.add_row();
-            rows.set_text(row, 3, path);
-            rows.set_text(row, 4, path);
-        }
-        rows.visible = true;
-        windows.main().resize(1000, 700);
-        form.run("preview_m");
-        windows.sync();
-        for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
-    }
-    ~slow_window() { files.slow.open(); }
-
-    void choose(std::int32_t row) {
-        form.ListView1.selected_row = row;
-        windows.sync();
-    }
-    QString text() { return windows.main().preview().side(0).text(); }
-
-    gated_disk files;
-    recording_shell desktop;
-    dated_interface screen;
-    linux_text_encoding encodings;
-    scripted_instances instances;
-    scripted_attention notice;
-    program corvane{{files, desktop, desktop, screen, encodings, &instances, &notice}, "/prog/"};
-    Tavrel& form;
-    front_end windows;
-};
-
-TEST(preview, the_list_does_not_wait_for_a_slow_disk_and_late_answers_are_dropped) {
-    slow_window w;
-    w.choose(1);
-    // The pause runs out within the event loop, and the worker is held.
-    ASSERT_TRUE(QTest::qWaitFor([&] { return w.files.slow.holds_one(); }, 20'000));
-    EXPECT_EQ(w.text(), QString::fromUtf8("正在读…"));
-    // Meanwhile the list takes keys and shows another row.
-    QTest::keyClick(&w.windows.main().list(), Qt::Key_Down);
-    EXPECT_EQ(w.form.ListView1.selected_row, 2);
-    w.windows.sync();
-    w.files.slow.open();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return w.text().contains(QStringLiteral("quick text")); }, 20'000));
-    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
-    EXPECT_TRUE(w.text().contains(QStringLiteral("quick text"))) << "what came late is not shown";
-}
-
-TEST(preview, nothing_is_read_while_it_is_hidden) {
-    slow_window w;
-    auto* pause = w.windows.main().preview().findChild<QTimer*>();
-    ASSERT_NE(pause, nullptr);
-    w.choose(2);
-    EXPECT_TRUE(pause->isActive());
-    EXPECT_LT(pause->interval(), 100);
-    w.form.run("preview_m");
-    w.windows.sync();
-    EXPECT_FALSE(pause->isActive());
-    w.choose(1);
-    EXPECT_FALSE(pause->isActive());
-    EXPECT_TRUE(w.files.opened.empty());
-}
-
-TEST(preview, its_end_does_not_wait_for_a_disk_that_does_not_answer) {
-    gated_disk files;
-    files.add_file("/slow", "slow text");
-    files.add_file("/quick", "quick text");
-    files.held_path = "/slow";
-    int answers = 0;
-    {
-        preview_worker worker(
-            files, [&](const preview_answer&) { ++answers; }, 1);
-        worker.ask(1, {"/slow", "/quick"});
-        files.slow.await_one();
-    }
-    // The disk comes back after the end of the window: nothing is shown, and nothing more is asked.
-    files.slow.open();
-    files.slow.await_close();
-    EXPECT_EQ(answers, 0);
-    EXPECT_EQ(files.opened.count("/quick"), 0u);
-}
-
-TEST(preview, a_newer_question_gives_up_the_one_in_work) {
-    gated_disk files;
-    files.add_file("/slow", "slow text");
-    files.add_file("/quick", "quick text");
-    files.held_path = "/slow";
-    std::vector<std::uint64_t> answered;
-    {
-        preview_worker worker(files,
-                              [&](const preview_answer& answer) { answered.push_back(answer.number); });
-        worker.ask(1, {"/slow", "/quick"});
-        files.slow.await_one();
-        worker.ask(2, {});
-        files.slow.open();
-    }
-    EXPECT_TRUE(answered.empty());
-    EXPECT_EQ(files.opened.count("/quick"), 0u);
 }
 
 }  // namespace
