@@ -1,6 +1,8 @@
 #include "platform/windows/volume_serials.h"
 
+#include "platform/windows/wide_path.h"
 #include "platform/windows/windows_entries.h"
+#include "platform/windows/windows_names.h"
 
 namespace corvane {
 
@@ -11,7 +13,7 @@ constexpr std::size_t most_answers = 100'000;
 
 }  // namespace
 
-bool volume_serials::find(const handle& file, std::string_view path, std::uint64_t& serial) {
+bool volume_serials::find(const handle& file, std::string_view path, std::uint64_t& serial, bool& is_remote) {
     const std::size_t cut = path.find_last_of("\\/");
     const std::string_view directory = path.substr(0, cut == std::string_view::npos ? 0 : cut);
     const clock::time_point now = clock::now();
@@ -20,15 +22,18 @@ bool volume_serials::find(const handle& file, std::string_view path, std::uint64
         const auto known = answers_.find(directory);
         if (known != answers_.end() && now - known->second.asked < believed) {
             serial = known->second.serial;
+            is_remote = known->second.is_remote;
             return true;
         }
     }
     BY_HANDLE_FILE_INFORMATION facts;
     if (!GetFileInformationByHandle(file.get(), &facts)) return false;
     serial = facts.dwVolumeSerialNumber;
+    const std::string_view root = volume_root(path);
+    is_remote = root.starts_with("\\\\") || GetDriveTypeW(wide(root).c_str()) == DRIVE_REMOTE;
     const std::lock_guard lock(guard_);
     if (answers_.size() >= most_answers) answers_.clear();
-    answers_.insert_or_assign(std::string(directory), answer{serial, now});
+    answers_.insert_or_assign(std::string(directory), answer{serial, is_remote, now});
     return true;
 }
 

@@ -19,13 +19,14 @@ class volume_serials {
     // `file` is open and no link, `path` its text. A file lies on the volume of its directory: only
     // directories lead elsewhere. False where the system does not tell. May be asked from several threads at
     // once.
-    bool find(const handle& file, std::string_view path, std::uint64_t& serial);
+    bool find(const handle& file, std::string_view path, std::uint64_t& serial, bool& is_remote);
 
   private:
     using clock = std::chrono::steady_clock;
 
     struct answer {
         std::uint64_t serial = 0;
+        bool is_remote = false;  // two shares may show one file under two serials
         clock::time_point asked;
     };
     struct text_hash {

@@ -1,5 +1,7 @@
 #include "platform/windows/wide_path.h"
 
+#include <windows.h>
+
 #include "platform/windows/windows_names.h"
 
 namespace corvane {
@@ -57,6 +59,22 @@ std::wstring wide_path(std::string_view text) {
     // A mapped "*" or control character has no place on a disk of Windows; the system says so itself.
     if (!is_first && is_separator(text.back())) path += L'\\';
     return path;
+}
+
+std::wstring shell_path(std::string_view text) {
+    std::wstring path = wide_path(text);
+    if (path.starts_with(share_prefix))
+        path = L"\\\\" + path.substr(share_prefix.size());
+    else if (path.starts_with(long_prefix))
+        path.erase(0, long_prefix.size());
+    else
+        return {};
+    std::wstring full(path.size() + 2, L'\0');
+    const DWORD length =
+        GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+    if (length >= full.size()) return {};
+    full.resize(length);
+    return full == path ? path : std::wstring();
 }
 
 std::string text_of_path(std::wstring_view path) {

@@ -12,6 +12,9 @@ namespace corvane {
 // is relative, holds a sign that no name has (a "*" marks an archive entry, a ":" would name a stream), or a
 // "." or "..".
 std::wstring wide_path(std::string_view text);
+// The same path as the shell takes it, without the prefix. Empty where the name would be another one without
+// it: a dot or a blank at its end would go, and what the shell then took is not this file.
+std::wstring shell_path(std::string_view text);
 // The way back, for what the system answers.
 std::string text_of_path(std::wstring_view path);
 

@@ -52,7 +52,8 @@ file_facts windows_file_system::facts(std::string_view path) {
     constexpr auto name_is_cut = static_cast<NTSTATUS>(0x8000'0005);  // STATUS_BUFFER_OVERFLOW
     std::uint64_t serial = 0;
     if ((status < 0 && status != name_is_cut) ||
-        !check_regular(entry, facts.BasicInformation.FileAttributes) || !serials_.find(entry, path, serial))
+        !check_regular(entry, facts.BasicInformation.FileAttributes) ||
+        !serials_.find(entry, path, serial, result.stacked))
         return result;
     const auto modified = static_cast<std::uint64_t>(facts.BasicInformation.LastWriteTime.QuadPart);
     const auto changed = static_cast<std::uint64_t>(facts.BasicInformation.ChangeTime.QuadPart);
@@ -105,10 +106,10 @@ bool windows_file_system::identity(const std::string& path, file_identity& ident
 }
 
 bool windows_file_system::is_recycle_directory(const std::string& path) {
-    const std::string_view root = volume_root(path);
-    if (root.empty()) return false;
-    std::string_view name = std::string_view(path).substr(root.size());
+    // At any depth: a volume may be mounted in a folder, and a folder of a share may be a root to its users.
+    std::string_view name = path;
     while (!name.empty() && (name.back() == '\\' || name.back() == '/')) name.remove_suffix(1);
+    name.remove_prefix(name.find_last_of("\\/") + 1);
     std::wstring units;
     return units_of(name, units) && _wcsicmp(units.c_str(), L"$RECYCLE.BIN") == 0;
 }

@@ -163,6 +163,8 @@ std::int64_t read_windows_start(const std::wstring& path, std::span<std::byte> b
 }
 
 outcome open_new_file(const std::wstring& beside, bool goes_with_handle, std::wstring& path, handle& file) {
+    // A text that no path maps to would make a file of the current folder.
+    if (beside.empty()) return system_failure(ERROR_PATH_NOT_FOUND);
     // Two programs at work meet in no name; what an earlier run has left is passed over.
     const DWORD flags = goes_with_handle ? FILE_FLAG_DELETE_ON_CLOSE : FILE_ATTRIBUTE_NORMAL;
     for (unsigned attempt = 0; attempt < 1000; ++attempt) {
@@ -176,6 +178,7 @@ outcome open_new_file(const std::wstring& beside, bool goes_with_handle, std::ws
 }
 
 outcome_with<file_writer> open_replacing_writer(const std::wstring& path) {
+    if (path.empty()) return system_failure(ERROR_PATH_NOT_FOUND);
     // A link stays a link: what it leads to is replaced.
     std::wstring final_path = final_path_of(path);
     const DWORD attributes = GetFileAttributesW(final_path.c_str());

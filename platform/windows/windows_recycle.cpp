@@ -30,13 +30,6 @@ outcome refused_result(HRESULT result) {
                                                               : static_cast<DWORD>(result));
 }
 
-// The name as the shell wants it: without the prefix of long paths.
-std::wstring shell_path(const std::string& path) {
-    std::wstring wide = wide_path(path);
-    if (wide.starts_with(L"\\\\?\\UNC\\")) return L"\\\\" + wide.substr(8);
-    return wide.starts_with(L"\\\\?\\") ? wide.substr(4) : wide;
-}
-
 // What becomes of one item.
 class item_sink : public IFileOperationProgressSink {
   public:
@@ -115,8 +108,13 @@ bool move_batch(std::span<const std::string> paths, std::span<outcome> answers) 
     for (std::size_t i = 0; i < paths.size(); ++i) {
         answers[i] = refused(ERROR_CANCELLED);  // until the sink hears otherwise
         com_object<IShellItem> item;
-        const HRESULT found = SHCreateItemFromParsingName(shell_path(paths[i]).c_str(), nullptr,
-                                                          IID_IShellItem, item.put_any());
+        const std::wstring name = shell_path(paths[i]);
+        if (name.empty()) {
+            answers[i] = refused(ERROR_INVALID_NAME);
+            continue;
+        }
+        const HRESULT found =
+            SHCreateItemFromParsingName(name.c_str(), nullptr, IID_IShellItem, item.put_any());
         if (FAILED(found)) {
             answers[i] = refused_result(found);
             continue;

@@ -20,13 +20,9 @@ bool is_web_address(const std::string& path) {
     return path.starts_with("https://") || path.starts_with("http://");
 }
 
-// The shell takes paths without the prefix of long ones. A text that no path maps to is none here either: it
-// could be the name of a program.
+// A text that no path maps to is none here either: it could be the name of a program.
 std::wstring shell_target(const std::string& path) {
-    if (is_web_address(path)) return wide(path);
-    const std::wstring units = wide_path(path);
-    if (units.starts_with(L"\\\\?\\UNC\\")) return L"\\\\" + units.substr(8);
-    return units.starts_with(L"\\\\?\\") ? units.substr(4) : std::wstring();
+    return is_web_address(path) ? wide(path) : shell_path(path);
 }
 
 outcome execute(const wchar_t* verb, const std::wstring& target, ULONG mask, const char* lacks) {

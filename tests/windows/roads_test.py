@@ -123,7 +123,8 @@ with folder() as root:
     expect("an excluded drive is its root and not what is selected below it", len(done.stdout.splitlines()) > 1, True)
     here.store(option_lists[0], "")
     here.store(option_lists[1], "1.TXT\r\n")
-    expect("types in any case", here.command(here.path("data")).stdout, b"")
+    done = here.command(here.path("data"))
+    expect("types in any case", (done.returncode, done.stdout, "没搜索到文件" in done.stderr.decode()), (1, b"", True))
 
 with folder() as root:
     # The bin: what goes lies in the trash with its content; the last copy stays.

@@ -63,5 +63,12 @@ TEST(WidePath, TheRootOfAVolume) {
         EXPECT_EQ(volume_root(text), "");
 }
 
+TEST(WidePath, TheShellGetsNoNameThatItTakesForAnother) {
+    EXPECT_EQ(shell_path("D:\\d\\a.jpg"), L"D:\\d\\a.jpg");
+    EXPECT_EQ(shell_path("\\\\server\\share\\a b.jpg"), L"\\\\server\\share\\a b.jpg");
+    for (const char* path : {"D:\\d\\a.jpg.", "D:\\d\\a.jpg ", "D:\\d.\\a.jpg", "D:\\d\\NUL", "a.jpg"})
+        EXPECT_TRUE(shell_path(path).empty()) << path;
+}
+
 }  // namespace
 }  // namespace corvane

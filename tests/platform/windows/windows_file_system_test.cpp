@@ -367,7 +367,7 @@ TEST_F(WindowsDisk, TheRecycleBinOfAVolumeIsPassedOver) {
     EXPECT_TRUE(files.is_recycle_directory("D:\\$RECYCLE.BIN\\"));
     EXPECT_TRUE(files.is_recycle_directory("D:\\$Recycle.Bin"));
     EXPECT_TRUE(files.is_recycle_directory("\\\\server\\share\\$RECYCLE.BIN\\"));
-    EXPECT_FALSE(files.is_recycle_directory("D:\\data\\$RECYCLE.BIN\\"));
+    EXPECT_TRUE(files.is_recycle_directory("D:\\mounted\\disk\\$RECYCLE.BIN\\"));
     EXPECT_FALSE(files.is_recycle_directory("D:\\$RECYCLE.BIN2\\"));
     EXPECT_FALSE(files.is_recycle_directory("D:\\"));
     EXPECT_TRUE(skip_directory(files, "", "D:\\$RECYCLE.BIN\\"));
