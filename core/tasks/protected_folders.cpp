@@ -42,6 +42,15 @@ bool read_lines(Tavrel& form, const std::string& path, std::set<std::string>& fo
     return !lines.next(line);
 }
 
+// Whether the data files of this machine can say the text. Another folder in its place would protect nothing.
+bool comes_back(const data_encoding* encoding, const std::string& text) {
+    if (encoding == nullptr) return true;
+    std::string bytes, back;
+    encoding->append_bytes(bytes, text);
+    encoding->append_text(back, bytes);
+    return back == text;
+}
+
 }  // namespace
 
 void read_protected_folders(Tavrel& form) {
@@ -62,7 +71,10 @@ void set_protected_folders(Tavrel& form, std::set<std::string> folders) {
                       copy_file(form.outside.files, path, form.data_path(data_file::protected_aside));
     state.protected_folders = std::move(folders);
     ++state.protection_revision;
-    if (!kept) return form.complain(path + "\r\n受保护的目录没有保存。");
+    const bool said = std::all_of(
+        state.protected_folders.begin(), state.protected_folders.end(),
+        [&form](const std::string& folder) { return comes_back(form.outside.files.data_files(), folder); });
+    if (!kept || !said) return form.complain(path + "\r\n受保护的目录没有保存。");
     line_writer writer(form.outside.files, path);
     writer.line(title);
     writer.number(static_cast<std::int64_t>(state.protected_folders.size()));

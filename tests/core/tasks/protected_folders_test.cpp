@@ -187,5 +187,25 @@ TEST(ProtectedFile, AWriteFailureIsToldAndTheChoiceHoldsForThisRun) {
     EXPECT_TRUE(protection(p.form).covers("/p/a"));
 }
 
+// Data files that can say ASCII alone.
+struct ascii_files : data_encoding {
+    void append_bytes(std::string& out, std::string_view text) const override {
+        for (const char unit : text) out += static_cast<unsigned char>(unit) < 0x80 ? unit : '?';
+    }
+    void append_text(std::string& out, std::string_view bytes) const override { out += bytes; }
+};
+
+TEST(ProtectedFile, AFolderThatItCannotSayIsToldAndNotWrittenAsAnother) {
+    const ascii_files encoding;
+    test_program p;
+    p.files.encoding = &encoding;
+    set_protected_folders(p.form, {"/照片/"});
+    EXPECT_EQ(p.last_message(), "/prog/受保护的目录.txt\r\n受保护的目录没有保存。");
+    EXPECT_FALSE(p.files.has("/prog/受保护的目录.txt"));
+    EXPECT_TRUE(protection(p.form).covers("/照片/a")) << "it holds for this run";
+    set_protected_folders(p.form, {"/d/"});
+    EXPECT_TRUE(p.files.has("/prog/受保护的目录.txt"));
+}
+
 }  // namespace
 }  // namespace corvane
