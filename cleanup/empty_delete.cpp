@@ -110,11 +110,11 @@ void take_row(Tavrel& form, std::int32_t row, protection& folders, tallies& coun
 
 // The disk may have changed since the scan looked: each is asked again right before it goes.
 void send_rows(Tavrel& form, tallies& count) {
-    protection folders(form);
     const auto path_of = [&](std::size_t number) -> const std::string* {
         const tallies::taken_row& taken = count.taken[number];
         if (!is_directory(form, taken.path)) return nullptr;
-        const bool covered = folders.covers(taken.path);
+        // With nothing known from before: a folder above may have become a link meanwhile.
+        const bool covered = protection(form).covers(taken.path);
         if (!covered && is_still_empty(form, taken.path)) {
             ++count.gone;
             return &taken.path;
