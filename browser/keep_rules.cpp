@@ -143,10 +143,4 @@ bool is_named_as_copy(std::string_view path, char separator) {
            (holds_word(upper, "KOPIE") && upper.find("- KOPIE") != std::string::npos);
 }
 
-std::string_view folder_of(std::string_view path, char separator) {
-    const std::string_view file = archive_path_of(path);
-    const std::size_t cut = file.rfind(separator);
-    return cut == std::string_view::npos ? std::string_view() : file.substr(0, cut + 1);
-}
-
 }  // namespace corvane

@@ -43,7 +43,4 @@ std::span<const keep_rule> keep_rules();
 // "Copy of a", "a - Kopie.txt".
 bool is_named_as_copy(std::string_view path, char separator);
 
-// The folder of a path, closed by the separator; of an archive entry that of the archive.
-std::string_view folder_of(std::string_view path, char separator);
-
 }  // namespace corvane

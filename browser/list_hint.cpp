@@ -25,10 +25,6 @@ constexpr view_hint hints[] = {
     {list_modes::same_directory_names, "名称相同, 内容不一定相同: 这里不能标记。"},
 };
 
-std::string count_of(std::int32_t number) {
-    return number > 0 ? group_digits(number) : std::string("0");
-}
-
 bool is_filtered(const Tavrel& form) {
     return !form.state.filter_words.empty() && form.state.filter_fill == form.ListView1.fill_revision();
 }
@@ -37,7 +33,7 @@ bool is_filtered(const Tavrel& form) {
 
 std::string empty_list_words(const Tavrel& form) {
     if (form.ListView1.row_count() > 0 || !is_filtered(form)) return {};
-    return form.state.filter_words + ": " + count_of(form.state.same_count) +
+    return form.state.filter_words + ": " + group_count(form.state.same_count) +
            " 对里一对也没有。右键点列表, 选[刷新]显示全部。";
 }
 
@@ -46,14 +42,14 @@ std::string list_hint(const Tavrel& form, const std::string& marked_copies) {
     const list_view& list = form.ListView1;
     std::string marked = shown_view(form).holds_copies ? marked_copies : std::string();
     if (!shown_view(form).holds_copies && list.marked_cells() > 0)
-        marked = "标记 " + count_of(list.marked_cells()) + " 个";
+        marked = "标记 " + group_count(list.marked_cells()) + " 个";
     if (std::string words = empty_list_words(form); !words.empty()) return words;
     if (!state.cleared_words.empty() && state.cleared_cells == list.cell_revision())
         return state.cleared_words;
     std::string words;
     if (is_filtered(form))
-        words = state.filter_words + ": " + count_of(list.row_count()) + " / " + count_of(state.same_count) +
-                " 对, [刷新]显示全部";
+        words = state.filter_words + ": " + group_count(list.row_count()) + " / " +
+                group_count(state.same_count) + " 对, [刷新]显示全部";
     if (!marked.empty()) return words.empty() ? marked : words + "; " + marked;
     if (!words.empty()) return words;
     const auto* const hint = std::find_if(std::begin(hints), std::end(hints), [&](const view_hint& each) {

@@ -7,6 +7,7 @@
 
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
+#include "core/text/path_text.h"
 #include "core/text/text_format.h"
 
 namespace corvane {
@@ -22,18 +23,6 @@ struct largest {
     std::string_view path;
     std::int32_t copies = 0;
 };
-
-std::string_view last_part(std::string_view path, char separator) {
-    const std::size_t cut = path.rfind(separator);
-    return cut == std::string_view::npos ? path : path.substr(cut + 1);
-}
-
-// Where a file or, of a member, its archive stands.
-std::string_view folder_of(std::string_view path, char separator) {
-    if (is_archive_member(path)) path = archive_path_of(path);
-    const std::size_t cut = path.rfind(separator);
-    return cut == std::string_view::npos ? std::string_view() : path.substr(0, std::max<std::size_t>(cut, 1));
-}
 
 // The most named ones that hold the most, in falling order.
 void keep_largest(std::vector<largest>& all) {
@@ -52,11 +41,13 @@ std::string plain_size(double bytes) {
 }
 
 // What is the same in every language: names, counts, sizes.
-std::string list_of(const std::vector<largest>& all) {
+std::string list_of(const std::vector<largest>& all, char separator) {
     std::string words;
     for (const largest& each : all) {
         if (!words.empty()) words += "; ";
-        words.append(each.path);
+        words.append(each.path.ends_with(separator) && each.path.size() > 1
+                         ? each.path.substr(0, each.path.size() - 1)
+                         : each.path);
         if (each.copies > 0) words.append(" ×").append(std::to_string(each.copies));
         words.append(" ").append(plain_size(each.bytes));
     }
@@ -67,10 +58,7 @@ std::string list_of(const std::vector<largest>& all) {
 
 std::string cancelled_words(const result_state& result) {
     if (result.cancelled_of <= 0) return {};
-    const auto count = [](std::int32_t number) {
-        return number > 0 ? group_digits(number) : std::string("0");
-    };
-    return "已取消, " + count(result.cancelled_at) + " / " + count(result.cancelled_of);
+    return "已取消, " + group_count(result.cancelled_at) + " / " + group_count(result.cancelled_of);
 }
 
 std::string result_totals(const result_state& result, char separator) {
@@ -85,7 +73,7 @@ std::string result_totals(const result_state& result, char separator) {
         std::int32_t pairs = 0;
         for (; i <= rows && result.result_file1[i] == centre; ++i, ++pairs)
             by_folder[folder_of(result.result_file2[i], separator)] += length;
-        groups.push_back({length * pairs, last_part(centre, separator), pairs + 1});
+        groups.push_back({length * pairs, file_name_of(centre, separator), pairs + 1});
         all += length * pairs;
     }
     std::string words = "找到 " + group_digits(rows) + " 个多余的文件, 分 " +
@@ -97,8 +85,8 @@ std::string result_totals(const result_state& result, char separator) {
     for (const auto& [path, bytes] : by_folder) folders.push_back({bytes, path});
     keep_largest(folders);
     if (all > 0) {
-        words += "\r\n占得最多的组: " + list_of(groups);
-        words += "\r\n占得最多的目录: " + list_of(folders);
+        words += "\r\n占得最多的组: " + list_of(groups, separator);
+        words += "\r\n占得最多的目录: " + list_of(folders, separator);
     }
     return words;
 }

@@ -103,8 +103,7 @@ void preview_side::show_answer(const preview_answer& answer) {
     if (!heading.empty()) facts.append(own_line(heading));
     if (!file.tags.empty()) facts.append(screen_line(file.tags));
     if (file.facts.exists) {
-        const std::string bytes =
-            file.facts.length == 0 ? "0" : group_digits(static_cast<double>(file.facts.length));
+        const std::string bytes = group_count(static_cast<double>(file.facts.length));
         facts.append(own_line("长度 " + bytes + " 字节"));
         facts.append(own_line("修改 " + date_words(file.facts).toStdString()));
         if (!answer.owner.empty()) facts.append(own_line("所有者 " + answer.owner));

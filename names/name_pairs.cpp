@@ -28,10 +28,6 @@ void show_scan_status(Tavrel& form, std::int32_t checked) {
 
 }  // namespace
 
-std::string_view file_name_of(std::string_view path, char separator) {
-    return path.substr(path.rfind(separator) + 1);
-}
-
 std::string_view parent_and_file_name_of(std::string_view path, char separator) {
     const std::size_t last = path.rfind(separator);
     if (last == std::string_view::npos || last == 0) return path;

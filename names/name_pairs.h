@@ -16,8 +16,6 @@ struct run_state;
 // an archive member, too.
 using key_part = std::string_view (*)(std::string_view path, char separator);
 
-// Behind the last separator; all of a text without one.
-std::string_view file_name_of(std::string_view path, char separator);
 // Behind the last separator but one; all of a text with fewer than two.
 std::string_view parent_and_file_name_of(std::string_view path, char separator);
 // Of a directory that ends in the separator: its own name. A root has none and is taken whole.

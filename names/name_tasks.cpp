@@ -8,6 +8,7 @@
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
 #include "core/tasks/task_scope.h"
+#include "core/text/path_text.h"
 #include "core/text/text_format.h"
 #include "names/directory_walk.h"
 #include "names/name_pairs.h"

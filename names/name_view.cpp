@@ -8,6 +8,7 @@
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 #include "core/tasks/progress.h"
+#include "core/text/path_text.h"
 #include "names/name_pairs.h"
 #include "names/star_centres.h"
 

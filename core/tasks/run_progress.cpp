@@ -14,7 +14,7 @@ constexpr double between_samples = 0.2;  // seconds
 constexpr double least_pace_time = 1;    // a pace of less than that is none
 
 std::string grouped(double number) {
-    return number < 1 ? "0" : group_digits(std::floor(number));
+    return group_count(std::floor(number));
 }
 
 }  // namespace

@@ -13,4 +13,9 @@ inline std::string with_separator(std::string_view directory, char separator) {
     return text;
 }
 
+// Behind the last separator; all of a text without one.
+inline std::string_view file_name_of(std::string_view path, char separator) {
+    return path.substr(path.rfind(separator) + 1);
+}
+
 }  // namespace corvane

@@ -57,6 +57,11 @@ std::string group_digits(double number) {
     return digits;
 }
 
+std::string group_count(double number) {
+    std::string digits = group_digits(number);
+    return digits.empty() ? "0" : digits;
+}
+
 std::string short_size(double bytes) {
     static constexpr const char* units[] = {"字节", "KB", "MB", "GB", "TB"};
     std::size_t unit = 0;

@@ -19,6 +19,8 @@ std::string scale_size(double& bytes, std::string& size_unit);
 
 // Rounded to a whole number, digits in groups of three; 0 gives an empty text ("###,###,###,###").
 std::string group_digits(double number);
+// The same, with "0" for nothing.
+std::string group_count(double number);
 
 // "17.4 KB": whole bytes below 1,024, else one decimal.
 std::string short_size(double bytes);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "core/archives/archive_entry.h"
+
 namespace corvane {
 namespace {
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "core/text/path_text.h"
 #include "names/name_pairs.h"
 #include "tests/support/test_program.h"
 
