@@ -227,7 +227,8 @@ void main_window::sync_work_area(bool tasks_locked) {
     mirror_tooltip(list_, form_.ListView1.tooltip);
     if (list_shown) list_->sync(tasks_locked);
     if (list_shown && !left_->isHidden()) place_splitter();
-    if (list_shown) list_head_->sync(marked_);
+    if (list_shown)
+        list_head_->sync(marked_fill_ == form_.ListView1.fill_revision() ? marked_ : std::string());
     mirror_visible(preview_, preview_shown(form_));
     // Rows that are on their way are not looked at.
     if (!tasks_locked) preview_->sync(list_shown ? list_->row_in_hand() : 0);
@@ -252,6 +253,7 @@ void main_window::sync_marks(bool tasks_locked) {
     told_marks_ = cells;
     const deletion_stake stake = stake_of(form_);
     mirror_text(marks_, own_line(mark_words(stake)));
+    marked_fill_ = form_.ListView1.fill_revision();
     marked_ = mark_line(stake, list_->cells().bands.group_count());
     list_head_->sync(marked_);
     marks_told_at_ = form_.outside.screen.seconds();

@@ -105,7 +105,8 @@ class main_window : public QMainWindow {
     window_place place_;
     // The cells whose marks the status line tells, and whether blue ones count.
     std::pair<std::uint64_t, bool> told_marks_{~std::uint64_t{0}, false};
-    double marks_pause_ = 0;  // seconds until they are reckoned again
+    std::uint64_t marked_fill_ = 0;  // of the rows that marked_ tells of
+    double marks_pause_ = 0;         // seconds until they are reckoned again
     bool splitter_placed_ = false;
     double marks_told_at_ = 0;
 };

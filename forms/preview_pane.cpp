@@ -55,6 +55,7 @@ void preview_pane::sync(std::int32_t row) {
     if (isHidden()) {
         pause_.stop();
         row_ = -1;
+        question_ = {};  // shown again, it reads again
         return;
     }
     const list_view& list = form_.ListView1;
@@ -66,6 +67,11 @@ void preview_pane::sync(std::int32_t row) {
 }
 
 void preview_pane::ask() {
+    // A task that has begun meanwhile may have the rows in work; the sync behind it asks anew.
+    if (isHidden() || form_.state.tasks_locked || form_.task_runs()) {
+        row_ = -1;
+        return;
+    }
     preview_question question = preview_of_row(form_, row_);
     const std::uint64_t fill = form_.ListView1.fill_revision();
     const bool same = question.paths == question_.paths && !question.paths.empty() && asked_fill_ == fill;

@@ -73,6 +73,7 @@ void restore_window::sync(bool tasks_locked) {
     is_syncing_ = true;
     runs_->sync();
     files_->sync();
+    mirror_enabled(files_, !tasks_locked);
     mirror_text(words_, own_line(form_.Label1.caption));
     for (const auto& [button, model] : buttons_) {
         const bool acts = model == &form_.Command1 || model == &form_.Command2;

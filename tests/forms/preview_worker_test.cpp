@@ -166,6 +166,36 @@ TEST(slow_preview, nothing_is_read_while_it_is_hidden) {
     EXPECT_TRUE(w.files.opened.empty());
 }
 
+TEST(slow_preview, rows_that_a_task_has_in_work_are_not_looked_at) {
+    slow_window w;
+    auto* pause = w.windows.main().preview().findChild<QTimer*>();
+    w.choose(2);
+    pause->start(0);
+    w.form.state.tasks_locked = true;
+    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
+    EXPECT_FALSE(pause->isActive());
+    EXPECT_TRUE(w.files.opened.empty());
+    // The end of the task looks at the row that stands then.
+    w.form.state.tasks_locked = false;
+    w.choose(2);
+    EXPECT_TRUE(pause->isActive());
+}
+
+TEST(slow_preview, shown_again_it_reads_again) {
+    slow_window w;
+    w.files.slow.open();
+    w.files.erase("/quick");
+    w.choose(2);
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return w.text().contains(QString::fromUtf8("文件已经不在")); }, 20'000));
+    w.files.add_file("/quick", "quick text");
+    w.form.run("preview_m");
+    w.windows.sync();
+    w.form.run("preview_m");
+    w.windows.sync();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return w.text().contains(QStringLiteral("quick text")); }, 20'000));
+}
+
 TEST(slow_preview, its_end_does_not_wait_for_a_disk_that_does_not_answer) {
     gated_disk files;
     files.add_file("/slow", "slow text");

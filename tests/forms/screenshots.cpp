@@ -198,7 +198,7 @@ int main(int argc, char** argv) {
 
     fill_panels(shown);
     shown.form.state.file_count = 100;
-    for (int i = 1; i <= 100; ++i) shown.form.state.file_len.push_back(i / 2 * 41'943'040);
+    for (int i = 1; i <= 100; ++i) shown.form.state.file_len.push_back(i / 2 * std::int64_t{41'943'040});
     corvane::lock_tasks(shown.form);
     corvane::offer_cancel(shown.form, "查相同文件");
     shown.form.pic_gressbar1.set_colours(0xC0C0C0, 0x400040, 0xFF);
