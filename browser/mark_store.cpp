@@ -86,6 +86,31 @@ bool are_marks_of_store(Tavrel& form, line_reader& marks) {
            marks.next(line);
 }
 
+// What another version has written is not for this one to lose.
+bool make_way_for_marks(Tavrel& form) {
+    file_system& files = form.outside.files;
+    const std::string path = form.data_path(data_file::marks);
+    return !path_exists(files, path) || is_known(form, path) ||
+           copy_file(files, path, form.data_path(data_file::marks_aside)).ok;
+}
+
+std::vector<std::string> unseen_marks(Tavrel& form) {
+    std::vector<std::string> lines;
+    line_reader marks(form.outside.files, form.data_path(data_file::marks));
+    if (form.state.stored_marks_asked || !are_marks_of_store(form, marks)) return lines;
+    for (std::string_view line; marks.next(line);) lines.emplace_back(line);
+    return lines;
+}
+
+void keep_unseen_marks(Tavrel& form, const std::vector<std::string>& lines) {
+    if (lines.empty()) return;
+    const std::string path = form.data_path(data_file::marks);
+    line_writer writer(form.outside.files, path);
+    begin_marks(form, writer, static_cast<std::int64_t>(lines.size() / 4));
+    for (const std::string& line : lines) writer.line(line);
+    if (!writer.finish()) report_write_failure(form, path, writer.error() + "\r\n标记没有保存。");
+}
+
 void store_marks(Tavrel& form) {
     const list_view& list = form.ListView1;
     // What a task has in work is no state of marks.
@@ -94,14 +119,11 @@ void store_marks(Tavrel& form) {
     if (!stands && !form.state.stored_marks_asked) return;
     file_system& files = form.outside.files;
     const std::string path = form.data_path(data_file::marks);
-    const bool there = path_exists(files, path);
-    const bool known = !there || is_known(form, path);
     if (!stands || list.marked_cells() == 0) {
-        if (there && known) files.remove_data_file(path);
+        if (is_known(form, path)) files.remove_data_file(path);
         return;
     }
-    // What another version has written is not for this one to lose.
-    if (!known && !copy_file(files, path, form.data_path(data_file::marks_aside))) return;
+    if (!make_way_for_marks(form)) return;
     const std::string failure = write_marks(form, path);
     if (!failure.empty()) report_write_failure(form, path, failure + "\r\n标记没有保存。");
 }

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 namespace corvane {
 
@@ -21,7 +23,14 @@ void restore_marks(Tavrel& form);
 
 // The heading of such a file for `count` marks, each of four lines, in the store as it stands now.
 void begin_marks(Tavrel& form, line_writer& writer, std::int64_t count);
+// Makes way for new marks: a file of another version is put aside. False when it cannot be.
+bool make_way_for_marks(Tavrel& form);
 // Reads the heading; the marks follow. False when it is that of another store.
 bool are_marks_of_store(Tavrel& form, line_reader& marks);
+
+// The lines of the marks of this store, as long as nobody has seen its view in this run; else none. For who
+// writes the store anew, which ends them, and then has them kept for the store as it stands by the second.
+std::vector<std::string> unseen_marks(Tavrel& form);
+void keep_unseen_marks(Tavrel& form, const std::vector<std::string>& lines);
 
 }  // namespace corvane

@@ -44,9 +44,11 @@ void saved_writer::lines_of(char letter, const std::string& path) {
     line_reader lines(form_.outside.files, path);
     std::string_view text;
     while (!form_.state.quit_requested && lines.next(text)) line(letter, text);
+    if (lines.failed()) fail();
 }
 
 bool saved_writer::finish() {
+    if (!is_whole_) return false;
     writer_.line(std::string(1, end_line) + " " + sum_.words());
     return finish_file(form_, writer_);
 }

@@ -53,7 +53,9 @@ class saved_writer {
     void lines_of(char letter, const std::string& path);
     // False: what stood there is whole, and error() says why.
     bool finish();
-    const std::string& error() const { return writer_.error(); }
+    // What was to be saved could not be read to its end: nothing comes to its place.
+    void fail() { is_whole_ = false; }
+    std::string error() const { return is_whole_ ? writer_.error() : "不能读出。"; }
 
   private:
     void line(std::string_view text);
@@ -62,6 +64,7 @@ class saved_writer {
     line_writer writer_;
     line_sum sum_;
     std::string text_;
+    bool is_whole_ = true;
 };
 
 enum class saved_kind { whole, missing, foreign, other_version, damaged, closing };

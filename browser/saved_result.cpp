@@ -39,6 +39,7 @@ std::int64_t write_pairs(Tavrel& form, saved_writer& writer) {
         writer.line(second_path, line);
         ++pairs;
     }
+    if (lines.failed()) writer.fail();
     return pairs;
 }
 
@@ -59,6 +60,7 @@ void write_marks(Tavrel& form, saved_writer& writer) {
     std::string_view line;
     if (form.state.stored_marks_asked || !are_marks_of_store(form, marks)) return;
     while (!form.state.quit_requested && marks.next(line)) writer.line(mark, line);
+    if (marks.failed()) writer.fail();
 }
 
 struct nobody : saved_target {
@@ -234,8 +236,9 @@ void open_result_Click(Tavrel& form) {
         select_directories(form, files.directories);
         if (first.marks() > 0) {
             saved_reader third(form, path);
+            const bool has_way = make_way_for_marks(form);
             result_marks marks(form, first.marks());
-            if (third.read(marks) == saved_kind::whole && !marks.finish())
+            if (!has_way || (third.read(marks) == saved_kind::whole && !marks.finish()))
                 form.complain(form.data_path(data_file::marks) + "\r\n标记没有保存。");
         }
     }

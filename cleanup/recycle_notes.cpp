@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <span>
 
+#include "cleanup/recycled_run.h"
 #include "core/model/main_form.h"
 #include "core/settings/data_files.h"
 
@@ -64,6 +65,7 @@ void recycle_notes::open() {
     file_ = std::move(opened.object);
     lines_ = std::string(recycle_notes_title) + "\r\n";
     add(note_line("T", {date_of(time), clock_of(time)}));
+    for (const std::string& directory : form_.state.selected_dirs) add(note_line("D", {directory}));
 }
 
 void recycle_notes::add(const std::string& line) {
@@ -121,8 +123,7 @@ void recycle_notes::end_batch() {
     for (const auto& each : batch_) items.push_back(each.second);
     const std::vector<trash_entry> found = bin_->find(items);
     for (std::size_t i = 0; i < found.size(); ++i)
-        if (found[i].is_known())
-            add(note_line("E", {std::to_string(batch_[i].first), found[i].name, found[i].place}));
+        if (found[i].is_known()) add(entry_line(batch_[i].first, found[i]));
     batch_.clear();
     flush();
 }

@@ -3,6 +3,7 @@
 //
 // Each line is a letter and fields parted by tabs, closed by a full stop, so that a cut line is none:
 //   T date time                                                    when the run began
+//   D directory                                                    one of those that the result is of
 //   P length path1 path2                                           a pair of the list that the run breaks up
 //   F kind device index length modified folder path                about to go; numbered from 1 on
 //   E number name place                                            where it lies in the bin

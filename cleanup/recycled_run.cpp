@@ -46,6 +46,11 @@ bool take_time(recycled_run& run, const line_fields& parts) {
     return true;
 }
 
+bool take_directory(recycled_run& run, const line_fields& parts) {
+    run.directories.emplace_back(parts[1]);
+    return true;
+}
+
 bool take_pair(recycled_run& run, const line_fields& parts) {
     recycled_pair pair{0, std::string(parts[2]), std::string(parts[3])};
     if (!take_number(parts[1], pair.length) || pair.length < 0) return false;
@@ -95,8 +100,9 @@ struct line_kind {
     bool (*take)(recycled_run&, const line_fields&);
 };
 
-constexpr line_kind kinds[] = {{"T", 3, take_time},  {"P", 4, take_pair},   {"F", 8, take_file},
-                               {"E", 4, take_entry}, {"X", 2, take_stayed}, {"R", 3, take_restored}};
+constexpr line_kind kinds[] = {{"T", 3, take_time},    {"D", 2, take_directory}, {"P", 4, take_pair},
+                               {"F", 8, take_file},    {"E", 4, take_entry},     {"X", 2, take_stayed},
+                               {"R", 3, take_restored}};
 
 bool take_line(recycled_run& run, const line_fields& parts) {
     for (const line_kind& kind : kinds)
@@ -160,6 +166,7 @@ outcome add_to_recycled_run(file_system& files, const std::string& path,
     if (!old.is_open()) return outcome::failure(old.error());
     std::string_view line;
     while (old.next(line)) writer.line(line);
+    if (old.failed()) return outcome::failure("不能读出。");
     for (const std::string& each : lines) writer.line(each);
     return writer.finish() ? outcome::success() : outcome::failure(writer.error());
 }

@@ -25,10 +25,11 @@ struct recycled_pair {
 };
 
 struct recycled_run {
-    std::string path;       // of the notes
-    std::string time;       // "2026-11-22 09:30:01"; empty: cut before it
-    bool known = false;     // notes of this version
-    bool complete = false;  // to their end, and every line is understood
+    std::string path;                      // of the notes
+    std::string time;                      // "2026-11-22 09:30:01"; empty: cut before it
+    bool known = false;                    // notes of this version
+    bool complete = false;                 // to their end, and every line is understood
+    std::vector<std::string> directories;  // that were selected
     std::vector<recycled_file> files;
     std::vector<recycled_pair> pairs;
 

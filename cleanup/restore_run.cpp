@@ -6,6 +6,7 @@
 #include "browser/list_views.h"
 #include "browser/mark_history.h"
 #include "browser/pair_table.h"
+#include "cleanup/recycle_batches.h"
 #include "cleanup/returned_pairs.h"
 #include "core/model/main_form.h"
 #include "core/tasks/progress.h"
@@ -127,6 +128,12 @@ restore_tally restore_files(Tavrel& form, recycled_run& run, const std::vector<s
     restore_tally tally;
     std::vector<std::string> lines;
     std::set<std::size_t> done;
+    // Now and then: who is ended in the middle has what came back under another name still in sight.
+    const auto note = [&] {
+        const outcome noted = add_to_recycled_run(form.outside.files, run.path, lines);
+        if (!noted) tally.failure = run.path + "\r\n" + noted.reason;
+        lines.clear();
+    };
     bar_colours(form, 13619151, 4227327, 4210816);
     bar_scale(form, static_cast<std::int32_t>(chosen.size()));
     form.pic_gressbar1.visible = true;
@@ -142,6 +149,7 @@ restore_tally restore_files(Tavrel& form, recycled_run& run, const std::vector<s
             file.restored_path = answer.path;
             lines.push_back(restored_line(i + 1, answer.path));
             done.insert(i);
+            if (lines.size() >= recycle_batch_size) note();
         } else if (tally.refused++ == 0) {
             tally.first_refused = file.item.path + " (" + words_of(answer) + ")";
         }
@@ -149,8 +157,7 @@ restore_tally restore_files(Tavrel& form, recycled_run& run, const std::vector<s
         form.panel(5, "已恢复:" + std::to_string(tally.restored));
     }
     if (!done.empty()) {
-        const outcome noted = add_to_recycled_run(form.outside.files, run.path, lines);
-        if (!noted) tally.failure = run.path + "\r\n" + noted.reason;
+        if (!lines.empty()) note();
         const outcome returned = return_pairs(form, run, done);
         if (!returned) tally.failure = form.state.same_file_path + "\r\n" + returned.reason;
     }

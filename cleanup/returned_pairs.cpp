@@ -1,5 +1,6 @@
 #include "cleanup/returned_pairs.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -7,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "browser/mark_store.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 #include "core/text/text_file.h"
@@ -64,11 +66,16 @@ std::string key_of(std::string_view first, std::string_view second) {
 
 outcome return_pairs(Tavrel& form, const recycled_run& run, const std::set<std::size_t>& restored) {
     run_state& state = form.state;
+    // What was equal in one result is no pair of another one.
+    if (!std::equal(run.directories.begin(), run.directories.end(), state.selected_dirs.begin(),
+                    state.selected_dirs.end()))
+        return outcome::success();
     const std::vector<recycled_pair> pairs = wanted_pairs(form, run, restored);
     if (pairs.empty()) return outcome::success();
     std::unordered_set<std::string> missing;
     for (const recycled_pair& pair : pairs) missing.insert(key_of(pair.first, pair.second));
 
+    const std::vector<std::string> marks = unseen_marks(form);
     // The rows that stand, as they stand: what a later deletion has written is the store.
     line_writer writer(form.outside.files, state.same_file_path);
     line_reader reader(form.outside.files, state.same_file_path);
@@ -96,9 +103,12 @@ outcome return_pairs(Tavrel& form, const recycled_run& run, const std::set<std::
         writer.line(pair.first);
         writer.line(pair.second);
     }
+    if (reader.failed()) return outcome::failure("不能读出。");
     // Checksums belong to the pairs of the comparison, which these are no more.
     state.pair_checksum.clear();
-    return writer.finish() ? outcome::success() : outcome::failure(writer.error());
+    if (!writer.finish()) return outcome::failure(writer.error());
+    keep_unseen_marks(form, marks);
+    return outcome::success();
 }
 
 }  // namespace corvane

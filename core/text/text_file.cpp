@@ -38,6 +38,7 @@ bool line_reader::fill() {
         offset_, std::as_writable_bytes(std::span<char>(buffer_.data() + end_, buffer_.size() - end_)));
     if (count <= 0) {
         at_end_ = true;
+        failed_ = count < 0;
         return false;
     }
     offset_ += count;
@@ -65,6 +66,7 @@ bool line_reader::next(std::string_view& line) {
         if (held > longest_line + 1) {
             begin_ = end_;
             at_end_ = true;
+            failed_ = true;
             return false;
         }
         if (!fill()) break;

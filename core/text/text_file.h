@@ -30,6 +30,8 @@ class line_reader {
     // is valid until the next call. A read error ends the file, and so does a line above longest_line bytes,
     // which no file of the program has.
     bool next(std::string_view& line);
+    // Whether such an end has come: what was read is not the whole file.
+    bool failed() const { return failed_; }
     // Byte position behind the last line that next() gave.
     std::int64_t position() const { return position_; }
 
@@ -47,6 +49,7 @@ class line_reader {
     std::int64_t offset_ = 0;
     std::int64_t position_ = 0;
     bool at_end_ = false;
+    bool failed_ = false;
 };
 
 // Collects into blocks. After a failure every call does nothing and finish() tells it.

@@ -267,5 +267,24 @@ TEST_F(saved_result_test, MarksOfAnotherStoreAreNotSaved) {
     EXPECT_EQ(files.content_of("/saved.txt").find("\r\nM "), std::string::npos);
 }
 
+TEST_F(saved_result_test, MarksOfAnotherVersionArePutAsideWhenAResultWithMarksIsOpened) {
+    list().set_colour(2, 4, red);
+    save();
+    const std::string other = "Corvane marks 2\r\nsomething\r\n";
+    files.add_file(program_dir + "标记.txt", other);
+    open();
+    EXPECT_EQ(files.content_of(program_dir + "标记.旧.txt"), other);
+    EXPECT_EQ(list().marked_cells(), 1);
+}
+
+TEST_F(saved_result_test, AResultThatCannotBeReadToItsEndIsNotSaved) {
+    files.add_file("/saved.txt", "Corvane result 1\r\n");
+    files.add_file(program_dir + "文件清单.txt", files.content_of(program_dir + "文件清单.txt"))
+        .read_failure = 0;
+    save();
+    EXPECT_EQ(files.content_of("/saved.txt"), "Corvane result 1\r\n");
+    EXPECT_NE(last_message().find("不能读出。"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace corvane

@@ -80,5 +80,18 @@ TEST(LineWriter, TellsTheSystemsWordsAndLeavesTheOldFile) {
     EXPECT_EQ(files.content_of("/f"), "old");
 }
 
+TEST(LineReader, TellsAnEndThatIsNotThatOfTheFile) {
+    memory_file_system files;
+    files.add_file("/whole", "a\r\nb\r\n");
+    files.add_file("/broken", "a\r\nb\r\n").read_failure = 0;
+    files.add_file("/long", std::string(3 * line_reader::longest_line, 'x'));
+    for (const auto& [path, fails] : {std::pair("/whole", false), {"/broken", true}, {"/long", true}}) {
+        line_reader lines(files, path);
+        for (std::string_view line; lines.next(line);) {
+        }
+        EXPECT_EQ(lines.failed(), fails) << path;
+    }
+}
+
 }  // namespace
 }  // namespace corvane
