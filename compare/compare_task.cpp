@@ -10,6 +10,7 @@
 #include "compare/result_store.h"
 #include "compare/result_summary.h"
 #include "core/model/main_form.h"
+#include "core/model/phase_words.h"
 #include "core/tasks/environment.h"
 #include "core/tasks/error_trail.h"
 #include "core/tasks/help.h"
@@ -114,7 +115,7 @@ bool prepare(Tavrel& form) {
     state.compared_files = 0;
     form.panel(1, "文件数:" + std::to_string(state.file_count));
     form.panel(4, "");
-    form.panel(7, "查相同文件_核对属性");
+    form.panel(7, phase_words::checking);
     bar_colours(form, 255, 0x6AC4C1, 0xCFCFCF);
     bar_scale(form, state.file_count - 1);
     size_columns(state, state);

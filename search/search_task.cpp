@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/model/main_form.h"
+#include "core/model/phase_words.h"
 #include "core/settings/data_files.h"
 #include "core/tasks/help.h"
 #include "core/tasks/progress.h"
@@ -24,7 +25,7 @@ void picture2_Click(Tavrel& form) {
     state.task_start_time = tick_seconds(form);
     state.base_time = form.outside.screen.seconds();
     form.StatusBar1.clear_figures();
-    form.panel(7, "文件搜索");
+    form.panel(7, phase_words::searching);
     form.panel(1, "开始搜索:");
     form.pic_gressbar1.visible = false;
     form.ListView1.visible = false;

@@ -4,6 +4,7 @@
 
 #include "core/model/export_frames.h"
 #include "core/model/main_menu.h"
+#include "core/model/phase_words.h"
 #include "core/model/task_table.h"
 #include "core/settings/data_files.h"
 #include "core/settings/environment_table.h"
@@ -89,7 +90,7 @@ Tavrel::Tavrel(ports given, std::string program_dir)
     caption = "Corvane";
     help_context = 1001;
     StatusBar1.tooltip = "点击最右端的当前任务,弹出相应的帮助条目.";
-    Command28.caption = "取消[查相同文件]";
+    Command28.caption = phase_words::cancel_comparing;
     Frame4.caption = "显示内容相同的文件名";
     samefile_disp1.tooltip = samefile_disp2.tooltip = "CTRL+左键进入目录资源管理器";
     List1.tooltip = "右键存为文件temp.txt";

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/model/main_form.h"
+#include "core/model/phase_words.h"
 
 namespace corvane {
 
@@ -17,12 +18,13 @@ run_work::phase run_work::phase_of(const Tavrel& form) {
     const run_state& state = form.state;
     if (!state.tasks_locked) return phase::none;
     if (form.Command28.visible)
-        return form.Command28.caption == "取消[查相同文件]" && state.file_count > 0 &&
+        return form.Command28.caption == phase_words::cancel_comparing && state.file_count > 0 &&
                        state.file_len.size() == state.file_count
                    ? phase::comparing
                    : phase::none;
-    if (state.file_count == 0) return form.StatusBar1.panel(7) == "文件搜索" ? phase::searching : phase::none;
-    return form.StatusBar1.panel(7) == "查相同文件_核对属性" && form.pic_gressbar1.visible ? phase::checking
+    if (state.file_count == 0)
+        return form.StatusBar1.panel(7) == phase_words::searching ? phase::searching : phase::none;
+    return form.StatusBar1.panel(7) == phase_words::checking && form.pic_gressbar1.visible ? phase::checking
                                                                                            : phase::none;
 }
 
