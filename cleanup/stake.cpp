@@ -1,10 +1,10 @@
 #include "cleanup/stake.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <functional>
-#include <string_view>
-#include <vector>
+#include <limits>
 
 #include "browser/list_views.h"
 #include "core/archives/archive_entry.h"
@@ -15,67 +15,70 @@ namespace corvane {
 
 namespace {
 
-// Paths of the list, each once. Open addressing, for a million of them.
-class path_set {
-  public:
-    explicit path_set(const list_view& list) : places_(std::bit_ceil(2 * most_of(list) + 2)) {}
+bool counts(const list_view& list, std::int32_t row, int column, bool blue_counts) {
+    if (column >= list.column_count()) return false;
+    const std::uint32_t colour = list.colour(row, column);
+    return colour == cell_colour::mark_red || (colour == cell_colour::mark_blue && blue_counts);
+}
 
-    // False for one that is there.
-    bool add(std::string_view path) {
-        const std::uint64_t hash = std::hash<std::string_view>()(path) | 1;
-        const std::size_t mask = places_.size() - 1;
-        std::size_t place = (hash >> 1) & mask;
-        while (places_[place].hash != 0) {
-            if (places_[place].hash == hash && places_[place].path == path) return false;
-            place = (place + 1) & mask;
-        }
-        places_[place] = {hash, path};
-        return true;
-    }
-
-  private:
-    static std::size_t most_of(const list_view& list) {
-        std::size_t count = 0;
-        const list_view_row& view = view_of(list_modes::same_files);
-        for (std::int32_t row = 1; row <= list.row_count(); ++row)
-            for (const int column : {view.first_path, view.second_path})
-                if (column < list.column_count()) {
-                    const std::uint32_t colour = list.colour(row, column);
-                    count += colour == cell_colour::mark_red || colour == cell_colour::mark_blue;
-                }
-        return count;
-    }
-
-    struct known_path {
-        std::uint64_t hash = 0;
-        std::string_view path;
-    };
-    std::vector<known_path> places_;
-};
+std::array<int, 2> path_columns() {
+    const list_view_row& view = view_of(list_modes::same_files);
+    return {view.first_path, view.second_path};
+}
 
 }  // namespace
 
-deletion_stake stake_of(const Tavrel& form) {
+void stake_count::begin(const Tavrel& form) {
     const list_view& list = form.ListView1;
+    of_ = list.revisions();
+    blue_counts_ = form.state.force_protected != 0;
+    next_ = 1;
+    stake_ = {};
+    std::size_t most = 0;
+    if (list.marked_cells() > 0 || blue_counts_)
+        for (std::int32_t row = 1; row <= list.row_count(); ++row)
+            for (const int column : path_columns()) most += counts(list, row, column, blue_counts_);
+    met_.assign(most == 0 ? 0 : std::bit_ceil(2 * most), {});
+}
+
+bool stake_count::add(const list_view& list, std::string_view path, std::uint32_t cell) {
+    const std::uint64_t hash = std::hash<std::string_view>()(path);
+    const auto part = static_cast<std::uint32_t>(hash >> 32);
+    const std::size_t mask = met_.size() - 1;
+    for (std::size_t place = hash & mask;; place = (place + 1) & mask) {
+        met_path& met = met_[place];
+        if (met.cell == 0) {
+            met = {part, cell};
+            return true;
+        }
+        const auto row = static_cast<std::int32_t>(met.cell / 2);
+        if (met.hash == part && list.text_cell(row, path_columns()[met.cell % 2]) == path) return false;
+    }
+}
+
+bool stake_count::go_on(const Tavrel& form, std::int64_t most) {
+    const list_view& list = form.ListView1;
+    if (of_ != list.revisions() || blue_counts_ != (form.state.force_protected != 0)) begin(form);
+    if (met_.empty()) return true;
+    const std::array<int, 2> columns = path_columns();
     const list_view_row& view = view_of(list_modes::same_files);
-    deletion_stake stake;
-    if (list.marked_cells() == 0 && !form.state.force_protected) return stake;
-    path_set seen(list);
-    for (std::int32_t row = 1; row <= list.row_count(); ++row) {
-        for (const int column : {view.first_path, view.second_path}) {
-            if (column >= list.column_count()) continue;
-            const std::uint32_t colour = list.colour(row, column);
-            if (colour != cell_colour::mark_red &&
-                !(colour == cell_colour::mark_blue && form.state.force_protected))
-                continue;
-            const std::string_view path = list.text_cell(row, column);
-            if (is_blank(path) || !seen.add(path)) continue;
-            ++stake.files;
-            stake.entries += is_archive_member(path);
-            stake.bytes += static_cast<double>(list.number_cell(row, view.length_column));
+    for (; next_ <= list.row_count() && most > 0; ++next_, --most) {
+        for (std::uint32_t side = 0; side < 2; ++side) {
+            if (!counts(list, next_, columns[side], blue_counts_)) continue;
+            const std::string_view path = list.text_cell(next_, columns[side]);
+            if (is_blank(path) || !add(list, path, 2 * static_cast<std::uint32_t>(next_) + side)) continue;
+            ++stake_.files;
+            stake_.entries += is_archive_member(path);
+            stake_.bytes += static_cast<double>(list.number_cell(next_, view.length_column));
         }
     }
-    return stake;
+    return next_ > list.row_count();
+}
+
+deletion_stake stake_of(const Tavrel& form) {
+    stake_count count;
+    count.go_on(form, std::numeric_limits<std::int64_t>::max());
+    return count.stake();
 }
 
 std::string stake_words(const deletion_stake& stake) {

@@ -4,6 +4,10 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/model/list_view.h"
 
 namespace corvane {
 
@@ -17,6 +21,34 @@ struct deletion_stake {
 
 // By the marks of the list as they stand, the way a run takes them.
 deletion_stake stake_of(const Tavrel& form);
+
+// The same for a list of millions, some rows at a time.
+class stake_count {
+  public:
+    // Looks at up to `most` further rows; true when all are counted. Begins anew where the list, or whether
+    // blue marks count, has changed since.
+    bool go_on(const Tavrel& form, std::int64_t most);
+    // What is counted so far.
+    const deletion_stake& stake() const { return stake_; }
+
+  private:
+    void begin(const Tavrel& form);
+    // False for a path that is there; `cell` says where in the list it stands.
+    bool add(const list_view& list, std::string_view path, std::uint32_t cell);
+
+    // A path that was met: where it stands, twice the row and one more for the second column, and a part of
+    // its hash. No cell: a free place.
+    struct met_path {
+        std::uint32_t hash = 0;
+        std::uint32_t cell = 0;
+    };
+
+    list_revisions of_;
+    bool blue_counts_ = false;
+    std::int32_t next_ = 1;
+    deletion_stake stake_;
+    std::vector<met_path> met_;  // open addressing
+};
 
 // What the marks would free, as the line below the list and panel 5 say it: "已标记:..." with the words of
 // the stake.

@@ -57,20 +57,11 @@ std::uint32_t list_model::colour(int row, int column) const {
     return has_cell(row, column) ? list_.colour(row + 1, column) : cell_colour::colour_text;
 }
 
-bool list_model::take_marks(bool tasks_locked) {
-    if (marked_fill_ == list_.fill_revision() && marked_cells_ == list_.cell_revision()) return false;
-    if (tasks_locked && list_.marked_cells() > 0) return false;
-    marked_fill_ = list_.fill_revision();
-    marked_cells_ = list_.cell_revision();
-    marks_.renew(list_);
-    return true;
-}
-
 bool list_model::looks_marked(int row, int column) const {
     if (!has_cell(row, column)) return false;
     if (list_.columns()[static_cast<std::size_t>(column)].content != cell_content::text) return false;
     return list_.colour(row + 1, column) == cell_colour::mark_red ||
-           marks_.holds(list_.text_cell(row + 1, column));
+           marks.holds(list_.text_cell(row + 1, column));
 }
 
 std::uint32_t list_model::painted_colour(int row, int column) const {

@@ -18,7 +18,9 @@ class list_model : public QAbstractTableModel {
     // `list` outlives the model.
     list_model(const list_view& list, QObject* parent) : QAbstractTableModel(parent), list_(list) {}
 
+    // What is known of all rows; whoever shows them renews it.
     group_bands bands;
+    marked_paths marks;
 
     // Whether a path lies in a protected folder; without it none does.
     std::function<bool(std::string_view path)> covers;
@@ -52,9 +54,6 @@ class list_model : public QAbstractTableModel {
     // The cell shows a path in a protected folder.
     bool is_protected(int row, int column) const;
     const char* meaning(int row, int column) const;
-    // Takes the marks over where they have changed, and says so. A running task changes one cell after the
-    // other: its marks wait until it has ended.
-    bool take_marks(bool tasks_locked);
 
   private:
     bool has_cell(int row, int column) const {
@@ -64,9 +63,6 @@ class list_model : public QAbstractTableModel {
     const list_view& list_;
     std::int32_t shown_rows_ = 0;
     std::vector<list_column> columns_;
-    marked_paths marks_;
-    std::uint64_t marked_fill_ = 0;   // of the list whose marks are known,
-    std::uint64_t marked_cells_ = 0;  // and of its cells
 };
 
 }  // namespace corvane

@@ -97,7 +97,6 @@ void list_table::sync(bool tasks_locked) {
             viewport()->update();
         }
     }
-    if (!tasks_locked && cells_->bands.renew(form_)) viewport()->update();
     // What lies where is asked anew with other rows and with another choice.
     if (!protected_ || shown_protection_ != form_.state.protection_revision ||
         protected_fill_ != list_.fill_revision()) {
@@ -110,7 +109,6 @@ void list_table::sync(bool tasks_locked) {
         shown_cells_ = list_.cell_revision();
         viewport()->update();
     }
-    if (cells_->take_marks(tasks_locked)) viewport()->update();
     if (top_fill_ != list_.fill_revision()) {
         // Other rows: where the old ones were scrolled to is no place in these.
         top_fill_ = list_.fill_revision();
@@ -119,6 +117,18 @@ void list_table::sync(bool tasks_locked) {
     take_selection();
     reveal_row();
     taking_over_ = false;
+}
+
+bool list_table::look_through(bool tasks_locked, std::int64_t most) {
+    walk_progress bands = walk_progress::unchanged;
+    if (tasks_locked)
+        cells_->bands.give_up();
+    else
+        bands = cells_->bands.renew(form_, most);
+    walk_progress marks = walk_progress::unchanged;
+    if (!tasks_locked || list_.marked_cells() == 0) marks = cells_->marks.renew(list_, most);
+    if (bands == walk_progress::renewed || marks == walk_progress::renewed) viewport()->update();
+    return bands != walk_progress::on_its_way && marks != walk_progress::on_its_way;
 }
 
 bool list_table::take_load() {

@@ -22,6 +22,10 @@ class list_table : public QTableView {
 
     // With `tasks_locked`, growing rows are taken over now and then only.
     void sync(bool tasks_locked);
+    // Goes on with what takes a look at every row, at up to `most` of them; true when there is no more to be
+    // taken over. A running task changes one cell after the other: its marks and bands wait until it has
+    // ended.
+    bool look_through(bool tasks_locked, std::int64_t most);
     // True once for each load: rows have come that are others than before. Their first path is then the
     // current cell, unless a row is selected.
     bool take_load();

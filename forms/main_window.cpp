@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QElapsedTimer>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -19,8 +20,8 @@
 
 #include "browser/list_views.h"
 #include "browser/preview.h"
-#include "cleanup/stake.h"
 #include "core/tasks/help.h"
+#include "core/tasks/progress.h"
 #include "forms/column_scroll.h"
 #include "forms/error_frame.h"
 #include "forms/export_frame.h"
@@ -53,6 +54,8 @@ constexpr QSize first_size(1100, 700);
 constexpr int splitter_width = 5;
 constexpr char splitter_name[] = "splitter";  // the width of the left half, in twips
 constexpr int widest_half = 1'000'000;
+constexpr int slice_length = 8;  // milliseconds between two looks for events
+constexpr std::int64_t rows_at_once = 32'768;
 
 rectangle place_in_window(const QWidget& widget) {
     const QPoint corner = widget.mapTo(widget.window(), QPoint(0, 0));
@@ -65,6 +68,8 @@ rectangle place_in_window(const QWidget& widget) {
 main_window::main_window(Tavrel& form, std::function<void(const std::string&)> act,
                          std::function<void()> close)
     : form_(form), act_(std::move(act)), close_(std::move(close)), place_(*this, form) {
+    slices_.setSingleShot(true);
+    connect(&slices_, &QTimer::timeout, this, &main_window::look_through_rows);
     name_after(this, form);
     setWindowIcon(application_icon());
     menus_ = std::make_unique<menu_bar>(form_, *menuBar(), act_);
@@ -233,7 +238,10 @@ void main_window::sync_work_area(bool tasks_locked) {
     // Rows that are on their way are not looked at.
     if (!tasks_locked) preview_->sync(list_shown ? list_->row_in_hand() : 0);
     mirror_visible(marks_, list_shown && shown_view(form_).holds_copies);
-    sync_marks(tasks_locked);
+    if (list_shown)
+        look_through_rows();
+    else
+        slices_.stop();
 }
 
 // Once, when both halves are seen for the first time: where the user left it at the end of the last run.
@@ -244,20 +252,27 @@ void main_window::place_splitter() {
     if (left > 0 && left < splitter_->width()) splitter_->setSizes({left, splitter_->width() - left});
 }
 
-// A million marks take a while to be reckoned: then it is done now and then.
-void main_window::sync_marks(bool tasks_locked) {
-    const std::pair cells(form_.ListView1.cell_revision(), form_.state.force_protected != 0);
-    if (marks_->isHidden() || tasks_locked || told_marks_ == cells) return;
-    const double now = form_.outside.screen.seconds();
-    if (now < marks_told_at_ + marks_pause_) return;
-    told_marks_ = cells;
-    const deletion_stake stake = stake_of(form_);
-    mirror_text(marks_, own_line(mark_words(stake)));
+// A look at a million rows takes a while: it is cut in slices, between which events are heard.
+void main_window::look_through_rows() {
+    const bool locked = tasks_locked(form_);
+    const bool counts = !marks_->isHidden() && !locked;
+    QElapsedTimer since;
+    since.start();
+    bool whole = false;
+    do {
+        whole = list_->look_through(locked, rows_at_once);
+        if (counts) whole = stake_.go_on(form_, rows_at_once) && whole;
+    } while (!whole && !since.hasExpired(slice_length));
+    if (!whole) {
+        slices_.start(0);
+        return;
+    }
+    slices_.stop();
+    if (!counts) return;
+    mirror_text(marks_, own_line(mark_words(stake_.stake())));
     marked_fill_ = form_.ListView1.fill_revision();
-    marked_ = mark_line(stake, list_->cells().bands.group_count());
+    marked_ = mark_line(stake_.stake(), list_->cells().bands.group_count());
     list_head_->sync(marked_);
-    marks_told_at_ = form_.outside.screen.seconds();
-    marks_pause_ = 5 * (marks_told_at_ - now);
 }
 
 void main_window::lay_out() {

@@ -3,10 +3,12 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <string>
 
+#include "cleanup/stake.h"
 #include "core/model/main_form.h"
 #include "core/tasks/run_progress.h"
 #include "forms/window_place.h"
@@ -65,7 +67,8 @@ class main_window : public QMainWindow {
   private:
     QWidget* make_work_area();
     void sync_work_area(bool tasks_locked);
-    void sync_marks(bool tasks_locked);
+    // Goes on with what is told of all rows of the list, for a few milliseconds.
+    void look_through_rows();
     void sync_title();
     void place_splitter();
     // True when the pointer asks for help: the press opens the topic and does nothing else.
@@ -103,12 +106,10 @@ class main_window : public QMainWindow {
     run_progress progress_;
     std::string marked_;  // what is marked, for the line above the list
     window_place place_;
-    // The cells whose marks the status line tells, and whether blue ones count.
-    std::pair<std::uint64_t, bool> told_marks_{~std::uint64_t{0}, false};
+    stake_count stake_;
+    QTimer slices_;                  // runs while a look at the rows is on its way
     std::uint64_t marked_fill_ = 0;  // of the rows that marked_ tells of
-    double marks_pause_ = 0;         // seconds until they are reckoned again
     bool splitter_placed_ = false;
-    double marks_told_at_ = 0;
 };
 
 }  // namespace corvane

@@ -129,6 +129,7 @@ void list_view::reorder(const std::vector<std::int32_t>& order) {
         selected_row = found == order.end() ? 0 : static_cast<std::int32_t>(found - order.begin()) + 1;
     }
     ++cell_revision_;
+    ++order_revision_;
 }
 
 std::string list_view::cell(std::int32_t row, int column) const {

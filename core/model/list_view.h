@@ -48,6 +48,18 @@ struct list_pointer {
     int key_code = 0;  // of a key
 };
 
+// How a list stood: while it answers the same, no row, text or colour of it has changed.
+struct list_revisions {
+    std::uint64_t layout = ~std::uint64_t{0};
+    std::uint64_t cells = 0;
+    std::uint64_t fill = 0;
+    std::uint64_t order = 0;
+    bool operator==(const list_revisions&) const = default;
+};
+
+// What becomes of a look at every row that is taken in parts.
+enum class walk_progress { unchanged, on_its_way, renewed };
+
 class list_view : public control {
   public:
     explicit list_view(std::string name) : control(control_kind::list_view, std::move(name)) {}
@@ -98,6 +110,10 @@ class list_view : public control {
     std::uint64_t cell_revision() const { return cell_revision_; }
     // Changes when all rows go: those that come after are others.
     std::uint64_t fill_revision() const { return fill_revision_; }
+    // All of them, and how often rows have changed places.
+    list_revisions revisions() const {
+        return {layout_revision_, cell_revision_, fill_revision_, order_revision_};
+    }
 
   private:
     struct column_cells {
@@ -116,6 +132,7 @@ class list_view : public control {
     std::uint64_t layout_revision_ = 0;
     std::uint64_t cell_revision_ = 0;
     std::uint64_t fill_revision_ = 0;
+    std::uint64_t order_revision_ = 0;
 };
 
 }  // namespace corvane

@@ -1,9 +1,8 @@
-// What a group holds, seen and sorted by what it could free.
+// Groups sorted by what they could free.
 #include "browser/group_sort.h"
 
 #include <gtest/gtest.h>
 
-#include "browser/group_bands.h"
 #include "tests/cleanup/deleting.h"
 
 namespace corvane {
@@ -74,43 +73,6 @@ TEST(GroupOfRow, CountsHiddenRowsToo) {
     p.state.clicked_row = 1;
     p.form.run("group_of_row");
     EXPECT_EQ(p.form.StatusBar1.panel(5), "同组:3 份, 可释放 2.0 KB");
-}
-
-TEST(GroupBands, RowsOfAStarShareABandAndTheFirstSaysItsSize) {
-    three_groups p;
-    group_bands bands;
-    EXPECT_TRUE(bands.renew(p.form));
-    EXPECT_FALSE(bands.renew(p.form)) << "nothing has changed";
-    std::vector<bool> second;
-    for (std::int32_t row = 1; row <= 4; ++row) second.push_back(bands.is_second(row));
-    EXPECT_EQ(second, (std::vector<bool>{false, true, true, false}));
-    EXPECT_EQ(bands.first_row(1).copies, 2);
-    EXPECT_EQ(bands.first_row(2).copies, 3);
-    EXPECT_EQ(bands.first_row(2).freed, 14);
-    EXPECT_EQ(bands.first_row(3).copies, 0);
-    EXPECT_EQ(bands.first_row(99).copies, 0);
-    p.form.run("sort_by_freed");
-    EXPECT_TRUE(bands.renew(p.form));
-    EXPECT_EQ(bands.first_row(1).freed, 20);
-    EXPECT_EQ(bands.first_row(2).copies, 3);
-    p.double_click(1, 4);
-    EXPECT_FALSE(bands.renew(p.form)) << "a mark moves no band";
-}
-
-TEST(GroupBands, ForgetWhatHasGone) {
-    three_groups p;
-    group_bands bands;
-    bands.renew(p.form);
-    p.double_click(3, 4);
-    p.run_recycle();
-    EXPECT_TRUE(bands.renew(p.form));
-    EXPECT_EQ(bands.first_row(2).copies, 2) << "/b3 is gone";
-    p.form.run("Picture6_Click");  // another list, or none
-    p.state.list_mode = 1;
-    p.list().clear_rows();
-    bands.renew(p.form);
-    EXPECT_EQ(bands.first_row(1).copies, 0);
-    EXPECT_TRUE(bands.is_second(2));
 }
 
 TEST(MarkTotal, SaysWhatTheMarksWouldFreeEachFileOnce) {

@@ -169,14 +169,43 @@ TEST(list_marks, the_marks_that_a_task_has_taken_off_go_with_its_end) {
     EXPECT_TRUE(shown.looks_marked(3, 4));
 }
 
+TEST(list_marks, marks_are_taken_over_in_parts_and_those_of_other_rows_never) {
+    star_shown shown;
+    marked_paths& marks = shown.cells.marks;
+    shown.list.set_colour(1, 3, cell_colour::mark_red);
+    shown.list.set_colour(3, 4, cell_colour::mark_red);
+    int calls = 1;
+    while (marks.renew(shown.list, 1) == walk_progress::on_its_way) {
+        EXPECT_FALSE(marks.holds("/d/centre")) << "not before all is taken";
+        ++calls;
+    }
+    EXPECT_GT(calls, 3);
+    EXPECT_TRUE(marks.holds("/d/centre"));
+    shown.list.set_colour(1, 3, cell_colour::colour_text);
+    ASSERT_EQ(marks.renew(shown.list, 1), walk_progress::on_its_way);
+    EXPECT_TRUE(marks.holds("/d/centre")) << "what stood holds until then";
+    shown.list.set_colour(3, 4, cell_colour::colour_text);
+    EXPECT_EQ(marks.renew(shown.list, 1), walk_progress::renewed) << "no mark, nothing to look for";
+    EXPECT_FALSE(marks.holds("/d/centre"));
+    shown.list.set_colour(1, 3, cell_colour::mark_red);
+    marks.renew(shown.list, 100);
+    shown.show_pairs(3);
+    shown.list.set_colour(3, 4, cell_colour::mark_red);
+    ASSERT_EQ(marks.renew(shown.list, 1), walk_progress::on_its_way);
+    EXPECT_FALSE(marks.holds("/d/centre")) << "of rows that are gone";
+}
+
 TEST(list_marks, a_million_marks_are_taken_once_and_painted_at_once) {
     pairs_shown shown(1'000'000);
     for (std::int32_t row = 1; row <= 1'000'000; ++row)
         shown.form.ListView1.set_colour(row, 4, cell_colour::mark_red);
     const processor_time taking;
     shown.windows.sync();
+    list_model& cells = shown.table.cells();
+    while (!cells.looks_marked(999'999, 4) || !cells.marks.holds(cells.text(999'999, 4).toStdString()))
+        QCoreApplication::processEvents();
     EXPECT_LT(taking.milliseconds(), 3000);
-    EXPECT_FALSE(shown.table.cells().take_marks(false)) << "nothing has changed since";
+    EXPECT_EQ(cells.marks.renew(shown.form.ListView1, 1), walk_progress::unchanged);
     const processor_time painting;
     for (int turn = 0; turn < 20; ++turn) {
         shown.windows.sync();
