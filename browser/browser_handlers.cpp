@@ -35,10 +35,12 @@ void marking(Tavrel& form) {
     act(form);
 }
 
+// A program that has begun to close while the marks were noted moves no rows any more.
 template <procedure act>
 void moving(Tavrel& form) {
+    const bool was_closing = form.state.quit_requested;
     const row_act noted(form);
-    act(form);
+    if (was_closing || !form.state.quit_requested) act(form);
 }
 
 void sort_by_heading(Tavrel& form) {

@@ -1,6 +1,7 @@
 #include "browser/mark_history.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <string>
 #include <tuple>
@@ -11,6 +12,7 @@
 #include "browser/row_keys.h"
 #include "core/model/main_form.h"
 #include "core/tasks/protected_folders.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_format.h"
 
 namespace corvane {
@@ -163,43 +165,92 @@ mark_act::~mark_act() {
     if (refused > 0) form_.panel(5, "受保护,不标记:" + std::to_string(refused));
 }
 
-std::vector<row_act::red_cell> red_cells(const Tavrel& form) {
-    std::vector<row_act::red_cell> cells;
+namespace {
+
+using red_cell = row_act::red_cell;
+
+// From here on a walk over the marks, with a look at the texts of each, is felt.
+constexpr std::int32_t many_marks = 20'000;
+
+// The marked cells, without their keys: no text is looked at.
+std::vector<red_cell> unkeyed_cells(const Tavrel& form, const row_keys& keys) {
+    std::vector<red_cell> cells;
     const list_view& list = form.ListView1;
-    const row_keys keys(form);
     if (!keys.has_cells() || list.marked_cells() == 0) return cells;
     cells.reserve(static_cast<std::size_t>(list.marked_cells()));
     for (std::int32_t row = 1; row <= list.row_count(); ++row)
         for (int column = keys.first_column(); column <= keys.last_column(); ++column)
-            if (list.colour(row, column) == mark_red && !list.text_cell(row, column).empty())
-                cells.push_back({keys.key(row), row, column});
+            if (list.colour(row, column) == mark_red) cells.push_back({0, row, column});
     return cells;
 }
 
-row_act::row_act(Tavrel& form) : form_(form), list_mode_(form.state.list_mode), before_(red_cells(form)) {}
+void key_cells(const list_view& list, const row_keys& keys, std::vector<red_cell>& cells) {
+    std::erase_if(cells, [&](const red_cell& cell) { return list.text_cell(cell.row, cell.column).empty(); });
+    for (red_cell& cell : cells) cell.key = keys.key(cell.row);
+}
+
+bool comes_first(const red_cell& a, const red_cell& b) {
+    return std::tie(a.key, a.column) < std::tie(b.key, b.column);
+}
+
+// Work on a great many marks goes beside the event loop, unless a task that yields holds the rows already:
+// what is called then returns at once.
+void beside_events(Tavrel& form, std::size_t marks, const std::function<void()>& work) {
+    if (marks < many_marks || form.open_scopes > 0 || form.state.tasks_locked) return work();
+    const task_scope task(form);
+    form.work_aside(work);
+}
+
+}  // namespace
+
+std::vector<red_cell> red_cells(const Tavrel& form) {
+    const row_keys keys(form);
+    std::vector<red_cell> cells = unkeyed_cells(form, keys);
+    key_cells(form.ListView1, keys, cells);
+    return cells;
+}
+
+// Texts stay meanwhile, a mark may come or go: then all are looked at again, so that none is lost to the
+// history.
+std::vector<red_cell> row_act::ordered_cells() const {
+    const list_view& list = form_.ListView1;
+    const row_keys keys(form_);
+    std::vector<red_cell> cells;
+    list_revisions of;
+    while (of != list.revisions() && !form_.state.quit_requested) {
+        of = list.revisions();
+        cells = unkeyed_cells(form_, keys);
+        beside_events(form_, cells.size(), [&] {
+            key_cells(list, keys, cells);
+            std::sort(cells.begin(), cells.end(), comes_first);
+        });
+    }
+    return cells;
+}
+
+row_act::row_act(Tavrel& form) : form_(form), list_mode_(form.state.list_mode), before_(ordered_cells()) {}
 
 row_act::~row_act() {
-    if (form_.state.list_mode != list_mode_ || (before_.empty() && form_.ListView1.marked_cells() == 0))
-        return;
-    std::vector<red_cell> after = red_cells(form_);
-    const auto comes_first = [](const red_cell& a, const red_cell& b) {
-        return std::tie(a.key, a.column) < std::tie(b.key, b.column);
-    };
-    std::sort(before_.begin(), before_.end(), comes_first);
-    std::sort(after.begin(), after.end(), comes_first);
-    std::vector<red_cell> lost, gained;
-    std::set_difference(before_.begin(), before_.end(), after.begin(), after.end(), std::back_inserter(lost),
-                        comes_first);
-    std::set_difference(after.begin(), after.end(), before_.begin(), before_.end(),
-                        std::back_inserter(gained), comes_first);
+    const auto is_over = [this] { return form_.state.quit_requested || form_.state.list_mode != list_mode_; };
+    if (is_over() || (before_.empty() && form_.ListView1.marked_cells() == 0)) return;
+    const std::vector<red_cell> after = ordered_cells();
+    if (is_over()) return;
     std::vector<mark_change> changes;
-    changes.reserve(lost.size() + gained.size());
-    for (const red_cell& cell : lost)
-        changes.push_back(
-            {cell.key, cell.row, static_cast<std::uint8_t>(cell.column), number_of(mark_red), plain});
-    for (const red_cell& cell : gained)
-        changes.push_back(
-            {cell.key, cell.row, static_cast<std::uint8_t>(cell.column), plain, number_of(mark_red)});
+    beside_events(form_, before_.size() + after.size(), [&] {
+        std::vector<red_cell> lost, gained;
+        std::set_difference(before_.begin(), before_.end(), after.begin(), after.end(),
+                            std::back_inserter(lost), comes_first);
+        std::set_difference(after.begin(), after.end(), before_.begin(), before_.end(),
+                            std::back_inserter(gained), comes_first);
+        changes.reserve(lost.size() + gained.size());
+        for (const red_cell& cell : lost)
+            changes.push_back(
+                {cell.key, cell.row, static_cast<std::uint8_t>(cell.column), number_of(mark_red), plain});
+        for (const red_cell& cell : gained)
+            changes.push_back(
+                {cell.key, cell.row, static_cast<std::uint8_t>(cell.column), plain, number_of(mark_red)});
+    });
+    if (is_over()) return;
     push(form_, std::move(changes));
 }
 

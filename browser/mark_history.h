@@ -31,7 +31,7 @@ class mark_act {
 };
 
 // While an act moves the rows or makes them anew, or colours over marks. At its end the marks that have gone
-// or come are a step.
+// or come are a step. Very many marks are looked at beside the event loop, with the tasks locked.
 class row_act {
   public:
     explicit row_act(Tavrel& form);
@@ -46,6 +46,9 @@ class row_act {
     };
 
   private:
+    // The marked cells, in the order of their keys.
+    std::vector<red_cell> ordered_cells() const;
+
     Tavrel& form_;
     std::int16_t list_mode_;
     std::vector<red_cell> before_;

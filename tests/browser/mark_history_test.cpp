@@ -211,5 +211,64 @@ TEST(UndoMarks, WhatProtectionTookIsAStepSoThatOneOfAGroupStays) {
     }
 }
 
+// So many marks that they are noted beside the event loop.
+struct many_marks : deleting {
+    static constexpr std::int32_t rows = 20'001;
+    many_marks() {
+        std::vector<pair> pairs;
+        for (std::int32_t row = 1; row <= rows; ++row) {
+            const std::string number = std::to_string(row);
+            pairs.push_back({row, "/d/" + number + ".txt", "/e/" + number + (row % 2 ? ".txt" : ".jpg")});
+        }
+        show(pairs);
+        for (std::int32_t row = 1; row <= rows; ++row) mark(row, 4);
+    }
+};
+
+TEST(UndoMarks, AGreatManyAreNotedWithTheTasksLockedAndComeBack) {
+    many_marks p;
+    int asides = 0;
+    p.screen.on_yield = [&] {
+        ++asides;
+        EXPECT_TRUE(p.state.tasks_locked);
+        p.header(2);
+        EXPECT_EQ(p.list().cell(1, 3), "/d/1.txt") << "no sort beside it";
+    };
+    p.header(2);
+    EXPECT_GE(asides, 3) << "the marks before, the sort, the marks after";
+    EXPECT_FALSE(p.state.tasks_locked);
+    p.screen.on_yield = nullptr;
+    p.screen.texts = {"*.jpg"};
+    p.form.run("only_disp");
+    ASSERT_EQ(p.list().marked_cells(), 0);
+    ASSERT_EQ(p.list().row_count(), 10'000);
+    p.form.run("undo_marks");
+    EXPECT_EQ(p.list().marked_cells(), 10'000) << "of the rows that are there";
+    p.form.run("redo_marks");
+    EXPECT_EQ(p.list().marked_cells(), 0);
+}
+
+TEST(UndoMarks, AMarkThatComesWhileAGreatManyAreNotedIsLostToNobody) {
+    many_marks p;
+    p.list().set_colour(7, 4, black);
+    p.screen.acts[p.screen.yields + 1] = [&] { p.double_click(7, 4); };
+    p.screen.texts = {"*.txt"};
+    p.form.run("only_disp");
+    ASSERT_EQ(p.list().marked_cells(), 0);
+    while (p.form.StatusBar1.panel(5) != "没有可撤销的标记" && p.list().colour(7, 4) != red)
+        p.form.run("undo_marks");
+    EXPECT_EQ(p.list().colour(7, 4), red);
+}
+
+TEST(UndoMarks, AProgramThatClosesWhileTheyAreNotedMovesNoRows) {
+    many_marks p;
+    p.screen.on_yield = [&] { p.state.quit_requested = true; };
+    p.screen.texts = {"*.jpg"};
+    p.form.run("only_disp");
+    EXPECT_EQ(p.screen.texts.size(), 1u) << "nothing was asked";
+    EXPECT_EQ(p.list().row_count(), many_marks::rows);
+    EXPECT_EQ(p.list().marked_cells(), many_marks::rows);
+}
+
 }  // namespace
 }  // namespace corvane
