@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "browser/list_marks.h"
@@ -90,12 +91,12 @@ void sort_by_freed_Click(Tavrel& form) {
     if (refuses_hidden_list(form) || !shown_view(form).holds_copies) return;
     list_view& list = form.ListView1;
     const pair_table table(form);
-    const std::vector<std::int32_t> order = order_by_freed(form, table);
+    std::vector<std::int32_t> order = order_by_freed(form, table);
     const std::vector<char> marked = marked_firsts(form, table);
     std::vector<std::int32_t> members(at(list.row_count()) + 1, none), moved(members);
     for (const pair_table::shown_pair& pair : table.pairs()) members[at(pair.row)] = pair.both.first;
     for (std::size_t place = 0; place < order.size(); ++place) moved[place + 1] = members[at(order[place])];
-    list.reorder(order);
+    list.reorder(std::move(order));
     recolour(list, moved, marked);
     // No heading is the sorted one any more.
     form.state.last_sort_column.clear();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "browser/list_hint.h"
@@ -41,7 +42,7 @@ std::vector<std::int32_t> ascending_rows(const list_view& list, int column) {
 
 // What a sort makes of the rows, told by their texts alone.
 struct sorted_rows {
-    std::vector<std::int32_t> order;
+    list_view::gathered_rows rows;
     // In that order, where the view is coloured anew: of the first paths, and the rows whose second path lies
     // inside an archive.
     std::vector<std::uint32_t> first_colours;
@@ -52,10 +53,10 @@ struct sorted_rows {
 // second where the cell lies inside an archive; other marks of it stay. The difference is meant.
 void find_colours(const list_view& list, const list_view_row& view, sorted_rows& sorted) {
     const bool archives = view.colours == sort_colours::repeats_gray_archives_own;
-    sorted.first_colours.reserve(sorted.order.size());
+    sorted.first_colours.reserve(sorted.rows.order.size());
     std::string_view previous;
     std::int32_t place = 0;
-    for (const std::int32_t row : sorted.order) {
+    for (const std::int32_t row : sorted.rows.order) {
         ++place;
         const std::string_view path = list.text_cell(row, view.first_path);
         std::uint32_t colour = path == previous ? colour_gray : colour_text;
@@ -67,10 +68,9 @@ void find_colours(const list_view& list, const list_view_row& view, sorted_rows&
     }
 }
 
-void take_over(list_view& list, const list_view_row& view, const sorted_rows& sorted) {
-    list.reorder(sorted.order);
-    std::int32_t row = 0;
-    for (const std::uint32_t colour : sorted.first_colours) list.set_colour(++row, view.first_path, colour);
+void take_over(list_view& list, const list_view_row& view, sorted_rows& sorted) {
+    list.take_over(std::move(sorted.rows));
+    if (!sorted.first_colours.empty()) list.set_colours(view.first_path, sorted.first_colours);
     for (const std::int32_t member : sorted.second_members)
         list.set_colour(member, view.second_path, colour_archive);
 }
@@ -94,8 +94,9 @@ void sort_by_column(Tavrel& form, int clicked) {
         const task_scope task(form);
         sorted_rows sorted;
         form.work_aside([&, descending = state.sort_descending != 0] {
-            sorted.order = ascending_rows(list, clicked);
-            if (descending) std::reverse(sorted.order.begin(), sorted.order.end());
+            std::vector<std::int32_t> order = ascending_rows(list, clicked);
+            if (descending) std::reverse(order.begin(), order.end());
+            sorted.rows = list.gather(std::move(order));
             if (view.colours != sort_colours::stay) find_colours(list, view, sorted);
         });
         if (state.quit_requested) return;

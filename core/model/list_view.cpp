@@ -1,6 +1,7 @@
 #include "core/model/list_view.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace corvane {
 
@@ -104,29 +105,41 @@ void list_view::set_number(std::int32_t row, int column, std::int64_t number) {
     ++cell_revision_;
 }
 
-void list_view::reorder(const std::vector<std::int32_t>& order) {
-    for (column_cells& cells : cells_) {
+void list_view::reorder(std::vector<std::int32_t> order) {
+    take_over(gather(std::move(order)));
+}
+
+list_view::gathered_rows list_view::gather(std::vector<std::int32_t> order) const {
+    gathered_rows rows;
+    rows.order = std::move(order);
+    for (const column_cells& cells : cells_) {
+        std::vector<std::int64_t>& numbers = rows.numbers.emplace_back();
+        std::vector<const char*>& texts = rows.texts.emplace_back();
         if (!cells.numbers.empty()) {
-            std::vector<std::int64_t> numbers;
             numbers.reserve(cells.numbers.size());
-            for (const std::int32_t row : order) numbers.push_back(cells.numbers[at(row)]);
-            cells.numbers = std::move(numbers);
+            for (const std::int32_t row : rows.order) numbers.push_back(cells.numbers[at(row)]);
         }
-        if (!cells.colours.empty()) {
-            std::vector<std::uint32_t> colours;
-            colours.reserve(cells.colours.size());
-            for (const std::int32_t row : order) colours.push_back(cells.colours[at(row)]);
-            cells.colours = std::move(colours);
-        }
-        if (cells.texts.size() == static_cast<std::int32_t>(order.size())) {
-            const std::span<const char*> entries = cells.texts.range(1, cells.texts.size());
-            const std::vector<const char*> old(entries.begin(), entries.end());
-            for (std::size_t n = 0; n < order.size(); ++n) entries[n] = old[at(order[n])];
-        }
+        if (cells.texts.size() == static_cast<std::int32_t>(rows.order.size()))
+            texts = cells.texts.in_order(rows.order);
+    }
+    return rows;
+}
+
+void list_view::take_over(gathered_rows rows) {
+    for (std::size_t column = 0; column < cells_.size(); ++column) {
+        column_cells& cells = cells_[column];
+        cells.numbers.swap(rows.numbers[column]);
+        if (!rows.texts[column].empty()) cells.texts.swap_entries(rows.texts[column]);
+        if (cells.colours.empty()) continue;
+        std::vector<std::uint32_t> colours;
+        colours.reserve(cells.colours.size());
+        for (const std::int32_t row : rows.order) colours.push_back(cells.colours[at(row)]);
+        cells.colours = std::move(colours);
     }
     if (selected_row > 0) {
-        const auto found = std::find(order.begin(), order.end(), selected_row);
-        selected_row = found == order.end() ? 0 : static_cast<std::int32_t>(found - order.begin()) + 1;
+        const auto found = std::find(rows.order.begin(), rows.order.end(), selected_row);
+        selected_row =
+            found == rows.order.end() ? 0 : static_cast<std::int32_t>(found - rows.order.begin()) + 1;
     }
     ++cell_revision_;
     ++order_revision_;
@@ -171,6 +184,17 @@ void list_view::set_colour(std::int32_t row, int column, std::uint32_t colour) {
     marked_cells_ -= mark_of(cells, row);
     cells.colours[at(row)] = colour;
     marked_cells_ += mark_of(cells, row);
+    ++cell_revision_;
+}
+
+void list_view::set_colours(int column, const std::vector<std::uint32_t>& colours) {
+    column_cells& cells = cells_[index_of(column)];
+    for (std::int32_t row = 1; marked_cells_ > 0 && row <= row_count_; ++row)
+        marked_cells_ -= mark_of(cells, row);
+    const bool plain = std::all_of(colours.begin(), colours.end(),
+                                   [](std::uint32_t colour) { return colour == cell_colour::colour_text; });
+    cells.colours = plain ? std::vector<std::uint32_t>() : colours;
+    for (std::int32_t row = 1; row <= row_count_; ++row) marked_cells_ += mark_of(cells, row);
     ++cell_revision_;
 }
 

@@ -94,7 +94,18 @@ class list_view : public control {
     void set_colour(std::int32_t row, int column, std::uint32_t colour);
 
     // Puts the rows into a new order: row n becomes what row order[n - 1] was. Each row stands in it once.
-    void reorder(const std::vector<std::int32_t>& order);
+    void reorder(std::vector<std::int32_t> order);
+    // The same in two steps. The first looks at no colour: another thread may take it while no row, text or
+    // number changes.
+    struct gathered_rows {
+        std::vector<std::int32_t> order;
+        std::vector<std::vector<const char*>> texts;     // by column, empty for one of numbers
+        std::vector<std::vector<std::int64_t>> numbers;  // by column, empty for one of texts
+    };
+    gathered_rows gather(std::vector<std::int32_t> order) const;
+    void take_over(gathered_rows rows);
+    // The colours of all cells of a column, in the order of the rows.
+    void set_colours(int column, const std::vector<std::uint32_t>& colours);
 
     // Cells in mark_red that hold a text: what is marked for deletion.
     std::int32_t marked_cells() const { return marked_cells_; }

@@ -62,6 +62,15 @@ class text_column {
         entries_[static_cast<std::size_t>(index)] = entry;
     }
     void push_entry(const char* entry) { entries_.push_back(entry); }
+    // Its entries in another order, by their indexes: what swap_entries takes.
+    std::vector<const char*> in_order(std::span<const std::int32_t> indexes) const {
+        std::vector<const char*> entries;
+        entries.reserve(indexes.size() + 1);
+        entries.push_back(empty_entry);
+        for (const std::int32_t index : indexes) entries.push_back(entry(index));
+        return entries;
+    }
+    void swap_entries(std::vector<const char*>& entries) { entries_.swap(entries); }
     // Direct access for sorting to the entries first to last, both included.
     std::span<const char*> range(std::int32_t first, std::int32_t last) {
         return std::span(entries_).subspan(static_cast<std::size_t>(first),

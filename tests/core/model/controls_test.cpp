@@ -165,5 +165,34 @@ TEST(ListView, CountsTheRedCellsThatHoldAText) {
     EXPECT_NE(list.fill_revision(), filled);
 }
 
+TEST(ListView, AMarkThatComesWhileAnOrderIsGatheredMovesWithItsRow) {
+    list_view list("list");
+    list.add_column({"", 100, text_alignment::left, cell_content::text});
+    list.add_column({"length", 100, text_alignment::right, cell_content::number});
+    list.add_column({"path", 100, text_alignment::left, cell_content::text});
+    for (int row = 1; row <= 3; ++row) {
+        list.add_row();
+        list.set_number(row, 1, 10 * row);
+        list.set_text(row, 2, std::string(1, static_cast<char>('a' + row - 1)));
+    }
+    list.selected_row = 2;
+    list_view::gathered_rows rows = list.gather({3, 1, 2});
+    list.set_colour(1, 2, cell_colour::mark_red);
+    const list_revisions before = list.revisions();
+    list.take_over(std::move(rows));
+    EXPECT_NE(list.revisions().order, before.order);
+    EXPECT_EQ(list.revisions().fill, before.fill);
+    EXPECT_EQ(list.cell(1, 2) + list.cell(2, 2) + list.cell(3, 2), "cab");
+    EXPECT_EQ(list.number_cell(1, 1), 30);
+    EXPECT_EQ(list.colour(2, 2), cell_colour::mark_red);
+    EXPECT_EQ(list.colour(1, 2), cell_colour::colour_text);
+    EXPECT_EQ(list.selected_row, 3);
+    list.set_colours(2, {cell_colour::mark_red, cell_colour::colour_gray, cell_colour::mark_red});
+    EXPECT_EQ(list.marked_cells(), 2);
+    list.set_colours(2, std::vector<std::uint32_t>(3, cell_colour::colour_text));
+    EXPECT_EQ(list.marked_cells(), 0);
+    EXPECT_EQ(list.colour(2, 2), cell_colour::colour_text);
+}
+
 }  // namespace
 }  // namespace corvane
