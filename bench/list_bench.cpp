@@ -50,6 +50,7 @@ int main() {
         for (const char* direction : {"up", "down"})
             measure((std::string("sort by ") + names[column] + " " + direction).c_str(), 2.0,
                     [&] { p.header(column); });
+    measure("sort by freed bytes", 2.0, [&] { p.form.run("sort_by_freed"); });
     p.press(1, 4);
     measure("Shift over all rows", 0.5, [&] { p.press(rows, 4, true); });
     p.screen.texts = {"no such file anywhere"};

@@ -43,6 +43,13 @@ void moving(Tavrel& form) {
     if (was_closing || !form.state.quit_requested) act(form);
 }
 
+// What is found is coloured over a mark.
+template <procedure act>
+void finding(Tavrel& form) {
+    const row_act noted(form, row_act::rows::stay);
+    act(form);
+}
+
 void sort_by_heading(Tavrel& form) {
     const bool refused = form.task_runs();
     ListView1_ColumnClick(form);
@@ -141,8 +148,8 @@ handler_table browser_handlers() {
         {"mnu_enter_dir", mnu_enter_dir_Click},
         {"disp_same_file_attr", disp_same_file_attr_Click},
         {"same_time_open_2file", same_time_open_2file_Click},
-        {"search_in_result", moving<search_in_result_Click>},
-        {"again_search", moving<again_search_Click>},
+        {"search_in_result", finding<search_in_result_Click>},
+        {"again_search", finding<again_search_Click>},
         {"all_select", marking<all_select_Click>},
         {"all_not_select", marking<all_not_select_Click>},
         {"layout_list", layout_list},

@@ -1,6 +1,7 @@
 #include "browser/group_sort.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "browser/list_views.h"
 #include "browser/pair_table.h"
 #include "core/model/main_form.h"
+#include "core/tasks/task_scope.h"
 #include "core/text/text_format.h"
 
 namespace corvane {
@@ -90,13 +92,22 @@ void recolour(list_view& list, const std::vector<std::int32_t>& members, const s
 void sort_by_freed_Click(Tavrel& form) {
     if (refuses_hidden_list(form) || !shown_view(form).holds_copies) return;
     list_view& list = form.ListView1;
-    const pair_table table(form);
-    std::vector<std::int32_t> order = order_by_freed(form, table);
-    const std::vector<char> marked = marked_firsts(form, table);
-    std::vector<std::int32_t> members(at(list.row_count()) + 1, none), moved(members);
-    for (const pair_table::shown_pair& pair : table.pairs()) members[at(pair.row)] = pair.both.first;
-    for (std::size_t place = 0; place < order.size(); ++place) moved[place + 1] = members[at(order[place])];
-    list.reorder(std::move(order));
+    // Until they have their order the rows are nobody else's; marks may come meanwhile and move along.
+    const task_scope task(form);
+    std::optional<pair_table> table;
+    list_view::gathered_rows rows;
+    std::vector<std::int32_t> moved(at(list.row_count()) + 1, none);  // the member of each row's first path
+    form.work_aside([&] {
+        table.emplace(form, pair_table::marks::unknown);
+        rows = list.gather(order_by_freed(form, *table));
+        std::vector<std::int32_t> members(moved);
+        for (const pair_table::shown_pair& pair : table->pairs()) members[at(pair.row)] = pair.both.first;
+        for (std::size_t place = 0; place < rows.order.size(); ++place)
+            moved[place + 1] = members[at(rows.order[place])];
+    });
+    if (form.state.quit_requested) return;
+    const std::vector<char> marked = marked_firsts(form, *table);
+    list.take_over(std::move(rows));
     recolour(list, moved, marked);
     // No heading is the sorted one any more.
     form.state.last_sort_column.clear();

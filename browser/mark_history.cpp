@@ -193,6 +193,31 @@ bool comes_first(const red_cell& a, const red_cell& b) {
     return std::tie(a.key, a.column) < std::tie(b.key, b.column);
 }
 
+// By their places, for rows that stay.
+bool stands_first(const red_cell& a, const red_cell& b) {
+    return std::tie(a.row, a.column) < std::tie(b.row, b.column);
+}
+
+// Of marks before and after an act, both in the given order.
+std::vector<mark_change> changes_between(const std::vector<red_cell>& before,
+                                         const std::vector<red_cell>& after,
+                                         bool (*comes_before)(const red_cell&, const red_cell&)) {
+    std::vector<red_cell> lost, gained;
+    std::set_difference(before.begin(), before.end(), after.begin(), after.end(), std::back_inserter(lost),
+                        comes_before);
+    std::set_difference(after.begin(), after.end(), before.begin(), before.end(), std::back_inserter(gained),
+                        comes_before);
+    std::vector<mark_change> changes;
+    changes.reserve(lost.size() + gained.size());
+    for (const red_cell& cell : lost)
+        changes.push_back(
+            {cell.key, cell.row, static_cast<std::uint8_t>(cell.column), number_of(mark_red), plain});
+    for (const red_cell& cell : gained)
+        changes.push_back(
+            {cell.key, cell.row, static_cast<std::uint8_t>(cell.column), plain, number_of(mark_red)});
+    return changes;
+}
+
 // Work on a great many marks goes beside the event loop, unless a task that yields holds the rows already:
 // what is called then returns at once.
 void beside_events(Tavrel& form, std::size_t marks, const std::function<void()>& work) {
@@ -228,29 +253,37 @@ std::vector<red_cell> row_act::ordered_cells() const {
     return cells;
 }
 
-row_act::row_act(Tavrel& form) : form_(form), list_mode_(form.state.list_mode), before_(ordered_cells()) {}
+row_act::row_act(Tavrel& form, rows what)
+    : form_(form),
+      rows_(what),
+      list_mode_(form.state.list_mode),
+      revisions_(form.ListView1.revisions()),
+      before_(what == rows::move ? ordered_cells() : unkeyed_cells(form, row_keys(form))) {}
 
 row_act::~row_act() {
-    const auto is_over = [this] { return form_.state.quit_requested || form_.state.list_mode != list_mode_; };
     if (is_over() || (before_.empty() && form_.ListView1.marked_cells() == 0)) return;
+    rows_ == rows::move ? note_moved() : note_stayed();
+}
+
+bool row_act::is_over() const {
+    return form_.state.quit_requested || form_.state.list_mode != list_mode_;
+}
+
+void row_act::note_moved() {
     const std::vector<red_cell> after = ordered_cells();
     if (is_over()) return;
     std::vector<mark_change> changes;
-    beside_events(form_, before_.size() + after.size(), [&] {
-        std::vector<red_cell> lost, gained;
-        std::set_difference(before_.begin(), before_.end(), after.begin(), after.end(),
-                            std::back_inserter(lost), comes_first);
-        std::set_difference(after.begin(), after.end(), before_.begin(), before_.end(),
-                            std::back_inserter(gained), comes_first);
-        changes.reserve(lost.size() + gained.size());
-        for (const red_cell& cell : lost)
-            changes.push_back(
-                {cell.key, cell.row, static_cast<std::uint8_t>(cell.column), number_of(mark_red), plain});
-        for (const red_cell& cell : gained)
-            changes.push_back(
-                {cell.key, cell.row, static_cast<std::uint8_t>(cell.column), plain, number_of(mark_red)});
-    });
-    if (is_over()) return;
+    beside_events(form_, before_.size() + after.size(),
+                  [&] { changes = changes_between(before_, after, comes_first); });
+    if (!is_over()) push(form_, std::move(changes));
+}
+
+void row_act::note_stayed() {
+    const list_revisions now = form_.ListView1.revisions();
+    if (now.fill != revisions_.fill || now.order != revisions_.order) return;
+    const row_keys keys(form_);
+    std::vector<mark_change> changes = changes_between(before_, unkeyed_cells(form_, keys), stands_first);
+    for (mark_change& change : changes) change.key = keys.key(change.row);
     push(form_, std::move(changes));
 }
 

@@ -34,7 +34,9 @@ class mark_act {
 // or come are a step. Very many marks are looked at beside the event loop, with the tasks locked.
 class row_act {
   public:
-    explicit row_act(Tavrel& form);
+    // Of an act that leaves all rows in their places no text is looked at, unless a mark has changed.
+    enum class rows { move, stay };
+    explicit row_act(Tavrel& form, rows what = rows::move);
     ~row_act();
     row_act(const row_act&) = delete;
     row_act& operator=(const row_act&) = delete;
@@ -48,9 +50,14 @@ class row_act {
   private:
     // The marked cells, in the order of their keys.
     std::vector<red_cell> ordered_cells() const;
+    bool is_over() const;
+    void note_moved();
+    void note_stayed();
 
     Tavrel& form_;
+    rows rows_;
     std::int16_t list_mode_;
+    list_revisions revisions_;
     std::vector<red_cell> before_;
 };
 

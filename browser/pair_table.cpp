@@ -13,7 +13,6 @@ using namespace cell_colour;
 
 namespace {
 
-
 std::size_t at(std::int32_t number) {
     return static_cast<std::size_t>(number);
 }
@@ -26,12 +25,12 @@ void note(pair_table::member_state& member, std::uint32_t colour) {
 
 }  // namespace
 
-pair_table::pair_table(const Tavrel& form)
+pair_table::pair_table(const Tavrel& form, marks wanted)
     : groups_(at(std::max(form.ListView1.row_count(), form.state.result_file1.size()))) {
     add_rows(form);
     add_hidden(form);
     groups_.close();
-    renew_marks(form);
+    if (wanted == marks::known) renew_marks(form);
 }
 
 void pair_table::add_rows(const Tavrel& form) {

@@ -13,8 +13,10 @@ class Tavrel;
 
 class pair_table {
   public:
-    // Of the same-file view, which stands. Rows with a blank cell are no pairs any more.
-    explicit pair_table(const Tavrel& form);
+    // Of the same-file view, which stands. Rows with a blank cell are no pairs any more. Without the marks no
+    // colour is looked at: another thread may make it while rows and texts stay.
+    enum class marks { known, unknown };
+    explicit pair_table(const Tavrel& form, marks wanted = marks::known);
 
     struct member_state {
         std::int64_t length = 0;

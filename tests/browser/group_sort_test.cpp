@@ -97,5 +97,29 @@ TEST(SortByFreed, ARowOfAGoneFileIsNotGrayUnderAnotherPath) {
     EXPECT_EQ(p.colours(3), (colour_row{black, black, black, black}));
 }
 
+TEST(SortByFreed, AMarkThatComesMeanwhileMovesWithItsRow) {
+    three_groups p;
+    p.screen.acts[p.screen.yields + 1] = [&] {
+        EXPECT_TRUE(p.state.tasks_locked);
+        p.double_click(1, 4);  // /a2
+        p.double_click(2, 3);  // /b
+    };
+    p.form.run("sort_by_freed");
+    ASSERT_EQ(p.cells(4), (texts{"/c2", "/b2", "/b3", "/a2"}));
+    EXPECT_EQ(p.colours(4), (colour_row{black, black, black, red}));
+    EXPECT_EQ(p.colours(3), (colour_row{black, red, gray, black}));
+    EXPECT_FALSE(p.state.tasks_locked);
+    p.form.run("undo_marks");
+    p.form.run("undo_marks");
+    EXPECT_EQ(p.list().marked_cells(), 0);
+}
+
+TEST(SortByFreed, AProgramThatClosesMeanwhileLeavesTheRows) {
+    three_groups p;
+    p.screen.on_yield = [&] { p.state.quit_requested = true; };
+    p.form.run("sort_by_freed");
+    EXPECT_EQ(p.cells(3), (texts{"/a", "/b", "/b", "/c"}));
+}
+
 }  // namespace
 }  // namespace corvane
