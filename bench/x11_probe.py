@@ -186,7 +186,9 @@ class watched_program:
             if pressed is None:
                 self.on.key("Pause")
                 pressed = time.perf_counter()
-            select.select([self.on.connection, self.process.stderr], [], [], 0.05)
+            # What the press has read along with its answer waits in the queue of the client, not in the connection.
+            if not self.on.x.XPending(self.on.display):
+                select.select([self.on.connection, self.process.stderr], [], [], 0.05)
             now = time.perf_counter()
             for kind, window, popup in self.on.events():
                 if kind == "taken" and window == self.window and pressed is not None:

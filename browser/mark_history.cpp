@@ -237,7 +237,7 @@ std::vector<red_cell> red_cells(const Tavrel& form) {
 
 // Texts stay meanwhile, a mark may come or go: then all are looked at again, so that none is lost to the
 // history.
-std::vector<red_cell> row_act::ordered_cells() const {
+std::vector<red_cell> row_act::keyed_cells() const {
     const list_view& list = form_.ListView1;
     const row_keys keys(form_);
     std::vector<red_cell> cells;
@@ -245,10 +245,7 @@ std::vector<red_cell> row_act::ordered_cells() const {
     while (of != list.revisions() && !form_.state.quit_requested) {
         of = list.revisions();
         cells = unkeyed_cells(form_, keys);
-        beside_events(form_, cells.size(), [&] {
-            key_cells(list, keys, cells);
-            std::sort(cells.begin(), cells.end(), comes_first);
-        });
+        beside_events(form_, cells.size(), [&] { key_cells(list, keys, cells); });
     }
     return cells;
 }
@@ -258,7 +255,7 @@ row_act::row_act(Tavrel& form, rows what)
       rows_(what),
       list_mode_(form.state.list_mode),
       revisions_(form.ListView1.revisions()),
-      before_(what == rows::move ? ordered_cells() : unkeyed_cells(form, row_keys(form))) {}
+      before_(what == rows::move ? keyed_cells() : unkeyed_cells(form, row_keys(form))) {}
 
 row_act::~row_act() {
     if (is_over() || (before_.empty() && form_.ListView1.marked_cells() == 0)) return;
@@ -270,11 +267,16 @@ bool row_act::is_over() const {
 }
 
 void row_act::note_moved() {
-    const std::vector<red_cell> after = ordered_cells();
+    std::vector<red_cell> after = keyed_cells();
     if (is_over()) return;
     std::vector<mark_change> changes;
-    beside_events(form_, before_.size() + after.size(),
-                  [&] { changes = changes_between(before_, after, comes_first); });
+    beside_events(form_, before_.size() + after.size(), [&] {
+        // Where one side is empty the other has changed as a whole, in whatever order.
+        if (!before_.empty() && !after.empty())
+            for (std::vector<red_cell>* cells : {&before_, &after})
+                std::sort(cells->begin(), cells->end(), comes_first);
+        changes = changes_between(before_, after, comes_first);
+    });
     if (!is_over()) push(form_, std::move(changes));
 }
 

@@ -48,8 +48,7 @@ class row_act {
     };
 
   private:
-    // The marked cells, in the order of their keys.
-    std::vector<red_cell> ordered_cells() const;
+    std::vector<red_cell> keyed_cells() const;
     bool is_over() const;
     void note_moved();
     void note_stayed();

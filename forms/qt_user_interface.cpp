@@ -17,7 +17,7 @@ namespace corvane {
 
 namespace {
 
-constexpr std::chrono::milliseconds turn_interval(15);
+constexpr std::chrono::milliseconds turn_interval(10);
 
 // Programs may read and place the pointer under X11, Windows and macOS; not under Wayland or without a
 // screen.
