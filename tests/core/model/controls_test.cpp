@@ -172,7 +172,7 @@ TEST(ListView, AMarkThatComesWhileAnOrderIsGatheredMovesWithItsRow) {
     list.add_column({"path", 100, text_alignment::left, cell_content::text});
     for (int row = 1; row <= 3; ++row) {
         list.add_row();
-        list.set_number(row, 1, 10 * row);
+        list.set_number(row, 1, 10 * std::int64_t{row});
         list.set_text(row, 2, std::string(1, static_cast<char>('a' + row - 1)));
     }
     list.selected_row = 2;
