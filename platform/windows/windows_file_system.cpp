@@ -2,14 +2,13 @@
 
 #include <windows.h>
 
-#include <winternl.h>
-
 #include <chrono>
 #include <cwchar>
 #include <string_view>
 
 #include "platform/windows/wide_path.h"
 #include "platform/windows/windows_entries.h"
+#include "platform/windows/windows_facts.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_names.h"
 
@@ -28,43 +27,14 @@ std::size_t in_time(std::size_t count, const Answer& answer) {
     return i;
 }
 
-// No directory, no link, no device. wide_path lets no path lead to a device; one that a disk has says so.
-outcome check_regular(const handle& entry, DWORD attributes) {
-    bool is_link = false;
-    if (has_attribute(attributes, FILE_ATTRIBUTE_DIRECTORY)) return system_failure(ERROR_ACCESS_DENIED);
-    if (has_attribute(attributes, FILE_ATTRIBUTE_DEVICE) || !link_tag(entry, attributes, is_link) || is_link)
-        return system_failure(ERROR_INVALID_PARAMETER);
-    return outcome::success();
-}
-
 }  // namespace
 
 file_facts windows_file_system::facts(std::string_view path) {
-    file_facts result;
     const handle entry = open_entry(wide_path(path).c_str(), FILE_READ_ATTRIBUTES);
-    if (!entry) return result;
-    // All in one call. There is no room for the whole name, which nobody wants: the rest is filled all the
-    // same.
-    FILE_ALL_INFORMATION facts{};
-    IO_STATUS_BLOCK said{};
-    const NTSTATUS status =
-        NtQueryInformationFile(entry.get(), &said, &facts, sizeof facts, FileAllInformation);
-    constexpr auto name_is_cut = static_cast<NTSTATUS>(0x8000'0005);  // STATUS_BUFFER_OVERFLOW
-    std::uint64_t serial = 0;
-    if ((status < 0 && status != name_is_cut) ||
-        !check_regular(entry, facts.BasicInformation.FileAttributes) ||
-        !serials_.find(entry, path, serial, result.stacked))
-        return result;
-    const auto modified = static_cast<std::uint64_t>(facts.BasicInformation.LastWriteTime.QuadPart);
-    const auto changed = static_cast<std::uint64_t>(facts.BasicInformation.ChangeTime.QuadPart);
-    result.exists = true;
-    result.length = facts.StandardInformation.EndOfFile.QuadPart;
-    result.date_high = static_cast<std::int32_t>(static_cast<std::uint32_t>(modified >> 32));
-    result.date_low = static_cast<std::int32_t>(static_cast<std::uint32_t>(modified));
-    result.link_count = facts.StandardInformation.NumberOfLinks;
-    result.identity = {serial, static_cast<std::uint64_t>(facts.InternalInformation.IndexNumber.QuadPart)};
-    result.modified_ns = nanoseconds_of(modified);
-    if (changed != 0) result.changed_ns = nanoseconds_of(changed);
+    file_facts result;
+    if (!entry || !tell_facts(entry, result) ||
+        !serials_.find(entry, path, result.identity.device, result.stacked))
+        return {};
     return result;
 }
 

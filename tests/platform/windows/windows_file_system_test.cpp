@@ -297,6 +297,85 @@ TEST_F(WindowsDisk, ReadsAtAnyPlaceAndLessOnlyAtTheEnd) {
     EXPECT_EQ(reader->read_at(std::int64_t{1} << 40, buffer), 0);
 }
 
+TEST_F(WindowsDisk, ReadsOneAfterTheOtherAreWhereEachOfThemSays) {
+    make_file(L"f", "0123456789");
+    const outcome_with<file_reader> reader = files.open_file(root + "f");
+    ASSERT_TRUE(reader);
+    std::array<std::byte, 3> buffer;
+    const auto text_at = [&](std::int64_t offset) {
+        const std::int64_t count = reader->read_at(offset, buffer);
+        return count < 0 ? "no file"
+                         : std::string(reinterpret_cast<const char*>(buffer.data()),
+                                       static_cast<std::size_t>(count));
+    };
+    EXPECT_EQ(text_at(0), "012");
+    EXPECT_EQ(text_at(3), "345");
+    EXPECT_EQ(text_at(3), "345");
+    EXPECT_EQ(text_at(0), "012");
+    EXPECT_EQ(text_at(6), "678");
+    EXPECT_EQ(text_at(9), "9");
+    EXPECT_EQ(text_at(10), "");
+    EXPECT_EQ(text_at(1), "123");
+    EXPECT_EQ(text_at(100), "");
+    EXPECT_EQ(text_at(4), "456");
+}
+
+TEST_F(WindowsDisk, WhatComesToAFileIsReadBehindItsOldEnd) {
+    make_file(L"f", "old");
+    const outcome_with<file_reader> reader = files.open_file(root + "f");
+    ASSERT_TRUE(reader);
+    std::array<std::byte, 8> buffer;
+    EXPECT_EQ(reader->read_at(0, buffer), 3);
+    EXPECT_EQ(reader->read_at(3, buffer), 0);
+    const HANDLE file =
+        CreateFileW((wide_root + L"f").c_str(), FILE_APPEND_DATA, 7, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    DWORD written = 0;
+    EXPECT_TRUE(WriteFile(file, "new", 3, &written, nullptr));
+    CloseHandle(file);
+    EXPECT_EQ(reader->read_at(3, buffer), 3);
+    EXPECT_EQ(buffer[0], std::byte{'n'});
+}
+
+TEST_F(WindowsDisk, AStartIsReadToItsEndOrToWhatIsExpected) {
+    make_file(L"f", "0123456789");
+    std::array<std::byte, 16> wide;
+    std::array<std::byte, 4> narrow;
+    EXPECT_EQ(files.read_start(root + "f", wide, 10), 10);
+    EXPECT_EQ(files.read_start(root + "f", wide, 9), 10);
+    EXPECT_EQ(files.read_start(root + "f", wide, 16), 10);
+    EXPECT_EQ(wide[9], std::byte{'9'});
+    EXPECT_EQ(files.read_start(root + "f", narrow, 4), 4);
+    make_file(L"empty");
+    EXPECT_EQ(files.read_start(root + "empty", wide, 1), 0);
+}
+
+TEST_F(WindowsDisk, AWriteInPlaceShowsInTheFacts) {
+    make_file(L"f", "12345");
+    const file_facts before = files.facts(root + "f");
+    ASSERT_TRUE(before.exists);
+    EXPECT_EQ(before.length, 5);
+    EXPECT_FALSE(before.stacked);
+    file_identity known;
+    ASSERT_TRUE(files.identity(root + "f", known));
+    EXPECT_EQ(before.identity, known);
+    // Another time, far from the present one: no clock is asked to have moved on.
+    const std::uint64_t units = (std::uint64_t{981'173'106} + seconds_1601_to_1970) * 10'000'000;
+    const FILETIME time{static_cast<DWORD>(units), static_cast<DWORD>(units >> 32)};
+    const HANDLE file = CreateFileW((wide_root + L"f").c_str(), GENERIC_WRITE | FILE_WRITE_ATTRIBUTES, 7,
+                                    nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    DWORD written = 0;
+    EXPECT_TRUE(WriteFile(file, "1234567", 7, &written, nullptr));
+    EXPECT_TRUE(SetFileTime(file, nullptr, nullptr, &time));
+    CloseHandle(file);
+    const file_facts after = files.facts(root + "f");
+    EXPECT_EQ(after.length, 7);
+    EXPECT_EQ(after.modified_ns, 981'173'106'000'000'000);
+    EXPECT_EQ(after.identity, before.identity);
+    EXPECT_FALSE(same_state(before, after));
+}
+
 TEST_F(WindowsDisk, ManyQuestionsAreAnsweredAsOneByOne) {
     make_file(L"a", "1");
     make_file(L"b", "22");
