@@ -1,6 +1,6 @@
 corvane_library(corvane_platform_windows platform/windows PRECOMPILED none
     SOURCES
-        windows/big_blocks.cpp windows/code_page_files.cpp windows/code_points.cpp windows/gb18030.cpp windows/local_clock.cpp windows/own_process.cpp
+        windows/big_blocks.cpp windows/code_page_files.cpp windows/code_points.cpp windows/gb18030.cpp windows/listed_numbers.cpp windows/local_clock.cpp windows/own_process.cpp
         windows/standard_streams.cpp windows/system_failure.cpp windows/volume_serials.cpp windows/wide_path.cpp windows/windows_attention.cpp
         windows/windows_attributes.cpp windows/windows_directories.cpp windows/windows_entries.cpp windows/windows_facts.cpp
         windows/windows_file_system.cpp windows/windows_files.cpp windows/windows_instance_link.cpp windows/windows_keys.cpp

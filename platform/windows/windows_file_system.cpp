@@ -43,6 +43,25 @@ std::size_t windows_file_system::many_facts(std::span<const std::string_view> pa
     return in_time(paths.size(), [&](std::size_t i) { answers[i] = facts(paths[i]); });
 }
 
+std::size_t windows_file_system::many_states(std::span<const std::string_view> paths,
+                                             std::span<file_facts> answers) {
+    return in_time(paths.size(), [&](std::size_t i) {
+        const std::string_view path = paths[i];
+        file_facts& answer = answers[i];
+        answer = {};
+        if (numbers_.holds(path)) {
+            if (numbers_.find(path, answer.identity) && tell_state(wide_path(path), answer)) return;
+            answer = facts(path);
+            return;
+        }
+        answer = facts(path);
+        // What a share tells may be older than what an open file of it tells.
+        if (!answer.exists || answer.stacked) return;
+        const std::size_t run = listed_numbers::run_at(paths, i);
+        if (run >= listed_numbers::least_run) numbers_.hold(path, answer, run);
+    });
+}
+
 std::size_t windows_file_system::many_exist(std::span<const std::string_view> paths,
                                             std::span<std::uint8_t> answers) {
     return in_time(paths.size(),

@@ -7,6 +7,7 @@
 #include "platform/name_mapping.h"
 #include "platform/windows/code_page_files.h"
 #include "platform/windows/handle.h"
+#include "platform/windows/listed_numbers.h"
 #include "platform/windows/volume_serials.h"
 #include "platform/windows/windows_attributes.h"
 #include "platform/windows/windows_directories.h"
@@ -37,6 +38,7 @@ class windows_file_system : public file_system {
     std::int64_t read_start(std::string_view path, std::span<std::byte> buffer,
                             std::size_t expected) override;
     std::size_t many_facts(std::span<const std::string_view> paths, std::span<file_facts> answers) override;
+    std::size_t many_states(std::span<const std::string_view> paths, std::span<file_facts> answers) override;
     std::size_t many_exist(std::span<const std::string_view> paths, std::span<std::uint8_t> answers) override;
     std::size_t read_starts(std::span<start_request> requests) override;
     outcome_with<file_reader> open_file(std::string_view path) override;
@@ -52,6 +54,7 @@ class windows_file_system : public file_system {
 
   private:
     volume_serials serials_;
+    listed_numbers numbers_;
     handle claim_;  // the object that names the claimed directory
 };
 
