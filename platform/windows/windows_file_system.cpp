@@ -27,7 +27,31 @@ std::size_t in_time(std::size_t count, const Answer& answer) {
     return i;
 }
 
+// Questions in a row to one thread: each opens a file, which costs more than taking it.
+constexpr std::size_t in_a_row = 16;
+constexpr unsigned most_network_threads = 4;
+
+// The disk is asked what it is only where that matters.
+unsigned most_threads(const request_pace& pace, std::string_view path) {
+    if (pace.threads(request_pace::most_threads) <= most_network_threads) return most_network_threads;
+    return is_on_network(path) ? most_network_threads : request_pace::most_threads;
+}
+
+template <class Answer>
+request_pool::work one_by_one(const Answer& answer) {
+    return [answer](std::size_t first, std::size_t end, const time_limit& limit) {
+        for (std::size_t i = first; i < end; ++i) {
+            if (i > first && limit.passed()) return i;
+            answer(i);
+        }
+        return end;
+    };
+}
+
 }  // namespace
+
+windows_file_system::windows_file_system()
+    : facts_pace_(request_pool::processors(), 150e-6), starts_pace_(request_pool::processors(), 150e-6) {}
 
 file_facts windows_file_system::facts(std::string_view path) {
     const handle entry = open_entry(wide_path(path).c_str(), FILE_READ_ATTRIBUTES);
@@ -40,7 +64,8 @@ file_facts windows_file_system::facts(std::string_view path) {
 
 std::size_t windows_file_system::many_facts(std::span<const std::string_view> paths,
                                             std::span<file_facts> answers) {
-    return in_time(paths.size(), [&](std::size_t i) { answers[i] = facts(paths[i]); });
+    return pool_.run(paths.size(), in_a_row, most_threads(facts_pace_, paths.front()), facts_pace_,
+                     one_by_one([&](std::size_t i) { answers[i] = facts(paths[i]); }));
 }
 
 std::size_t windows_file_system::many_states(std::span<const std::string_view> paths,
@@ -69,10 +94,11 @@ std::size_t windows_file_system::many_exist(std::span<const std::string_view> pa
 }
 
 std::size_t windows_file_system::read_starts(std::span<start_request> requests) {
-    return in_time(requests.size(), [&](std::size_t i) {
-        start_request& each = requests[i];
-        each.count = read_start(each.path, each.buffer, each.expected);
-    });
+    return pool_.run(requests.size(), in_a_row, most_threads(starts_pace_, requests.front().path),
+                     starts_pace_, one_by_one([&](std::size_t i) {
+                         start_request& each = requests[i];
+                         each.count = read_start(each.path, each.buffer, each.expected);
+                     }));
 }
 
 std::string windows_file_system::resolve(const std::string& path) {

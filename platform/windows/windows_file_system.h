@@ -5,6 +5,7 @@
 
 #include "platform/file_system.h"
 #include "platform/name_mapping.h"
+#include "platform/request_pool.h"
 #include "platform/windows/code_page_files.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/listed_numbers.h"
@@ -17,6 +18,7 @@ namespace corvane {
 
 class windows_file_system : public file_system {
   public:
+    windows_file_system();
     char separator() const override { return '\\'; }
     bool ignores_case() const override { return true; }
     const data_encoding* data_files() const override { return own_data_encoding(); }
@@ -55,6 +57,9 @@ class windows_file_system : public file_system {
   private:
     volume_serials serials_;
     listed_numbers numbers_;
+    request_pool pool_;
+    request_pace facts_pace_;
+    request_pace starts_pace_;
     handle claim_;  // the object that names the claimed directory
 };
 
