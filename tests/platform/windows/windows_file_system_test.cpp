@@ -397,6 +397,46 @@ TEST_F(WindowsDisk, ManyQuestionsAreAnsweredAsOneByOne) {
     EXPECT_EQ(there, (std::vector<std::uint8_t>{1, 0, 1}));
 }
 
+// More than one thread takes at once.
+TEST_F(WindowsDisk, ManyFilesAreReadAndAskedAboutAsEachAlone) {
+    std::vector<std::string> paths;
+    for (const wchar_t* folder : {L"一", L"two"}) {
+        make_directory(folder);
+        for (int i = 0; i < 90; ++i) {
+            const std::wstring name = std::wstring(folder) + L"\\f" + std::to_wstring(i);
+            if (i % 9 != 4) make_file(name, "content " + std::to_string(i * i));
+            paths.push_back(root + text_of(name));
+        }
+    }
+    const std::vector<std::string_view> asked(paths.begin(), paths.end());
+    std::vector<file_facts> told(paths.size());
+    for (std::size_t done = 0; done < asked.size();) {
+        const std::size_t count =
+            files.many_facts(std::span(asked).subspan(done), std::span(told).subspan(done));
+        ASSERT_GT(count, 0u);
+        done += count;
+    }
+    std::vector<std::array<std::byte, 16>> buffers(paths.size());
+    std::vector<start_request> requests;
+    for (std::size_t i = 0; i < paths.size(); ++i) requests.push_back({asked[i], buffers[i], 16});
+    for (std::size_t done = 0; done < requests.size();) {
+        const std::size_t count = files.read_starts(std::span(requests).subspan(done));
+        ASSERT_GT(count, 0u);
+        done += count;
+    }
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        const bool is_there = i % 90 % 9 != 4;
+        const std::string content = "content " + std::to_string(i % 90 * (i % 90));
+        EXPECT_EQ(told[i].exists, is_there) << paths[i];
+        EXPECT_EQ(requests[i].count, is_there ? static_cast<std::int64_t>(content.size()) : -1) << paths[i];
+        if (!is_there) continue;
+        EXPECT_EQ(std::string(reinterpret_cast<const char*>(buffers[i].data()), content.size()), content);
+        const file_facts alone = files.facts(paths[i]);
+        EXPECT_TRUE(same_state(told[i], alone)) << paths[i];
+        EXPECT_EQ(told[i].link_count, alone.link_count);
+    }
+}
+
 TEST_F(WindowsDisk, MakesADirectoryWithAllAboveIt) {
     EXPECT_TRUE(files.make_directory(root + "a\\b\\子"));
     EXPECT_TRUE(files.make_directory(root + "a\\b\\子\\"));
