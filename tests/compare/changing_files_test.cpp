@@ -39,8 +39,8 @@ void change_at_each_yield(int files, const std::string& content, const std::stri
     int changed_before_its_pair = 0;
     for (std::int64_t at = 1; reached; ++at) {
         test_program p;
-        for (char name = 'a'; name < 'a' + files; ++name)
-            p.files.add_file(std::string("/d/") + name, content);
+        for (int n = 0; n < files; ++n)
+            p.files.add_file(std::string("/d/") + static_cast<char>('a' + n), content);
         p.search({"/d"});
         reached = false;
         bool paired = false;
