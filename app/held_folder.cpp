@@ -98,6 +98,10 @@ std::size_t held_folder::many_facts(std::span<const std::string_view> paths, std
     return any_held(paths) ? file_system::many_facts(paths, answers) : disk_.many_facts(paths, answers);
 }
 
+std::size_t held_folder::many_states(std::span<const std::string_view> paths, std::span<file_facts> answers) {
+    return any_held(paths) ? many_facts(paths, answers) : disk_.many_states(paths, answers);
+}
+
 outcome_with<file_reader> held_folder::open_file(std::string_view path) {
     const held_text* held = find(path);
     if (held == nullptr) return disk_.open_file(path);

@@ -49,6 +49,7 @@ class held_folder : public file_system {
     }
     // The held ones are asked one by one.
     std::size_t many_facts(std::span<const std::string_view> paths, std::span<file_facts> answers) override;
+    std::size_t many_states(std::span<const std::string_view> paths, std::span<file_facts> answers) override;
     std::size_t many_exist(std::span<const std::string_view> paths, std::span<std::uint8_t> answers) override;
     std::size_t read_starts(std::span<start_request> requests) override {
         return disk_.read_starts(requests);

@@ -72,7 +72,7 @@ class listed_facts {
             paths_.push_back(name);
         }
         facts_.resize(paths_.size());
-        answered_ = disk_.many_facts(paths_, facts_);
+        answered_ = disk_.many_states(paths_, facts_);
         next_ = 0;
     }
 

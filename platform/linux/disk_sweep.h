@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "platform/file_system.h"
-#include "platform/linux/request_pool.h"
+#include "platform/request_pool.h"
 
 namespace corvane {
 

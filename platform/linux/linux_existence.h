@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "platform/linux/linux_attributes.h"
-#include "platform/linux/request_pool.h"
+#include "platform/request_pool.h"
 
 namespace corvane {
 

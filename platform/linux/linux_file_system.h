@@ -10,7 +10,7 @@
 #include "platform/linux/linux_directories.h"
 #include "platform/linux/linux_volumes.h"
 #include "platform/name_mapping.h"
-#include "platform/linux/request_pool.h"
+#include "platform/request_pool.h"
 #include "platform/linux/stacked_devices.h"
 
 namespace corvane {

@@ -13,6 +13,11 @@ constexpr std::size_t most_answers = 100'000;
 
 }  // namespace
 
+bool is_on_network(std::string_view path) {
+    const std::string_view root = volume_root(path);
+    return root.starts_with("\\\\") || GetDriveTypeW(wide(root).c_str()) == DRIVE_REMOTE;
+}
+
 bool volume_serials::find(const handle& file, std::string_view path, std::uint64_t& serial, bool& is_remote) {
     const std::size_t cut = path.find_last_of("\\/");
     const std::string_view directory = path.substr(0, cut == std::string_view::npos ? 0 : cut);
@@ -29,8 +34,7 @@ bool volume_serials::find(const handle& file, std::string_view path, std::uint64
     BY_HANDLE_FILE_INFORMATION facts;
     if (!GetFileInformationByHandle(file.get(), &facts)) return false;
     serial = facts.dwVolumeSerialNumber;
-    const std::string_view root = volume_root(path);
-    is_remote = root.starts_with("\\\\") || GetDriveTypeW(wide(root).c_str()) == DRIVE_REMOTE;
+    is_remote = is_on_network(path);
     const std::lock_guard lock(guard_);
     if (answers_.size() >= most_answers) answers_.clear();
     answers_.insert_or_assign(std::string(directory), answer{serial, is_remote, now});

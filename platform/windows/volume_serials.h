@@ -14,6 +14,9 @@
 
 namespace corvane {
 
+// On another machine: in a share, or on a drive that is one.
+bool is_on_network(std::string_view path);
+
 class volume_serials {
   public:
     // `file` is open and no link, `path` its text. A file lies on the volume of its directory: only

@@ -23,6 +23,14 @@ bool link_tag(const handle& entry, DWORD attributes, bool& is_link) {
     return true;
 }
 
+outcome check_regular(const handle& entry, DWORD attributes) {
+    bool is_link = false;
+    if (has_attribute(attributes, FILE_ATTRIBUTE_DIRECTORY)) return system_failure(ERROR_ACCESS_DENIED);
+    if (has_attribute(attributes, FILE_ATTRIBUTE_DEVICE) || !link_tag(entry, attributes, is_link) || is_link)
+        return system_failure(ERROR_INVALID_PARAMETER);
+    return outcome::success();
+}
+
 file_identity identity_of(const BY_HANDLE_FILE_INFORMATION& facts) {
     return {facts.dwVolumeSerialNumber, std::uint64_t{facts.nFileIndexHigh} << 32 | facts.nFileIndexLow};
 }

@@ -30,6 +30,8 @@ handle open_target(const wchar_t* path, DWORD access);
 
 // False where the system does not tell.
 bool link_tag(const handle& entry, DWORD attributes, bool& is_link);
+// No directory, no link, no device. wide_path lets no path lead to a device; one that a disk has says so.
+outcome check_regular(const handle& entry, DWORD attributes);
 file_identity identity_of(const BY_HANDLE_FILE_INFORMATION& facts);
 
 // 100 ns units since 1601.

@@ -2,14 +2,13 @@
 
 #include <windows.h>
 
-#include <winternl.h>
-
 #include <chrono>
 #include <cwchar>
 #include <string_view>
 
 #include "platform/windows/wide_path.h"
 #include "platform/windows/windows_entries.h"
+#include "platform/windows/windows_facts.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_names.h"
 
@@ -28,49 +27,64 @@ std::size_t in_time(std::size_t count, const Answer& answer) {
     return i;
 }
 
-// No directory, no link, no device. wide_path lets no path lead to a device; one that a disk has says so.
-outcome check_regular(const handle& entry, DWORD attributes) {
-    bool is_link = false;
-    if (has_attribute(attributes, FILE_ATTRIBUTE_DIRECTORY)) return system_failure(ERROR_ACCESS_DENIED);
-    if (has_attribute(attributes, FILE_ATTRIBUTE_DEVICE) || !link_tag(entry, attributes, is_link) || is_link)
-        return system_failure(ERROR_INVALID_PARAMETER);
-    return outcome::success();
+// Questions in a row to one thread: each opens a file, which costs more than taking it.
+constexpr std::size_t in_a_row = 16;
+constexpr unsigned most_network_threads = 4;
+
+// The disk is asked what it is only where that matters.
+unsigned most_threads(const request_pace& pace, std::string_view path) {
+    if (pace.threads(request_pace::most_threads) <= most_network_threads) return most_network_threads;
+    return is_on_network(path) ? most_network_threads : request_pace::most_threads;
+}
+
+template <class Answer>
+request_pool::work one_by_one(const Answer& answer) {
+    return [answer](std::size_t first, std::size_t end, const time_limit& limit) {
+        for (std::size_t i = first; i < end; ++i) {
+            if (i > first && limit.passed()) return i;
+            answer(i);
+        }
+        return end;
+    };
 }
 
 }  // namespace
 
+windows_file_system::windows_file_system()
+    : facts_pace_(request_pool::processors(), 150e-6), starts_pace_(request_pool::processors(), 150e-6) {}
+
 file_facts windows_file_system::facts(std::string_view path) {
-    file_facts result;
     const handle entry = open_entry(wide_path(path).c_str(), FILE_READ_ATTRIBUTES);
-    if (!entry) return result;
-    // All in one call. There is no room for the whole name, which nobody wants: the rest is filled all the
-    // same.
-    FILE_ALL_INFORMATION facts{};
-    IO_STATUS_BLOCK said{};
-    const NTSTATUS status =
-        NtQueryInformationFile(entry.get(), &said, &facts, sizeof facts, FileAllInformation);
-    constexpr auto name_is_cut = static_cast<NTSTATUS>(0x8000'0005);  // STATUS_BUFFER_OVERFLOW
-    std::uint64_t serial = 0;
-    if ((status < 0 && status != name_is_cut) ||
-        !check_regular(entry, facts.BasicInformation.FileAttributes) ||
-        !serials_.find(entry, path, serial, result.stacked))
-        return result;
-    const auto modified = static_cast<std::uint64_t>(facts.BasicInformation.LastWriteTime.QuadPart);
-    const auto changed = static_cast<std::uint64_t>(facts.BasicInformation.ChangeTime.QuadPart);
-    result.exists = true;
-    result.length = facts.StandardInformation.EndOfFile.QuadPart;
-    result.date_high = static_cast<std::int32_t>(static_cast<std::uint32_t>(modified >> 32));
-    result.date_low = static_cast<std::int32_t>(static_cast<std::uint32_t>(modified));
-    result.link_count = facts.StandardInformation.NumberOfLinks;
-    result.identity = {serial, static_cast<std::uint64_t>(facts.InternalInformation.IndexNumber.QuadPart)};
-    result.modified_ns = nanoseconds_of(modified);
-    if (changed != 0) result.changed_ns = nanoseconds_of(changed);
+    file_facts result;
+    if (!entry || !tell_facts(entry, result) ||
+        !serials_.find(entry, path, result.identity.device, result.stacked))
+        return {};
     return result;
 }
 
 std::size_t windows_file_system::many_facts(std::span<const std::string_view> paths,
                                             std::span<file_facts> answers) {
-    return in_time(paths.size(), [&](std::size_t i) { answers[i] = facts(paths[i]); });
+    return pool_.run(paths.size(), in_a_row, most_threads(facts_pace_, paths.front()), facts_pace_,
+                     one_by_one([&](std::size_t i) { answers[i] = facts(paths[i]); }));
+}
+
+std::size_t windows_file_system::many_states(std::span<const std::string_view> paths,
+                                             std::span<file_facts> answers) {
+    return in_time(paths.size(), [&](std::size_t i) {
+        const std::string_view path = paths[i];
+        file_facts& answer = answers[i];
+        answer = {};
+        if (numbers_.holds(path)) {
+            if (numbers_.find(path, answer.identity) && tell_state(wide_path(path), answer)) return;
+            answer = facts(path);
+            return;
+        }
+        answer = facts(path);
+        // What a share tells may be older than what an open file of it tells.
+        if (!answer.exists || answer.stacked) return;
+        const std::size_t run = listed_numbers::run_at(paths, i);
+        if (run >= listed_numbers::least_run) numbers_.hold(path, answer, run);
+    });
 }
 
 std::size_t windows_file_system::many_exist(std::span<const std::string_view> paths,
@@ -80,10 +94,11 @@ std::size_t windows_file_system::many_exist(std::span<const std::string_view> pa
 }
 
 std::size_t windows_file_system::read_starts(std::span<start_request> requests) {
-    return in_time(requests.size(), [&](std::size_t i) {
-        start_request& each = requests[i];
-        each.count = read_start(each.path, each.buffer, each.expected);
-    });
+    return pool_.run(requests.size(), in_a_row, most_threads(starts_pace_, requests.front().path),
+                     starts_pace_, one_by_one([&](std::size_t i) {
+                         start_request& each = requests[i];
+                         each.count = read_start(each.path, each.buffer, each.expected);
+                     }));
 }
 
 std::string windows_file_system::resolve(const std::string& path) {

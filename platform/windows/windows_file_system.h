@@ -5,8 +5,10 @@
 
 #include "platform/file_system.h"
 #include "platform/name_mapping.h"
+#include "platform/request_pool.h"
 #include "platform/windows/code_page_files.h"
 #include "platform/windows/handle.h"
+#include "platform/windows/listed_numbers.h"
 #include "platform/windows/volume_serials.h"
 #include "platform/windows/windows_attributes.h"
 #include "platform/windows/windows_directories.h"
@@ -16,6 +18,7 @@ namespace corvane {
 
 class windows_file_system : public file_system {
   public:
+    windows_file_system();
     char separator() const override { return '\\'; }
     bool ignores_case() const override { return true; }
     const data_encoding* data_files() const override { return own_data_encoding(); }
@@ -37,6 +40,7 @@ class windows_file_system : public file_system {
     std::int64_t read_start(std::string_view path, std::span<std::byte> buffer,
                             std::size_t expected) override;
     std::size_t many_facts(std::span<const std::string_view> paths, std::span<file_facts> answers) override;
+    std::size_t many_states(std::span<const std::string_view> paths, std::span<file_facts> answers) override;
     std::size_t many_exist(std::span<const std::string_view> paths, std::span<std::uint8_t> answers) override;
     std::size_t read_starts(std::span<start_request> requests) override;
     outcome_with<file_reader> open_file(std::string_view path) override;
@@ -52,6 +56,10 @@ class windows_file_system : public file_system {
 
   private:
     volume_serials serials_;
+    listed_numbers numbers_;
+    request_pool pool_;
+    request_pace facts_pace_;
+    request_pace starts_pace_;
     handle claim_;  // the object that names the claimed directory
 };
 

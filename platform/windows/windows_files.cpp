@@ -22,19 +22,24 @@ OVERLAPPED place_in_file(std::int64_t offset) {
     return place;
 }
 
-// -1 on an error, less than the buffer only at the end of the file.
-std::int64_t read_some(const handle& file, std::int64_t offset, std::span<std::byte> buffer,
-                       std::size_t enough) {
+// -1 on an error, less than the buffer only at the end of the file. `position` is where the file stands, as
+// the system keeps it: a read that goes on from there costs less than one that names its place.
+std::int64_t read_some(const handle& file, std::int64_t& position, std::int64_t offset,
+                       std::span<std::byte> buffer, std::size_t enough) {
+    constexpr std::int64_t unknown = -1;
     std::size_t filled = 0;
     while (filled < buffer.size() && filled != enough) {
-        OVERLAPPED place = place_in_file(offset + static_cast<std::int64_t>(filled));
+        const std::int64_t at = offset + static_cast<std::int64_t>(filled);
+        OVERLAPPED place = place_in_file(at);
         const auto wanted = static_cast<DWORD>(std::min(buffer.size() - filled, longest_block));
         DWORD count = 0;
-        if (!ReadFile(file.get(), buffer.data() + filled, wanted, &count, &place)) {
+        OVERLAPPED* const named = std::exchange(position, unknown) == at ? nullptr : &place;
+        if (!ReadFile(file.get(), buffer.data() + filled, wanted, &count, named)) {
             if (GetLastError() == ERROR_HANDLE_EOF) break;
             return -1;
         }
         if (count == 0) break;
+        position = at + count;
         filled += count;
     }
     return static_cast<std::int64_t>(filled);
@@ -55,7 +60,7 @@ class windows_reader : public file_reader {
     explicit windows_reader(handle file) : file_(std::move(file)) {}
 
     std::int64_t read_at(std::int64_t offset, std::span<std::byte> buffer) override {
-        return read_some(file_, offset, buffer, buffer.size());
+        return read_some(file_, position_, offset, buffer, buffer.size());
     }
     // Windows reads ahead by itself as soon as two reads follow each other, and knows no other hint for a
     // file that is open.
@@ -64,6 +69,7 @@ class windows_reader : public file_reader {
 
   private:
     handle file_;
+    std::int64_t position_ = 0;
 };
 
 outcome write_all(const handle& file, std::int64_t offset, std::string_view bytes) {
@@ -159,7 +165,8 @@ outcome_with<file_reader> open_windows_reader(const std::wstring& path) {
 
 std::int64_t read_windows_start(const std::wstring& path, std::span<std::byte> buffer, std::size_t expected) {
     const handle file(CreateFileW(path.c_str(), GENERIC_READ, share_all, nullptr, OPEN_EXISTING, 0, nullptr));
-    return file ? read_some(file, 0, buffer, expected) : -1;
+    std::int64_t position = 0;
+    return file ? read_some(file, position, 0, buffer, expected) : -1;
 }
 
 outcome open_new_file(const std::wstring& beside, bool goes_with_handle, std::wstring& path, handle& file) {

@@ -379,6 +379,14 @@ TEST(Program, InAFolderThatCannotBeWrittenEveryTaskWorksFromMemory) {
     std::vector<std::uint8_t> found(asked.size());
     EXPECT_EQ(p.form.outside.files.many_exist(asked, found), asked.size());
     EXPECT_EQ(found, (std::vector<std::uint8_t>{1, 1, 0, 0}));
+    p.files.blur_state = [](std::string_view, file_facts& state) { state.link_count = 0; };
+    std::vector<file_facts> states(asked.size());
+    EXPECT_EQ(p.form.outside.files.many_states(asked, states), asked.size());
+    EXPECT_TRUE(states[0].exists && states[1].exists && !states[2].exists && !states[3].exists);
+    EXPECT_EQ(states[1].link_count, 1u) << "asked one by one, as the facts are";
+    EXPECT_EQ(p.form.outside.files.many_states(std::span(asked).subspan(1, 1), states), 1u);
+    EXPECT_EQ(states[0].link_count, 0u) << "of the disk alone, which tells states in its own way";
+    EXPECT_EQ(states[0].length, 4);
     // Without a twin the result of before is gone, the disk's old one included.
     p.files.erase("/d/b");
     p.form.run("search_check_m_Click");

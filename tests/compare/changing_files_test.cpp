@@ -39,8 +39,8 @@ void change_at_each_yield(int files, const std::string& content, const std::stri
     int changed_before_its_pair = 0;
     for (std::int64_t at = 1; reached; ++at) {
         test_program p;
-        for (char name = 'a'; name < 'a' + files; ++name)
-            p.files.add_file(std::string("/d/") + name, content);
+        for (int n = 0; n < files; ++n)
+            p.files.add_file(std::string("/d/") + static_cast<char>('a' + n), content);
         p.search({"/d"});
         reached = false;
         bool paired = false;
@@ -114,6 +114,45 @@ TEST(OneFile, SeenThroughAStackOfMountsIsNoPair) {
     }
     p.compare({"/merged", "/upper"});
     EXPECT_EQ(p.stored_pairs(), texts{"11 /merged/f /upper/g"});
+}
+
+TEST(OneFile, IsToldByItsFactsNotByTheStateThatItWasListedWith) {
+    for (const std::uint64_t links : {std::uint64_t{0}, std::uint64_t{1}, std::uint64_t{2}}) {
+        test_program p;
+        const std::uint64_t index = p.files.add_file("/d/a", "equal content").index;
+        p.files.add_file("/d/b", "equal content").index = index;
+        p.files.blur_state = [&](std::string_view, file_facts& state) { state.link_count = links; };
+        p.compare({"/d"});
+        EXPECT_EQ(p.stored_pairs(), texts{}) << links;
+        for (const char* path : {"/d/c", "/d/e"}) {
+            memory_file& file = p.files.add_file(path, "another content");
+            file.index = 4711;
+            file.link_count = 2;
+        }
+        p.compare({"/d"});
+        EXPECT_EQ(p.stored_pairs(), texts{"15 /d/c /d/e"}) << links;
+    }
+}
+
+// The state was told with the number of the file that stood there before.
+TEST(ChangingFile, ThatTookThePlaceOfAnotherIsInNoPairAndLeavesThoseOfTheOthers) {
+    for (const char* replaced : {"/d/a", "/d/b", "/d/c"}) {
+        test_program p;
+        for (const char* path : {"/d/a", "/d/b", "/d/c"}) p.files.add_file(path, "equal content");
+        p.files.blur_state = [&](std::string_view path, file_facts& state) {
+            if (path == replaced) state.identity.index = 4711;
+        };
+        p.compare({"/d"});
+        const std::string kept = replaced[3] == 'a' ? "/d/b" : "/d/a";
+        EXPECT_EQ(p.stored_pairs(), texts{"13 " + kept + (replaced[3] == 'c' ? " /d/b" : " /d/c")})
+            << replaced;
+        EXPECT_EQ(p.state.proven.find(replaced), nullptr);
+        EXPECT_NE(p.state.proven.find(kept), nullptr);
+        // The next comparison sees the file that stands there now.
+        p.files.blur_state = {};
+        p.compare({"/d"});
+        EXPECT_EQ(p.stored_pairs(), (texts{"13 /d/a /d/b", "13 /d/a /d/c"}));
+    }
 }
 
 TEST(OneFile, TheEntriesOfAnArchiveWithTwoPathsAreNoPair) {

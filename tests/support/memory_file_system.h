@@ -75,6 +75,10 @@ class memory_file_system : public file_system {
     std::vector<std::string> made_directories;
     std::int64_t total_opened() const;
 
+    // Makes what a disk may leave out of a state, or tell late, of what the facts say; empty: it is the
+    // facts.
+    std::function<void(std::string_view path, file_facts& state)> blur_state;
+
     // How data files are written; null: as they are.
     const data_encoding* encoding = nullptr;
 
@@ -93,6 +97,11 @@ class memory_file_system : public file_system {
         if (access.known) modes[path] = access.mode;
     }
     file_facts facts(std::string_view path) override;
+    std::size_t many_states(std::span<const std::string_view> paths, std::span<file_facts> answers) override {
+        const std::size_t count = many_facts(paths, answers);
+        for (std::size_t i = 0; blur_state && i < count; ++i) blur_state(paths[i], answers[i]);
+        return count;
+    }
     std::string resolve(const std::string& path) override;
     std::vector<mounted_tree> mounted_trees() override { return trees; }
     bool identity(const std::string& path, file_identity& identity) override;

@@ -297,6 +297,85 @@ TEST_F(WindowsDisk, ReadsAtAnyPlaceAndLessOnlyAtTheEnd) {
     EXPECT_EQ(reader->read_at(std::int64_t{1} << 40, buffer), 0);
 }
 
+TEST_F(WindowsDisk, ReadsOneAfterTheOtherAreWhereEachOfThemSays) {
+    make_file(L"f", "0123456789");
+    const outcome_with<file_reader> reader = files.open_file(root + "f");
+    ASSERT_TRUE(reader);
+    std::array<std::byte, 3> buffer;
+    const auto text_at = [&](std::int64_t offset) {
+        const std::int64_t count = reader->read_at(offset, buffer);
+        return count < 0 ? "no file"
+                         : std::string(reinterpret_cast<const char*>(buffer.data()),
+                                       static_cast<std::size_t>(count));
+    };
+    EXPECT_EQ(text_at(0), "012");
+    EXPECT_EQ(text_at(3), "345");
+    EXPECT_EQ(text_at(3), "345");
+    EXPECT_EQ(text_at(0), "012");
+    EXPECT_EQ(text_at(6), "678");
+    EXPECT_EQ(text_at(9), "9");
+    EXPECT_EQ(text_at(10), "");
+    EXPECT_EQ(text_at(1), "123");
+    EXPECT_EQ(text_at(100), "");
+    EXPECT_EQ(text_at(4), "456");
+}
+
+TEST_F(WindowsDisk, WhatComesToAFileIsReadBehindItsOldEnd) {
+    make_file(L"f", "old");
+    const outcome_with<file_reader> reader = files.open_file(root + "f");
+    ASSERT_TRUE(reader);
+    std::array<std::byte, 8> buffer;
+    EXPECT_EQ(reader->read_at(0, buffer), 3);
+    EXPECT_EQ(reader->read_at(3, buffer), 0);
+    const HANDLE file =
+        CreateFileW((wide_root + L"f").c_str(), FILE_APPEND_DATA, 7, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    DWORD written = 0;
+    EXPECT_TRUE(WriteFile(file, "new", 3, &written, nullptr));
+    CloseHandle(file);
+    EXPECT_EQ(reader->read_at(3, buffer), 3);
+    EXPECT_EQ(buffer[0], std::byte{'n'});
+}
+
+TEST_F(WindowsDisk, AStartIsReadToItsEndOrToWhatIsExpected) {
+    make_file(L"f", "0123456789");
+    std::array<std::byte, 16> wide;
+    std::array<std::byte, 4> narrow;
+    EXPECT_EQ(files.read_start(root + "f", wide, 10), 10);
+    EXPECT_EQ(files.read_start(root + "f", wide, 9), 10);
+    EXPECT_EQ(files.read_start(root + "f", wide, 16), 10);
+    EXPECT_EQ(wide[9], std::byte{'9'});
+    EXPECT_EQ(files.read_start(root + "f", narrow, 4), 4);
+    make_file(L"empty");
+    EXPECT_EQ(files.read_start(root + "empty", wide, 1), 0);
+}
+
+TEST_F(WindowsDisk, AWriteInPlaceShowsInTheFacts) {
+    make_file(L"f", "12345");
+    const file_facts before = files.facts(root + "f");
+    ASSERT_TRUE(before.exists);
+    EXPECT_EQ(before.length, 5);
+    EXPECT_FALSE(before.stacked);
+    file_identity known;
+    ASSERT_TRUE(files.identity(root + "f", known));
+    EXPECT_EQ(before.identity, known);
+    // Another time, far from the present one: no clock is asked to have moved on.
+    const std::uint64_t units = (std::uint64_t{981'173'106} + seconds_1601_to_1970) * 10'000'000;
+    const FILETIME time{static_cast<DWORD>(units), static_cast<DWORD>(units >> 32)};
+    const HANDLE file = CreateFileW((wide_root + L"f").c_str(), GENERIC_WRITE | FILE_WRITE_ATTRIBUTES, 7,
+                                    nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    DWORD written = 0;
+    EXPECT_TRUE(WriteFile(file, "1234567", 7, &written, nullptr));
+    EXPECT_TRUE(SetFileTime(file, nullptr, nullptr, &time));
+    CloseHandle(file);
+    const file_facts after = files.facts(root + "f");
+    EXPECT_EQ(after.length, 7);
+    EXPECT_EQ(after.modified_ns, 981'173'106'000'000'000);
+    EXPECT_EQ(after.identity, before.identity);
+    EXPECT_FALSE(same_state(before, after));
+}
+
 TEST_F(WindowsDisk, ManyQuestionsAreAnsweredAsOneByOne) {
     make_file(L"a", "1");
     make_file(L"b", "22");
@@ -316,6 +395,46 @@ TEST_F(WindowsDisk, ManyQuestionsAreAnsweredAsOneByOne) {
     for (std::size_t done = 0; done < 3;)
         done += files.many_exist(std::span(paths).subspan(done), std::span(there).subspan(done));
     EXPECT_EQ(there, (std::vector<std::uint8_t>{1, 0, 1}));
+}
+
+// More than one thread takes at once.
+TEST_F(WindowsDisk, ManyFilesAreReadAndAskedAboutAsEachAlone) {
+    std::vector<std::string> paths;
+    for (const wchar_t* folder : {L"一", L"two"}) {
+        make_directory(folder);
+        for (int i = 0; i < 90; ++i) {
+            const std::wstring name = std::wstring(folder) + L"\\f" + std::to_wstring(i);
+            if (i % 9 != 4) make_file(name, "content " + std::to_string(i * i));
+            paths.push_back(root + text_of(name));
+        }
+    }
+    const std::vector<std::string_view> asked(paths.begin(), paths.end());
+    std::vector<file_facts> told(paths.size());
+    for (std::size_t done = 0; done < asked.size();) {
+        const std::size_t count =
+            files.many_facts(std::span(asked).subspan(done), std::span(told).subspan(done));
+        ASSERT_GT(count, 0u);
+        done += count;
+    }
+    std::vector<std::array<std::byte, 16>> buffers(paths.size());
+    std::vector<start_request> requests;
+    for (std::size_t i = 0; i < paths.size(); ++i) requests.push_back({asked[i], buffers[i], 16});
+    for (std::size_t done = 0; done < requests.size();) {
+        const std::size_t count = files.read_starts(std::span(requests).subspan(done));
+        ASSERT_GT(count, 0u);
+        done += count;
+    }
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        const bool is_there = i % 90 % 9 != 4;
+        const std::string content = "content " + std::to_string(i % 90 * (i % 90));
+        EXPECT_EQ(told[i].exists, is_there) << paths[i];
+        EXPECT_EQ(requests[i].count, is_there ? static_cast<std::int64_t>(content.size()) : -1) << paths[i];
+        if (!is_there) continue;
+        EXPECT_EQ(std::string(reinterpret_cast<const char*>(buffers[i].data()), content.size()), content);
+        const file_facts alone = files.facts(paths[i]);
+        EXPECT_TRUE(same_state(told[i], alone)) << paths[i];
+        EXPECT_EQ(told[i].link_count, alone.link_count);
+    }
 }
 
 TEST_F(WindowsDisk, MakesADirectoryWithAllAboveIt) {

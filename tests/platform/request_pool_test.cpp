@@ -1,4 +1,4 @@
-#include "platform/linux/request_pool.h"
+#include "platform/request_pool.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "platform/linux/request_pool.h"
-
-#include <signal.h>
+#include "platform/request_pool.h"
 
 #include <algorithm>
 #include <system_error>
+
+#include "platform/helper_thread.h"
 
 namespace corvane {
 
@@ -11,22 +11,6 @@ namespace {
 
 constexpr double clear_gain = 1.15;  // twice as many threads that answer less more than this are too many
 constexpr int trusted_batches = 64;
-
-// Signals are the first thread's: what handles one counts on that.
-class signals_held {
-  public:
-    signals_held() {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &before_);
-    }
-    ~signals_held() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-    signals_held(const signals_held&) = delete;
-    signals_held& operator=(const signals_held&) = delete;
-
-  private:
-    sigset_t before_;
-};
 
 }  // namespace
 
@@ -147,9 +131,8 @@ void request_pool::help() {
 // A thread that the system refuses is done without.
 void request_pool::hire(unsigned helpers) {
     if (helpers_.size() >= helpers) return;
-    const signals_held held;
     try {
-        while (helpers_.size() < helpers) helpers_.emplace_back([this] { help(); });
+        while (helpers_.size() < helpers) helpers_.push_back(start_helper([this] { help(); }));
     } catch (const std::system_error&) {
     }
 }

@@ -1,5 +1,5 @@
 // Carries out many small questions to the disk on a bounded number of threads while the caller waits. Used by
-// linux_file_system for its calls that take many paths.
+// the disks of both systems for their calls that take many paths.
 #pragma once
 
 #include <atomic>
