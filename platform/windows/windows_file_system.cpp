@@ -64,6 +64,7 @@ file_facts windows_file_system::facts(std::string_view path) {
 
 std::size_t windows_file_system::many_facts(std::span<const std::string_view> paths,
                                             std::span<file_facts> answers) {
+    if (paths.empty()) return 0;
     return pool_.run(paths.size(), in_a_row, most_threads(facts_pace_, paths.front()), facts_pace_,
                      one_by_one([&](std::size_t i) { answers[i] = facts(paths[i]); }));
 }
@@ -94,6 +95,7 @@ std::size_t windows_file_system::many_exist(std::span<const std::string_view> pa
 }
 
 std::size_t windows_file_system::read_starts(std::span<start_request> requests) {
+    if (requests.empty()) return 0;
     return pool_.run(requests.size(), in_a_row, most_threads(starts_pace_, requests.front().path),
                      starts_pace_, one_by_one([&](std::size_t i) {
                          start_request& each = requests[i];
