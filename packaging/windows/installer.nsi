@@ -1,5 +1,5 @@
 ; The installer, for the user who starts it alone: no rights of an administrator are asked for. Made by packaging/windows/build,
-; which defines VERSION, FILES (what is installed), LISTS (uninstall.nsh), ICON and OUTPUT. Settings and records stand in
+; which defines VERSION, FILES (what is installed), LISTS (uninstall.nsh, panel.bmp), ICON and OUTPUT. Settings and records stand in
 ; %LOCALAPPDATA%\corvane and are neither made nor taken away here.
 Unicode true
 Target amd64-unicode
@@ -16,13 +16,15 @@ OutFile "${OUTPUT}"
 InstallDir "$LOCALAPPDATA\Programs\Corvane"
 InstallDirRegKey HKCU "Software\Corvane" "Folder"
 BrandingText "Corvane ${VERSION}"
+; A name that no other program of the same folder has.
+!define UNINSTALLER "uninstall-corvane.exe"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Corvane"
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${LISTS}/panel.bmp"
 !define MUI_ABORTWARNING
 !define MUI_FINISHPAGE_RUN "$INSTDIR\bin\corvane.exe"
-!insertmacro MUI_PAGE_WELCOME
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
@@ -71,12 +73,12 @@ FunctionEnd
 Section
     !insertmacro REFUSE_WHILE_IT_RUNS
     ; What an earlier version has installed, and this one has not, goes.
-    ${If} ${FileExists} "$INSTDIR\uninstall.exe"
-        ExecWait '"$INSTDIR\uninstall.exe" /S _?=$INSTDIR'
+    ${If} ${FileExists} "$INSTDIR\${UNINSTALLER}"
+        ExecWait '"$INSTDIR\${UNINSTALLER}" /S _?=$INSTDIR'
     ${EndIf}
     SetOutPath "$INSTDIR"
     File /r "${FILES}/*"
-    WriteUninstaller "$INSTDIR\uninstall.exe"
+    WriteUninstaller "$INSTDIR\${UNINSTALLER}"
     SetOutPath "$INSTDIR\bin"
     CreateShortcut "$SMPROGRAMS\Corvane.lnk" "$INSTDIR\bin\corvane.exe" "" "" "" SW_SHOWNORMAL "" "$(FINDS)"
     WriteRegStr HKCU "Software\Corvane" "Folder" "$INSTDIR"
@@ -84,8 +86,8 @@ Section
     WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
     WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\bin\corvane.exe"
     WriteRegStr HKCU "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
-    WriteRegStr HKCU "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
-    WriteRegStr HKCU "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
+    WriteRegStr HKCU "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\${UNINSTALLER}"'
+    WriteRegStr HKCU "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\${UNINSTALLER}" /S'
     WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoModify" 1
     WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoRepair" 1
     ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
@@ -96,7 +98,7 @@ Section Uninstall
     !insertmacro REFUSE_WHILE_IT_RUNS
     SetOutPath "$TEMP"
     !include "${LISTS}/uninstall.nsh"
-    Delete "$INSTDIR\uninstall.exe"
+    Delete "$INSTDIR\${UNINSTALLER}"
     RMDir "$INSTDIR"
     Delete "$SMPROGRAMS\Corvane.lnk"
     DeleteRegKey HKCU "${UNINSTALL_KEY}"

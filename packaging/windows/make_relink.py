@@ -21,7 +21,8 @@ for word in arguments:
     if word == "-o":
         next(arguments)
         continue
-    if word.startswith(("-Wl,--out-implib", "-Wl,--major-image", "-Wl,--minor-image")) or "ccache" in word:
+    # What is about compiling, and about a library for others that a program does not have.
+    if word.startswith(("-ffile-prefix-map", "-O", "-D", "-Wl,--out-implib", "-Wl,--major-image", "-Wl,--minor-image")):
         continue
     path = os.path.normpath(os.path.join(build, word))
     if word.startswith("-"):
