@@ -1,9 +1,10 @@
 ; The installer, for the user who starts it alone: no rights of an administrator are asked for. Made by packaging/windows/build,
-; which defines VERSION, FILES (what is installed), LISTS (uninstall.nsh, panel.bmp), ICON and OUTPUT. Settings and records stand in
+; which defines VERSION, LISTS (install.nsh, uninstall.nsh, panel.bmp), ICON and OUTPUT. Settings and records stand in
 ; %LOCALAPPDATA%\corvane and are neither made nor taken away here.
 Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma
+SetCompressorDictSize 64
 ManifestDPIAware true
 RequestExecutionLevel user
 !include MUI2.nsh
@@ -76,8 +77,7 @@ Section
     ${If} ${FileExists} "$INSTDIR\${UNINSTALLER}"
         ExecWait '"$INSTDIR\${UNINSTALLER}" /S _?=$INSTDIR'
     ${EndIf}
-    SetOutPath "$INSTDIR"
-    File /r "${FILES}/*"
+    !include "${LISTS}/install.nsh"
     WriteUninstaller "$INSTDIR\${UNINSTALLER}"
     SetOutPath "$INSTDIR\bin"
     CreateShortcut "$SMPROGRAMS\Corvane.lnk" "$INSTDIR\bin\corvane.exe" "" "" "" SW_SHOWNORMAL "" "$(FINDS)"
