@@ -9,9 +9,9 @@
 
 #include "forms/colours.h"
 #include "forms/icons.h"
+#include "forms/linked_libraries.h"
 #include "forms/mirror.h"
 #include "forms/own_words.h"
-#include "platform/desktop/desktop_versions.h"
 
 namespace corvane {
 
@@ -30,28 +30,11 @@ QFont heading_font(QFont font, double factor) {
 
 }  // namespace
 
-std::vector<used_library> libraries_in_use() {
-    return {
-        {"Qt (Core, Gui, Widgets, Svg)", qVersion(), "The Qt Company Ltd. and other contributors",
-         "GNU LGPL 3 (/usr/share/common-licenses/LGPL-3)",
-         "https://download.qt.io/archive/qt/ ; apt-get source qt6-base qt6-svg"},
-        {"GLib, GIO", glib_version(), "the GLib authors",
-         "GNU LGPL 2.1+ (/usr/share/common-licenses/LGPL-2.1)",
-         "https://download.gnome.org/sources/glib/ ; apt-get source glib2.0"},
-        {"GNU C Library", c_library_version(), "Free Software Foundation, Inc. and others",
-         "GNU LGPL 2.1+ (/usr/share/common-licenses/LGPL-2.1)",
-         "https://ftp.gnu.org/gnu/glibc/ ; apt-get source glibc"},
-        {"GNU libstdc++", cpp_library_version(), "Free Software Foundation, Inc.",
-         "GNU GPL 3 with the GCC Runtime Library Exception 3.1 (/usr/share/common-licenses/GPL-3)",
-         "https://ftp.gnu.org/gnu/gcc/ ; apt-get source gcc-12"},
-    };
-}
-
 about_window::about_window(Tavrel& main, about_form& form, std::function<void(const std::string&)> act,
                            QWidget* parent)
     : child_window(main, form, std::move(act), parent), form_(form) {
     setWindowModality(Qt::WindowModal);
-    form_.set_libraries(libraries_in_use());
+    form_.set_libraries(libraries_in_use(), replacing_words());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(edge, edge, edge, edge);
     layout->setSpacing(10);

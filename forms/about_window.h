@@ -11,9 +11,6 @@ class QPlainTextEdit;
 
 namespace corvane {
 
-// The libraries of this front end as they run: Qt, GLib, the C and C++ libraries.
-std::vector<used_library> libraries_in_use();
-
 class about_window : public child_window {
   public:
     about_window(Tavrel& main, about_form& form, std::function<void(const std::string&)> act,

@@ -10,12 +10,6 @@
 
 namespace corvane {
 
-namespace {
-bool is_hidden(const std::string& name) {
-    return name.starts_with('.');
-}
-}  // namespace
-
 directory_model::directory_model(file_system& files, QObject* parent)
     : QAbstractItemModel(parent), files_(files) {}
 
@@ -103,27 +97,35 @@ void directory_model::fetchMore(const QModelIndex& parent) {
     if (!canFetchMore(parent)) return;
     node* above = node_of(parent);
     above->listed = true;
-    const auto reader = files_.open_directory(path_of(*above));
+    const std::string directory = path_of(*above);
+    const auto reader = files_.open_directory(directory);
     if (!reader) return;
-    std::vector<std::string> names;
+    struct entry {
+        std::string name;
+        bool hidden;
+    };
+    std::vector<entry> found;
     std::string_view name;
     entry_kind kind;
-    while (reader->next(name, kind))
-        if (kind == entry_kind::directory || kind == entry_kind::link_to_directory)
-            if (hidden_shown_ || !is_hidden(std::string(name))) names.emplace_back(name);
-    if (names.empty()) return;
+    while (reader->next(name, kind)) {
+        if (kind != entry_kind::directory && kind != entry_kind::link_to_directory) continue;
+        const bool hidden = files_.hides(directory, name);
+        if (hidden_shown_ || !hidden) found.push_back({std::string(name), hidden});
+    }
+    if (found.empty()) return;
     QCollator order;
     order.setNumericMode(true);
     order.setCaseSensitivity(Qt::CaseInsensitive);
-    std::sort(names.begin(), names.end(), [&](const std::string& a, const std::string& b) {
-        if (is_hidden(a) != is_hidden(b)) return is_hidden(b);
-        const int compared = order.compare(screen_line(a), screen_line(b));
-        return compared != 0 ? compared < 0 : a < b;
+    std::sort(found.begin(), found.end(), [&](const entry& a, const entry& b) {
+        if (a.hidden != b.hidden) return b.hidden;
+        const int compared = order.compare(screen_line(a.name), screen_line(b.name));
+        return compared != 0 ? compared < 0 : a.name < b.name;
     });
-    beginInsertRows(parent, 0, static_cast<int>(names.size()) - 1);
-    for (std::string& found : names) {
+    beginInsertRows(parent, 0, static_cast<int>(found.size()) - 1);
+    for (entry& each : found) {
         auto child = std::make_unique<node>();
-        child->name = std::move(found);
+        child->name = std::move(each.name);
+        child->hidden = each.hidden;
         child->parent = above;
         child->row = static_cast<int>(above->children.size());
         above->children.push_back(std::move(child));
@@ -142,8 +144,7 @@ QVariant directory_model::data(const QModelIndex& index, int role) const {
         case Qt::DecorationRole:
             return QApplication::style()->standardIcon(QStyle::SP_DirIcon);
         case Qt::ForegroundRole:
-            return place->parent && is_hidden(place->name) ? QVariant(quiet_text(QApplication::palette()))
-                                                           : QVariant();
+            return place->hidden ? QVariant(quiet_text(QApplication::palette())) : QVariant();
         default:
             return {};
     }

@@ -42,6 +42,7 @@ class directory_model : public QAbstractItemModel {
         node* parent = nullptr;
         int row = 0;
         bool listed = false;
+        bool hidden = false;
         std::vector<std::unique_ptr<node>> children;
     };
 

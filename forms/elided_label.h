@@ -1,5 +1,5 @@
-// One line of text that is cut, at its end if nothing else is said, where there is no room; the whole stands in its tip then. Used by
-// the lines around the list.
+// One line of text that is cut, at its end if nothing else is said, where there is no room; the whole stands
+// in its tip then. Used by the lines around the list.
 #pragma once
 
 #include <QWidget>

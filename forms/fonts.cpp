@@ -22,9 +22,10 @@ QStringList with_chinese(QStringList families, std::initializer_list<const char*
 }  // namespace
 
 QFont interface_font(QFont desktop_font) {
-    desktop_font.setFamilies(with_chinese(
-        {desktop_font.family()}, {"Noto Sans CJK SC", "Noto Sans SC", "Source Han Sans SC", "Microsoft YaHei",
-                                  "WenQuanYi Micro Hei", "WenQuanYi Zen Hei"}));
+    desktop_font.setFamilies(
+        with_chinese({desktop_font.family()},
+                     {"Noto Sans CJK SC", "Noto Sans SC", "Source Han Sans SC", "Microsoft YaHei UI",
+                      "Microsoft YaHei", "WenQuanYi Micro Hei", "WenQuanYi Zen Hei"}));
     if (desktop_font.pointSizeF() > 0)
         desktop_font.setPointSizeF(std::max(desktop_font.pointSizeF(), smallest_size));
     return desktop_font;
@@ -32,8 +33,9 @@ QFont interface_font(QFont desktop_font) {
 
 QFont even_font() {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    font.setFamilies(with_chinese({font.family()}, {"Noto Sans Mono CJK SC", "WenQuanYi Micro Hei Mono",
-                                                    "WenQuanYi Zen Hei Mono", "Noto Sans CJK SC"}));
+    font.setFamilies(
+        with_chinese({font.family()}, {"Noto Sans Mono CJK SC", "WenQuanYi Micro Hei Mono",
+                                       "WenQuanYi Zen Hei Mono", "NSimSun", "Noto Sans CJK SC"}));
     font.setPointSizeF(std::max(font.pointSizeF(), smallest_size));
     font.setStyleHint(QFont::Monospace);
     return font;

@@ -1,4 +1,5 @@
-// The program's drawings, recoloured by the palette. Used by the task column, the start page and the windows.
+// The program's drawings, recoloured by the palette. Used by the task column, the start page and the windows;
+// written twice, in linux/ and windows/.
 #pragma once
 
 #include <QColor>

@@ -1,13 +1,14 @@
 // The desktop program `corvane`.
 #include <QApplication>
 #include <QTimer>
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/program.h"
 #include "app/program_place.h"
@@ -15,41 +16,28 @@
 #include "core/language/translation.h"
 #include "core/settings/added_settings.h"
 #include "core/settings/data_files.h"
+#include "core/text/path_text.h"
 #include "forms/fonts.h"
 #include "forms/front_end.h"
 #include "forms/help_window.h"
 #include "forms/icons.h"
+#include "forms/own_display.h"
 #include "forms/own_words.h"
+#include "forms/path_names.h"
 #include "forms/qt_shell.h"
 #include "forms/qt_user_interface.h"
 #include "forms/start_arguments.h"
 #include "platform/big_blocks.h"
-#include "platform/desktop/desktop_attention.h"
-#include "platform/desktop/desktop_instance_link.h"
-#include "platform/desktop/desktop_power.h"
-#include "platform/linux/linux_file_system.h"
-#include "platform/linux/linux_text_encoding.h"
-#include "platform/linux/linux_trash.h"
-#include "platform/name_mapping.h"
+#include "platform/machine.h"
 #include "platform/own_process.h"
+#include "platform/standard_streams.h"
 
 namespace {
 
-bool is_set(const char* variable) {
-    const char* value = std::getenv(variable);
-    return value && *value;
-}
-
-bool asks_for_platform(int count, char** arguments) {
-    for (int i = 1; i < count; ++i)
-        if (!std::strcmp(arguments[i], "-platform") || !std::strcmp(arguments[i], "--platform")) return true;
-    return false;
-}
-
 // By CORVANE_LANGUAGE, else as the options say.
 bool speaks_english(corvane::file_system& files, const std::string& program_dir) {
-    if (is_set("CORVANE_LANGUAGE"))
-        return std::string_view(std::getenv("CORVANE_LANGUAGE")).starts_with("en");
+    const char* asked = std::getenv("CORVANE_LANGUAGE");
+    if (asked != nullptr && *asked != '\0') return std::string_view(asked).starts_with("en");
     return corvane::read_added_settings(files, program_dir + corvane::data_file::added_settings).english;
 }
 
@@ -62,22 +50,34 @@ bool is_told(const corvane::start_arguments& asked) {
     return asked.help || asked.version;
 }
 
+corvane::program_place place_of(corvane::file_system& files, const corvane::start_arguments& given) {
+    std::string asked;
+    if (!given.program_dir.empty()) asked = corvane::with_separator(given.program_dir, files.separator());
+    return corvane::find_program_place(
+        files, {asked, corvane::own_folder(), corvane::user_data_home(), corvane::own_user()});
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     corvane::return_big_blocks();
     corvane::keep_to_own_home();
+    corvane::join_terminal();
+    // As other programs see them, whatever main's have lost; Qt takes its own options out of them.
+    std::vector<std::string> words = corvane::own_arguments(argc, argv);
+    std::string program_name = argc > 0 ? argv[0] : "corvane";
+    std::vector<char*> arguments{program_name.data()};
+    for (std::string& word : words) arguments.push_back(word.data());
+    int count = static_cast<int>(arguments.size());
+    arguments.push_back(nullptr);
+    const auto given_words = [&] {
+        return std::span<const char* const>(arguments.data() + 1, static_cast<std::size_t>(count - 1));
+    };
     // Before there is a display; Qt's own options, which it takes below, do not count.
-    if (is_told(corvane::read_start_arguments({argv + 1, static_cast<std::size_t>(std::max(argc - 1, 0))})))
-        return 0;
-    if (!is_set("DISPLAY") && !is_set("WAYLAND_DISPLAY") && !is_set("QT_QPA_PLATFORM") &&
-        !asks_for_platform(argc, argv)) {
-        std::fputs("corvane: 没有可用的显示 (DISPLAY 和 WAYLAND_DISPLAY 都未设置)\n", stderr);
-        return 2;
-    }
-    QApplication application(argc, argv);
-    const corvane::start_arguments given =
-        corvane::read_start_arguments({argv + 1, static_cast<std::size_t>(argc - 1)});
+    if (is_told(corvane::read_start_arguments(given_words()))) return 0;
+    if (!corvane::has_display(given_words())) return 2;
+    QApplication application(count, arguments.data());
+    const corvane::start_arguments given = corvane::read_start_arguments(given_words());
     if (given.wrong) {
         std::fputs(corvane::start_usage, stderr);
         return 2;
@@ -88,25 +88,25 @@ int main(int argc, char** argv) {
     QApplication::setFont(corvane::interface_font(QApplication::font()));
     QApplication::setQuitOnLastWindowClosed(false);
 
-    corvane::linux_file_system files;
-    const corvane::program_place place = corvane::find_program_place(
-        files, {given.program_dir, corvane::own_folder(), corvane::user_data_home(), corvane::own_user()});
-    corvane::qt_shell desktop;
-    corvane::desktop_power machine;
+    const std::unique_ptr<corvane::file_system> files = corvane::make_file_system();
+    const corvane::program_place place = place_of(*files, given);
+    corvane::qt_shell desktop(corvane::make_shell());
+    const std::unique_ptr<corvane::power> machine = corvane::make_power();
     corvane::qt_user_interface screen;
-    corvane::linux_text_encoding encodings;
-    corvane::desktop_instance_link instances;
-    corvane::desktop_attention notice;
-    corvane::linux_trash bin;
-    corvane::program program({files, desktop, machine, screen, encodings, &instances, &notice, &bin}, place);
+    const std::unique_ptr<corvane::text_encoding> encodings = corvane::make_text_encoding();
+    const std::unique_ptr<corvane::instance_link> instances = corvane::make_instance_link();
+    const std::unique_ptr<corvane::attention> notice = corvane::make_attention();
+    const std::unique_ptr<corvane::trash> bin = corvane::make_trash();
+    corvane::program program(
+        {*files, desktop, *machine, screen, *encodings, instances.get(), notice.get(), bin.get()}, place);
     program.open_with(given.directories);
     std::optional<corvane::translation> table;
-    if (speaks_english(files, place.folder)) {
+    if (speaks_english(*files, place.folder)) {
         corvane::use_translation(&table.emplace(corvane::english()));
         program.main_form().state.speaks_english = true;
     }
     corvane::front_end windows(program, screen);
-    corvane::help_window help(corvane::help_folder(QString::fromStdString(corvane::to_raw(place.shared))));
+    corvane::help_window help(corvane::help_folder(corvane::system_path(place.shared)));
     desktop.show_help = [&help](const QString& page) { return help.open(page); };
     // Inside the event loop, so that a program closed while it starts leaves the loop as well.
     QTimer::singleShot(0, &application, [&windows, &program] {

@@ -1,20 +1,16 @@
 // Paths between Qt's texts and the program's. Used where Qt hands a path over: drops, file dialogs, volumes.
+// Written twice, in linux/ and windows/.
 #pragma once
 
-#include <QFile>
 #include <QString>
 #include <string>
 
-#include "platform/name_mapping.h"
-
 namespace corvane {
 
-inline std::string program_path(const QString& path) {
-    return to_text(QFile::encodeName(path).toStdString());
-}
+// With the separators of the disk.
+std::string program_path(const QString& path);
 
-inline QString system_path(const std::string& path) {
-    return QFile::decodeName(QByteArray::fromStdString(to_raw(path)));
-}
+// As Qt's calls take it. Empty for a text that is no name of this system.
+QString system_path(const std::string& path);
 
 }  // namespace corvane

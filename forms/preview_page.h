@@ -1,5 +1,5 @@
 // The first page of a document, drawn by a program of its own, `pdftoppm` of poppler-utils: what a hostile
-// document breaks is that process. Used by preview_worker.
+// document breaks is that process. Used by preview_worker; written twice, in linux/ and windows/.
 #pragma once
 
 #include <QByteArray>

@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-#include "core/text/path_text.h"
 #include "platform/name_mapping.h"
 #include "platform/typed_path.h"
 
@@ -48,8 +47,7 @@ start_arguments read_start_arguments(std::span<const char* const> arguments) {
             read.wrong = true;
         if (names_folder && read.program_dir.empty()) read.wrong = true;
     }
-    if (!read.program_dir.empty())
-        read.program_dir = with_separator(absolute_text(read.program_dir, read), '/');
+    if (!read.program_dir.empty()) read.program_dir = absolute_text(read.program_dir, read);
     return read;
 }
 

@@ -8,8 +8,9 @@
 namespace corvane {
 
 struct start_arguments {
-    std::string program_dir;  // absolute, as the program's text, with its closing separator; empty: none
-    std::vector<std::string> directories;  // absolute, as the program's text, without a closing separator
+    // Both absolute, as the program's text, without a closing separator but at a root.
+    std::string program_dir;  // empty: none
+    std::vector<std::string> directories;
     bool help = false;
     bool version = false;
     bool wrong = false;

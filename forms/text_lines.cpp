@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "forms/screen_text.h"
 
@@ -19,6 +20,7 @@ void text_lines::open(const std::string& path) {
     reader_.reset();
     reason_.clear();
     starts_.clear();
+    encoding_ = files_.data_files();
     looked_through_ = 0;
     complete_ = true;
     if (path.empty()) return;
@@ -43,7 +45,9 @@ bool text_lines::find_more() {
     }
     if (looked_through_ == 0) {
         const std::string_view start(slice.data(), static_cast<std::size_t>(got));
-        starts_.push_back(start.starts_with(byte_order_mark) ? 3 : 0);
+        const bool is_marked = start.starts_with(byte_order_mark);
+        if (is_marked) encoding_ = nullptr;
+        starts_.push_back(is_marked ? 3 : 0);
     }
     const char* const begin = slice.data();
     const char* const end = begin + got;
@@ -76,7 +80,12 @@ QString text_lines::line(std::int64_t number) const {
         reader_->read_at(start, std::as_writable_bytes(std::span(bytes.data(), bytes.size())));
     bytes.resize(static_cast<std::size_t>(std::max<std::int64_t>(got, 0)));
     while (!bytes.empty() && (bytes.back() == '\n' || bytes.back() == '\r')) bytes.pop_back();
-    QString shown = screen_text(bytes);
+    std::string text;
+    if (encoding_ != nullptr)
+        encoding_->append_text(text, bytes);
+    else
+        text = std::move(bytes);
+    QString shown = screen_text(text);
     for (qsizetype i = 0; i < shown.size(); ++i) {
         const char16_t unit = shown.at(i).unicode();
         if (unit < 0x20 && unit != '\t') shown[i] = QChar(static_cast<char16_t>(0x2400 + unit));

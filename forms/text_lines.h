@@ -1,4 +1,4 @@
-// The lines of a text file, found in slices and read as they come into view, so that a file of a million
+// The lines of a data file, found in slices and read as they come into view, so that a file of a million
 // lines is shown at once. Used by text_view.
 #pragma once
 
@@ -35,7 +35,8 @@ class text_lines {
     file_system& files_;
     std::unique_ptr<file_reader> reader_;
     std::string reason_;
-    std::vector<std::int64_t> starts_;  // where each line begins
+    const data_encoding* encoding_ = nullptr;  // null: as texts are in memory
+    std::vector<std::int64_t> starts_;         // where each line begins
     std::int64_t looked_through_ = 0;
     bool complete_ = true;
 };

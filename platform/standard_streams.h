@@ -1,4 +1,4 @@
-// The streams and signals that a program in a terminal is started with. Used by the console.
+// The streams and signals that a program in a terminal is started with. Used by the mains.
 #pragma once
 
 #include <cstdio>
@@ -8,6 +8,10 @@ namespace corvane {
 // Opens those of the first three streams that the program was started without, so that no file of its own
 // takes their numbers: what is written to them fails, and what is read from them is empty.
 void hold_standard_streams();
+
+// Has a program with windows write to the terminal that it was started from, where the system gives it none
+// by itself; a stream that leads somewhere stays.
+void join_terminal();
 
 bool is_terminal(std::FILE* stream);
 

@@ -43,7 +43,8 @@ about_form::about_form(Tavrel& main, const std::string& version, std::string web
     Label2.visible = Label4.visible = !web_page_.empty();
 }
 
-void about_form::set_libraries(const std::vector<used_library>& libraries) {
+void about_form::set_libraries(const std::vector<used_library>& libraries, const std::string& replacing) {
+    replacing_ = replacing;
     Text1.text.clear();
     for (const used_library& library : libraries) {
         if (!Text1.text.empty()) Text1.text += "\r\n\r\n";
@@ -62,6 +63,8 @@ bool about_form::open_web_page() {
 }
 
 void about_form::open() {
+    // A table of a language has words of its own there.
+    if (!replacing_.empty()) Label5.caption = replacing_;
     open_following(main_, *this);
     visible = true;
 }

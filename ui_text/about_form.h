@@ -40,7 +40,8 @@ class about_form : public form_model {
     control& Label5;    // that a library may be replaced
     control& Text1;     // the libraries and their licences
 
-    void set_libraries(const std::vector<used_library>& libraries);
+    // `replacing` says how one of them is replaced; empty: they are linked dynamically.
+    void set_libraries(const std::vector<used_library>& libraries, const std::string& replacing = {});
     // The configured address; empty: there is none.
     const std::string& web_page() const { return web_page_; }
     // Opens the web page; false when none is configured.
@@ -53,6 +54,7 @@ class about_form : public form_model {
 
     Tavrel& main_;
     std::string web_page_;
+    std::string replacing_;
 };
 
 }  // namespace corvane

@@ -29,6 +29,13 @@ void hold_standard_streams() {
     if (is_terminal(stdout) || is_terminal(stderr)) SetConsoleOutputCP(CP_UTF8);
 }
 
+void join_terminal() {
+    const auto is_missing = [](std::FILE* stream) { return _fileno(stream) < 0; };
+    if (!is_missing(stdout) || !is_missing(stderr) || !AttachConsole(ATTACH_PARENT_PROCESS)) return;
+    for (std::FILE* stream : {stdout, stderr}) static_cast<void>(std::freopen("CONOUT$", "w", stream));
+    SetConsoleOutputCP(CP_UTF8);
+}
+
 bool is_terminal(std::FILE* stream) {
     DWORD mode = 0;
     return GetConsoleMode(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream))), &mode) != 0;

@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <QTest>
 #include <QUrl>
+#include <algorithm>
 
 #include "core/tasks/progress.h"
 #include "forms/directory_model.h"
@@ -72,6 +73,36 @@ TEST(directory_window, lists_directories_in_reading_order_hidden_ones_last) {
     EXPECT_EQ(tree.path(tree.index(3, 0, again)), "/home/li/.config");
     EXPECT_TRUE(tree.find("/home/li/音乐/古典").isValid());
     EXPECT_FALSE(tree.find("/home/li/note.txt").isValid());
+}
+
+// A disk where names do not tell what is hidden.
+struct marking_disk : memory_file_system {
+    bool hides(const std::string& directory, std::string_view name) override {
+        asked.push_back(directory + ' ' + std::string(name));
+        return name == "AppData";
+    }
+    std::vector<std::string> asked;
+};
+
+TEST(directory_window, what_is_hidden_the_disk_says) {
+    marking_disk disk;
+    for (const char* path : {"/u/AppData", "/u/.dot", "/u/Music", "/u/Music/a"}) disk.add_directory(path);
+    disk.add_file("/u/f.txt", "x");
+    directory_model tree(disk, nullptr);
+    tree.set_root("/u/");
+    tree.fetchMore(tree.index(0, 0));
+    ASSERT_EQ(tree.rowCount(tree.index(0, 0)), 2);
+    EXPECT_EQ(tree.path(tree.index(0, 0, tree.index(0, 0))), "/u/.dot");
+    std::sort(disk.asked.begin(), disk.asked.end());
+    EXPECT_EQ(disk.asked, (paths{"/u/ .dot", "/u/ AppData", "/u/ Music"})) << "folders alone are asked about";
+    tree.show_hidden(true);
+    tree.fetchMore(tree.index(0, 0));
+    const QModelIndex last = tree.index(2, 0, tree.index(0, 0));
+    EXPECT_EQ(tree.path(last), "/u/AppData");
+    EXPECT_TRUE(tree.data(last, Qt::ForegroundRole).isValid());
+    EXPECT_FALSE(tree.data(tree.index(1, 0, tree.index(0, 0)), Qt::ForegroundRole).isValid());
+    // The root is shown as every other one, whatever its name is.
+    EXPECT_FALSE(tree.data(tree.index(0, 0), Qt::ForegroundRole).isValid());
 }
 
 TEST(directory_window, the_tree_tells_its_current_directory) {

@@ -229,7 +229,7 @@ TEST(HelpWindow, CanBeReadWhileABoxWaitsAndStaysWhenItCloses) {
 }
 
 TEST(HelpWindow, TheShellAnswersWithIt) {
-    qt_shell shell;
+    qt_shell shell(std::make_unique<recording_shell>());
     help_window help(chinese);
     shell.show_help = [&help](const QString& file) { return help.open(file); };
     EXPECT_TRUE(shell.open_help_topic("/prog/Corvane帮助.chm", page(9).toStdString()));

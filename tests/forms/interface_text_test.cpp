@@ -9,6 +9,7 @@
 
 #include "forms/about_window.h"
 #include "forms/directory_window.h"
+#include "forms/linked_libraries.h"
 #include "forms/main_window.h"
 #include "tests/forms/forms_program.h"
 

@@ -13,7 +13,7 @@
 #include "forms/preview_pane.h"
 #include "forms/preview_side.h"
 #include "forms/preview_worker.h"
-#include "platform/linux/linux_text_encoding.h"
+#include "platform/machine.h"
 #include "tests/forms/forms_program.h"
 
 namespace corvane {
@@ -127,7 +127,8 @@ struct slow_window {
     gated_disk files;
     recording_shell desktop;
     dated_interface screen;
-    linux_text_encoding encodings;
+    const std::unique_ptr<text_encoding> own_encodings = make_text_encoding();
+    text_encoding& encodings = *own_encodings;
     scripted_instances instances;
     scripted_attention notice;
     program corvane{{files, desktop, desktop, screen, encodings, &instances, &notice}, "/prog/"};

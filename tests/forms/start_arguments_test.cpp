@@ -27,8 +27,9 @@ TEST(start_arguments, directories_are_absolute_and_without_a_closing_separator) 
 }
 
 TEST(start_arguments, the_program_folder_stands_in_one_argument_or_in_two) {
-    EXPECT_EQ(read({"--program-dir", "/p", "/a"}).program_dir, "/p/");
-    EXPECT_EQ(read({"--program-dir=/p/", "/a"}).program_dir, "/p/");
+    EXPECT_EQ(read({"--program-dir", "/p", "/a"}).program_dir, "/p");
+    EXPECT_EQ(read({"--program-dir=/p/", "/a"}).program_dir, "/p");
+    EXPECT_EQ(read({"--program-dir=/"}).program_dir, "/");
     EXPECT_EQ(read({"/a", "--program-dir=/p"}).directories, texts{"/a"});
 }
 

@@ -10,6 +10,7 @@
 #include "forms/text_view.h"
 #include "tests/forms/processor_time.h"
 #include "tests/support/memory_file_system.h"
+#include "tests/support/turned_encoding.h"
 
 namespace corvane {
 namespace {
@@ -44,6 +45,30 @@ TEST(text_lines, a_byte_order_mark_is_not_shown) {
                        "first\n")
                   .lines.line(0),
               QStringLiteral("first"));
+}
+
+TEST(text_lines, are_read_as_the_machine_writes_its_data_files) {
+    const turned_encoding turned;
+    memory_file_system files;
+    files.encoding = &turned;
+    files.add_file("/t.txt", turned_encoding::of("D:\\照片\r\n乙\r\n"));
+    // A file that says what it is in is believed.
+    files.add_file("/u.txt", "\xEF\xBB\xBF甲\r\n");
+    text_lines lines(files);
+    lines.open("/t.txt");
+    while (lines.find_more()) {
+    }
+    ASSERT_EQ(lines.count(), 2);
+    EXPECT_EQ(lines.line(0), QStringLiteral("D:\\照片"));
+    EXPECT_EQ(lines.line(1), QStringLiteral("乙"));
+    lines.open("/u.txt");
+    while (lines.find_more()) {
+    }
+    EXPECT_EQ(lines.line(0), QStringLiteral("甲"));
+    lines.open("/t.txt");
+    while (lines.find_more()) {
+    }
+    EXPECT_EQ(lines.line(1), QStringLiteral("乙"));
 }
 
 TEST(text_lines, bytes_that_are_no_text_are_shown_as_marks) {

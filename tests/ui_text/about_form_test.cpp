@@ -43,6 +43,20 @@ TEST(About, TheLibrariesAreToldWithLicenceAndSource) {
               "3\r\n版权：These\r\n许可：GPL\r\n源代码：here");
 }
 
+TEST(About, AFrontEndSaysHowItsLibrariesAreReplaced) {
+    test_program p;
+    about_form& about = p.corvane.texts().about();
+    const std::string usual = about.Label5.caption;
+    about.set_libraries({});
+    p.form.run("关于_M");
+    EXPECT_EQ(about.Label5.caption, usual);
+    about.set_libraries({}, "so");
+    // The Chinese table has words of its own for it.
+    p.form.run("Command37_Click");
+    p.form.run("关于_M");
+    EXPECT_EQ(about.Label5.caption, "so");
+}
+
 TEST(SystemInformation, TheFirstToolOfTheMachineIsStarted) {
     test_program p;
     p.desktop.programs = {{"kinfocenter", "/usr/bin/kinfocenter"}, {"hardinfo", "/usr/bin/hardinfo"}};

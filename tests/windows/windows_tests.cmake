@@ -49,3 +49,6 @@ endforeach()
 add_test(NAME windows.roads COMMAND Python3::Interpreter "${CMAKE_CURRENT_SOURCE_DIR}/windows/roads_test.py"
          "${CMAKE_CROSSCOMPILING_EMULATOR}" $<TARGET_FILE:corvane-console>)
 corvane_limit_tests()
+if(CORVANE_FORMS)
+    add_subdirectory(forms)
+endif()

@@ -15,7 +15,7 @@ stored = {
     "core/settings/data_files.h",  # names of files
     "core/text/text_format.h",  # heads of stored files
     "app/still_to_come.cpp",  # names of handlers
-    "forms/main.cpp",  # what a terminal is told before there is a window
+    "forms/linux/own_display.cpp",  # what a terminal is told before there is a window
     "core/archives/rar_reader.cpp",  # "err.txt"
     "core/archives/zip_reader.cpp",  # the same
     "platform/linux/trash_info.cpp",  # names of files

@@ -165,11 +165,16 @@ TEST_F(WindowsDisk, AttributesAreThoseOfTheDisk) {
     EXPECT_FALSE(directory.read_only);
     EXPECT_FALSE(files.attributes(root + "kept\\").exists);
     EXPECT_FALSE(files.attributes(root + "missing").exists);
+    EXPECT_TRUE(files.hides(root, "d"));
+    EXPECT_TRUE(files.hides(root, "kept"));
+    EXPECT_FALSE(files.hides(root, "plain"));
+    EXPECT_FALSE(files.hides(root, "missing"));
 }
 
 TEST_F(WindowsDisk, ALeadingDotHidesNothing) {
     make_file(L".dot");
     EXPECT_FALSE(files.attributes(root + ".dot").hidden);
+    EXPECT_FALSE(files.hides(root, ".dot"));
 }
 
 TEST_F(WindowsDisk, ClearingTakesReadOnlyAndHiddenAway) {

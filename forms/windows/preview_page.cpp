@@ -1,0 +1,15 @@
+#include "forms/preview_page.h"
+
+namespace corvane {
+
+// No process here is bounded in memory and time as the contract wants it: no page is drawn.
+
+QString page_program() {
+    return {};
+}
+
+QByteArray first_page(const QString&, const QByteArray&, const std::function<bool()>&, int) {
+    return {};
+}
+
+}  // namespace corvane
