@@ -10,6 +10,8 @@ namespace corvane {
 
 // The program where the system has it; empty: pages are not drawn.
 QString page_program();
+// What is said of a document where there is none.
+const char* no_page_words();
 
 inline constexpr int page_milliseconds = 5000;
 

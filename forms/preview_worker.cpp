@@ -29,8 +29,7 @@ void decode(preview_answer& found, const std::function<bool()>& given_up) {
     if (!program.isEmpty())
         found.picture = decode_picture(first_page(program, bytes, given_up), "png", given_up);
     const bool drawn = !found.picture.image.isNull();
-    if (!drawn && file.note.empty())
-        file.note = program.isEmpty() ? "装上 poppler-utils 就能看第一页" : "第一页不能显示";
+    if (!drawn && file.note.empty()) file.note = program.isEmpty() ? no_page_words() : "第一页不能显示";
 }
 
 }  // namespace

@@ -25,6 +25,10 @@ QString page_program() {
     return QStandardPaths::findExecutable(QStringLiteral("pdftoppm"));
 }
 
+const char* no_page_words() {
+    return "装上 poppler-utils 就能看第一页";
+}
+
 QByteArray first_page(const QString& program, const QByteArray& document,
                       const std::function<bool()>& given_up, int milliseconds) {
     QElapsedTimer running;

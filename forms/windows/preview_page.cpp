@@ -8,6 +8,10 @@ QString page_program() {
     return {};
 }
 
+const char* no_page_words() {
+    return "第一页不能显示";
+}
+
 QByteArray first_page(const QString&, const QByteArray&, const std::function<bool()>&, int) {
     return {};
 }
