@@ -28,13 +28,9 @@ class ManyStates : public scratch_drive {
     std::vector<file_facts> states(const std::vector<std::string>& paths) {
         const std::vector<std::string_view> asked(paths.begin(), paths.end());
         std::vector<file_facts> answers(paths.size());
-        for (std::size_t done = 0; done < asked.size();) {
-            const std::size_t count =
-                files.many_states(std::span(asked).subspan(done), std::span(answers).subspan(done));
-            EXPECT_GT(count, 0u);
-            if (count == 0) break;
-            done += count;
-        }
+        ask_all(asked.size(), [&](std::size_t done) {
+            return files.many_states(std::span(asked).subspan(done), std::span(answers).subspan(done));
+        });
         return answers;
     }
     void expect_states_of_facts(const std::vector<std::string>& paths) {

@@ -4,7 +4,10 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -72,11 +75,51 @@ class scratch_drive : public testing::Test {
         return count;
     }
 
+    // Puts more behind what stands in it.
+    void append(const std::wstring& name, std::string_view content) {
+        const HANDLE file = open_for(name, FILE_APPEND_DATA);
+        DWORD written = 0;
+        EXPECT_TRUE(WriteFile(file, content.data(), static_cast<DWORD>(content.size()), &written, nullptr));
+        CloseHandle(file);
+    }
+    // The time of its last write, in 100 ns since 1601.
+    void set_written(const std::wstring& name, std::uint64_t units) {
+        const FILETIME time{static_cast<DWORD>(units), static_cast<DWORD>(units >> 32)};
+        const HANDLE file = open_for(name, FILE_WRITE_ATTRIBUTES);
+        EXPECT_TRUE(SetFileTime(file, nullptr, nullptr, &time));
+        CloseHandle(file);
+    }
+    static std::string bytes_text(std::span<const std::byte> bytes, std::int64_t count) {
+        if (count < 0) return "no file";
+        return {reinterpret_cast<const char*>(bytes.data()), static_cast<std::size_t>(count)};
+    }
+    // By the system under test.
+    std::string start_of(const std::string& path) {
+        std::array<std::byte, 64> buffer;
+        return bytes_text(buffer, files.read_start(path, buffer, buffer.size()));
+    }
+    // Calls `ask(first)`, which says how many it has answered from there, until all are.
+    template <class Ask>
+    static void ask_all(std::size_t count, const Ask& ask) {
+        for (std::size_t done = 0; done < count;) {
+            const std::size_t answered = ask(done);
+            ASSERT_GT(answered, 0u);
+            done += answered;
+        }
+    }
+
     std::string root;        // with its closing separator; text
     std::wstring wide_root;  // the same with the prefix of long paths
     windows_file_system files;
 
   private:
+    HANDLE open_for(const std::wstring& name, DWORD access) {
+        const HANDLE file = CreateFileW((wide_root + name).c_str(), access,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                        OPEN_EXISTING, 0, nullptr);
+        EXPECT_NE(file, INVALID_HANDLE_VALUE) << GetLastError();
+        return file;
+    }
     void remove(const std::wstring& folder) {
         WIN32_FIND_DATAW entry;
         const HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &entry);
