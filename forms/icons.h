@@ -1,5 +1,4 @@
-// The program's drawings, recoloured by the palette. Used by the task column, the start page and the windows;
-// written twice, in linux/ and windows/.
+// The program's drawings, recoloured by the palette. Used by the task column, the start page and the windows.
 #pragma once
 
 #include <QColor>

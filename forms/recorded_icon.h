@@ -1,5 +1,5 @@
 // Drawings of icons/ as the strokes that QtSvg makes of them, for a system where that library is not linked:
-// packaging/windows/record_icons writes them while the program is built, windows/icons plays them.
+// packaging/windows/record_icons writes them while the program is built, windows/icon_drawing plays them.
 #pragma once
 
 #include <QByteArray>
