@@ -3,14 +3,17 @@
 #include <QApplication>
 #include <QImage>
 #include <QPixmap>
+#include <utility>
 
 #include "forms/directory_window.h"
 #include "forms/main_window.h"
 
 namespace corvane {
 
-forms_program::forms_program()
-    : corvane({files, desktop, desktop, screen, encodings, &instances, &notice}, "/prog/"),
+forms_program::forms_program(std::unique_ptr<memory_file_system> disk)
+    : own_disk(std::move(disk)),
+      files(*own_disk),
+      corvane({files, desktop, desktop, screen, encodings, &instances, &notice}, "/prog/"),
       form(corvane.main_form()),
       windows(corvane, screen) {
     files.add_directory("/prog/");

@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QWidget>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -25,7 +26,8 @@ class dated_interface : public qt_user_interface {
 };
 
 struct forms_program {
-    forms_program();
+    // `disk` may be one of its own kind.
+    explicit forms_program(std::unique_ptr<memory_file_system> disk = std::make_unique<memory_file_system>());
     ~forms_program();
 
     // A widget or menu entry of a window by its control's name.
@@ -41,7 +43,8 @@ struct forms_program {
     // A program folder that has been used before: a start asks and tells nothing.
     void add_used_folder(const std::vector<std::string>& settings_lines = fresh_settings_lines());
 
-    memory_file_system files;
+    const std::unique_ptr<memory_file_system> own_disk;
+    memory_file_system& files;
     recording_shell desktop;
     dated_interface screen;
     const std::unique_ptr<text_encoding> own_encodings = make_text_encoding();

@@ -13,7 +13,6 @@
 #include "forms/preview_pane.h"
 #include "forms/preview_side.h"
 #include "forms/preview_worker.h"
-#include "platform/machine.h"
 #include "tests/forms/forms_program.h"
 
 namespace corvane {
@@ -93,13 +92,11 @@ class gated_disk : public memory_file_system {
 };
 
 // The windows over a disk of which one file is slow.
-struct slow_window {
-    slow_window() : form(corvane.main_form()), windows(corvane, screen) {
-        files.add_directory("/prog/");
+struct slow_window : forms_program {
+    slow_window() : forms_program(std::make_unique<gated_disk>()) {
         files.add_file("/slow", "slow text");
         files.add_file("/quick", "quick text");
-        files.held_path = "/slow";
-        form.visible = true;
+        disk.held_path = "/slow";
         list_view& rows = form.ListView1;
         for (const char* header : {"", "序号", "长度"})
             rows.add_column({header, 500, text_alignment::left, cell_content::number});
@@ -111,12 +108,11 @@ struct slow_window {
             rows.set_text(row, 4, path);
         }
         rows.visible = true;
-        windows.main().resize(1000, 700);
         form.run("preview_m");
         windows.sync();
-        for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+        settle();
     }
-    ~slow_window() { files.slow.open(); }
+    ~slow_window() { disk.slow.open(); }
 
     void choose(std::int32_t row) {
         form.ListView1.selected_row = row;
@@ -124,29 +120,20 @@ struct slow_window {
     }
     QString text() { return windows.main().preview().side(0).text(); }
 
-    gated_disk files;
-    recording_shell desktop;
-    dated_interface screen;
-    const std::unique_ptr<text_encoding> own_encodings = make_text_encoding();
-    text_encoding& encodings = *own_encodings;
-    scripted_instances instances;
-    scripted_attention notice;
-    program corvane{{files, desktop, desktop, screen, encodings, &instances, &notice}, "/prog/"};
-    Tavrel& form;
-    front_end windows;
+    gated_disk& disk = static_cast<gated_disk&>(files);
 };
 
 TEST(slow_preview, the_list_does_not_wait_for_a_slow_disk_and_late_answers_are_dropped) {
     slow_window w;
     w.choose(1);
     // The pause runs out within the event loop, and the worker is held.
-    ASSERT_TRUE(QTest::qWaitFor([&] { return w.files.slow.holds_one(); }, 20'000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return w.disk.slow.holds_one(); }, 20'000));
     EXPECT_EQ(w.text(), QString::fromUtf8("正在读…"));
     // Meanwhile the list takes keys and shows another row.
     QTest::keyClick(&w.windows.main().list(), Qt::Key_Down);
     EXPECT_EQ(w.form.ListView1.selected_row, 2);
     w.windows.sync();
-    w.files.slow.open();
+    w.disk.slow.open();
     ASSERT_TRUE(QTest::qWaitFor([&] { return w.text().contains(QStringLiteral("quick text")); }, 20'000));
     for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
     EXPECT_TRUE(w.text().contains(QStringLiteral("quick text"))) << "what came late is not shown";
@@ -184,7 +171,7 @@ TEST(slow_preview, rows_that_a_task_has_in_work_are_not_looked_at) {
 
 TEST(slow_preview, shown_again_it_reads_again) {
     slow_window w;
-    w.files.slow.open();
+    w.disk.slow.open();
     w.files.erase("/quick");
     w.choose(2);
     ASSERT_TRUE(
