@@ -36,11 +36,16 @@ void marking(Tavrel& form) {
 }
 
 // A program that has begun to close while the marks were noted moves no rows any more.
-template <procedure act>
-void moving(Tavrel& form) {
+template <class Act>
+void with_marks_noted(Tavrel& form, const Act& act) {
     const bool was_closing = form.state.quit_requested;
     const row_act noted(form);
-    if (was_closing || !form.state.quit_requested) act(form);
+    if (was_closing || !form.state.quit_requested) act();
+}
+
+template <procedure act>
+void moving(Tavrel& form) {
+    with_marks_noted(form, [&form] { act(form); });
 }
 
 // What is found is coloured over a mark.
@@ -50,18 +55,15 @@ void finding(Tavrel& form) {
     act(form);
 }
 
-void sort_by_heading(Tavrel& form) {
-    const bool refused = form.task_runs();
-    ListView1_ColumnClick(form);
-    if (!refused && !form.state.quit_requested) remember_sort(form);
-}
-
-// Refused within a task: then there is nothing to note.
-void click_heading(Tavrel& form) {
-    if (form.state.tasks_locked)
-        ListView1_ColumnClick(form);
-    else
-        moving<sort_by_heading>(form);
+void ListView1_ColumnClick(Tavrel& form) {
+    // A task that works on the rows, like a deletion, counts on their order.
+    if (form.task_runs()) return;
+    // What is clicked meanwhile is another event.
+    const int column = form.list_event.column;
+    with_marks_noted(form, [&form, column] {
+        sort_by_column(form, column);
+        if (!form.state.quit_requested) remember_sort(form, column);
+    });
 }
 
 // Only a rule marks both cells of a row. By hand a mark then has to be held against the whole group.
@@ -107,10 +109,7 @@ void press(Tavrel& form) {
 void show_same_files(Tavrel& form) {
     run_state& state = form.state;
     const bool fresh = state.same_fresh_flag != 0;
-    {
-        const row_act noted(form);
-        load_same_view(form);
-    }
+    with_marks_noted(form, [&form] { load_same_view(form); });
     const list_view& list = form.ListView1;
     if (state.quit_requested || !shown_view(form).holds_copies || !list.visible || list.row_count() == 0)
         return;
@@ -141,7 +140,7 @@ handler_table browser_handlers() {
         {"ListView1_MouseDown", press},
         {"ListView1_Click", ListView1_Click},
         {"ListView1_DblClick", double_press},
-        {"ListView1_ColumnClick", click_heading},
+        {"ListView1_ColumnClick", ListView1_ColumnClick},
         {"ListView1_KeyDown", ListView1_KeyDown},
         {"open_same_file", open_same_file_Click},
         {"double_disp", double_disp_Click},

@@ -9,6 +9,7 @@
 #include "browser/list_marks.h"
 #include "browser/list_views.h"
 #include "browser/pair_table.h"
+#include "browser/rows_aside.h"
 #include "core/model/main_form.h"
 #include "core/tasks/task_scope.h"
 #include "core/text/text_format.h"
@@ -97,7 +98,7 @@ void sort_by_freed_Click(Tavrel& form) {
     std::optional<pair_table> table;
     list_view::gathered_rows rows;
     std::vector<std::int32_t> moved(at(list.row_count()) + 1, none);  // the member of each row's first path
-    form.work_aside([&] {
+    look_at_rows_aside(form, [&] {
         table.emplace(form, pair_table::marks::unknown);
         rows = list.gather(order_by_freed(form, *table));
         std::vector<std::int32_t> members(moved);

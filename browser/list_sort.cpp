@@ -8,6 +8,7 @@
 
 #include "browser/list_hint.h"
 #include "browser/list_views.h"
+#include "browser/rows_aside.h"
 #include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 #include "core/tasks/task_scope.h"
@@ -70,17 +71,12 @@ void find_colours(const list_view& list, const list_view_row& view, sorted_rows&
 
 void take_over(list_view& list, const list_view_row& view, sorted_rows& sorted) {
     list.take_over(std::move(sorted.rows));
-    if (!sorted.first_colours.empty()) list.set_colours(view.first_path, sorted.first_colours);
+    if (!sorted.first_colours.empty()) list.set_colours(view.first_path, std::move(sorted.first_colours));
     for (const std::int32_t member : sorted.second_members)
         list.set_colour(member, view.second_path, colour_archive);
 }
 
 }  // namespace
-
-void ListView1_ColumnClick(Tavrel& form) {
-    // A task that works on the rows, like a deletion, counts on their order.
-    if (!form.task_runs()) sort_by_column(form, form.list_event.column);
-}
 
 void sort_by_column(Tavrel& form, int clicked) {
     run_state& state = form.state;
@@ -93,7 +89,7 @@ void sort_by_column(Tavrel& form, int clicked) {
         // Until they have their order the rows are nobody else's; marks may come meanwhile and move along.
         const task_scope task(form);
         sorted_rows sorted;
-        form.work_aside([&, descending = state.sort_descending != 0] {
+        look_at_rows_aside(form, [&, descending = state.sort_descending != 0] {
             std::vector<std::int32_t> order = ascending_rows(list, clicked);
             if (descending) std::reverse(order.begin(), order.end());
             sorted.rows = list.gather(std::move(order));

@@ -5,10 +5,7 @@ namespace corvane {
 
 class Tavrel;
 
-// A click on a heading, list_event.column: sorts by it, the second time downward.
-void ListView1_ColumnClick(Tavrel& form);
-
-// The same as a step of the task that runs.
+// Sorts by the heading that was clicked, the second time downward.
 void sort_by_column(Tavrel& form, int clicked);
 
 }  // namespace corvane

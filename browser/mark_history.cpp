@@ -10,9 +10,9 @@
 #include "browser/list_views.h"
 #include "browser/pair_table.h"
 #include "browser/row_keys.h"
+#include "browser/rows_aside.h"
 #include "core/model/main_form.h"
 #include "core/tasks/protected_folders.h"
-#include "core/tasks/task_scope.h"
 #include "core/text/text_format.h"
 
 namespace corvane {
@@ -222,8 +222,7 @@ std::vector<mark_change> changes_between(const std::vector<red_cell>& before,
 // what is called then returns at once.
 void beside_events(Tavrel& form, std::size_t marks, const std::function<void()>& work) {
     if (marks < many_marks || form.open_scopes > 0 || form.state.tasks_locked) return work();
-    const task_scope task(form);
-    form.work_aside(work);
+    look_at_rows_aside(form, work);
 }
 
 }  // namespace

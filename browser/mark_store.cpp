@@ -94,12 +94,12 @@ bool make_way_for_marks(Tavrel& form) {
            copy_file(files, path, form.data_path(data_file::marks_aside)).ok;
 }
 
-std::vector<std::string> unseen_marks(Tavrel& form) {
-    std::vector<std::string> lines;
+bool read_unseen_marks(Tavrel& form, std::vector<std::string>& lines) {
     line_reader marks(form.outside.files, form.data_path(data_file::marks));
-    if (form.state.stored_marks_asked || !are_marks_of_store(form, marks)) return lines;
-    for (std::string_view line; marks.next(line);) lines.emplace_back(line);
-    return lines;
+    if (form.state.stored_marks_asked) return true;
+    if (are_marks_of_store(form, marks))
+        for (std::string_view line; marks.next(line);) lines.emplace_back(line);
+    return !marks.failed();
 }
 
 void keep_unseen_marks(Tavrel& form, const std::vector<std::string>& lines) {
@@ -114,9 +114,10 @@ void keep_unseen_marks(Tavrel& form, const std::vector<std::string>& lines) {
 void store_marks(Tavrel& form) {
     const list_view& list = form.ListView1;
     // What a task has in work is no state of marks.
-    const bool stands =
-        shown_view(form).holds_copies && list.visible && list.row_count() > 0 && !form.task_runs();
-    if (!stands && !form.state.stored_marks_asked) return;
+    const bool is_free = !form.task_runs() || form.state.rows_stand;
+    const bool stands = shown_view(form).holds_copies && list.visible && list.row_count() > 0 && is_free;
+    // Those of the last run may be on their way to the rows.
+    if (!form.state.stored_marks_asked && (!stands || form.task_runs())) return;
     file_system& files = form.outside.files;
     const std::string path = form.data_path(data_file::marks);
     if (!stands || list.marked_cells() == 0) {

@@ -30,7 +30,8 @@ bool are_marks_of_store(Tavrel& form, line_reader& marks);
 
 // The lines of the marks of this store, as long as nobody has seen its view in this run; else none. For who
 // writes the store anew, which ends them, and then has them kept for the store as it stands by the second.
-std::vector<std::string> unseen_marks(Tavrel& form);
+// False when they cannot be read to their end.
+bool read_unseen_marks(Tavrel& form, std::vector<std::string>& lines);
 void keep_unseen_marks(Tavrel& form, const std::vector<std::string>& lines);
 
 }  // namespace corvane

@@ -39,10 +39,9 @@ void apply_remembered_widths(Tavrel& form) {
     }
 }
 
-void remember_sort(Tavrel& form) {
+void remember_sort(Tavrel& form, int column) {
     const list_view_row& view = shown_view(form);
     if (!view.holds_copies) return;
-    const int column = form.list_event.column;
     if (column < 0 || column >= static_cast<int>(view.columns.size()) ||
         !view.columns[static_cast<std::size_t>(column)].sorts)
         return;

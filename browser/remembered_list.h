@@ -12,7 +12,7 @@ void remember_width(Tavrel& form, int column, int twips);
 void apply_remembered_widths(Tavrel& form);
 
 // The rows of the same-file view were sorted by a click on a heading.
-void remember_sort(Tavrel& form);
+void remember_sort(Tavrel& form, int column);
 // Sorts the same-file view as it was sorted last.
 void apply_remembered_sort(Tavrel& form);
 

@@ -31,6 +31,7 @@ struct mark_stacks {
 struct mark_state {
     std::array<mark_stacks, 5> mark_history;  // by list_mode
     bool stored_marks_asked = false;          // those of the last run have had their chance
+    bool rows_stand = false;                  // the task that runs changes no row
     std::string keep_folders_text;            // the last answer to "按目录次序保留"
 };
 

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/cleanup/deleting.h"
 
 namespace corvane {
@@ -231,10 +233,14 @@ TEST(UndoMarks, AGreatManyAreNotedWithTheTasksLockedAndComeBack) {
     p.screen.on_yield = [&] {
         ++asides;
         EXPECT_TRUE(p.state.tasks_locked);
-        p.header(2);
-        EXPECT_EQ(p.list().cell(1, 3), "/d/1.txt") << "no sort beside it";
+        p.header(4);
+        p.right_press(1, 3);
     };
     p.header(2);
+    EXPECT_EQ(p.state.last_sort_column, p.list().columns()[2].header)
+        << "what was clicked, and nothing beside it";
+    EXPECT_EQ(p.state.remembered.value("sort.0"), "2");
+    EXPECT_EQ(p.list().cell(1, 3), "/d/1.txt");
     EXPECT_GE(asides, 3) << "the marks before, the sort, the marks after";
     EXPECT_FALSE(p.state.tasks_locked);
     p.screen.on_yield = nullptr;
@@ -260,6 +266,32 @@ TEST(UndoMarks, AMarkThatComesWhileAGreatManyAreNotedIsLostToNobody) {
     EXPECT_EQ(p.list().colour(7, 4), red);
 }
 
+TEST(UndoMarks, AMarkThatGoesWhileTheyAreNotedBehindTheActComesBack) {
+    many_marks p;
+    const auto before = p.screen.yields;
+    p.screen.acts[before + 3] = [&] { p.double_click(5, 4); };  // the marks before, the sort, these behind it
+    p.header(2);
+    ASSERT_EQ(p.list().marked_cells(), many_marks::rows - 1);
+    p.form.run("undo_marks");
+    EXPECT_EQ(p.list().marked_cells(), many_marks::rows);
+    p.form.run("undo_marks");
+    EXPECT_EQ(p.list().marked_cells(), many_marks::rows) << "nothing else was noted";
+    EXPECT_EQ(p.form.StatusBar1.panel(5), "没有可撤销的标记");
+}
+
+TEST(UndoMarks, AMarkThatComesDuringAFindIsOneStep) {
+    many_marks p;
+    p.list().set_colour(300, 4, black);
+    p.screen.acts[p.screen.yields + 1] = [&] { p.double_click(300, 4); };
+    p.screen.texts = {"no such file"};
+    p.form.run("search_in_result");
+    ASSERT_EQ(p.list().colour(300, 4), red);
+    p.form.run("undo_marks");
+    EXPECT_EQ(p.list().marked_cells(), many_marks::rows - 1);
+    p.form.run("undo_marks");
+    EXPECT_EQ(p.list().marked_cells(), many_marks::rows - 1);
+}
+
 TEST(UndoMarks, AProgramThatClosesWhileTheyAreNotedMovesNoRows) {
     many_marks p;
     p.screen.on_yield = [&] { p.state.quit_requested = true; };
@@ -268,6 +300,22 @@ TEST(UndoMarks, AProgramThatClosesWhileTheyAreNotedMovesNoRows) {
     EXPECT_EQ(p.screen.texts.size(), 1u) << "nothing was asked";
     EXPECT_EQ(p.list().row_count(), many_marks::rows);
     EXPECT_EQ(p.list().marked_cells(), many_marks::rows);
+}
+
+// A program that is closed at each of the moments in which the rows of an act are only looked at.
+TEST(UndoMarks, AProgramThatClosesWhileRowsAreLookedAtKeepsTheMarks) {
+    for (const char* act : {"ListView1_ColumnClick", "sort_by_freed"})
+        for (int moment = 1; moment <= 4; ++moment) {
+            many_marks p;
+            p.screen.acts[p.screen.yields + moment] = [&] { p.corvane.close(); };
+            p.form.list_event = {};
+            p.form.list_event.column = 2;
+            p.form.run(act);
+            p.corvane.close();
+            const std::string marks = p.files.content_of("/prog/标记.txt");
+            EXPECT_EQ(std::count(marks.begin(), marks.end(), '\n'), 2 + 4 * many_marks::rows + 1)
+                << act << ", moment " << moment;
+        }
 }
 
 }  // namespace

@@ -140,6 +140,18 @@ TEST(StoredMarks, AreNotWrittenInTheMiddleOfATask) {
     EXPECT_FALSE(p.files.has("/prog/标记.txt"));
 }
 
+TEST(StoredMarks, WaitUntilTheRowsAreSortedAndStayWhereTheProgramClosesMeanwhile) {
+    const std::string marks = stored_marks();
+    for (int moment = 1; moment < 40; ++moment) {
+        restarted p(marks);
+        p.state.remembered.set("sort.0", "2");
+        p.screen.acts[p.screen.yields + moment] = [&] { p.corvane.close(); };
+        p.open();
+        p.corvane.close();
+        EXPECT_EQ(p.files.content_of("/prog/标记.txt"), marks) << moment;
+    }
+}
+
 TEST(StoredMarks, OfAViewThatIsNoMoreDoNotComeBack) {
     for (const char* handler : {"picture2_Click", "search_check_m"}) {
         restarted p(stored_marks());
