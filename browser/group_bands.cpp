@@ -32,7 +32,7 @@ walk_progress group_bands::renew(const Tavrel& form, std::int64_t most) {
         work_.at = stage::signing;
         work_.of = present;
         work_.now.fill = present.fill;
-        moved_ = moved_ || taken_.order != present.order || taken_.fill != present.fill;
+        see_moves(present);
     }
     // The result may have lost its pairs without the list.
     if (work_.at == stage::counting && work_.counted.of_result &&
@@ -53,6 +53,15 @@ walk_progress group_bands::renew(const Tavrel& form, std::int64_t most) {
         begin_banding(form);
     }
     return band(form, most) ? finish(false) : walk_progress::on_its_way;
+}
+
+void group_bands::give_up(const list_view& list) {
+    work_ = {};
+    see_moves(list.revisions());
+}
+
+void group_bands::see_moves(const list_revisions& present) {
+    moved_ = moved_ || taken_.order != present.order || taken_.fill != present.fill;
 }
 
 walk_progress group_bands::finish(bool same) {

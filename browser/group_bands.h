@@ -18,8 +18,8 @@ class group_bands {
     // there, or begins anew where the list has changed since. What stood holds until then, but not for rows
     // that have moved: these have no star meanwhile. Costs little where nothing has changed.
     walk_progress renew(const Tavrel& form, std::int64_t most = std::numeric_limits<std::int64_t>::max());
-    // Gives up what is on its way. For a task that may change the result without the list.
-    void give_up() { work_ = {}; }
+    // Gives up what is on its way. For a task that may change the result without the list, or moves rows.
+    void give_up(const list_view& list);
 
     // Which of two backgrounds a row has, from 1 on; in a view without copies every second row.
     bool is_second(std::int32_t row) const;
@@ -63,6 +63,7 @@ class group_bands {
         std::vector<row_band> bands;
     };
 
+    void see_moves(const list_revisions& present);
     const copies& present() const { return work_.counts_anew ? work_.counted : known_; }
     void begin_counting(const Tavrel& form);
     void begin_banding(const Tavrel& form);

@@ -34,10 +34,12 @@ void stake_count::begin(const Tavrel& form) {
     blue_counts_ = form.state.force_protected != 0;
     next_ = 1;
     stake_ = {};
-    std::size_t most = 0;
-    if (list.marked_cells() > 0 || blue_counts_)
+    auto most = static_cast<std::size_t>(list.marked_cells());
+    // Nobody counts the blue ones.
+    if (blue_counts_)
         for (std::int32_t row = 1; row <= list.row_count(); ++row)
-            for (const int column : path_columns()) most += counts(list, row, column, blue_counts_);
+            for (const int column : path_columns())
+                most += column < list.column_count() && list.colour(row, column) == cell_colour::mark_blue;
     met_.assign(most == 0 ? 0 : std::bit_ceil(2 * most), {});
 }
 

@@ -122,7 +122,7 @@ void list_table::sync(bool tasks_locked) {
 bool list_table::look_through(bool tasks_locked, std::int64_t most) {
     walk_progress bands = walk_progress::unchanged;
     if (tasks_locked)
-        cells_->bands.give_up();
+        cells_->bands.give_up(list_);
     else
         bands = cells_->bands.renew(form_, most);
     walk_progress marks = walk_progress::unchanged;

@@ -187,13 +187,13 @@ void list_view::set_colour(std::int32_t row, int column, std::uint32_t colour) {
     ++cell_revision_;
 }
 
-void list_view::set_colours(int column, const std::vector<std::uint32_t>& colours) {
+void list_view::set_colours(int column, std::vector<std::uint32_t> colours) {
     column_cells& cells = cells_[index_of(column)];
     for (std::int32_t row = 1; marked_cells_ > 0 && row <= row_count_; ++row)
         marked_cells_ -= mark_of(cells, row);
     const bool plain = std::all_of(colours.begin(), colours.end(),
                                    [](std::uint32_t colour) { return colour == cell_colour::colour_text; });
-    cells.colours = plain ? std::vector<std::uint32_t>() : colours;
+    cells.colours = plain ? std::vector<std::uint32_t>() : std::move(colours);
     for (std::int32_t row = 1; row <= row_count_; ++row) marked_cells_ += mark_of(cells, row);
     ++cell_revision_;
 }

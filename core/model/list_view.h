@@ -48,9 +48,10 @@ struct list_pointer {
     int key_code = 0;  // of a key
 };
 
-// How a list stood: while it answers the same, no row, text or colour of it has changed.
+// How a list stood: while it answers the same, no row, text or colour of it has changed. The widths of its
+// columns may have.
 struct list_revisions {
-    std::uint64_t layout = ~std::uint64_t{0};
+    std::int32_t rows = -1;
     std::uint64_t cells = 0;
     std::uint64_t fill = 0;
     std::uint64_t order = 0;
@@ -105,7 +106,7 @@ class list_view : public control {
     gathered_rows gather(std::vector<std::int32_t> order) const;
     void take_over(gathered_rows rows);
     // The colours of all cells of a column, in the order of the rows.
-    void set_colours(int column, const std::vector<std::uint32_t>& colours);
+    void set_colours(int column, std::vector<std::uint32_t> colours);
 
     // Cells in mark_red that hold a text: what is marked for deletion.
     std::int32_t marked_cells() const { return marked_cells_; }
@@ -121,10 +122,8 @@ class list_view : public control {
     std::uint64_t cell_revision() const { return cell_revision_; }
     // Changes when all rows go: those that come after are others.
     std::uint64_t fill_revision() const { return fill_revision_; }
-    // All of them, and how often rows have changed places.
-    list_revisions revisions() const {
-        return {layout_revision_, cell_revision_, fill_revision_, order_revision_};
-    }
+    // Of all but the widths, and how often rows have changed places.
+    list_revisions revisions() const { return {row_count_, cell_revision_, fill_revision_, order_revision_}; }
 
   private:
     struct column_cells {

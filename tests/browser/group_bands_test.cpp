@@ -118,14 +118,36 @@ TEST(GroupBands, LookAtNoRowOfAResultThatHasGoneMeanwhile) {
     group_bands bands;
     // Four calls for the list, two for pairs of the result: the next one would look at the third pair.
     for (int part = 0; part < 6; ++part) ASSERT_EQ(bands.renew(p.form, 1), walk_progress::on_its_way);
-    p.state.result_file1.resize(0);
-    p.state.result_file2.resize(0);
+    // Their texts with them, as far as no row holds these.
+    p.state.result_file1.clear();
+    p.state.result_file2.clear();
     taken_in_parts(bands, p.form, 1);
     EXPECT_EQ(bands.first_row(2).copies, 3) << "by the rows themselves";
-    p.form.run("sort_by_freed");
-    bands.renew(p.form, 2);
-    bands.give_up();
-    EXPECT_EQ(bands.renew(p.form), walk_progress::renewed);
+}
+
+TEST(GroupBands, WhatIsGivenUpIsCountedAnew) {
+    three_groups p;
+    group_bands bands;
+    for (int part = 0; part < 7; ++part) ASSERT_EQ(bands.renew(p.form, 1), walk_progress::on_its_way);
+    // A task, after which the list stands as it stood.
+    p.state.result_file2.set(2, "");
+    bands.give_up(p.list());
+    bands.renew(p.form);
+    EXPECT_EQ(bands.first_row(2).copies, 2) << "a pair of /b has gone";
+}
+
+TEST(GroupBands, RowsThatATaskHasMovedHaveNoGroup) {
+    three_groups p;
+    group_bands bands;
+    bands.renew(p.form);
+    p.form.run("sort_by_freed");  // /c, /b, /b, /a
+    bands.give_up(p.list());
+    for (std::int32_t row = 1; row <= 4; ++row) EXPECT_EQ(bands.first_row(row).copies, 0) << row;
+    p.double_click(1, 4);
+    bands.give_up(p.list());
+    bands.renew(p.form);
+    bands.give_up(p.list());
+    EXPECT_EQ(bands.first_row(2).copies, 3);
 }
 
 }  // namespace
