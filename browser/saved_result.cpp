@@ -170,6 +170,7 @@ void select_directories(Tavrel& form, const std::vector<std::string>& directorie
             form.outside.files.attributes(each).directory)
             state.selected_dirs.push_back(each);
     state.selected_dir_count = static_cast<std::int16_t>(state.selected_dirs.size());
+    state.walked_dirs = state.result_dirs = state.selected_dirs;
 }
 
 constexpr char folder_name[] = "folder.result";

@@ -65,7 +65,7 @@ void recycle_notes::open() {
     file_ = std::move(opened.object);
     lines_ = std::string(recycle_notes_title) + "\r\n";
     add(note_line("T", {date_of(time), clock_of(time)}));
-    for (const std::string& directory : form_.state.selected_dirs) add(note_line("D", {directory}));
+    for (const std::string& directory : form_.state.result_dirs) add(note_line("D", {directory}));
 }
 
 void recycle_notes::add(const std::string& line) {

@@ -29,7 +29,7 @@ struct recycled_run {
     std::string time;                      // "2026-11-22 09:30:01"; empty: cut before it
     bool known = false;                    // notes of this version
     bool complete = false;                 // to their end, and every line is understood
-    std::vector<std::string> directories;  // that were selected
+    std::vector<std::string> directories;  // of the result; none in older notes
     std::vector<recycled_file> files;
     std::vector<recycled_pair> pairs;
 

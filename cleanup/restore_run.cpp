@@ -128,11 +128,14 @@ restore_tally restore_files(Tavrel& form, recycled_run& run, const std::vector<s
     restore_tally tally;
     std::vector<std::string> lines;
     std::set<std::size_t> done;
-    // Now and then: who is ended in the middle has what came back under another name still in sight.
+    // Now and then: who is ended in the middle has what came back under another name still in sight. The
+    // whole file is written each time, so the more has come back, the later the next time.
+    std::size_t next_note = recycle_batch_size;
     const auto note = [&] {
         const outcome noted = add_to_recycled_run(form.outside.files, run.path, lines);
-        if (!noted) tally.failure = run.path + "\r\n" + noted.reason;
-        lines.clear();
+        tally.failure = noted ? std::string() : run.path + "\r\n" + noted.reason;
+        if (noted) lines.clear();
+        next_note = done.size() + std::max<std::size_t>(recycle_batch_size, done.size() / 4);
     };
     bar_colours(form, 13619151, 4227327, 4210816);
     bar_scale(form, static_cast<std::int32_t>(chosen.size()));
@@ -149,7 +152,7 @@ restore_tally restore_files(Tavrel& form, recycled_run& run, const std::vector<s
             file.restored_path = answer.path;
             lines.push_back(restored_line(i + 1, answer.path));
             done.insert(i);
-            if (lines.size() >= recycle_batch_size) note();
+            if (done.size() >= next_note) note();
         } else if (tally.refused++ == 0) {
             tally.first_refused = file.item.path + " (" + words_of(answer) + ")";
         }

@@ -66,16 +66,17 @@ std::string key_of(std::string_view first, std::string_view second) {
 
 outcome return_pairs(Tavrel& form, const recycled_run& run, const std::set<std::size_t>& restored) {
     run_state& state = form.state;
-    // What was equal in one result is no pair of another one.
-    if (!std::equal(run.directories.begin(), run.directories.end(), state.selected_dirs.begin(),
-                    state.selected_dirs.end()))
+    // What was equal in one result is no pair of another one. Older notes do not tell.
+    if (!run.directories.empty() && !std::equal(run.directories.begin(), run.directories.end(),
+                                                state.result_dirs.begin(), state.result_dirs.end()))
         return outcome::success();
     const std::vector<recycled_pair> pairs = wanted_pairs(form, run, restored);
     if (pairs.empty()) return outcome::success();
     std::unordered_set<std::string> missing;
     for (const recycled_pair& pair : pairs) missing.insert(key_of(pair.first, pair.second));
 
-    const std::vector<std::string> marks = unseen_marks(form);
+    std::vector<std::string> marks;
+    if (!read_unseen_marks(form, marks)) return outcome::failure("不能读出。");
     // The rows that stand, as they stand: what a later deletion has written is the store.
     line_writer writer(form.outside.files, state.same_file_path);
     line_reader reader(form.outside.files, state.same_file_path);

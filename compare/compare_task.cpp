@@ -156,6 +156,7 @@ bool store_results(Tavrel& form) {
     state.same_fresh_flag = 0;
     bool written = write_same_files(form) && write_different_files(form);
     state.compared_files = written ? state.file_count : 0;
+    if (written) state.result_dirs = state.walked_dirs;
     if (written && state.file_count > history_threshold && !state.history_off) written = store_history(form);
     form.pic_gressbar1.visible = false;
     form.Command28.visible = false;

@@ -38,6 +38,7 @@ void picture2_Click(Tavrel& form) {
     state.walk_count = 0;
     state.file_count = 0;
     state.file_list_loaded = 0;
+    state.walked_dirs = state.selected_dirs;
     form.yield();
     form.yield();
     list_files(form);

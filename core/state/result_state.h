@@ -14,6 +14,8 @@ namespace corvane {
 
 struct result_state {
     std::string same_file_path;  // the same-file result
+    // That it is of; after a start those that were selected, for none are stored.
+    column<std::string> result_dirs;
     flag same_fresh_flag;
 
     // Pairs: row 1 and row 2 of each column; row 0 is not used.

@@ -15,6 +15,7 @@ struct walk_state {
     std::int16_t selected_dir_count = 0;
     column<std::string> selected_dir_backup;  // as the directory window found them
     std::int16_t selected_dir_backup_count = 0;
+    column<std::string> walked_dirs;  // that the file list is of
     std::string current_path;
     std::string first_root;
     std::string archive_error_path;

@@ -71,6 +71,7 @@ void read_selected_directories(Tavrel& form) {
         if (!full) state.selected_dirs.push_back(std::string(line));
     }
     state.selected_dir_count = static_cast<std::int16_t>(state.selected_dirs.size());
+    state.walked_dirs = state.result_dirs = state.selected_dirs;
     if (full) form.complain(path + "\r\n只取前 " + std::to_string(state.selected_dir_count) + " 行。");
 }
 

@@ -136,21 +136,6 @@ TEST_F(restore_window_test, EachObstacleHasItsWords) {
     EXPECT_TRUE(p.files.has("/h/b"));
 }
 
-TEST_F(restore_window_test, ACentreComesBackWithAllItsRows) {
-    restoring_program q;
-    q.show_files({{3, "/d/a", "/e/a"}, {3, "/d/a", "/f/a"}});
-    q.delete_cells({{1, 3}});
-    EXPECT_FALSE(q.files.has("/d/a"));
-    q.form.run("Picture4_Click");
-    EXPECT_EQ(q.last_message(), "没有相同文件") << "both rows speak of what has gone";
-    q.form.run("restore_deleted");
-    q.form.run("restore_runs.Command2_Click");
-    q.form.run("Picture4_Click");
-    texts pairs = q.listed_pairs();
-    std::sort(pairs.begin(), pairs.end());
-    EXPECT_EQ(pairs, (texts{"/d/a /e/a", "/d/a /f/a"}));
-}
-
 TEST_F(restore_window_test, ARowComesBackOnceAndOnlyWithBothFiles) {
     p.files.erase("/d/a");
     p.form.run("restore_deleted");
@@ -171,83 +156,6 @@ TEST_F(restore_window_test, AFileThatHasChangedMeanwhileMakesNoRow) {
     p.form.run("restore_deleted");
     p.form.run("restore_runs.Command2_Click");
     EXPECT_EQ(p.listed_pairs(), texts{"/g/b /h/b"});
-}
-
-TEST_F(restore_window_test, RowsThatALaterDeletionWroteStay) {
-    restoring_program q;
-    q.show_files({{3, "/d/a", "/e/a"}, {3, "/d/b", "/e/b"}, {3, "/d/c", "/e/c"}});
-    q.delete_cells({{1, 4}});
-    q.screen.date.minute = 7;
-    q.delete_cells({{2, 4}});
-    q.form.run("restore_deleted");
-    ASSERT_EQ(q.window().List1.row_count(), 2);
-    q.window().List1.select_only(1);
-    q.form.run("restore_runs.List1_Click");
-    EXPECT_EQ(q.rows_of(q.window().List2), texts{"在回收站    3    /e/a"}) << "the older run";
-    q.form.run("restore_runs.Command2_Click");
-    EXPECT_EQ(q.listed_pairs(), (texts{"/d/a /e/a", "/d/c /e/c"}));
-    EXPECT_FALSE(q.files.has("/e/b"));
-}
-
-TEST_F(restore_window_test, MarksOfTheListStay) {
-    restoring_program q;
-    q.show_files({{3, "/d/a", "/e/a"}, {3, "/d/b", "/e/b"}});
-    q.delete_cells({{1, 4}});
-    q.mark(2, 4);
-    q.form.run("restore_deleted");
-    q.form.run("restore_runs.Command2_Click");
-    ASSERT_EQ(q.listed_pairs(), (texts{"/d/a /e/a", "/d/b /e/b"}));
-    EXPECT_EQ(q.list().colour(2, 4), red);
-    EXPECT_EQ(q.list().marked_cells(), 1);
-}
-
-TEST_F(restore_window_test, MarksThatNobodyHasLookedAtYetStayWithTheStore) {
-    restoring_program q;
-    q.show_files({{3, "/d/a", "/e/a"}, {3, "/d/b", "/e/b"}});
-    q.delete_cells({{1, 4}});
-    q.mark(2, 4);
-    q.form.run("store_marks");
-    ASSERT_TRUE(q.files.has("/prog/标记.txt"));
-    // As after a start: the list is not shown, and the marks wait.
-    q.list().visible = false;
-    q.state.stored_marks_asked = false;
-    q.form.run("restore_deleted");
-    q.form.run("restore_runs.Command2_Click");
-    q.state.same_fresh_flag = 0;
-    q.form.run("Picture4_Click");
-    ASSERT_EQ(q.listed_pairs(), (texts{"/d/a /e/a", "/d/b /e/b"}));
-    EXPECT_EQ(q.list().marked_cells(), 1);
-    for (std::int32_t row = 1; row <= 2; ++row)
-        EXPECT_EQ(q.list().colour(row, 4) == red, q.list().cell(row, 4) == "/e/b");
-}
-
-TEST_F(restore_window_test, NoPairComesIntoTheResultOfOtherDirectories) {
-    p.select({"/elsewhere"});
-    p.form.run("restore_deleted");
-    p.form.run("restore_runs.Command2_Click");
-    EXPECT_EQ(p.last_message(), "已恢复:3 个");
-    EXPECT_TRUE(p.files.has("/e/a"));
-    EXPECT_TRUE(p.stored_pairs().empty());
-}
-
-TEST_F(restore_window_test, WhatIsBackIsNotedBeforeTheLastOneIs) {
-    restoring_program q;
-    std::vector<list_program::pair> pairs;
-    for (int i = 10000; i < 11005; ++i)
-        pairs.push_back({1, "/d/" + std::to_string(i), "/e/" + std::to_string(i)});
-    q.show_files(pairs);
-    std::vector<std::pair<std::int32_t, int>> cells;
-    for (std::int32_t row = 1; row <= 1005; ++row) cells.emplace_back(row, 4);
-    q.delete_cells(cells);
-    q.form.run("restore_deleted");
-    const std::string notes = q.window().List1.rows()[0].tooltip;
-    std::size_t noted = 0;
-    q.screen.on_yield = [&] {
-        if (q.bin.restores == 1003) noted = q.files.content_of(notes).find("\r\nR\t1000\t");
-    };
-    q.form.run("restore_runs.Command2_Click");
-    EXPECT_NE(noted, 0u);
-    EXPECT_NE(noted, std::string::npos);
 }
 
 TEST_F(restore_window_test, NotesThatBreakOffWhenReadStayAsTheyAre) {
