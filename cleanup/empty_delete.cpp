@@ -113,7 +113,7 @@ void send_rows(Tavrel& form, tallies& count) {
     const auto path_of = [&](std::size_t number) -> const std::string* {
         const tallies::taken_row& taken = count.taken[number];
         if (!is_directory(form, taken.path)) return nullptr;
-        // With nothing known from before: a folder above may have become a link meanwhile.
+        // With nothing known from before: a folder above may have become a link or a mount meanwhile.
         const bool covered = protection(form).covers(taken.path);
         if (!covered && is_still_empty(form, taken.path)) {
             ++count.gone;

@@ -1,5 +1,5 @@
 // The way to the recycle bin in batches of 1,000 paths: the unit in which a run reports its progress. Used by
-// the deletion of files and of empty directories.
+// the deletion of files and of empty directories, and by the way back.
 #pragma once
 
 #include <cstddef>

@@ -68,7 +68,7 @@ void preview_pane::sync(std::int32_t row) {
 
 void preview_pane::ask() {
     // A task that has begun meanwhile may have the rows in work; the sync behind it asks anew.
-    if (isHidden() || form_.state.tasks_locked || form_.task_runs()) {
+    if (isHidden() || form_.task_runs()) {
         row_ = -1;
         return;
     }

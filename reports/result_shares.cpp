@@ -50,17 +50,11 @@ std::string_view suffix_of(std::string_view path, char separator) {
     return dot == std::string_view::npos || dot == 0 ? std::string_view() : name.substr(dot);
 }
 
-// With its closing separator.
-std::string_view directory_of(std::string_view path, char separator) {
-    const std::string_view file = archive_path_of(path);
-    return file.substr(0, file.rfind(separator) + 1);
-}
-
 std::string_view common_directory(const result_groups& result, char separator) {
     if (result.paths.size() == 0) return {};
-    std::string_view common = directory_of(result.paths[1], separator);
+    std::string_view common = folder_of(result.paths[1], separator);
     for (std::int32_t i = 2; i <= result.paths.size(); ++i) {
-        const std::string_view other = directory_of(result.paths[i], separator);
+        const std::string_view other = folder_of(result.paths[i], separator);
         if (other.starts_with(common)) continue;
         const auto differs = std::mismatch(common.begin(), common.end(), other.begin(), other.end()).first;
         common = common.substr(0, static_cast<std::size_t>(differs - common.begin()));
@@ -83,7 +77,7 @@ std::vector<byte_share> shares_by_directory(const result_groups& result, char se
     const std::size_t common = common_directory(result, separator).size();
     share_table shares;
     each_path(result, [&](std::string_view path, std::int64_t length) {
-        const std::string_view directory = directory_of(path, separator);
+        const std::string_view directory = folder_of(path, separator);
         const std::size_t end = directory.find(separator, common);
         count(shares, end == std::string_view::npos ? directory : directory.substr(0, end + 1), length);
     });

@@ -22,6 +22,7 @@ inline bool is_archive_member(std::string_view entry) {
 
 // The text before the first "*"; a plain path as it is.
 std::string_view archive_path_of(std::string_view entry);
+
 // The folder of a path, closed by the separator; of a member that of its archive. Empty for a text without
 // one.
 inline std::string_view folder_of(std::string_view path, char separator) {

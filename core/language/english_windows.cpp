@@ -235,8 +235,7 @@ std::span<const translation_row> english_windows() {
          "These libraries are linked at run time; you can put versions of your own in their place."},
         {"这些程序库以静态链接的方式使用。可以换成您自己编译的版本，所需的目标文件和说明在 relink 压缩包中。",
          "These libraries are linked into the program. You can put versions of your own in their place: the "
-         "archive "
-         "\"relink\" holds the objects and the way."},
+         "archive \"relink\" holds the objects and the way."},
         {"双击进入", "Double click opens it"},
         {"版权：{}", "Copyright: {}"},
         {"许可：{}", "Licence: {}"},
