@@ -97,8 +97,7 @@ void directory_model::fetchMore(const QModelIndex& parent) {
     if (!canFetchMore(parent)) return;
     node* above = node_of(parent);
     above->listed = true;
-    const std::string directory = path_of(*above);
-    const auto reader = files_.open_directory(directory);
+    const auto reader = files_.open_directory(path_of(*above));
     if (!reader) return;
     struct entry {
         std::string name;
@@ -109,8 +108,7 @@ void directory_model::fetchMore(const QModelIndex& parent) {
     entry_kind kind;
     while (reader->next(name, kind)) {
         if (kind != entry_kind::directory && kind != entry_kind::link_to_directory) continue;
-        const bool hidden = files_.hides(directory, name);
-        if (hidden_shown_ || !hidden) found.push_back({std::string(name), hidden});
+        if (hidden_shown_ || !reader->hidden()) found.push_back({std::string(name), reader->hidden()});
     }
     if (found.empty()) return;
     QCollator order;

@@ -105,6 +105,8 @@ class directory_reader {
     virtual bool next(std::string_view& name, entry_kind& kind) = 0;
     // True when next() ended on a read error: there may be entries that nobody has seen.
     virtual bool failed() const = 0;
+    // Whether the entry that next() gave last is hidden from the user who looks for a folder.
+    virtual bool hidden() const = 0;
     virtual file_identity identity() const = 0;
 };
 
@@ -174,11 +176,6 @@ class file_system {
     // A closing separator does not hide a link: the facts are those of the path without it. A path that ends
     // in one exists only as a directory.
     virtual path_attributes attributes(const std::string& path) = 0;
-    // Whether an entry of a directory is hidden from the user who looks for a folder; by the name alone where
-    // names tell, so that no place of it is touched.
-    virtual bool hides(const std::string& /*directory*/, std::string_view name) {
-        return name.starts_with('.');
-    }
     // Gives the owner write permission, and lets the name count as not hidden for as long as this object
     // lives. When the permission cannot be given, nothing has changed. What a link leads to is never touched.
     virtual outcome clear_attributes(const std::string& path) = 0;

@@ -38,6 +38,7 @@ class linux_directory_reader : public directory_reader {
             const std::string_view raw_name(raw);
             if (raw_name == "." || raw_name == "..") continue;
             kind = kind_of(type, raw);
+            hidden_ = raw[0] == '.';
             if (needs_mapping(raw_name)) {
                 mapped_.clear();
                 append_text(mapped_, raw_name);
@@ -60,6 +61,7 @@ class linux_directory_reader : public directory_reader {
     }
 
     bool failed() const override { return failed_; }
+    bool hidden() const override { return hidden_; }
     file_identity identity() const override { return identity_; }
 
   private:
@@ -88,6 +90,7 @@ class linux_directory_reader : public directory_reader {
     std::size_t filled_ = 0;
     bool failed_ = false;
     bool ends_ = false;
+    bool hidden_ = false;
     std::string mapped_;
 };
 

@@ -31,18 +31,21 @@ class windows_directory_reader : public directory_reader {
         const FILE_ID_BOTH_DIR_INFO* record = records_.next();
         if (record == nullptr) return false;
         kind = kind_of(*record);
+        hidden_ = has_attribute(record->FileAttributes, FILE_ATTRIBUTE_HIDDEN);
         name_.clear();
         append_text_of(name_, directory_records::name_of(*record));
         name = name_;
         return true;
     }
     bool failed() const override { return records_.failed(); }
+    bool hidden() const override { return hidden_; }
     file_identity identity() const override { return identity_; }
 
   private:
     directory_records records_;
     file_identity identity_;
     std::string name_;
+    bool hidden_ = false;
 };
 
 }  // namespace

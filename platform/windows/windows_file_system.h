@@ -28,9 +28,6 @@ class windows_file_system : public file_system {
         return open_windows_directory(path);
     }
     path_attributes attributes(const std::string& path) override { return windows_attributes(path); }
-    bool hides(const std::string& directory, std::string_view name) override {
-        return windows_attributes(directory + '\\' + std::string(name)).hidden;
-    }
     outcome clear_attributes(const std::string& path) override { return clear_windows_attributes(path); }
     file_access access(const std::string& path) override { return windows_access(path); }
     void restore_access(const std::string& path, const file_access& access) override {

@@ -95,6 +95,7 @@ class faulty_disk : public file_system {
             return !broken_ && inner_->next(name, kind);
         }
         bool failed() const override { return broken_ || inner_->failed(); }
+        bool hidden() const override { return inner_->hidden(); }
         file_identity identity() const override { return inner_->identity(); }
 
       private:

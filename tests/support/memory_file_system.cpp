@@ -88,22 +88,28 @@ namespace {
 
 class memory_directory_reader : public directory_reader {
   public:
-    memory_directory_reader(std::vector<std::pair<std::string, entry_kind>> entries, file_identity identity,
-                            std::size_t breaks_after)
+    struct entry {
+        std::string name;
+        entry_kind kind;
+        bool hidden;
+    };
+
+    memory_directory_reader(std::vector<entry> entries, file_identity identity, std::size_t breaks_after)
         : entries_(std::move(entries)), identity_(identity), breaks_after_(breaks_after) {}
     bool next(std::string_view& name, entry_kind& kind) override {
         failed_ = at_ >= breaks_after_;
         if (failed_) return false;
         if (at_ >= entries_.size()) return false;
-        name = entries_[at_].first;
-        kind = entries_[at_++].second;
+        name = entries_[at_].name;
+        kind = entries_[at_++].kind;
         return true;
     }
     bool failed() const override { return failed_; }
+    bool hidden() const override { return entries_[at_ - 1].hidden; }
     file_identity identity() const override { return identity_; }
 
   private:
-    std::vector<std::pair<std::string, entry_kind>> entries_;
+    std::vector<entry> entries_;
     file_identity identity_;
     std::size_t breaks_after_;
     std::size_t at_ = 0;
@@ -184,11 +190,12 @@ outcome_with<directory_reader> memory_file_system::open_directory(const std::str
     if (directory == nullptr || directory->kind != entry_kind::directory || directory->unreadable)
         return outcome::failure(directory == nullptr ? "no such directory" : "access denied");
     if (base.back() != separator_) base += separator_;
-    std::vector<std::pair<std::string, entry_kind>> entries;
+    std::vector<memory_directory_reader::entry> entries;
     for (const auto& [name, file] : entries_)
         if (name.size() > base.size() && name.starts_with(base) &&
             name.find(separator_, base.size()) == std::string::npos)
-            entries.emplace_back(name.substr(base.size()), file.kind);
+            entries.push_back({name.substr(base.size()), file.kind,
+                               names_tell_hidden ? name[base.size()] == '.' : file.hidden});
     return std::make_unique<memory_directory_reader>(
         std::move(entries), file_identity{directory->device, directory->index}, directory->breaks_after);
 }

@@ -57,6 +57,7 @@ class memory_file_system : public file_system {
 
     std::map<std::string, int> opened;     // how often each file was opened for reading
     std::int64_t attribute_questions = 0;  // how often attributes() was asked
+    bool names_tell_hidden = true;         // listed with a dot in front; else by what the entry says
     int open_now = 0;                      // readers that have not been closed
     std::map<std::string, std::int64_t> bytes_read;
     std::vector<read_event>* read_events = nullptr;  // takes what open files are asked for

@@ -29,6 +29,7 @@ class stuttering_reader : public directory_reader {
         return true;
     }
     bool failed() const override { return reader_->failed(); }
+    bool hidden() const override { return reader_->hidden(); }
     file_identity identity() const override { return reader_->identity(); }
 
   private:

@@ -180,6 +180,10 @@ TEST_F(LinuxFileSystem, AttributesTellHiddenAndReadOnly) {
     write(".hidden", "x");
     chmod(write("locked", "x").c_str(), 0444);
     EXPECT_TRUE(files.attributes(root + ".hidden").hidden);
+    const auto reader = files.open_directory(root);
+    std::string_view name;
+    entry_kind kind;
+    while (reader->next(name, kind)) EXPECT_EQ(reader->hidden(), name == ".hidden") << name;
     EXPECT_FALSE(files.attributes(root + "locked").hidden);
     EXPECT_TRUE(files.attributes(root + "locked").read_only);
     EXPECT_FALSE(files.attributes(root + ".hidden").read_only);
