@@ -8,9 +8,13 @@
 
 namespace corvane {
 
-void trace_if_asked(Tavrel& form) {
+bool trace_is_asked() {
     const char* asked = std::getenv("CORVANE_TRACE");
-    if (asked == nullptr || std::string_view(asked) != "1") return;
+    return asked != nullptr && std::string_view(asked) == "1";
+}
+
+void trace_if_asked(Tavrel& form) {
+    if (!trace_is_asked()) return;
     form.trace = [](std::string_view name, double seconds, std::int64_t yields) {
         std::fprintf(stderr, "trace\t%.*s\t%.6f\t%lld\n", static_cast<int>(name.size()), name.data(), seconds,
                      static_cast<long long>(yields));

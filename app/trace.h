@@ -6,6 +6,8 @@ namespace corvane {
 
 class Tavrel;
 
+bool trace_is_asked();
+
 // One line a handler: "trace" TAB name TAB seconds TAB yields. Does nothing where the switch is off.
 void trace_if_asked(Tavrel& form);
 

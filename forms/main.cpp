@@ -12,6 +12,7 @@
 
 #include "app/program.h"
 #include "app/program_place.h"
+#include "app/trace.h"
 #include "app/version.h"
 #include "core/language/translation.h"
 #include "core/settings/added_settings.h"
@@ -43,11 +44,13 @@ bool speaks_english(corvane::file_system& files, const std::string& program_dir)
 
 // What needs no display; true when it was asked for.
 bool is_told(const corvane::start_arguments& asked) {
+    if (!asked.help && !asked.version) return false;
+    const corvane::joined_terminal terminal;
     if (asked.help)
         std::fputs(corvane::start_usage, stdout);
-    else if (asked.version)
+    else
         std::printf("corvane %s\n", corvane::program_version);
-    return asked.help || asked.version;
+    return true;
 }
 
 corvane::program_place place_of(corvane::file_system& files, const corvane::start_arguments& given) {
@@ -62,7 +65,6 @@ corvane::program_place place_of(corvane::file_system& files, const corvane::star
 int main(int argc, char** argv) {
     corvane::return_big_blocks();
     corvane::keep_to_own_home();
-    corvane::join_terminal();
     // As other programs see them, whatever main's have lost; Qt takes its own options out of them.
     std::vector<std::string> words = corvane::own_arguments(argc, argv);
     std::string program_name = argc > 0 ? argv[0] : "corvane";
@@ -79,9 +81,12 @@ int main(int argc, char** argv) {
     QApplication application(count, arguments.data());
     const corvane::start_arguments given = corvane::read_start_arguments(given_words());
     if (given.wrong) {
+        const corvane::joined_terminal terminal;
         std::fputs(corvane::start_usage, stderr);
         return 2;
     }
+    std::optional<corvane::joined_terminal> traced;
+    if (corvane::trace_is_asked()) traced.emplace();
     QApplication::setApplicationName(QStringLiteral("Corvane"));
     QApplication::setDesktopFileName(QStringLiteral("corvane"));
     QApplication::setWindowIcon(corvane::application_icon());

@@ -9,9 +9,20 @@ namespace corvane {
 // takes their numbers: what is written to them fails, and what is read from them is empty.
 void hold_standard_streams();
 
-// Has a program with windows write to the terminal that it was started from, where the system gives it none
-// by itself; a stream that leads somewhere stays.
-void join_terminal();
+// While it lives, a program with windows writes to the terminal that it was started from, where the system
+// gives it none by itself; a stream that leads somewhere stays. Only while there is something to say: who
+// closes a terminal, or interrupts in it, ends all that have joined it.
+class joined_terminal {
+  public:
+    joined_terminal();
+    ~joined_terminal();
+    joined_terminal(const joined_terminal&) = delete;
+    joined_terminal& operator=(const joined_terminal&) = delete;
+
+  private:
+    [[maybe_unused]] bool joined_ = false;
+    [[maybe_unused]] unsigned code_page_ = 0;  // of the terminal, as it was found
+};
 
 bool is_terminal(std::FILE* stream);
 

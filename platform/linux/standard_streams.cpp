@@ -23,7 +23,8 @@ void hold_standard_streams() {
 }
 
 // Every program has the streams of its caller.
-void join_terminal() {}
+joined_terminal::joined_terminal() = default;
+joined_terminal::~joined_terminal() = default;
 
 bool is_terminal(std::FILE* stream) {
     return isatty(fileno(stream)) == 1;
