@@ -13,16 +13,6 @@ constexpr std::chrono::seconds believed{1};  // names move on
 constexpr std::size_t entries_per_file = 8;
 constexpr std::size_t entries_anyway = 64;
 
-// Up to the last separator, which is not part of it.
-std::string_view directory_of(std::string_view path) {
-    const std::size_t cut = path.find_last_of("\\/");
-    return path.substr(0, cut == std::string_view::npos ? 0 : cut);
-}
-
-std::string_view name_of(std::string_view path) {
-    return path.substr(path.find_last_of("\\/") + 1);
-}
-
 }  // namespace
 
 std::size_t listed_numbers::run_at(std::span<const std::string_view> paths, std::size_t first) {
@@ -45,12 +35,11 @@ void listed_numbers::hold(std::string_view path, const file_facts& facts, std::s
     directory_records records(std::move(opened));
     std::string name;
     const std::size_t most = entries_per_file * run + entries_anyway;
-    constexpr DWORD others = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT | FILE_ATTRIBUTE_DEVICE;
     for (std::size_t count = 0; count < most; ++count) {
         const FILE_ID_BOTH_DIR_INFO* record = records.next();
         if (record == nullptr) break;
         // A file system that does not tell the number says 0.
-        if (has_attribute(record->FileAttributes, others) || record->FileId.QuadPart == 0) continue;
+        if (has_attribute(record->FileAttributes, not_plain) || record->FileId.QuadPart == 0) continue;
         name.clear();
         append_text_of(name, directory_records::name_of(*record));
         numbers_.emplace(name, static_cast<std::uint64_t>(record->FileId.QuadPart));

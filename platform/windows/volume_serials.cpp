@@ -11,6 +11,11 @@ namespace {
 constexpr std::chrono::seconds believed{1};  // another disk may take the place
 constexpr std::size_t most_answers = 100'000;
 
+bool is_remote_file(const handle& file) {
+    FILE_REMOTE_PROTOCOL_INFO told;
+    return GetFileInformationByHandleEx(file.get(), FileRemoteProtocolInfo, &told, sizeof told) != 0;
+}
+
 }  // namespace
 
 bool is_on_network(std::string_view path) {
@@ -19,8 +24,7 @@ bool is_on_network(std::string_view path) {
 }
 
 bool volume_serials::find(const handle& file, std::string_view path, std::uint64_t& serial, bool& is_remote) {
-    const std::size_t cut = path.find_last_of("\\/");
-    const std::string_view directory = path.substr(0, cut == std::string_view::npos ? 0 : cut);
+    const std::string_view directory = directory_of(path);
     const clock::time_point now = clock::now();
     {
         const std::lock_guard lock(guard_);
@@ -34,7 +38,7 @@ bool volume_serials::find(const handle& file, std::string_view path, std::uint64
     BY_HANDLE_FILE_INFORMATION facts;
     if (!GetFileInformationByHandle(file.get(), &facts)) return false;
     serial = facts.dwVolumeSerialNumber;
-    is_remote = is_on_network(path);
+    is_remote = is_on_network(path) || is_remote_file(file);
     const std::lock_guard lock(guard_);
     if (answers_.size() >= most_answers) answers_.clear();
     answers_.insert_or_assign(std::string(directory), answer{serial, is_remote, now});

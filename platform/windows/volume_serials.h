@@ -14,7 +14,7 @@
 
 namespace corvane {
 
-// On another machine: in a share, or on a drive that is one.
+// On another machine: in a share, or on a drive that is one. A link on the way may lead to one all the same.
 bool is_on_network(std::string_view path);
 
 class volume_serials {

@@ -83,6 +83,15 @@ std::string text_of_path(std::wstring_view path) {
     return text_of(path);
 }
 
+std::string_view directory_of(std::string_view path) {
+    const std::size_t cut = path.find_last_of("\\/");
+    return path.substr(0, cut == std::string_view::npos ? 0 : cut);
+}
+
+std::string_view name_of(std::string_view path) {
+    return path.substr(path.find_last_of("\\/") + 1);
+}
+
 std::string_view volume_root(std::string_view text) {
     if (on_drive(text)) return text.size() > 2 ? text.substr(0, 3) : std::string_view();
     if (!in_share(text)) return {};

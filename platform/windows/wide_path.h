@@ -18,6 +18,10 @@ std::wstring shell_path(std::string_view text);
 // The way back, for what the system answers.
 std::string text_of_path(std::wstring_view path);
 
+// Of a path of the program's text: up to the last separator, which is not part of it, and what follows.
+std::string_view directory_of(std::string_view path);
+std::string_view name_of(std::string_view path);
+
 // "C:\" for what lies on a drive, "\\server\share\" for what lies in a share; empty for anything else.
 std::string_view volume_root(std::string_view text);
 

@@ -21,6 +21,9 @@ constexpr bool has_attribute(DWORD attributes, DWORD which) {
     return (attributes & which) != 0;
 }
 
+// What has one of these may not be a file, or one that only an open handle tells of.
+constexpr DWORD not_plain = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT | FILE_ATTRIBUTE_DEVICE;
+
 constexpr DWORD share_all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 // Opens what the path is, not what it leads to, also a directory.

@@ -60,8 +60,7 @@ bool tell_state(const std::wstring& path, file_facts& facts) {
     OBJECT_ATTRIBUTES object;
     InitializeObjectAttributes(&object, &text, OBJ_CASE_INSENSITIVE, nullptr, nullptr);
     FILE_NETWORK_OPEN_INFORMATION told{};
-    constexpr DWORD others = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT | FILE_ATTRIBUTE_DEVICE;
-    if (NtQueryFullAttributesFile(&object, &told) < 0 || has_attribute(told.FileAttributes, others))
+    if (NtQueryFullAttributesFile(&object, &told) < 0 || has_attribute(told.FileAttributes, not_plain))
         return false;
     facts.exists = true;
     facts.length = told.EndOfFile.QuadPart;

@@ -71,6 +71,8 @@ std::size_t windows_file_system::many_facts(std::span<const std::string_view> pa
 
 std::size_t windows_file_system::many_states(std::span<const std::string_view> paths,
                                              std::span<file_facts> answers) {
+    // What a share tells by path may be older than what an open file of it tells.
+    if (!paths.empty() && is_on_network(paths.front())) return many_facts(paths, answers);
     return in_time(paths.size(), [&](std::size_t i) {
         const std::string_view path = paths[i];
         file_facts& answer = answers[i];
@@ -81,7 +83,6 @@ std::size_t windows_file_system::many_states(std::span<const std::string_view> p
             return;
         }
         answer = facts(path);
-        // What a share tells may be older than what an open file of it tells.
         if (!answer.exists || answer.stacked) return;
         const std::size_t run = listed_numbers::run_at(paths, i);
         if (run >= listed_numbers::least_run) numbers_.hold(path, answer, run);

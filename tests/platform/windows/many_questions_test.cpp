@@ -4,6 +4,7 @@
 #include <array>
 #include <vector>
 
+#include "platform/windows/volume_serials.h"
 #include "platform/windows/windows_file_system.h"
 #include "tests/platform/windows/scratch_drive.h"
 
@@ -62,6 +63,17 @@ TEST_F(ManyQuestions, AreAnsweredByManyThreadsAsEachAlone) {
         EXPECT_TRUE(same_state(told[i], alone)) << paths[i];
         EXPECT_EQ(told[i].link_count, alone.link_count);
     }
+}
+
+TEST(OnNetwork, SharesAreAndDrivesOfThisMachineAreNot) {
+    EXPECT_TRUE(is_on_network("\\\\server\\share\\x"));
+    EXPECT_TRUE(is_on_network("\\\\server\\share\\folder\\x"));
+    EXPECT_FALSE(is_on_network("C:\\x"));
+}
+
+TEST_F(ManyQuestions, OfADriveOfThisMachineAreNotTakenForThoseOfAShare) {
+    make_file(L"a", "1");
+    EXPECT_FALSE(files.facts(root + "a").stacked);
 }
 
 }  // namespace
