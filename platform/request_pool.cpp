@@ -132,6 +132,7 @@ void request_pool::help() {
 void request_pool::hire(unsigned helpers) {
     if (helpers_.size() >= helpers) return;
     try {
+        helpers_.reserve(helpers);  // a thread that has begun is not lost for want of room
         while (helpers_.size() < helpers) helpers_.push_back(start_helper([this] { help(); }));
     } catch (const std::system_error&) {
     }
