@@ -7,6 +7,7 @@
 #include "browser/list_menu.h"
 #include "browser/list_views.h"
 #include "browser/row_panel.h"
+#include "core/archives/archive_entry.h"
 #include "core/model/main_form.h"
 #include "core/tasks/help.h"
 
@@ -33,9 +34,9 @@ void right_button(Tavrel& form) {
     form.popup_menu = "reprod";
 }
 
-void open_folder_of(Tavrel& form, const std::string& path) {
-    const std::size_t cut = path.rfind(form.outside.files.separator());
-    if (cut != std::string::npos) open_quietly(form, path.substr(0, cut + 1));
+void open_folder(Tavrel& form, const std::string& path) {
+    const std::string_view folder = folder_of(path, form.outside.files.separator());
+    if (!folder.empty()) open_quietly(form, std::string(folder));
 }
 
 }  // namespace
@@ -88,7 +89,7 @@ void ListView1_DblClick(Tavrel& form) {
     if (state.clicked_column < view.first_path) {
         if (view.left_of_paths == double_click::shows_row) return show_row_panel(form, state.clicked_row);
         if (view.left_of_paths == double_click::opens_directory)
-            return open_folder_of(form, form.ListView1.cell(state.clicked_row, view.first_path));
+            return open_folder(form, form.ListView1.cell(state.clicked_row, view.first_path));
         if (view.left_of_paths != double_click::marks) return;
     }
     if (view.marks == mark_rule::pairs) mark_pair_cell(form);

@@ -126,6 +126,16 @@ TEST(DifferentView, ClosingWhileItFillsEndsIt) {
     EXPECT_LT(p.list().row_count(), 100);
 }
 
+TEST(DifferentView, ADoubleClickBesideThePathOpensItsDirectory) {
+    list_program p;
+    p.files.add_file("/d/e/a", "1");
+    p.files.add_file("/prog/不相同文件.txt", "/d/e/a\r\n");
+    p.form.run("Picture11_Click");
+    p.double_click(1, 2);
+    EXPECT_EQ(p.desktop.calls, texts{"open /d/e/"});
+    EXPECT_EQ(p.list().colour(1, 4), cell_colour::colour_text);
+}
+
 TEST(DifferentView, TheFileListSurvivesMarksAndSort) {
     list_program p;
     p.files.add_file("/d/b", "12345");

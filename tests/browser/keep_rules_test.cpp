@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "core/archives/archive_entry.h"
-
 namespace corvane {
 namespace {
 
@@ -20,12 +18,6 @@ TEST(NamedAsCopy, WhatOnlyLooksAlike) {
                              "/d/a (b).txt", "/d (1)/a.txt", "/副本/a.txt", "/Copy of d/a.txt",
                              "/d/(1) a.txt", "/d/Kopien - Kopierer", "/d/a (1).zip*b.txt", "/d/)", ""})
         EXPECT_FALSE(is_named_as_copy(path, '/')) << path;
-}
-
-TEST(FolderOf, AnEntryIsWhereItsArchiveIs) {
-    EXPECT_EQ(folder_of("/d/e/a", '/'), "/d/e/");
-    EXPECT_EQ(folder_of("/d/z.zip*e/a", '/'), "/d/");
-    EXPECT_EQ(folder_of("a", '/'), "");
 }
 
 }  // namespace
