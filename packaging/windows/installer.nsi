@@ -46,14 +46,16 @@ LangString RUNS ${LANG_SIMPCHINESE} "Corvane 正在运行，请先关闭它。"
 LangString RUNS ${LANG_ENGLISH} "Corvane is running. Please close it first."
 LangString OLD ${LANG_SIMPCHINESE} "这个程序需要 64 位的 Windows 10 或更新的版本。"
 LangString OLD ${LANG_ENGLISH} "This program needs 64-bit Windows 10 or later."
+LangString LEFT ${LANG_SIMPCHINESE} "无法卸载以前的版本，没有安装。"
+LangString LEFT ${LANG_ENGLISH} "The earlier version could not be uninstalled; nothing was installed."
 LangString STAYS ${LANG_SIMPCHINESE} "您的设置、清单和记录没有删除，留在："
 LangString STAYS ${LANG_ENGLISH} "Your settings, lists and records were not removed and stay in:"
 
 ; A program that runs cannot be written to.
-!macro REFUSE_WHILE_IT_RUNS
-    ${If} ${FileExists} "$INSTDIR\bin\corvane.exe"
+!macro REFUSE_WHILE_RUNNING PROGRAM
+    ${If} ${FileExists} "$INSTDIR\bin\${PROGRAM}"
         ClearErrors
-        FileOpen $0 "$INSTDIR\bin\corvane.exe" a
+        FileOpen $0 "$INSTDIR\bin\${PROGRAM}" a
         ${If} ${Errors}
             MessageBox MB_OK|MB_ICONEXCLAMATION "$(RUNS)" /SD IDOK
             SetErrorLevel 2
@@ -61,6 +63,10 @@ LangString STAYS ${LANG_ENGLISH} "Your settings, lists and records were not remo
         ${EndIf}
         FileClose $0
     ${EndIf}
+!macroend
+!macro REFUSE_WHILE_IT_RUNS
+    !insertmacro REFUSE_WHILE_RUNNING "corvane.exe"
+    !insertmacro REFUSE_WHILE_RUNNING "corvane-console.exe"
 !macroend
 
 Function .onInit
@@ -75,7 +81,14 @@ Section
     !insertmacro REFUSE_WHILE_IT_RUNS
     ; What an earlier version has installed, and this one has not, goes.
     ${If} ${FileExists} "$INSTDIR\${UNINSTALLER}"
-        ExecWait '"$INSTDIR\${UNINSTALLER}" /S _?=$INSTDIR'
+        ClearErrors
+        ExecWait '"$INSTDIR\${UNINSTALLER}" /S _?=$INSTDIR' $0
+        ${If} ${Errors}
+        ${OrIf} $0 <> 0
+            MessageBox MB_OK|MB_ICONSTOP "$(LEFT)" /SD IDOK
+            SetErrorLevel 2
+            Quit
+        ${EndIf}
     ${EndIf}
     !include "${LISTS}/install.nsh"
     WriteUninstaller "$INSTDIR\${UNINSTALLER}"
