@@ -37,6 +37,7 @@ class held_folder : public file_system {
         disk_.restore_access(path, access);
     }
     file_facts facts(std::string_view path) override;
+    std::int64_t now_ns() override { return disk_.now_ns(); }
     std::string resolve(const std::string& path) override { return disk_.resolve(path); }
     std::vector<mounted_tree> mounted_trees() override { return disk_.mounted_trees(); }
     bool identity(const std::string& path, file_identity& identity) override {

@@ -1,6 +1,7 @@
 #include "compare/compare_task.h"
 
 #include <cmath>
+#include <functional>
 #include <string>
 
 #include "compare/column_order.h"
@@ -9,8 +10,10 @@
 #include "compare/preparation.h"
 #include "compare/result_store.h"
 #include "compare/result_summary.h"
+#include "compare/stored_contents.h"
 #include "core/model/main_form.h"
 #include "core/model/phase_words.h"
+#include "core/settings/data_files.h"
 #include "core/tasks/environment.h"
 #include "core/tasks/error_trail.h"
 #include "core/tasks/help.h"
@@ -40,6 +43,22 @@ bool take_file_list(Tavrel& form) {
     form.complain("没有文件，请重新选择目录", 1009, true);
     form.call(handlers::choose_directories);
     return false;
+}
+
+bool keeps_history(const run_state& state) {
+    return state.file_count > history_threshold && !state.history_off;
+}
+
+std::string contents_path(const Tavrel& form) {
+    return form.state.program_dir + data_file::contents;
+}
+
+// Work at the program's own files. What is held in memory for want of a folder is no other thread's.
+void work_at_files(Tavrel& form, const std::function<void()>& work) {
+    if (form.state.program_dir_locked)
+        work();
+    else
+        form.work_aside(work);
 }
 
 bool load_history(Tavrel& form) {
@@ -82,6 +101,20 @@ bool check_attributes(Tavrel& form, bool& members_seen) {
     return true;
 }
 
+// How the files stood is not kept any longer than this: nothing behind the comparison asks, and the proofs
+// hold what was proven. A file of contents that cannot be written costs time, and nothing else.
+void give_up_states(Tavrel& form) {
+    run_state& state = form.state;
+    std::string error;
+    if (keeps_history(state))
+        work_at_files(form, [&] {
+            static_cast<void>(write_contents(form.outside.files, contents_path(form), state, error));
+        });
+    state.file_place = {};
+    state.file_changed = {};
+    state.file_contents = {};
+}
+
 bool store_history(Tavrel& form) {
     run_state& state = form.state;
     // Forgets files that are gone, on about one run in sixty.
@@ -91,12 +124,7 @@ bool store_history(Tavrel& form) {
     bar_scale(form, state.file_count);
     std::string error;
     bool merged = false;
-    const auto merge = [&] { merged = merge_history(form.outside.files, state, state, error); };
-    // What is held in memory for want of a folder is no other thread's to write.
-    if (state.program_dir_locked)
-        merge();
-    else
-        form.work_aside(merge);
+    work_at_files(form, [&] { merged = merge_history(form.outside.files, state, state, error); });
     if (merged) return true;
     report_write_failure(form, state.history_path, error);
     return false;
@@ -105,7 +133,7 @@ bool store_history(Tavrel& form) {
 // Up to the first file of the comparison. False when quit_requested was met.
 bool prepare(Tavrel& form) {
     run_state& state = form.state;
-    if (state.file_count > history_threshold && !state.history_off) {
+    if (keeps_history(state)) {
         if (!load_history(form)) return false;
     } else {
         state.history_count = 0;
@@ -129,6 +157,8 @@ bool prepare(Tavrel& form) {
     if (members_seen) take_member_signatures(state);
     form.panel(7, "核对文件历史数据");
     form.work_aside([&state] { reuse_history(state, state); });
+    if (keeps_history(state))
+        work_at_files(form, [&] { read_contents(form.outside.files, contents_path(form), state); });
     if (state.same_suffix_only) fill_suffix_column(state);
     return true;
 }
@@ -157,7 +187,7 @@ bool store_results(Tavrel& form) {
     bool written = write_same_files(form) && write_different_files(form);
     state.compared_files = written ? state.file_count : 0;
     if (written) state.result_dirs = state.walked_dirs;
-    if (written && state.file_count > history_threshold && !state.history_off) written = store_history(form);
+    if (written && keeps_history(state)) written = store_history(form);
     form.pic_gressbar1.visible = false;
     form.Command28.visible = false;
     if (written && state.result_count > 0) state.same_fresh_flag = -1;
@@ -195,9 +225,7 @@ void Picture3_Click(Tavrel& form) {
         state.cancelled_at = outcome.files_checked;
         state.cancelled_of = state.file_count;
     }
-    // Nothing behind the comparison asks how the files stood; the proofs hold what was proven.
-    state.file_place = {};
-    state.file_changed = {};
+    give_up_states(form);
     if (!store_results(form)) return;
 
     const double elapsed = form.outside.screen.seconds() - state.base_time;

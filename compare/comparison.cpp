@@ -24,6 +24,7 @@ constexpr std::int32_t files_per_clock_look = 5;
 constexpr std::int32_t partners_per_status = 100;
 constexpr std::int32_t pairs_per_status = 8;
 constexpr std::size_t most_confirmed_at_once = 256;
+constexpr std::size_t most_asked_ahead = 512;
 
 class comparison {
   public:
@@ -87,7 +88,7 @@ class comparison {
     // One that is to be paired with the centre.
     struct partner {
         std::int32_t file;
-        bool by_bytes;
+        sameness same;
         bool unchanged = false;
         file_facts facts = {};
     };
@@ -101,7 +102,7 @@ class comparison {
             for (; k <= state_.file_count && state_.file_len[k] == 0 &&
                    partners_.size() < most_confirmed_at_once;
                  ++k)
-                if (state_.file_ok[k]) partners_.push_back({k, true});
+                if (state_.file_ok[k]) partners_.push_back({k, sameness::by_bytes});
             if (!partners_stand(i)) return i;
             for (const partner& each : partners_) {
                 if (!is_another_file(i, each)) continue;
@@ -120,7 +121,7 @@ class comparison {
                 if (j % partners_per_status == 0) show_elapsed(form_);
                 const sameness same = group_.same(i, j);
                 form_.yield();
-                if (same != sameness::different) partners_.push_back({j, same == sameness::by_bytes});
+                if (same != sameness::different) partners_.push_back({j, same});
             }
             // No event from here to the last of these pairs.
             if (partners_.empty()) continue;
@@ -128,7 +129,7 @@ class comparison {
             for (const partner& each : partners_) {
                 if (!is_another_file(i, each)) continue;
                 register_pair(i, each.file);
-                if (each.by_bytes) note_proof(i, each);
+                if (each.same == sameness::by_bytes) note_proof(i, each);
             }
         }
     }
@@ -140,8 +141,12 @@ class comparison {
         const bool knows_centre = centre_ == i && centre_readings_ == group_.readings();
         asked_.clear();
         if (!knows_centre) asked_.push_back(i);
-        for (const partner& each : partners_) asked_.push_back(each.file);
-        ask_facts();
+        bool is_read = false;
+        for (const partner& each : partners_) {
+            asked_.push_back(each.file);
+            is_read = is_read || each.same != sameness::as_before;
+        }
+        if (is_read || !take_facts_ahead()) ask_facts(is_read ? 0 : most_asked_ahead);
         std::size_t at = 0;
         if (!knows_centre) {
             centre_facts_ = facts_[at];
@@ -157,19 +162,48 @@ class comparison {
         return true;
     }
 
-    // Fills facts_ for the files of asked_, those of members with nothing.
-    void ask_facts() {
+    // Fills facts_ for the files of asked_ with answers to earlier questions. False where one is missing.
+    bool take_facts_ahead() {
+        facts_.clear();
+        for (const std::int32_t file : asked_) {
+            const auto found = facts_ahead_.find(state_.file_list[file].data());
+            if (found == facts_ahead_.end()) return false;
+            facts_.push_back(found->second);
+        }
+        return true;
+    }
+
+    // Whose contents an earlier comparison has found out will be in a pair soon, and nothing of them is read
+    // before it is asked about.
+    void add_paths_ahead(std::size_t most) {
+        constexpr std::int32_t most_looked_at = 16 * static_cast<std::int32_t>(most_asked_ahead);
+        const std::int32_t first = asked_.back() + 1;
+        const auto last = static_cast<std::int32_t>(
+            std::min<std::int64_t>(state_.file_count, std::int64_t{first} + most_looked_at));
+        for (std::int32_t k = first; k <= last && paths_.size() < most; ++k)
+            if (state_.file_contents.of(k) != 0 && state_.file_ok[k] && !state_.file_matched[k])
+                paths_.push_back(state_.file_list[k]);
+    }
+
+    // Fills facts_ for the files of asked_, those of members with nothing. With files that follow, up to
+    // `ahead` in all, whose answers are kept.
+    void ask_facts(std::size_t ahead) {
         paths_.clear();
         for (const std::int32_t file : asked_) {
             const std::string_view path = state_.file_list[file];
             if (!is_archive_member(path)) paths_.push_back(path);
         }
+        const std::size_t wanted = paths_.size();
+        add_paths_ahead(ahead);
         answers_.assign(paths_.size(), {});
-        for (std::size_t done = 0; done < paths_.size();) {
+        std::size_t done = 0;
+        while (done < wanted) {
             if (done > 0) form_.yield();
             done += form_.outside.files.many_facts(std::span(paths_).subspan(done),
                                                    std::span(answers_).subspan(done));
         }
+        facts_ahead_.clear();
+        for (std::size_t n = wanted; n < done; ++n) facts_ahead_.emplace(paths_[n].data(), answers_[n]);
         facts_.assign(asked_.size(), {});
         std::size_t next = 0;
         for (std::size_t n = 0; n < asked_.size(); ++n)
@@ -256,6 +290,7 @@ class comparison {
     std::vector<std::string_view> paths_;
     std::vector<file_facts> answers_;
     std::vector<file_facts> facts_;
+    std::unordered_map<const char*, file_facts> facts_ahead_;    // by where the text of the path stands
     std::vector<std::pair<std::int32_t, std::int32_t>> proven_;  // file and star
     std::unordered_map<std::string, file_facts> archive_facts_;
 };

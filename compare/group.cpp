@@ -13,6 +13,13 @@
 
 namespace corvane {
 
+namespace {
+
+// Classes from here on are those of earlier comparisons: nothing of the files was read here.
+constexpr std::int32_t first_known_class = 1 << 30;
+
+}  // namespace
+
 file_group::file_group(file_system& disk, file_columns& files, group_events events)
     : disk_(disk),
       files_(files),
@@ -155,6 +162,7 @@ bool file_group::plan_later_group(std::int32_t first, std::int32_t last) {
     const bool is_short = files_.file_len[first] <= signature_block;
     if (last - first == 1) {
         if (!is_short || same_suffix_only_ || !files_.file_ok[first] || !files_.file_ok[last]) return true;
+        if (known_together(first, last)) return true;
         plan(first);
         plan(last);
         return true;
@@ -179,14 +187,25 @@ void file_group::plan_comparisons(std::int32_t first, std::int32_t last, bool or
         if (files_.file_ok[j] && !files_.file_matched[j]) signed_.emplace_back(files_.file_crc[j], j);
     if (!ordered) std::sort(signed_.begin(), signed_.end());
     for (std::size_t at = 0; at < signed_.size() && !plan_is_full();) {
-        const auto [signature, centre] = signed_[at];
-        bool centre_is_planned = false;
-        for (++at; at < signed_.size() && signed_[at].first == signature; ++at) {
-            if (plan_is_full() || accepted_unread(centre, signed_[at].second)) continue;
-            if (!centre_is_planned) plan(centre);
-            centre_is_planned = true;
-            plan(signed_[at].second);
+        const std::size_t begin = at;
+        while (++at < signed_.size() && signed_[at].first == signed_[begin].first) {
         }
+        plan_signed_run(std::span(signed_).subspan(begin, at - begin));
+    }
+}
+
+// Files of one signature, unless nothing of them has to be read.
+void file_group::plan_signed_run(std::span<const signed_file> run) {
+    const std::int32_t centre = run.front().second;
+    const std::span<const signed_file> others = run.subspan(1);
+    if (std::all_of(others.begin(), others.end(), [&](const signed_file& each) {
+            return known_together(centre, each.second) || accepted_unread(centre, each.second);
+        }))
+        return;
+    plan(centre);
+    for (const signed_file& each : others) {
+        if (plan_is_full()) return;
+        if (!accepted_unread(centre, each.second)) plan(each.second);
     }
 }
 
@@ -276,7 +295,8 @@ sameness file_group::same(std::int32_t i, std::int32_t j) {
         }
         if (archive_flag_ || accepted_unread(i, j)) return sameness::by_rule;
     }
-    return equal_contents(i, j) ? sameness::by_bytes : sameness::different;
+    if (!equal_contents(i, j)) return sameness::different;
+    return content_class_[place(i)] >= first_known_class ? sameness::as_before : sameness::by_bytes;
 }
 
 // Same name, same time, same length and same checksum of the whole file: accepted without a byte comparison.
@@ -315,24 +335,53 @@ bool file_group::equal_contents(std::int32_t i, std::int32_t j) {
         // Nothing before j can be asked about again: it was the same as i, or it differs and has its class.
         for (std::int32_t k = j; k <= end_; k = next_candidate(i, k))
             if (k == j || !signature_mode_ || !accepted_unread(i, k)) members.push_back(k);
-        if (last_length_ <= signature_block && may_read_ahead()) hold(members);
-        std::vector<content_candidate> candidates;
-        candidates.reserve(members.size());
-        for (const std::int32_t k : members)
-            candidates.push_back({files_.file_list[k], contents_.at(k - first_)});
-        ++readings_;
-        const std::vector<std::int32_t> classes =
-            classify_contents(disk_, candidates, last_length_, events_.keep_going, events_.touches,
-                              may_read_ahead(), [this](std::int64_t bytes) { count(bytes); });
-        std::int32_t highest = 0;
-        for (std::size_t m = 0; m < members.size(); ++m) {
-            highest = std::max(highest, classes[m] + 1);
-            content_class_[place(members[m])] =
-                classes[m] < 0 ? unreadable_content : next_class_ + classes[m];
-        }
-        next_class_ += highest;
+        if (!take_known_contents(members)) read_contents(members);
     }
     return content_class_[place(i)] > 0 && content_class_[place(i)] == content_class_[place(j)];
+}
+
+// One reading of before must have had all of them: classes of two readings cannot be told apart.
+bool file_group::take_known_contents(const std::vector<std::int32_t>& members) {
+    for (const std::int32_t k : members)
+        if (!known_together(members.front(), k)) return false;
+    for (const std::int32_t k : members)
+        content_class_[place(k)] = first_known_class + files_.file_contents.of(k);
+    return true;
+}
+
+bool file_group::known_together(std::int32_t i, std::int32_t j) const {
+    const known_contents& contents = files_.file_contents;
+    const std::int32_t number = contents.of(j);
+    if (number == 0 || contents.of(i) == 0) return false;
+    const auto [first, end] = contents.reading_of(contents.of(i));
+    return number >= first && number < end;
+}
+
+void file_group::read_contents(const std::vector<std::int32_t>& members) {
+    if (last_length_ <= signature_block && may_read_ahead()) hold(members);
+    std::vector<content_candidate> candidates;
+    candidates.reserve(members.size());
+    for (const std::int32_t k : members)
+        candidates.push_back({files_.file_list[k], contents_.at(k - first_)});
+    ++readings_;
+    const std::vector<std::int32_t> classes =
+        classify_contents(disk_, candidates, last_length_, events_.keep_going, events_.touches,
+                          may_read_ahead(), [this](std::int64_t bytes) { count(bytes); });
+    const std::int32_t highest = *std::max_element(classes.begin(), classes.end()) + 1;
+    for (std::size_t m = 0; m < members.size(); ++m)
+        content_class_[place(members[m])] = classes[m] < 0 ? unreadable_content : next_class_ + classes[m];
+    next_class_ += highest;
+    keep_contents(members, classes, highest);
+}
+
+// For the comparisons to come.
+void file_group::keep_contents(const std::vector<std::int32_t>& members,
+                               const std::vector<std::int32_t>& classes, std::int32_t count) {
+    known_contents& contents = files_.file_contents;
+    if (contents.numbers.empty() || count == 0) return;
+    const std::int32_t first = contents.begin_reading(count);
+    for (std::size_t m = 0; m < members.size(); ++m)
+        contents.numbers[members[m]] = classes[m] < 0 ? 0 : first + classes[m];
 }
 
 }  // namespace corvane

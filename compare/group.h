@@ -38,8 +38,9 @@ constexpr std::int64_t direct_signature_length = 4;
 
 enum class sameness {
     different,
-    by_rule,   // equal signatures, or name, time and signature: the contents themselves were not compared
-    by_bytes,  // this group has read both
+    by_rule,    // equal signatures, or name, time and signature: the contents themselves were not compared
+    by_bytes,   // this group has read both
+    as_before,  // an earlier comparison has, and neither file has changed since
 };
 
 class file_group {
@@ -67,6 +68,8 @@ class file_group {
     std::int32_t readings() const { return readings_; }
 
   private:
+    using signed_file = std::pair<std::int32_t, std::int32_t>;  // signature and file
+
     void find_end(std::int32_t i);
     bool compute_signatures(std::int32_t i);
     bool has_signature(std::int32_t j) const;
@@ -79,6 +82,7 @@ class file_group {
     void plan_later_groups();
     bool plan_later_group(std::int32_t first, std::int32_t last);
     void plan_comparisons(std::int32_t first, std::int32_t last, bool ordered);
+    void plan_signed_run(std::span<const signed_file> run);
     void plan(std::int32_t j);
     bool plan_is_full() const {
         return planned_.size() >= read_ahead::most_files || planned_bytes_ >= read_ahead::most_bytes;
@@ -92,6 +96,11 @@ class file_group {
     void chain_suffixes(std::int32_t i);
     bool accepted_unread(std::int32_t i, std::int32_t j) const;
     bool equal_contents(std::int32_t i, std::int32_t j);
+    bool take_known_contents(const std::vector<std::int32_t>& members);
+    void read_contents(const std::vector<std::int32_t>& members);
+    void keep_contents(const std::vector<std::int32_t>& members, const std::vector<std::int32_t>& classes,
+                       std::int32_t count);
+    bool known_together(std::int32_t i, std::int32_t j) const;
     std::size_t place(std::int32_t i) const { return static_cast<std::size_t>(i - first_); }
 
     file_system& disk_;
@@ -112,8 +121,8 @@ class file_group {
     read_ahead own_ahead_;   // for the contents of a mixed group
     std::vector<read_ahead::wanted_start> planned_;
     std::size_t planned_bytes_ = 0;
-    std::vector<std::pair<std::int32_t, std::int32_t>> signed_;  // of a later group: signature and file
-    std::vector<std::int32_t> content_class_;                    // by place; 0 not known yet, -1 unreadable
+    std::vector<signed_file> signed_;          // of a later group
+    std::vector<std::int32_t> content_class_;  // by place; 0 not known yet, -1 unreadable
     std::int32_t next_class_ = 1;
     std::int32_t readings_ = 0;
     std::vector<std::int32_t> next_of_suffix_;  // by place; empty unless only equal suffixes are compared

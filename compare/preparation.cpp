@@ -120,6 +120,7 @@ void size_columns(file_columns& files, result_state& result) {
     files.file_changed.assign(count, 0);
     files.file_rank = {};
     files.file_start_crc.clear();
+    files.file_contents = {};
     for (column<std::uint8_t>* flags :
          {&files.file_ok, &files.file_bad, &files.file_matched, &files.file_has_twin, &files.file_in_archive})
         flags->assign(count, 0);
@@ -133,6 +134,7 @@ void size_columns(file_columns& files, result_state& result) {
 bool refresh_attributes(file_system& disk, file_columns& files, result_state& result, bool& members_seen,
                         const std::function<bool(std::int32_t)>& reaches) {
     members_seen = false;
+    files.listed_ns = disk.now_ns();
     result.total_bytes = 0;
     result.size_unit.clear();
     listed_facts facts(disk, files);

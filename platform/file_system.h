@@ -183,6 +183,8 @@ class file_system {
     // Gives a file that was written anew the access that it had, as far as the user may.
     virtual void restore_access(const std::string& path, const file_access& access) = 0;
     virtual file_facts facts(std::string_view path) = 0;
+    // What a change would be dated with now, as far as this machine's clock is that of the disk.
+    virtual std::int64_t now_ns() = 0;
     // Where links in the path lead to; the path itself when there are none or it cannot be resolved.
     virtual std::string resolve(const std::string& path) = 0;
     // All mounts, a later one above an earlier one of the same point. Empty where the system does not tell.

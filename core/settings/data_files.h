@@ -19,7 +19,7 @@ constexpr char protected_aside[] = "受保护的目录.旧.txt";  // one that co
 constexpr char recent_directories[] = "最近的目录.txt";
 constexpr char recent_aside[] = "最近的目录.旧.txt";  // one that could not be read to its end
 constexpr char preview[] = "预览.txt";                // whether the preview is shown
-constexpr char window_looks[] = "窗口状态.txt";              // widths, order and folders of the windows
+constexpr char window_looks[] = "窗口状态.txt";       // widths, order and folders of the windows
 constexpr char notes[] = "备记录.txt";
 constexpr char help[] = "Corvane帮助.chm";
 
@@ -30,10 +30,11 @@ constexpr char archive_errors[] = "err.txt";
 constexpr char same_files[] = "相同文件.txt";
 constexpr char different_files[] = "不相同文件.txt";
 constexpr char empty_directories[] = "spasedir.txt";
-constexpr char history[] = "run_history.txt";  // signatures of earlier runs
-constexpr char marks[] = "标记.txt";           // of the same-file view, from the last run
-constexpr char marks_aside[] = "标记.旧.txt";  // those of another version
-constexpr char recycled_runs[] = "删除记录";   // a folder: a file for each run to the recycle bin
+constexpr char history[] = "run_history.txt";    // signatures of earlier runs
+constexpr char contents[] = "run_contents.txt";  // which contents they have found equal
+constexpr char marks[] = "标记.txt";             // of the same-file view, from the last run
+constexpr char marks_aside[] = "标记.旧.txt";    // those of another version
+constexpr char recycled_runs[] = "删除记录";     // a folder: a file for each run to the recycle bin
 constexpr char run_records[] = "run_time_rem.txt";
 constexpr char result_page[] = "相同文件报告.html";
 
@@ -57,27 +58,12 @@ constexpr char avoided_files[] = "avoid.txt";
 
 // What a user would miss: all that a later version reads again. Taken over from an earlier place as it
 // stands; first what keeps files from being deleted. Marks are left: they hold for the very store that they
-// were written with.
+// were written with; and so are contents, which the next comparison finds out again.
 constexpr const char* kept[] = {
-    protected_directories,
-    environment,
-    added_settings,
-    window_looks,
-    selected_directories,
-    excluded_directories,
-    excluded_types,
-    only_types,
-    common_types,
-    types_by_kind,
-    types_by_name,
-    notes,
-    file_list,
-    same_files,
-    different_files,
-    empty_directories,
-    history,
-    run_records,
-    avoided_files,
+    protected_directories, environment,    added_settings, window_looks,  selected_directories,
+    excluded_directories,  excluded_types, only_types,     common_types,  types_by_kind,
+    types_by_name,         notes,          file_list,      same_files,    different_files,
+    empty_directories,     history,        run_records,    avoided_files,
 };
 // Those of them that ship with the program.
 constexpr const char* shipped[] = {excluded_directories, excluded_types, only_types,

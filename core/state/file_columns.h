@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/state/known_contents.h"
 #include "core/text/column.h"
 #include "core/text/flag.h"
 #include "core/text/text_column.h"
@@ -34,6 +35,9 @@ struct file_columns {
     // How the file stood when its length and date were taken: the change time and a number of its identity.
     column<std::int64_t> file_changed;
     column<std::uint64_t> file_place;
+    // The clock before the first of these facts was asked for, in nanoseconds since 1970.
+    std::int64_t listed_ns = 0;
+    known_contents file_contents;
     // The place that the name has among all names in ascending order, from 1 on; empty when that is not
     // known.
     column<std::int32_t> file_rank;
@@ -57,6 +61,7 @@ inline void give_up_columns(file_columns& files) {
     files.file_start_crc = {};
     files.file_changed = {};
     files.file_place = {};
+    files.file_contents = {};
 }
 
 }  // namespace corvane

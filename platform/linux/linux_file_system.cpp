@@ -5,6 +5,7 @@
 #include <pwd.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -80,6 +81,12 @@ linux_file_system::linux_file_system()
 
 file_facts linux_file_system::facts(std::string_view path) {
     return linux_facts({AT_FDCWD, path}, path, stacked_devices_);
+}
+
+std::int64_t linux_file_system::now_ns() {
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    return std::int64_t{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
 }
 
 std::size_t linux_file_system::many_facts(std::span<const std::string_view> paths,

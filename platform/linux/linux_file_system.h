@@ -9,9 +9,9 @@
 #include "platform/linux/linux_attributes.h"
 #include "platform/linux/linux_directories.h"
 #include "platform/linux/linux_volumes.h"
+#include "platform/linux/stacked_devices.h"
 #include "platform/name_mapping.h"
 #include "platform/request_pool.h"
-#include "platform/linux/stacked_devices.h"
 
 namespace corvane {
 
@@ -33,6 +33,7 @@ class linux_file_system : public file_system {
         attributes_.restore_access(path, access);
     }
     file_facts facts(std::string_view path) override;
+    std::int64_t now_ns() override;
     std::string resolve(const std::string& path) override;
     std::vector<mounted_tree> mounted_trees() override { return linux_mounts(); }
     bool identity(const std::string& path, file_identity& identity) override;

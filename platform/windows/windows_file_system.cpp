@@ -62,6 +62,12 @@ file_facts windows_file_system::facts(std::string_view path) {
     return result;
 }
 
+std::int64_t windows_file_system::now_ns() {
+    FILETIME now;
+    GetSystemTimeAsFileTime(&now);
+    return nanoseconds_of(units_of_time(now));
+}
+
 std::size_t windows_file_system::many_facts(std::span<const std::string_view> paths,
                                             std::span<file_facts> answers) {
     if (paths.empty()) return 0;

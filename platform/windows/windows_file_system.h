@@ -34,6 +34,7 @@ class windows_file_system : public file_system {
         restore_windows_access(path, access);
     }
     file_facts facts(std::string_view path) override;
+    std::int64_t now_ns() override;
     std::string resolve(const std::string& path) override;
     bool identity(const std::string& path, file_identity& identity) override;
     bool is_recycle_directory(const std::string& path) override;

@@ -41,6 +41,7 @@ class faulty_disk : public file_system {
     void restore_access(const std::string& path, const file_access& access) override {
         if (!fails()) disk_.restore_access(path, access);
     }
+    std::int64_t now_ns() override { return disk_.now_ns(); }
     file_facts facts(std::string_view path) override { return fails() ? file_facts() : disk_.facts(path); }
     std::string resolve(const std::string& path) override { return fails() ? path : disk_.resolve(path); }
     std::vector<mounted_tree> mounted_trees() override { return disk_.mounted_trees(); }

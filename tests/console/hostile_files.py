@@ -7,7 +7,7 @@ import sys
 import tempfile
 
 console = sys.argv[1]
-names = ["文件清单.txt", "相同文件.txt", "不相同文件.txt", "run_history.txt", "avoid.txt", "run_time_rem.txt",
+names = ["文件清单.txt", "相同文件.txt", "不相同文件.txt", "run_history.txt", "run_contents.txt", "avoid.txt", "run_time_rem.txt",
          "err.txt", "比较文件_目录清单.txt", "temp.txt", "err_rec.txt", "Tavrel环境.txt", "不参加搜索的目录.txt",
          "不参加比较的文件类型.txt", "仅搜索的文件类型.txt", "备记录.txt", "常用文件扩展名.txt"]
 dice = random.Random(20)

@@ -75,7 +75,7 @@ class memory_writer : public file_writer {
     void put(std::string content) {
         memory_file& file = files_.place(path_);
         file.content = std::move(content);
-        file.modified_ns = file.changed_ns = ++files_.clock_ns_;
+        file.modified_ns = file.changed_ns = ++files_.clock_ns;
     }
 
     memory_file_system& files_;

@@ -67,6 +67,7 @@ class memory_file_system : public file_system {
     std::function<void(const std::string&)> on_commit;  // right after a file has come to its place
     std::string write_failure_path;                     // writing this file fails, with the words below
     std::string write_failure_words = "disk full";
+    std::int64_t clock_ns = 2'000'000'000;  // goes on at each write
     bool claimed_by_another = false;
     std::vector<volume> mounted;
     std::vector<mounted_tree> trees;
@@ -98,6 +99,7 @@ class memory_file_system : public file_system {
         if (access.known) modes[path] = access.mode;
     }
     file_facts facts(std::string_view path) override;
+    std::int64_t now_ns() override { return clock_ns; }
     std::size_t many_states(std::span<const std::string_view> paths, std::span<file_facts> answers) override {
         const std::size_t count = many_facts(paths, answers);
         for (std::size_t i = 0; blur_state && i < count; ++i) blur_state(paths[i], answers[i]);
@@ -137,7 +139,6 @@ class memory_file_system : public file_system {
     std::map<std::string, memory_file> entries_;
     std::set<std::string> unhidden_;
     std::uint64_t next_index_ = 1;
-    std::int64_t clock_ns_ = 2'000'000'000;  // goes on at each write
 };
 
 }  // namespace corvane
