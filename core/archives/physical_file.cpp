@@ -26,11 +26,19 @@ bool is_one_link(file_system& files, std::string_view a, std::string_view b) {
     return folder_a == folder_b;
 }
 
+// What comes over a network may have lost what is finer than 100 nanoseconds.
+bool same_moment(std::int64_t a, std::int64_t b) {
+    constexpr std::int64_t unit_ns = 100;
+    return a == b || ((a % unit_ns == 0 || b % unit_ns == 0) && a / unit_ns == b / unit_ns);
+}
+
 // A file and its image in a stack of mounts. Both times of a true copy differ: its change time is that of the
 // copying. Where a mount makes the change time up from the other one, only the index is left.
 bool is_seen_through_stack(const file_facts& a, const file_facts& b) {
     if ((!a.stacked && !b.stacked) || a.identity.device == b.identity.device) return false;
-    if (a.length != b.length || a.modified_ns != b.modified_ns || a.changed_ns != b.changed_ns) return false;
+    if (a.length != b.length || !same_moment(a.modified_ns, b.modified_ns) ||
+        !same_moment(a.changed_ns, b.changed_ns))
+        return false;
     if (a.identity.index == b.identity.index) return true;
     return a.stacked != b.stacked && a.changed_ns % second_ns != 0;
 }

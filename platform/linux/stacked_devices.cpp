@@ -14,7 +14,11 @@ namespace corvane {
 namespace {
 
 constexpr std::uint32_t stacked_types[] = {OVERLAYFS_SUPER_MAGIC, FUSE_SUPER_MAGIC, ECRYPTFS_SUPER_MAGIC,
-                                           0x61756673 /*aufs*/, 0xF15F083D /*unionfs*/};
+                                           0x61756673 /*aufs*/, 0xF15F083D /*unionfs*/,
+                                           // A share may be one of this machine, or be mounted twice.
+                                           NFS_SUPER_MAGIC, SMB_SUPER_MAGIC, CIFS_SUPER_MAGIC,
+                                           SMB2_SUPER_MAGIC, AFS_SUPER_MAGIC, CEPH_SUPER_MAGIC,
+                                           CODA_SUPER_MAGIC, V9FS_MAGIC};
 
 bool is_stacked(std::string_view path) {
     struct statfs facts;

@@ -1,5 +1,6 @@
-// Which devices show files of other devices: overlays and file systems in user space, among them pools of
-// disks. Used by linux_file_system, which asks for each file; the system is asked once a device and while.
+// Which devices show files of other devices: overlays, file systems in user space, among them pools of disks,
+// and shares. Used by linux_file_system, which asks for each file; the system is asked once a device and
+// while.
 #pragma once
 
 #include <chrono>

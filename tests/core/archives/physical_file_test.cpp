@@ -82,6 +82,21 @@ TEST_F(PhysicalFile, APoolThatGivesIndexesOfItsOwnIsKnownByTheTimes) {
     EXPECT_FALSE(same("/pool/f", "/pool2/f"));
 }
 
+TEST_F(PhysicalFile, AShareMayTellTimesInUnitsOf100Nanoseconds) {
+    memory_file& local = add("/disk/f", 1, 70);
+    local.modified_ns = 5'000'000'367;
+    local.changed_ns = 6'000'000'999;
+    memory_file& remote = add("/share/f", 9, 123456789);
+    remote.stacked = true;
+    remote.modified_ns = 5'000'000'300;
+    remote.changed_ns = 6'000'000'900;
+    EXPECT_TRUE(same("/disk/f", "/share/f"));
+    remote.changed_ns = 6'000'001'000;
+    EXPECT_FALSE(same("/disk/f", "/share/f")) << "the next unit";
+    remote.changed_ns = 6'000'000'990;
+    EXPECT_FALSE(same("/disk/f", "/share/f")) << "that is a finer time, and another";
+}
+
 TEST_F(PhysicalFile, FilesOfOneStackAreToldApartByTheirIndex) {
     add("/merged/f", 9, 70).stacked = true;
     add("/merged/g", 9, 71).stacked = true;
