@@ -67,7 +67,9 @@ class held_folder : public file_system {
     outcome make_directory(const std::string& path) override { return disk_.make_directory(path); }
     bool is_own_directory(const std::string& path) override { return disk_.is_own_directory(path); }
     bool claim_directory(const std::string& directory) override { return disk_.claim_directory(directory); }
-    outcome remove_file(const std::string& path) override { return disk_.remove_file(path); }
+    outcome remove_file(const std::string& path, const file_facts& expected) override {
+        return disk_.remove_file(path, expected);
+    }
     outcome remove_data_file(const std::string& path) override;
 
   private:

@@ -225,11 +225,12 @@ void deletion_run::delete_now(const taken_cell& cell) {
     const file_facts before = files.facts(cell.path);
     const gate_verdict verdict = gate_.ask(cell.path, cell.length);
     if (verdict != gate_verdict::may_go) return keep(cell.path, verdict);
-    const file_facts after = files.facts(cell.path);
-    if (!after.exists || !same_state(before, after)) return keep(cell.path, gate_verdict::changed);
-    if (!files.remove_file(cell.path)) return refuse(cell.row, cell.column);
+    if (!files.remove_file(cell.path, before)) {
+        if (!same_state(before, files.facts(cell.path))) return keep(cell.path, gate_verdict::changed);
+        return refuse(cell.row, cell.column);
+    }
     gate_.take(cell.path);
-    freed_ += static_cast<double>(after.length);
+    freed_ += static_cast<double>(before.length);
     blank(cell);
     ++deleted_;
 }

@@ -58,8 +58,8 @@ struct file_facts {
     // links and names, and cannot be set back.
     std::int64_t modified_ns = 0;
     std::int64_t changed_ns = 0;
-    // The file lies on a mount that shows files of other mounts (an overlay, a pool of disks): it may be one
-    // with a file of another device number.
+    // The file lies on a mount that shows files of other mounts (an overlay, a pool of disks, a share): it may
+    // be one with a file of another device number.
     bool stacked = false;
 };
 
@@ -251,8 +251,9 @@ class file_system {
     // Claims the program's folder for this process until it ends, however it ends. False when another process
     // has it; no file is touched. True where the disk knows no locks.
     virtual bool claim_directory(const std::string& directory) = 0;
-    // Deletes a regular file for good: never a directory, a link or a device.
-    virtual outcome remove_file(const std::string& path) = 0;
+    // Deletes a regular file for good, never a directory, a link or a device, if it is the one of these facts
+    // and still stands as they tell. No other path is walked between this look and the removal.
+    virtual outcome remove_file(const std::string& path, const file_facts& expected) = 0;
     // Removes one of the program's own data files; a missing one is no failure.
     virtual outcome remove_data_file(const std::string& path) = 0;
 };

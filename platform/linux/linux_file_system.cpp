@@ -227,12 +227,19 @@ outcome linux_file_system::put_text(const std::string& path, std::string_view te
     return put_linux_text(raw_path(path).c_str(), text);
 }
 
-outcome linux_file_system::remove_file(const std::string& path) {
-    const raw_path raw(path);
-    struct stat facts;
-    if (lstat(raw.c_str(), &facts) == 0 && !S_ISREG(facts.st_mode))
-        return system_failure(S_ISDIR(facts.st_mode) ? EISDIR : EINVAL);
-    return unlink(raw.c_str()) == 0 ? outcome::success() : system_failure();
+outcome linux_file_system::remove_file(const std::string& path, const file_facts& expected) {
+    // The folder is held: wherever its path leads meanwhile, the name is looked at and removed in this one.
+    const std::size_t cut = path.rfind('/') + 1;
+    const descriptor folder = descriptor::open(raw_path(path.substr(0, cut)).c_str(), O_PATH | O_DIRECTORY);
+    const raw_path name(std::string_view(path).substr(cut));
+    struct stat found;
+    if (!folder || fstatat(folder.number(), name.c_str(), &found, AT_SYMLINK_NOFOLLOW) != 0)
+        return system_failure();
+    if (!S_ISREG(found.st_mode)) return system_failure(S_ISDIR(found.st_mode) ? EISDIR : EINVAL);
+    const file_facts facts =
+        linux_facts({folder.number(), std::string_view(path).substr(cut)}, path, stacked_devices_);
+    if (!same_state(facts, expected)) return system_failure(ESTALE);
+    return unlinkat(folder.number(), name.c_str(), 0) == 0 ? outcome::success() : system_failure();
 }
 
 outcome linux_file_system::remove_data_file(const std::string& path) {

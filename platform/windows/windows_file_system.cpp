@@ -192,13 +192,17 @@ bool windows_file_system::claim_directory(const std::string& directory) {
     return true;
 }
 
-outcome windows_file_system::remove_file(const std::string& path) {
+outcome windows_file_system::remove_file(const std::string& path, const file_facts& expected) {
     // What is looked at is what is deleted: one open file.
     const handle entry = open_entry(wide_path(path).c_str(), FILE_READ_ATTRIBUTES | DELETE);
     FILE_BASIC_INFO facts;
     if (!entry || !GetFileInformationByHandleEx(entry.get(), FileBasicInfo, &facts, sizeof facts))
         return system_failure();
     if (outcome regular = check_regular(entry, facts.FileAttributes); !regular) return regular;
+    file_facts told;
+    if (!tell_facts(entry, told) || !serials_.find(entry, path, told.identity.device, told.stacked))
+        return system_failure();
+    if (!same_state(told, expected)) return system_failure(ERROR_FILE_INVALID);
     FILE_DISPOSITION_INFO gone;
     gone.DeleteFile = TRUE;
     if (!SetFileInformationByHandle(entry.get(), FileDispositionInfo, &gone, sizeof gone))

@@ -52,7 +52,7 @@ class windows_file_system : public file_system {
     outcome make_directory(const std::string& path) override;
     bool is_own_directory(const std::string& path) override { return is_own_windows_directory(path); }
     bool claim_directory(const std::string& directory) override;
-    outcome remove_file(const std::string& path) override;
+    outcome remove_file(const std::string& path, const file_facts& expected) override;
     outcome remove_data_file(const std::string& path) override;
 
   private:

@@ -76,8 +76,8 @@ class faulty_disk : public file_system {
     }
     bool is_own_directory(const std::string& path) override { return disk_.is_own_directory(path); }
     bool claim_directory(const std::string& directory) override { return disk_.claim_directory(directory); }
-    outcome remove_file(const std::string& path) override {
-        return fails() ? failure() : disk_.remove_file(path);
+    outcome remove_file(const std::string& path, const file_facts& expected) override {
+        return fails() ? failure() : disk_.remove_file(path, expected);
     }
     outcome remove_data_file(const std::string& path) override {
         return fails() ? failure() : disk_.remove_data_file(path);

@@ -229,6 +229,21 @@ TEST(Direct, AsksOnlyWhileTheOptionIsOnAndDeletesAtOnce) {
     EXPECT_EQ(p.files.removed, (texts{"/e/a", "/d/b"}));
 }
 
+TEST(Direct, WhatChangesRightBeforeItsRemovalStaysWithItsMark) {
+    deleting p;
+    p.show_files({{10, "/d/a", "/e/a"}, {5, "/d/b", "/e/b"}});
+    p.double_click(1, 4);
+    p.double_click(2, 4);
+    p.files.before_removal = [&](const std::string& path) {
+        if (path == "/e/a") p.files.add_file(path, "xxxxxxxxxx").changed_ns += 1;
+    };
+    p.run_direct();
+    EXPECT_EQ(p.files.removed, texts{"/e/b"});
+    EXPECT_TRUE(p.files.has("/e/a"));
+    EXPECT_EQ(p.list().cell(1, 4), "/e/a");
+    EXPECT_EQ(p.list().colour(1, 4), cell_colour::mark_red);
+}
+
 TEST(Direct, IsTheRoadOfTheAnswerNo) {
     deleting p;
     p.show_files({{10, "/d/a", "/e/a"}});

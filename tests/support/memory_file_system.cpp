@@ -224,6 +224,7 @@ outcome memory_file_system::clear_attributes(const std::string& path) {
 }
 
 file_facts memory_file_system::facts(std::string_view path) {
+    ++fact_questions;
     const memory_file* file = path.find('*') == std::string_view::npos ? find(path) : nullptr;
     file_facts result;
     if (file == nullptr || file->kind != entry_kind::file) return result;
@@ -288,10 +289,12 @@ outcome memory_file_system::make_directory(const std::string& path) {
     return outcome::success();
 }
 
-outcome memory_file_system::remove_file(const std::string& path) {
+outcome memory_file_system::remove_file(const std::string& path, const file_facts& expected) {
+    if (before_removal) before_removal(path);
     const memory_file* file = find(path);
     if (file == nullptr || file->kind != entry_kind::file || file->keeps_itself)
         return outcome::failure("cannot be deleted");
+    if (!same_state(expected, facts(path))) return outcome::failure("is another file");
     removed.push_back(path);
     entries_.erase(key(path));
     return outcome::success();

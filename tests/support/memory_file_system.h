@@ -57,15 +57,17 @@ class memory_file_system : public file_system {
 
     std::map<std::string, int> opened;     // how often each file was opened for reading
     std::int64_t attribute_questions = 0;  // how often attributes() was asked
+    std::int64_t fact_questions = 0;       // how often facts() was
     bool names_tell_hidden = true;         // listed with a dot in front; else by what the entry says
     int open_now = 0;                      // readers that have not been closed
     std::map<std::string, std::int64_t> bytes_read;
     std::vector<read_event>* read_events = nullptr;  // takes what open files are asked for
     std::vector<std::string> removed;                // by remove_file, in order
     std::set<std::string> recycle_directories;
-    std::map<std::string, std::uint32_t> modes;         // permissions, by path
-    std::function<void(const std::string&)> on_commit;  // right after a file has come to its place
-    std::string write_failure_path;                     // writing this file fails, with the words below
+    std::map<std::string, std::uint32_t> modes;              // permissions, by path
+    std::function<void(const std::string&)> on_commit;       // right after a file has come to its place
+    std::function<void(const std::string&)> before_removal;  // right before remove_file looks
+    std::string write_failure_path;                          // writing this file fails, with the words below
     std::string write_failure_words = "disk full";
     std::int64_t clock_ns = 2'000'000'000;  // goes on at each write
     bool claimed_by_another = false;
@@ -125,7 +127,7 @@ class memory_file_system : public file_system {
         return attributes(path).directory && folders_of_others.count(path) == 0;
     }
     bool claim_directory(const std::string&) override { return !claimed_by_another; }
-    outcome remove_file(const std::string& path) override;
+    outcome remove_file(const std::string& path, const file_facts& expected) override;
     outcome remove_data_file(const std::string& path) override;
 
   private:

@@ -74,7 +74,7 @@ TEST_F(WindowsDisk, PathsBeyond260AreFilesAsAnyOther) {
     EXPECT_EQ(start_of(path), "deep");
     EXPECT_EQ(files.facts(path).length, 4);
     EXPECT_EQ(list(root + text_of(folder)), (kinds{{"深.txt", entry_kind::file}}));
-    EXPECT_TRUE(files.remove_file(path));
+    EXPECT_TRUE(files.remove_file(path, files.facts(path)));
     EXPECT_FALSE(is_there(folder + L"深.txt"));
 }
 
@@ -83,7 +83,7 @@ TEST_F(WindowsDisk, NamesThatOtherProgramsCannotOpenAreFilesAsAnyOther) {
         make_file(name, "here");
         EXPECT_EQ(start_of(root + text_of(name)), "here");
         EXPECT_TRUE(files.attributes(root + text_of(name)).exists);
-        EXPECT_TRUE(files.remove_file(root + text_of(name)));
+        EXPECT_TRUE(files.remove_file(root + text_of(name), files.facts(root + text_of(name))));
         EXPECT_FALSE(is_there(name));
     }
 }
@@ -93,7 +93,7 @@ TEST_F(WindowsDisk, ANameThatIsNoUtf16IsListedReadAndRemoved) {
     make_file(name, "half");
     ASSERT_EQ(list(root), (kinds{{"h\uF100x", entry_kind::file}}));
     EXPECT_EQ(start_of(root + "h\uF100x"), "half");
-    EXPECT_TRUE(files.remove_file(root + "h\uF100x"));
+    EXPECT_TRUE(files.remove_file(root + "h\uF100x", files.facts(root + "h\uF100x")));
     EXPECT_EQ(count_entries(), 0u);
 }
 

@@ -14,7 +14,7 @@ using WindowsFiles = scratch_drive;
 TEST_F(WindowsFiles, AReadOnlyFileStays) {
     make_file(L"f");
     set_attributes(L"f", FILE_ATTRIBUTE_READONLY);
-    const outcome removed = files.remove_file(root + "f");
+    const outcome removed = files.remove_file(root + "f", files.facts(root + "f"));
     EXPECT_FALSE(removed);
     EXPECT_NE(removed.reason, "");
     EXPECT_TRUE(is_there(L"f"));
@@ -23,16 +23,28 @@ TEST_F(WindowsFiles, AReadOnlyFileStays) {
 TEST_F(WindowsFiles, OnlyFilesAreRemoved) {
     make_directory(L"d");
     make_file(L"f");
-    EXPECT_FALSE(files.remove_file(root + "d"));
-    EXPECT_FALSE(files.remove_file(root + "d\\"));
-    EXPECT_FALSE(files.remove_file(root + "missing"));
-    EXPECT_FALSE(files.remove_file(root + "*"));
-    EXPECT_FALSE(files.remove_file(root + "?"));
+    EXPECT_FALSE(files.remove_file(root + "d", files.facts(root + "d")));
+    EXPECT_FALSE(files.remove_file(root + "d\\", files.facts(root + "d\\")));
+    EXPECT_FALSE(files.remove_file(root + "missing", files.facts(root + "missing")));
+    EXPECT_FALSE(files.remove_file(root + "*", files.facts(root + "*")));
+    EXPECT_FALSE(files.remove_file(root + "?", files.facts(root + "?")));
     EXPECT_TRUE(is_there(L"d"));
     EXPECT_TRUE(is_there(L"f"));
-    EXPECT_TRUE(files.remove_file(root + "f"));
+    EXPECT_TRUE(files.remove_file(root + "f", files.facts(root + "f")));
     EXPECT_FALSE(is_there(L"f"));
     EXPECT_TRUE(files.remove_data_file(root + "f"));
+}
+
+TEST_F(WindowsFiles, WhatIsAnotherFileThanWasLookedAtStays) {
+    make_file(L"f", "one");
+    make_file(L"g", "two");
+    const file_facts looked_at = files.facts(root + "f");
+    EXPECT_FALSE(files.remove_file(root + "g", looked_at));
+    append(L"f", " and more");
+    EXPECT_FALSE(files.remove_file(root + "f", looked_at));
+    EXPECT_TRUE(is_there(L"f"));
+    EXPECT_TRUE(is_there(L"g"));
+    EXPECT_TRUE(files.remove_file(root + "f", files.facts(root + "f")));
 }
 
 TEST_F(WindowsFiles, AFileThatSomebodyHoldsStaysAndIsStillThere) {
@@ -40,7 +52,7 @@ TEST_F(WindowsFiles, AFileThatSomebodyHoldsStaysAndIsStillThere) {
     const HANDLE held =
         CreateFileW((wide_root + L"f").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(held, INVALID_HANDLE_VALUE);
-    EXPECT_FALSE(files.remove_file(root + "f"));
+    EXPECT_FALSE(files.remove_file(root + "f", files.facts(root + "f")));
     EXPECT_TRUE(files.attributes(root + "f").exists);
     EXPECT_EQ(start_of(root + "f"), "no file");
     CloseHandle(held);
