@@ -127,7 +127,7 @@ std::vector<std::int32_t> sort_group(file_columns& files, std::int32_t first, st
     reorder(files.file_place, first, places);
     reorder(files.file_changed, first, places);
     if (!files.file_rank.empty()) reorder(files.file_rank, first, places);
-    if (!files.file_contents.numbers.empty()) reorder(files.file_contents.numbers, first, places);
+    if (!files.contents_known.numbers.empty()) reorder(files.contents_known.numbers, first, places);
     if (!files.file_start_crc.empty()) reorder(files.file_start_crc, first, places);
     return places;
 }

@@ -14,8 +14,8 @@ namespace corvane {
 void sort_by_length_and_name(file_columns& files);
 
 // Orders the range first to last of file_list, both dates, both signatures, file_bad, file_ok, file_place,
-// file_changed, file_contents and file_rank by the decimal text of file_crc, then the name. The other columns
-// keep their places, on purpose. Returns for each new place, counted from 0, the old one.
+// file_changed, contents_known and file_rank by the decimal text of file_crc, then the name. The other
+// columns keep their places, on purpose. Returns for each new place, counted from 0, the old one.
 std::vector<std::int32_t> sort_group(file_columns& files, std::int32_t first, std::int32_t last);
 
 // The files by name as file_rank tells it, counted from 0; empty where there are no ranks. The fields of

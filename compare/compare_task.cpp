@@ -101,18 +101,13 @@ bool check_attributes(Tavrel& form, bool& members_seen) {
     return true;
 }
 
-// How the files stood is not kept any longer than this: nothing behind the comparison asks, and the proofs
-// hold what was proven. A file of contents that cannot be written costs time, and nothing else.
-void give_up_states(Tavrel& form) {
-    run_state& state = form.state;
+// A file that cannot be written costs time, and nothing else.
+void store_contents(Tavrel& form) {
+    if (!keeps_history(form.state)) return;
     std::string error;
-    if (keeps_history(state))
-        work_at_files(form, [&] {
-            static_cast<void>(write_contents(form.outside.files, contents_path(form), state, error));
-        });
-    state.file_place = {};
-    state.file_changed = {};
-    state.file_contents = {};
+    work_at_files(form, [&] {
+        static_cast<void>(write_contents(form.outside.files, contents_path(form), form.state, error));
+    });
 }
 
 bool store_history(Tavrel& form) {
@@ -219,13 +214,15 @@ void Picture3_Click(Tavrel& form) {
     task_scope task(form);
     if (!prepare(form)) return;
     set_up_comparison(form);
-    const comparison_outcome outcome = compare_files(form);
+    const comparison_outcome outcome = compare_files(form, [&form] { store_contents(form); });
     if (outcome.end == comparison_end::quit) return;
     if (outcome.end == comparison_end::cancelled) {
         state.cancelled_at = outcome.files_checked;
         state.cancelled_of = state.file_count;
     }
-    give_up_states(form);
+    // Nothing behind the comparison asks how the files stood; the proofs hold what was proven.
+    state.file_place = {};
+    state.file_changed = {};
     if (!store_results(form)) return;
 
     const double elapsed = form.outside.screen.seconds() - state.base_time;

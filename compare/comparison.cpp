@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "compare/estimate.h"
+#include "compare/file_questions.h"
 #include "compare/group.h"
 #include "compare/preparation.h"
 #include "core/archives/archive_entry.h"
@@ -24,7 +25,6 @@ constexpr std::int32_t files_per_clock_look = 5;
 constexpr std::int32_t partners_per_status = 100;
 constexpr std::int32_t pairs_per_status = 8;
 constexpr std::size_t most_confirmed_at_once = 256;
-constexpr std::size_t most_asked_ahead = 512;
 
 class comparison {
   public:
@@ -32,11 +32,18 @@ class comparison {
         : form_(form),
           state_(form.state),
           estimate_(form),
-          group_(form.outside.files, form.state, events_of(form)) {}
+          group_(form.outside.files, form.state, events_of(form)),
+          questions_(
+              form.outside.files, form.state, [&form] { form.yield(); },
+              [&form] { return form.outside.screen.seconds(); }) {}
 
-    comparison_outcome run() {
+    comparison_outcome run(const std::function<void()>& keeps_contents) {
         const comparison_outcome outcome = walk_groups();
-        if (outcome.end != comparison_end::quit) store_proofs();
+        if (outcome.end == comparison_end::quit) return outcome;
+        confirm_contents();
+        keeps_contents();
+        state_.contents_known = {};  // the proofs want the room
+        store_proofs();
         return outcome;
     }
 
@@ -146,68 +153,20 @@ class comparison {
             asked_.push_back(each.file);
             is_read = is_read || each.same != sameness::as_before;
         }
-        if (is_read || !take_facts_ahead()) ask_facts(is_read ? 0 : most_asked_ahead);
+        const std::vector<file_facts>& facts = is_read ? questions_.now(asked_) : questions_.lately(asked_);
         std::size_t at = 0;
         if (!knows_centre) {
-            centre_facts_ = facts_[at];
-            centre_ = is_unchanged(i, facts_[at++]) ? i : 0;
+            centre_facts_ = facts[at];
+            centre_ = is_unchanged(i, facts[at++]) ? i : 0;
             centre_readings_ = group_.readings();
             centre_noted_ = false;
             if (centre_ == 0) return false;
         }
         for (partner& each : partners_) {
-            each.facts = facts_[at];
-            each.unchanged = is_unchanged(each.file, facts_[at++]);
+            each.facts = facts[at];
+            each.unchanged = is_unchanged(each.file, facts[at++]);
         }
         return true;
-    }
-
-    // Fills facts_ for the files of asked_ with answers to earlier questions. False where one is missing.
-    bool take_facts_ahead() {
-        facts_.clear();
-        for (const std::int32_t file : asked_) {
-            const auto found = facts_ahead_.find(state_.file_list[file].data());
-            if (found == facts_ahead_.end()) return false;
-            facts_.push_back(found->second);
-        }
-        return true;
-    }
-
-    // Whose contents an earlier comparison has found out will be in a pair soon, and nothing of them is read
-    // before it is asked about.
-    void add_paths_ahead(std::size_t most) {
-        constexpr std::int32_t most_looked_at = 16 * static_cast<std::int32_t>(most_asked_ahead);
-        const std::int32_t first = asked_.back() + 1;
-        const auto last = static_cast<std::int32_t>(
-            std::min<std::int64_t>(state_.file_count, std::int64_t{first} + most_looked_at));
-        for (std::int32_t k = first; k <= last && paths_.size() < most; ++k)
-            if (state_.file_contents.of(k) != 0 && state_.file_ok[k] && !state_.file_matched[k])
-                paths_.push_back(state_.file_list[k]);
-    }
-
-    // Fills facts_ for the files of asked_, those of members with nothing. With files that follow, up to
-    // `ahead` in all, whose answers are kept.
-    void ask_facts(std::size_t ahead) {
-        paths_.clear();
-        for (const std::int32_t file : asked_) {
-            const std::string_view path = state_.file_list[file];
-            if (!is_archive_member(path)) paths_.push_back(path);
-        }
-        const std::size_t wanted = paths_.size();
-        add_paths_ahead(ahead);
-        answers_.assign(paths_.size(), {});
-        std::size_t done = 0;
-        while (done < wanted) {
-            if (done > 0) form_.yield();
-            done += form_.outside.files.many_facts(std::span(paths_).subspan(done),
-                                                   std::span(answers_).subspan(done));
-        }
-        facts_ahead_.clear();
-        for (std::size_t n = wanted; n < done; ++n) facts_ahead_.emplace(paths_[n].data(), answers_[n]);
-        facts_.assign(asked_.size(), {});
-        std::size_t next = 0;
-        for (std::size_t n = 0; n < asked_.size(); ++n)
-            if (!is_archive_member(state_.file_list[asked_[n]])) facts_[n] = answers_[next++];
     }
 
     bool is_unchanged(std::int32_t i, const file_facts& facts) {
@@ -245,6 +204,28 @@ class comparison {
         proven_.push_back({other.file, i});
     }
 
+    // What was read of a file is kept for its listed state: it has to be the state of the reading, too. Those
+    // that came into a pair have been asked.
+    void confirm_contents() {
+        known_contents& contents = state_.contents_known;
+        if (contents.next == contents.stored_next) return;
+        std::vector<bool> confirmed(static_cast<std::size_t>(state_.file_count) + 1);
+        for (const auto& [file, star] : proven_) confirmed[static_cast<std::size_t>(file)] = true;
+        for (std::int32_t i = 1; i <= state_.file_count;) {
+            asked_.clear();
+            for (; i <= state_.file_count && asked_.size() < most_confirmed_at_once; ++i)
+                if (contents.of(i) >= contents.stored_next && !confirmed[static_cast<std::size_t>(i)])
+                    asked_.push_back(i);
+            const std::vector<file_facts>& facts = questions_.now(asked_);
+            for (std::size_t n = 0; n < asked_.size(); ++n)
+                if (!is_as_listed(state_, asked_[n], facts[n])) contents.numbers[asked_[n]] = 0;
+            form_.yield();
+            if (!state_.quit_requested) continue;
+            contents = {};
+            return;
+        }
+    }
+
     // The columns keep their order from here to the end of the comparison's own work, and what is_unchanged
     // has confirmed stands in them.
     void store_proofs() {
@@ -279,26 +260,23 @@ class comparison {
     run_state& state_;
     time_estimate estimate_;
     file_group group_;
+    file_questions questions_;
     // The first file of the star in work, as it stood when it was confirmed.
     std::int32_t centre_ = 0;
     std::int32_t centre_readings_ = 0;
     bool centre_noted_ = false;
     file_facts centre_facts_;
-    // What is confirmed at one go, and its questions and answers.
+    // What is confirmed at one go.
     std::vector<partner> partners_;
     std::vector<std::int32_t> asked_;
-    std::vector<std::string_view> paths_;
-    std::vector<file_facts> answers_;
-    std::vector<file_facts> facts_;
-    std::unordered_map<const char*, file_facts> facts_ahead_;    // by where the text of the path stands
     std::vector<std::pair<std::int32_t, std::int32_t>> proven_;  // file and star
     std::unordered_map<std::string, file_facts> archive_facts_;
 };
 
 }  // namespace
 
-comparison_outcome compare_files(Tavrel& form) {
-    return comparison(form).run();
+comparison_outcome compare_files(Tavrel& form, const std::function<void()>& keeps_contents) {
+    return comparison(form).run(keeps_contents);
 }
 
 }  // namespace corvane

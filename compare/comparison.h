@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 namespace corvane {
 
@@ -15,7 +16,8 @@ struct comparison_outcome {
 };
 
 // Compares the files of the prepared columns. Groups of equal files become stars: the first file of a group
-// is paired with each other one.
-comparison_outcome compare_files(Tavrel& form);
+// is paired with each other one. `keeps_contents` is called when what is known of contents is complete and
+// confirmed; it is given up then.
+comparison_outcome compare_files(Tavrel& form, const std::function<void()>& keeps_contents);
 
 }  // namespace corvane

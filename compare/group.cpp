@@ -335,7 +335,7 @@ bool file_group::equal_contents(std::int32_t i, std::int32_t j) {
         // Nothing before j can be asked about again: it was the same as i, or it differs and has its class.
         for (std::int32_t k = j; k <= end_; k = next_candidate(i, k))
             if (k == j || !signature_mode_ || !accepted_unread(i, k)) members.push_back(k);
-        if (!take_known_contents(members)) read_contents(members);
+        if (!take_known_contents(members)) compare_contents(members);
     }
     return content_class_[place(i)] > 0 && content_class_[place(i)] == content_class_[place(j)];
 }
@@ -345,19 +345,19 @@ bool file_group::take_known_contents(const std::vector<std::int32_t>& members) {
     for (const std::int32_t k : members)
         if (!known_together(members.front(), k)) return false;
     for (const std::int32_t k : members)
-        content_class_[place(k)] = first_known_class + files_.file_contents.of(k);
+        content_class_[place(k)] = first_known_class + files_.contents_known.of(k);
     return true;
 }
 
 bool file_group::known_together(std::int32_t i, std::int32_t j) const {
-    const known_contents& contents = files_.file_contents;
+    const known_contents& contents = files_.contents_known;
     const std::int32_t number = contents.of(j);
     if (number == 0 || contents.of(i) == 0) return false;
     const auto [first, end] = contents.reading_of(contents.of(i));
     return number >= first && number < end;
 }
 
-void file_group::read_contents(const std::vector<std::int32_t>& members) {
+void file_group::compare_contents(const std::vector<std::int32_t>& members) {
     if (last_length_ <= signature_block && may_read_ahead()) hold(members);
     std::vector<content_candidate> candidates;
     candidates.reserve(members.size());
@@ -377,7 +377,7 @@ void file_group::read_contents(const std::vector<std::int32_t>& members) {
 // For the comparisons to come.
 void file_group::keep_contents(const std::vector<std::int32_t>& members,
                                const std::vector<std::int32_t>& classes, std::int32_t count) {
-    known_contents& contents = files_.file_contents;
+    known_contents& contents = files_.contents_known;
     if (contents.numbers.empty() || count == 0) return;
     const std::int32_t first = contents.begin_reading(count);
     for (std::size_t m = 0; m < members.size(); ++m)

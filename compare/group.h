@@ -97,7 +97,7 @@ class file_group {
     bool accepted_unread(std::int32_t i, std::int32_t j) const;
     bool equal_contents(std::int32_t i, std::int32_t j);
     bool take_known_contents(const std::vector<std::int32_t>& members);
-    void read_contents(const std::vector<std::int32_t>& members);
+    void compare_contents(const std::vector<std::int32_t>& members);
     void keep_contents(const std::vector<std::int32_t>& members, const std::vector<std::int32_t>& classes,
                        std::int32_t count);
     bool known_together(std::int32_t i, std::int32_t j) const;

@@ -120,7 +120,7 @@ void size_columns(file_columns& files, result_state& result) {
     files.file_changed.assign(count, 0);
     files.file_rank = {};
     files.file_start_crc.clear();
-    files.file_contents = {};
+    files.contents_known = {};
     for (column<std::uint8_t>* flags :
          {&files.file_ok, &files.file_bad, &files.file_matched, &files.file_has_twin, &files.file_in_archive})
         flags->assign(count, 0);

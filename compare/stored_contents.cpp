@@ -5,6 +5,7 @@
 #include <bit>
 #include <charconv>
 #include <cstddef>
+#include <functional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -24,13 +25,10 @@ constexpr char new_content = 'c';
 constexpr char same_content = 's';
 constexpr char closing = 'e';  // the sum of all lines between
 constexpr std::size_t digits = 16;
+constexpr std::size_t line_size = 1 + digits + 2;  // with its end
+constexpr std::size_t most_lines = 4'000'000;      // as many as a list can have files
 
 using sum_bytes = std::array<char, 8>;
-
-struct numbered_file {
-    std::uint64_t state;
-    std::int32_t number;
-};
 
 std::uint64_t mixed(std::uint64_t bits) {
     bits = (bits ^ (bits >> 30)) * 0xBF58476D1CE4E5B9u;
@@ -38,22 +36,28 @@ std::uint64_t mixed(std::uint64_t bits) {
     return bits ^ (bits >> 31);
 }
 
-// 0 stands for one that is not to be kept.
-std::uint64_t number_of(const file_state& state) {
-    std::uint64_t bits = 0;
+std::uint64_t number_of(std::string_view path, const file_state& state) {
+    std::uint64_t bits = std::hash<std::string_view>()(path);
     for (const std::uint64_t part :
          {state.place, static_cast<std::uint64_t>(state.length), static_cast<std::uint64_t>(state.changed_ns),
           std::uint64_t{static_cast<std::uint32_t>(state.date_high)} << 32 |
               static_cast<std::uint32_t>(state.date_low)})
         bits = mixed(bits + 0x9E3779B97F4A7C15u + part);
-    return bits;
+    return bits == 0 ? 1 : bits;
 }
 
+// A change time in such steps may be the other date once more, or that of several changes. Hardly any that a
+// finer clock tells looks like one.
+bool is_coarse(std::int64_t changed_ns) {
+    constexpr std::int64_t coarse_step_ns = 10'000'000;
+    return changed_ns % coarse_step_ns == 0;
+}
+
+// 0: it is not to be kept. Archive members have no change time.
 std::uint64_t number_of_listed(const file_columns& files, std::int32_t i) {
-    if (!files.file_ok[i] || files.file_in_archive[i]) return 0;
-    const file_state state = listed_state(files, i);
-    if (state.changed_ns == 0 || state.changed_ns > files.listed_ns - least_age_ns) return 0;
-    return number_of(state);
+    const std::int64_t changed_ns = files.file_changed[i];
+    if (!files.file_ok[i] || is_coarse(changed_ns) || changed_ns > files.listed_ns - least_age_ns) return 0;
+    return number_of(files.file_list[i], listed_state(files, i));
 }
 
 class running_sum {
@@ -65,11 +69,12 @@ class running_sum {
         sum_.add(std::as_bytes(std::span(&sign, 1)));
         ++lines_;
     }
-    std::uint64_t value() const { return lines_ << 32 | sum_.value(); }
+    std::uint64_t value() const { return std::uint64_t{lines_} << 32 | sum_.value(); }
+    std::size_t lines() const { return lines_; }
 
   private:
     checksum_stream sum_;
-    std::uint64_t lines_ = 0;
+    std::uint32_t lines_ = 0;
 };
 
 // False for a text that is no such number.
@@ -78,68 +83,75 @@ bool parse(std::string_view text, std::uint64_t& number) {
     return text.size() == digits && read.ec == std::errc() && read.ptr == text.data() + text.size();
 }
 
-// All that the file holds, and the readings; nothing where it is not whole.
-std::vector<numbered_file> read_file(file_system& disk, const std::string& path, known_contents& contents) {
+// Numbers by state, each in the first free place from its state's own on.
+class state_table {
+  public:
+    explicit state_table(std::size_t most)
+        : states_(std::bit_ceil(most + most / 2 + 1)), numbers_(states_.size()) {}
+
+    // One that comes twice, and not with the same number, is not known.
+    void add(std::uint64_t state, std::int32_t number) {
+        const std::size_t at = place_of(state);
+        numbers_[at] = states_[at] == 0 || numbers_[at] == number ? number : 0;
+        states_[at] = state;
+    }
+    // 0: not known.
+    std::int32_t find(std::uint64_t state) const { return state == 0 ? 0 : numbers_[place_of(state)]; }
+
+  private:
+    std::size_t place_of(std::uint64_t state) const {
+        std::size_t at = state & (states_.size() - 1);
+        while (states_[at] != 0 && states_[at] != state) at = (at + 1) & (states_.size() - 1);
+        return at;
+    }
+
+    std::vector<std::uint64_t> states_;  // 0: free
+    std::vector<std::int32_t> numbers_;
+};
+
+// Reads the stored file into a table for `most` states. False where it is not whole.
+bool read_file(file_system& disk, const std::string& path, std::size_t most, state_table& table,
+               known_contents& contents) {
     line_reader reader(disk, path);
     std::string_view line;
-    if (!reader.next(line) || line != title) return {};
-    std::vector<numbered_file> found;
-    std::vector<std::int32_t> firsts;
+    if (!reader.next(line) || line != title) return false;
     running_sum sum;
     std::int32_t number = 0;
     std::uint64_t state = 0;
     while (reader.next(line) && !line.empty() && parse(line.substr(1), state)) {
         const char sign = line[0];
         if (sign == closing) {
-            if (state != sum.value() || reader.next(line) || reader.failed()) return {};
-            contents.firsts = std::move(firsts);
-            contents.next = number + 1;
-            return found;
+            contents.next = contents.stored_next = number + 1;
+            contents.stored_files = sum.lines();
+            return state == sum.value() && !reader.next(line) && !reader.failed();
         }
-        if (sign != new_reading && (firsts.empty() || (sign != new_content && sign != same_content)))
-            return {};
+        const bool is_first = contents.firsts.empty();
+        if (state == 0 || sum.lines() == most || (sign != new_reading && is_first)) return false;
+        if (sign != new_reading && sign != new_content && sign != same_content) return false;
         if (sign != same_content) ++number;
-        if (sign == new_reading) firsts.push_back(number);
+        if (sign == new_reading) contents.firsts.push_back(number);
         sum.add(state, sign);
-        found.push_back({state, number});
+        table.add(state, number);
     }
-    return {};
+    return false;
 }
-
-// By their states, each in the first free place from its own on.
-class state_table {
-  public:
-    explicit state_table(std::span<const numbered_file> files)
-        : places_(std::bit_ceil(2 * files.size() + 1)) {
-        for (const numbered_file& each : files) {
-            numbered_file& place = place_of(each.state);
-            // One that is told twice, and not the same, is not known.
-            const bool agrees = place.state == 0 || place.number == each.number;
-            place = {each.state, agrees ? each.number : 0};
-        }
-    }
-    std::int32_t find(std::uint64_t state) { return state == 0 ? 0 : place_of(state).number; }
-
-  private:
-    numbered_file& place_of(std::uint64_t state) {
-        std::size_t at = state & (places_.size() - 1);
-        while (places_[at].state != 0 && places_[at].state != state) at = (at + 1) & (places_.size() - 1);
-        return places_[at];
-    }
-
-    std::vector<numbered_file> places_;
-};
 
 std::size_t numbered_files(const known_contents& contents) {
     return static_cast<std::size_t>(std::count_if(contents.numbers.begin(), contents.numbers.end(),
                                                   [](std::int32_t number) { return number != 0; }));
 }
 
-// Those that have a number, by it.
-std::vector<numbered_file> numbered(const file_columns& files) {
+struct numbered_file {
+    std::uint64_t state;
+    std::int32_t number;
+};
+
+// Of the files of one length from i on, those that have a number, by it. Puts i behind them.
+std::vector<numbered_file> numbered(const file_columns& files, std::int32_t& i) {
     std::vector<numbered_file> found;
-    for (std::int32_t i = 1; i <= files.file_count; ++i) {
-        const std::int32_t number = files.file_contents.of(i);
+    const std::int64_t length = files.file_len[i];
+    for (; i <= files.file_count && files.file_len[i] == length; ++i) {
+        const std::int32_t number = files.contents_known.of(i);
         if (number == 0) continue;
         if (const std::uint64_t state = number_of_listed(files, i); state != 0)
             found.push_back({state, number});
@@ -157,44 +169,54 @@ void add_line(line_writer& writer, char sign, std::uint64_t state) {
     writer.line({line.data(), line.size()});
 }
 
+// A reading lies within one length.
+void add_readings(line_writer& writer, running_sum& sum, const known_contents& contents,
+                  std::span<const numbered_file> files) {
+    while (!files.empty()) {
+        const std::int32_t behind = contents.reading_of(files.front().number).second;
+        const auto end = std::find_if(files.begin(), files.end(),
+                                      [&](const numbered_file& each) { return each.number >= behind; });
+        const auto reading = files.first(static_cast<std::size_t>(end - files.begin()));
+        files = files.subspan(reading.size());
+        // What is left alone of a reading tells nothing.
+        if (reading.size() < 2) continue;
+        std::int32_t number = 0;
+        for (const numbered_file& each : reading) {
+            const char sign = number == 0 ? new_reading : number != each.number ? new_content : same_content;
+            number = each.number;
+            add_line(writer, sign, each.state);
+            sum.add(each.state, sign);
+        }
+    }
+}
+
 }  // namespace
 
 void read_contents(file_system& disk, const std::string& path, file_columns& files) {
-    known_contents& contents = files.file_contents;
+    known_contents& contents = files.contents_known;
     contents = {};
     contents.numbers.assign(files.file_count, 0);
-    const std::vector<numbered_file> stored = read_file(disk, path, contents);
-    contents.stored_files = stored.size();
-    contents.stored_next = contents.next;
-    if (stored.empty()) return;
-    state_table table(stored);
+    const auto lines = static_cast<std::size_t>(disk.facts(path).length) / line_size;
+    if (lines > most_lines) return;
+    state_table table(lines);
+    known_contents stored;
+    if (!read_file(disk, path, lines, table, stored)) return;
+    stored.numbers = std::move(contents.numbers);
+    contents = std::move(stored);
     for (std::int32_t i = 1; i <= files.file_count; ++i)
         contents.numbers[i] = table.find(number_of_listed(files, i));
 }
 
 bool write_contents(file_system& disk, const std::string& path, const file_columns& files,
                     std::string& error) {
-    const known_contents& contents = files.file_contents;
+    const known_contents& contents = files.contents_known;
+    if (contents.numbers.empty()) return true;
     if (contents.next == contents.stored_next && numbered_files(contents) == contents.stored_files)
         return true;
-    const std::vector<numbered_file> found = numbered(files);
     line_writer writer(disk, path);
     writer.line(title);
     running_sum sum;
-    for (std::size_t first = 0; first < found.size();) {
-        const std::int32_t last_number = contents.reading_of(found[first].number).second;
-        std::size_t end = first;
-        while (end < found.size() && found[end].number < last_number) ++end;
-        // What is left alone of a reading tells nothing.
-        for (std::size_t at = first; at < end && end - first > 1; ++at) {
-            const char sign = at == first                                ? new_reading
-                              : found[at].number != found[at - 1].number ? new_content
-                                                                         : same_content;
-            add_line(writer, sign, found[at].state);
-            sum.add(found[at].state, sign);
-        }
-        first = end;
-    }
+    for (std::int32_t i = 1; i <= files.file_count;) add_readings(writer, sum, contents, numbered(files, i));
     add_line(writer, closing, sum.value());
     if (writer.finish()) return true;
     error = writer.error();

@@ -37,7 +37,7 @@ struct file_columns {
     column<std::uint64_t> file_place;
     // The clock before the first of these facts was asked for, in nanoseconds since 1970.
     std::int64_t listed_ns = 0;
-    known_contents file_contents;
+    known_contents contents_known;
     // The place that the name has among all names in ascending order, from 1 on; empty when that is not
     // known.
     column<std::int32_t> file_rank;
@@ -61,7 +61,7 @@ inline void give_up_columns(file_columns& files) {
     files.file_start_crc = {};
     files.file_changed = {};
     files.file_place = {};
-    files.file_contents = {};
+    files.contents_known = {};
 }
 
 }  // namespace corvane

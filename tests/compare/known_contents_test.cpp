@@ -14,9 +14,9 @@ struct contents_case : group_case {
         for (const char* path : {"/a", "/b", "/c", "/d"}) add(path, "equal");
         list({"/a", "/b", "/c", "/d"});
         for (std::int32_t i = 1; i <= 4; ++i) files.file_crc[i] = 7;
-        files.file_contents.numbers = std::move(numbers);
-        files.file_contents.firsts = std::move(firsts);
-        files.file_contents.next = next;
+        files.contents_known.numbers = std::move(numbers);
+        files.contents_known.firsts = std::move(firsts);
+        files.contents_known.next = next;
     }
 };
 
@@ -30,7 +30,7 @@ TEST(KnownContents, WhatOneReadingToldIsNotReadAgain) {
     EXPECT_EQ(group.same(1, 4), sameness::as_before);
     EXPECT_EQ(group.readings(), 0);
     EXPECT_TRUE(c.disk.opened.empty());
-    EXPECT_EQ(c.files.file_contents.next, 5);
+    EXPECT_EQ(c.files.contents_known.next, 5);
 }
 
 TEST(KnownContents, TwoReadingsTellNothingOfEachOther) {
@@ -41,9 +41,9 @@ TEST(KnownContents, TwoReadingsTellNothingOfEachOther) {
         ASSERT_TRUE(group.open(1));
         for (const std::int32_t j : {2, 3, 4}) EXPECT_EQ(group.same(1, j), sameness::by_bytes);
         // All of them are of one new reading.
-        EXPECT_EQ(c.files.file_contents.numbers, (column<std::int32_t>{3, 3, 3, 3}));
-        EXPECT_EQ(c.files.file_contents.firsts, (std::vector<std::int32_t>{1, 2, 3}));
-        EXPECT_EQ(c.files.file_contents.next, 4);
+        EXPECT_EQ(c.files.contents_known.numbers, (column<std::int32_t>{3, 3, 3, 3}));
+        EXPECT_EQ(c.files.contents_known.firsts, (std::vector<std::int32_t>{1, 2, 3}));
+        EXPECT_EQ(c.files.contents_known.next, 4);
     }
 }
 
@@ -54,7 +54,7 @@ TEST(KnownContents, NumbersMoveWithTheirFiles) {
     file_group group = c.make();
     ASSERT_TRUE(group.open(1));
     ASSERT_EQ(c.files.file_list[1], "/d");
-    EXPECT_EQ(c.files.file_contents.numbers, (column<std::int32_t>{4, 3, 2, 1}));
+    EXPECT_EQ(c.files.contents_known.numbers, (column<std::int32_t>{4, 3, 2, 1}));
 }
 
 TEST(KnownContents, NothingIsKeptWhereNumbersAreNotWanted) {
@@ -62,7 +62,7 @@ TEST(KnownContents, NothingIsKeptWhereNumbersAreNotWanted) {
     file_group group = c.make();
     ASSERT_TRUE(group.open(1));
     EXPECT_EQ(group.same(1, 2), sameness::by_bytes);
-    EXPECT_TRUE(c.files.file_contents.firsts.empty());
+    EXPECT_TRUE(c.files.contents_known.firsts.empty());
 }
 
 }  // namespace
