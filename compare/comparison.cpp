@@ -148,7 +148,7 @@ class comparison {
         const bool knows_centre = centre_ == i && centre_readings_ == group_.readings();
         asked_.clear();
         if (!knows_centre) asked_.push_back(i);
-        bool is_read = false;
+        bool is_read = partners_.empty();
         for (const partner& each : partners_) {
             asked_.push_back(each.file);
             is_read = is_read || each.same != sameness::as_before;

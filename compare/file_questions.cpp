@@ -43,7 +43,7 @@ const std::vector<file_facts>& file_questions::ask(std::span<const std::int32_t>
     for (const std::int32_t file : numbers)
         if (!is_archive_member(files_.file_list[file])) paths_.push_back(files_.file_list[file]);
     const std::size_t wanted = paths_.size();
-    if (ahead > 0) add_paths_behind(numbers.back(), ahead);
+    if (ahead > 0 && !numbers.empty()) add_paths_behind(numbers.back(), ahead);
     answers_.assign(paths_.size(), {});
     std::size_t done = 0;
     while (done < wanted) {
