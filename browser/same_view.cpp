@@ -1,6 +1,7 @@
 #include "browser/same_view.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -147,6 +148,16 @@ void share_pair_texts(list_view& list, const result_state& result) {
     list.share_texts(view.second_path, result.result_file2);
 }
 
+void fetch_pair_ahead(const result_state& result, std::int32_t i, std::int32_t last) {
+    constexpr std::ptrdiff_t cache_line = 64;
+    if (i + rows_ahead > last) return;
+    for (const text_column* paths : {&result.result_file1, &result.result_file2}) {
+        const char* entry = paths->entry(i + rows_ahead);
+        __builtin_prefetch(entry);
+        __builtin_prefetch(entry + cache_line);
+    }
+}
+
 std::int32_t add_pair_row(list_view& list, const result_state& result, std::int32_t i) {
     const list_view_row& view = view_of(list_modes::same_files);
     const std::int32_t row = list.add_row();
@@ -172,10 +183,7 @@ void fill_same_rows(Tavrel& form) {
     std::string_view previous;
     for (std::int32_t i = 1; i <= state.same_count; ++i) {
         form.yield();
-        if (i + rows_ahead <= state.same_count) {
-            __builtin_prefetch(state.result_file1.entry(i + rows_ahead));
-            __builtin_prefetch(state.result_file2.entry(i + rows_ahead));
-        }
+        fetch_pair_ahead(state, i, state.same_count);
         const std::int64_t length = state.result_length[i];
         const std::string_view path1 = state.result_file1[i];
         const std::int32_t row = add_pair_row(list, state, i);

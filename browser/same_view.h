@@ -16,6 +16,9 @@ void load_same_view(Tavrel& form);
 
 // Lets the path cells share the texts of the result columns.
 void share_pair_texts(list_view& list, const result_state& result);
+// Asks the memory for the texts of a pair that is looked at some rows behind i, which is at most `last`: its
+// paths lie somewhere else than those of i.
+void fetch_pair_ahead(const result_state& result, std::int32_t i, std::int32_t last);
 // Adds the row of pair i, with its number and length. Returns the row.
 std::int32_t add_pair_row(list_view& list, const result_state& result, std::int32_t i);
 

@@ -1,7 +1,6 @@
 #include "browser/type_filter.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -21,7 +20,6 @@ namespace corvane {
 namespace {
 
 constexpr std::int32_t rows_per_yield = 100;
-constexpr std::int32_t rows_ahead = 16;  // of which the texts are fetched from memory
 
 struct filter_words {
     const char* prompt;
@@ -49,35 +47,21 @@ std::unordered_set<std::string> listed_types(const std::string& answer) {
     return types;
 }
 
-// Knows the answer of the last suffix: mostly the next one is the same.
+// Keeps the room for the text that it looks up.
 class type_test {
   public:
     explicit type_test(const std::unordered_set<std::string>& types) : types_(types) {}
 
     bool is_listed(std::string_view path) {
-        const std::string_view suffix = path.substr(path.rfind('.') + 1);
-        if (has_answer_ && suffix == suffix_) return is_listed_;
-        suffix_ = suffix;
         type_.clear();
-        append_upper_case(type_, suffix);
-        has_answer_ = true;
-        return is_listed_ = types_.count(type_) != 0;
+        append_upper_case(type_, path.substr(path.rfind('.') + 1));
+        return types_.count(type_) != 0;
     }
 
   private:
     const std::unordered_set<std::string>& types_;
-    std::string suffix_;
     std::string type_;
-    bool has_answer_ = false;
-    bool is_listed_ = false;
 };
-
-// Its length, and the end of most paths.
-void prefetch_text(const char* entry) {
-    constexpr std::ptrdiff_t cache_line = 64;
-    __builtin_prefetch(entry);
-    __builtin_prefetch(entry + cache_line);
-}
 
 void fill_rows(Tavrel& form, const filter_words& words, const std::unordered_set<std::string>& types) {
     run_state& state = form.state;
@@ -91,10 +75,7 @@ void fill_rows(Tavrel& form, const filter_words& words, const std::unordered_set
     for (std::int32_t i = 1; i <= last; ++i) {
         if (i % rows_per_yield == 0) form.yield();
         if (state.quit_requested) return;
-        if (i + rows_ahead <= last) {
-            prefetch_text(state.result_file1.entry(i + rows_ahead));
-            prefetch_text(state.result_file2.entry(i + rows_ahead));
-        }
+        fetch_pair_ahead(state, i, last);
         const std::string_view path1 = state.result_file1[i];
         const bool listed = test.is_listed(path1) || test.is_listed(state.result_file2[i]);
         if (listed != words.shows_listed) continue;
