@@ -104,9 +104,8 @@ bool check_attributes(Tavrel& form, bool& members_seen) {
 // A file that cannot be written costs time, and nothing else.
 void store_contents(Tavrel& form) {
     if (!keeps_history(form.state)) return;
-    std::string error;
-    work_at_files(form, [&] {
-        static_cast<void>(write_contents(form.outside.files, contents_path(form), form.state, error));
+    work_at_files(form, [&form] {
+        static_cast<void>(write_contents(form.outside.files, contents_path(form), form.state));
     });
 }
 

@@ -9,12 +9,9 @@ namespace corvane {
 const std::vector<file_facts>& file_questions::lately(std::span<const std::int32_t> numbers) {
     const double present = seconds_();
     if (present - asked_at_ <= oldest_answer && take_answers(numbers)) return facts_;
-    const bool were_wanted = !ahead_.empty() && 2 * used_ >= ahead_.size();
-    window_ = were_wanted ? std::min(2 * window_, most_ahead) : fewest_ahead;
     asked_at_ = present;
-    used_ = 0;
     ahead_.clear();
-    return ask(numbers, window_);
+    return ask(numbers, most_ahead);
 }
 
 bool file_questions::take_answers(std::span<const std::int32_t> numbers) {
@@ -24,7 +21,6 @@ bool file_questions::take_answers(std::span<const std::int32_t> numbers) {
         if (found == ahead_.end()) return false;
         facts_.push_back(found->second);
     }
-    used_ += numbers.size();
     return true;
 }
 

@@ -28,12 +28,10 @@ class file_questions {
     const std::vector<file_facts>& now(std::span<const std::int32_t> numbers) { return ask(numbers, 0); }
 
     // The same for files of which this comparison reads nothing: an answer may be a second old. Files behind
-    // them with known contents, which will be asked about in the same way, are asked with them: first few,
-    // then more, as far as such answers turned out to be wanted.
+    // them with known contents, which will be asked about in the same way, are asked with them.
     const std::vector<file_facts>& lately(std::span<const std::int32_t> numbers);
 
   private:
-    static constexpr std::size_t fewest_ahead = 8;
     static constexpr std::size_t most_ahead = 512;
     static constexpr double oldest_answer = 1;
 
@@ -49,8 +47,6 @@ class file_questions {
     std::vector<file_facts> answers_;
     std::vector<file_facts> facts_;
     std::unordered_map<const char*, file_facts> ahead_;  // by where the text of the path stands
-    std::size_t window_ = 0;                             // how many were asked ahead
-    std::size_t used_ = 0;                               // of them
     double asked_at_ = 0;
 };
 

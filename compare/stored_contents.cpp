@@ -28,8 +28,6 @@ constexpr std::size_t digits = 16;
 constexpr std::size_t line_size = 1 + digits + 2;  // with its end
 constexpr std::size_t most_lines = 4'000'000;      // as many as a list can have files
 
-using sum_bytes = std::array<char, 8>;
-
 std::uint64_t mixed(std::uint64_t bits) {
     bits = (bits ^ (bits >> 30)) * 0xBF58476D1CE4E5B9u;
     bits = (bits ^ (bits >> 27)) * 0x94D049BB133111EBu;
@@ -63,7 +61,7 @@ std::uint64_t number_of_listed(const file_columns& files, std::int32_t i) {
 class running_sum {
   public:
     void add(std::uint64_t state, char sign) {
-        sum_bytes bytes;
+        std::array<char, sizeof state> bytes;
         for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(state >> (8 * i));
         sum_.add(std::as_bytes(std::span(bytes)));
         sum_.add(std::as_bytes(std::span(&sign, 1)));
@@ -207,20 +205,18 @@ void read_contents(file_system& disk, const std::string& path, file_columns& fil
         contents.numbers[i] = table.find(number_of_listed(files, i));
 }
 
-bool write_contents(file_system& disk, const std::string& path, const file_columns& files,
-                    std::string& error) {
+outcome write_contents(file_system& disk, const std::string& path, const file_columns& files) {
     const known_contents& contents = files.contents_known;
-    if (contents.numbers.empty()) return true;
+    if (contents.numbers.empty()) return outcome::success();
     if (contents.next == contents.stored_next && numbered_files(contents) == contents.stored_files)
-        return true;
+        return outcome::success();
     line_writer writer(disk, path);
     writer.line(title);
     running_sum sum;
     for (std::int32_t i = 1; i <= files.file_count;) add_readings(writer, sum, contents, numbered(files, i));
     add_line(writer, closing, sum.value());
-    if (writer.finish()) return true;
-    error = writer.error();
-    return false;
+    writer.finish();
+    return writer.result();
 }
 
 }  // namespace corvane

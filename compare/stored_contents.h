@@ -25,9 +25,7 @@ constexpr std::int64_t least_age_ns = 120'000'000'000;
 void read_contents(file_system& disk, const std::string& path, file_columns& files);
 
 // Stores the numbers of the listed files, in place of what the file held; nothing where none are kept. One
-// that holds them already is not written again. False, with the system's words in `error`, when it could not
-// be written; the old file is then whole.
-bool write_contents(file_system& disk, const std::string& path, const file_columns& files,
-                    std::string& error);
+// that holds them already is not written again. On failure the old file is whole.
+outcome write_contents(file_system& disk, const std::string& path, const file_columns& files);
 
 }  // namespace corvane
