@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "platform/linux/device_number.h"
+#include "platform/linux/linux_facts.h"
 #include "platform/linux/raw_path.h"
 
 namespace corvane {
@@ -14,17 +15,15 @@ namespace corvane {
 namespace {
 
 constexpr std::uint32_t stacked_types[] = {OVERLAYFS_SUPER_MAGIC, FUSE_SUPER_MAGIC, ECRYPTFS_SUPER_MAGIC,
-                                           0x61756673 /*aufs*/, 0xF15F083D /*unionfs*/,
-                                           // A share may be one of this machine, or be mounted twice.
-                                           NFS_SUPER_MAGIC, SMB_SUPER_MAGIC, CIFS_SUPER_MAGIC,
-                                           SMB2_SUPER_MAGIC, AFS_SUPER_MAGIC, CEPH_SUPER_MAGIC,
-                                           CODA_SUPER_MAGIC, V9FS_MAGIC};
+                                           0x61756673 /*aufs*/, 0xF15F083D /*unionfs*/};
 
 bool is_stacked(std::string_view path) {
     struct statfs facts;
     if (statfs(raw_path(path).c_str(), &facts) != 0) return false;
     const auto type = static_cast<std::uint32_t>(facts.f_type);
-    return std::find(std::begin(stacked_types), std::end(stacked_types), type) != std::end(stacked_types);
+    // A share may be one of this machine, or be mounted twice.
+    return std::find(std::begin(stacked_types), std::end(stacked_types), type) != std::end(stacked_types) ||
+           is_on_network(path);
 }
 
 }  // namespace
