@@ -20,8 +20,7 @@ class joined_terminal {
     joined_terminal& operator=(const joined_terminal&) = delete;
 
   private:
-    [[maybe_unused]] bool joined_ = false;
-    [[maybe_unused]] unsigned code_page_ = 0;  // of the terminal, as it was found
+    [[maybe_unused]] unsigned code_page_ = 0;  // of the terminal, as it was found; 0: none was joined
 };
 
 bool is_terminal(std::FILE* stream);

@@ -32,14 +32,13 @@ void hold_standard_streams() {
 joined_terminal::joined_terminal() {
     const auto is_missing = [](std::FILE* stream) { return _fileno(stream) < 0; };
     if (!is_missing(stdout) || !is_missing(stderr) || !AttachConsole(ATTACH_PARENT_PROCESS)) return;
-    joined_ = true;
     for (std::FILE* stream : {stdout, stderr}) static_cast<void>(std::freopen("CONOUT$", "w", stream));
     code_page_ = GetConsoleOutputCP();
     SetConsoleOutputCP(CP_UTF8);
 }
 
 joined_terminal::~joined_terminal() {
-    if (!joined_) return;
+    if (code_page_ == 0) return;
     for (std::FILE* stream : {stdout, stderr}) {
         std::fflush(stream);
         static_cast<void>(std::freopen("NUL", "w", stream));
